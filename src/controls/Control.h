@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+namespace TradeForms {
+
+class Form;
+
+/// What every control of a form has beside its widget: a name, and the handlers that its form
+/// calls in the fixed order (see Form). A handler that throws ends in Form::HandlerFailed.
+class Control {
+public:
+    explicit Control(QWidget& widget);
+    virtual ~Control();
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    QWidget& Widget() const { return widget_; }
+    QString Name() const;
+    /// Sets the object name, and the English accessible name that screen readers tell.
+    void SetName(const QString& name, const QString& accessibleName = {});
+
+    bool IsEnabled() const;
+    void SetEnabled(bool enabled);
+    /// Whether the control itself is shown in its form, be the form on the screen or not.
+    bool IsVisible() const;
+    void SetVisible(bool visible);
+    bool HasTabStop() const;
+    /// Takes the control into or out of the tab order; a click still focuses it.
+    void SetTabStop(bool tabStop);
+
+    /// Whether the control that has the focus is validated before this one gets it.
+    bool CausesValidation = true;
+
+    std::function<void(bool& cancel)> OnValidate;
+    std::function<void()> OnGotFocus;
+    std::function<void()> OnLostFocus;
+    /// The text or value changed, by the user or by the program.
+    std::function<void()> OnChange;
+    std::function<void()> OnClick;
+
+    /// The control that a widget is or belongs to (a date field's line edit belongs to the
+    /// date field), or null.
+    static Control* Of(const QWidget* widget);
+    /// The form that the control stands on, or null.
+    Form* OwnerForm() const;
+
+protected:
+    /// For the controls' own signals: calls the handler under the form's guard.
+    void Fire(const std::function<void()>& handler);
+
+private:
+    QWidget& widget_;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+
+class QStyle;
+
+/// The one palette and the one type scale of all screens. Nothing here touches the host's own
+/// windows: controls take their colours, fonts and style from here one by one.
+namespace TradeForms::Look {
+
+// Palette
+QColor Accent();          ///< title strip, primary button, focus ring
+QColor AccentText();
+QColor Background();      ///< of a form
+QColor EntryBackground(); ///< of the entry row strip
+QColor BarBackground();   ///< of the button bar
+QColor FieldBackground();
+QColor FocusBackground(); ///< of the field that has the focus
+QColor ClosedBackground();///< of a name field, and of a field closed for now
+QColor Border();
+QColor Text();
+QColor MutedText();
+QColor DisabledText();
+QColor Selection();       ///< current row of a grid
+QColor HeaderBackground();
+QColor AlternateRow();
+QColor Warning();
+
+// Type scale
+QFont LatinFont();        ///< fields and grids
+QFont UrduFont();         ///< ZovUrdu where it is installed, else Noto Nastaliq Urdu or Naskh
+QFont CaptionUrdu();
+QFont CaptionLatin();     ///< small, under an Urdu caption
+QFont TitleUrdu();
+QFont TitleLatin();
+
+/// Height in pixels of one field, tall enough for Urdu.
+int FieldHeight();
+/// Unit of spacing in pixels.
+int Space();
+
+/// The base style of all controls, so that a host's style does not change them.
+QStyle* BaseStyle();
+
+} // namespace TradeForms::Look

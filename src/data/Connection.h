@@ -1,0 +1,98 @@
+#pragma once
+
+#include <TradeForms/Export.h>
+#include <TradeForms/Failure.h>
+#include <TradeForms/Statement.h>
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+namespace TradeForms {
+
+class Engine;
+class Recordset;
+
+/// One thing that the database reported.
+struct TRADEFORMS_EXPORT ProviderError {
+    int Number = 0;
+    QString Description;
+};
+
+/// What the database reported in the last operation that failed. The next operation empties it;
+/// failures that are not the database's leave it alone.
+class TRADEFORMS_EXPORT ErrorList {
+public:
+    int Count() const { return int(errors_.size()); }
+    const ProviderError& Item(int index) const { return errors_.at(index); }
+
+private:
+    friend class Connection;
+    QList<ProviderError> errors_;
+};
+
+/// A connection to a company's database. The host opens it and owns it; the library holds it
+/// through a shared pointer and never closes it. Used on one thread.
+class TRADEFORMS_EXPORT Connection {
+public:
+    /// How a company file is opened.
+    enum class Mode {
+        ReadWrite, ///< the file must hold a company of this library's schema version
+        Create     ///< the file must not exist; the schema is made in it
+    };
+
+    /// Opens the company file of the embedded engine.
+    ///
+    /// Raises ProviderFailure with a text for the user where the file is missing, is no
+    /// database, holds no company, is of a newer version, is read-only or cannot be opened.
+    /// A company of an older schema version is brought up to date.
+    static std::shared_ptr<Connection> Open(const QString& file, Mode mode = Mode::ReadWrite);
+
+    explicit Connection(std::unique_ptr<Engine> engine);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// Runs one statement. A query's rows come back as a static read-only recordset whose
+    /// record count is known; any other statement gives a closed recordset.
+    /// Raises ProviderFailure.
+    Recordset Execute(const Statement& statement);
+    Recordset Execute(const char* statement);
+
+    /// Begins a transaction and takes the write lock at once. Another process that holds the
+    /// lock is waited for up to 5 seconds. Raises ProviderFailure, also within a transaction.
+    void BeginTrans();
+    void CommitTrans();
+    void RollbackTrans();
+    bool InTransaction() const;
+
+    const ErrorList& Errors() const { return errors_; }
+
+    /// How this database wants values written.
+    const TradeForms::Dialect& Dialect() const;
+
+    /// The engine below, for the data room and its measurements.
+    Engine& engine() { return *engine_; }
+
+    /// Runs an operation of the engine under the rule of Errors(): emptied before, filled by a
+    /// ProviderFailure that comes out of it.
+    template <class Operation> auto Run(Operation operation) -> decltype(operation())
+    {
+        errors_.errors_.clear();
+        try {
+            return operation();
+        } catch (const ProviderFailure& failure) {
+            Report(failure);
+            throw;
+        }
+    }
+
+private:
+    void Report(const ProviderFailure& failure);
+
+    std::unique_ptr<Engine> engine_;
+    ErrorList errors_;
+};
+
+} // namespace TradeForms
