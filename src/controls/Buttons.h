@@ -26,6 +26,8 @@ protected:
     QSize minimumSizeHint() const override;
 
 private:
+    QString SmallLine() const;
+
     QString urdu_;
     QString english_;
     QString shortcut_;
@@ -41,12 +43,17 @@ public:
                           QWidget* parent = nullptr);
 
     bool Value() const { return isChecked(); }
-    /// Selecting runs OnClick, as the user's own choice does.
+    /// Selecting another one runs OnClick, as the user's own choice does.
     void SetValue(bool selected);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     QSize sizeHint() const override;
+
+private:
+    /// Selects the next (1) or previous (-1) option of the group, and gives it the focus.
+    void ChooseSibling(int step);
 };
 
 /// A caption or a display that code touches. It never takes the focus.
@@ -58,6 +65,7 @@ public:
     QColor ForeColor() const;
     QString Text() const { return text(); }
     void SetText(const QString& text) { setText(text); }
+    bool TakesFocus() const override { return false; }
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;   // runs OnClick
@@ -72,6 +80,7 @@ class Image : public QWidget, public Control {
 public:
     enum class Kind { Exit, Minimize };
     explicit Image(const QString& name, Kind kind, QWidget* parent = nullptr);
+    bool TakesFocus() const override { return false; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

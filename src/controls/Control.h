@@ -32,6 +32,8 @@ public:
     bool HasTabStop() const;
     /// Takes the control into or out of the tab order; a click still focuses it.
     void SetTabStop(bool tabStop);
+    /// Whether the focus may come here at all; a label or a read-only name never takes it.
+    virtual bool TakesFocus() const { return true; }
 
     /// Whether the control that has the focus is validated before this one gets it.
     bool CausesValidation = true;
@@ -50,11 +52,16 @@ public:
     Form* OwnerForm() const;
 
 protected:
+    friend class Form;
+
     /// For the controls' own signals: calls the handler under the form's guard.
     void Fire(const std::function<void()>& handler);
+    /// What is typed in part becomes the value.
+    virtual void FinishEdit() {}
 
 private:
     QWidget& widget_;
+    quint64 serial_; ///< order of creation
 };
 
 } // namespace TradeForms

@@ -6,7 +6,10 @@
 
 namespace TradeForms {
 
-/// A date field; its custom format is "dd/MM/yyyy" or "MMM-yyyy".
+/// A date field; its custom format is "dd/MM/yyyy" or "MMM-yyyy". The year lies from 1753 to
+/// 9999; one of two digits is of this century. Up and Down change the part under the cursor,
+/// Alt+Down opens the calendar. What it shows after a part is typed is always a date: a day that
+/// the month does not have becomes its last one, until a month is typed that has it.
 class DTPicker : public QDateEdit, public Control {
     Q_OBJECT
 public:
@@ -14,14 +17,26 @@ public:
                       QWidget* parent = nullptr);
 
     QDate Value() const { return date(); }
-    /// Raises std::invalid_argument for a date that is none.
+    /// Raises std::invalid_argument for a date that is none, or outside the years above.
     void SetValue(const QDate& date);
     void SetCustomFormat(const QString& format);
 
 protected:
+    void FinishEdit() override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+private:
+    QRect ArrowRect() const;
+    void OpenCalendar();
+    void TypeDigit(QKeyEvent* event);
+    void TypeSeparator();
+
+    int typedDay_ = 0; ///< the day as typed, which may wait for its month; 0 is none
 };
 
 } // namespace TradeForms

@@ -8,12 +8,13 @@
 
 #include <exception>
 #include <functional>
+#include <memory>
 
 namespace TradeForms {
 
 /// A key on its way to a control. The form sees it first.
 struct KeyPress {
-    int Code = 0;                     ///< Qt::Key
+    int Code = 0;                     ///< Qt::Key; the keypad's Enter comes as Qt::Key_Return
     Qt::KeyboardModifiers Shift;      ///< modifiers, the keypad flag left out
     QString Text;                     ///< what the key types, if anything
     bool Swallowed = false;
@@ -31,11 +32,16 @@ struct KeyPress {
 /// 4. FormKeyDown sees each key before the controls and may swallow it; FormKeyPress sees each
 ///    edit that the user makes in a text field (typed, pasted, cut, composed), before the field.
 ///    Enter becomes Tab unless FormKeyDown swallows it.
-/// 5. A click on a button moves the focus first, then clicks.
+/// 5. A click on a button moves the focus first, then clicks. If a message box or a modal form
+///    came up while the focus moved, the press is over by then and nothing is clicked.
 /// 6. SetFocus from code obeys rule 1.
 ///
 /// Going to another window and coming back is no change of focus within the form: no handler
 /// runs. A modal dialog may be shown from any handler.
+///
+/// Where a handler of OnLostFocus moves the focus on, the control that was passed over gets no
+/// OnGotFocus, nor the OnLostFocus that would go with it; rule 1 holds for it all the same. A
+/// SetFocus from within OnValidate moves the focus without asking again.
 class Form : public QWidget {
     Q_OBJECT
 public:
@@ -52,9 +58,12 @@ public:
     /// Moves the focus without asking the active control: for a program that has just replaced
     /// what the fields hold.
     bool ResetFocus(Control& control);
-    /// The next or previous tab stop, under rule 1: what Tab does.
+    /// The next or previous tab stop, under rule 1: what Tab does. False where the focus stays.
     bool FocusNext();
     bool FocusPrevious();
+    /// What is typed in part in the active control becomes its value: for keys that act while
+    /// the focus stays. Leaving a control does it too, before it is validated.
+    void FinishEdit();
     /// The order in which Tab walks: just these, in this order.
     void SetTabOrderOf(const QList<Control*>& order);
 
@@ -66,6 +75,8 @@ public:
 
     /// Shows the window on its own; it deletes itself when it is closed, if asked to.
     void ShowModeless(bool deleteOnClose = true);
+    /// Shows the window in the middle of another one, or of the screen where that is null.
+    void ShowOver(const QWidget* window);
     /// Shows the window modally over the owner and returns when it is unloaded.
     /// The seam for tests is Modal (see MsgBox.h).
     void ShowModal(QWidget* owner);
@@ -77,15 +88,18 @@ public:
     /// Runs a handler so that no exception leaves it; a failure goes to HandlerFailed.
     void Guard(const std::function<void()>& handler);
 
+signals:
+    /// The window has gone from the screen: it was closed or hidden.
+    void Unloaded();
+
 protected:
-    /// A key, before the control. The base makes Enter a Tab: calls FocusNext and swallows.
+    /// A key, before the control. The base makes Enter a Tab, and Shift+Enter a Shift+Tab.
     virtual void FormKeyDown(KeyPress& key);
     /// The user is about to edit, or has just pasted or composed into, the active text field.
     virtual void FormKeyPress();
     /// The window is about to close.
     virtual void QueryUnload(bool& cancel);
-    /// A handler without a guard of its own has failed. The base shows the platform's plain
-    /// error box.
+    /// A handler without a guard of its own has failed. The base shows a plain error box.
     virtual void HandlerFailed(const std::exception& failure);
 
     bool focusNextPrevChild(bool next) override;
@@ -98,8 +112,13 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    friend class Txt;
     class Private;
-    Private* d;
+
+    /// From a text field: the user edits it.
+    void TellEdit();
+
+    std::unique_ptr<Private> d;
 };
 
 } // namespace TradeForms

@@ -51,10 +51,12 @@ public:
     void SetColumnHidden(QStringView name, bool hidden);
 
     // Unbound rows.
-    /// A row of empty texts at the end; gives its index.
+    /// A row of empty texts at the end; gives its index. In an empty grid it becomes current.
     int AddRow();
     void RemoveAllRows();
+    /// Text of a cell, of a bound grid too. Raises std::out_of_range for a row that is none.
     QString Cell(int row, QStringView column) const;
+    /// Raises std::out_of_range for a row that is none.
     void SetCell(int row, QStringView column, const QString& text);
 
     // Bound rows. The source must outlive its use here; null unbinds.
@@ -65,7 +67,10 @@ public:
     int RowCount() const;
     /// The current row, or -1 where there is none.
     int Row() const;
+    /// Makes a row current and brings it into view; the selection stays as it is. Raises
+    /// std::out_of_range for a row that is none.
     void SetRow(int row);
+    /// The first or last row becomes current; an empty grid stays as it is.
     void MoveFirst();
     void MoveLast();
 
@@ -73,14 +78,19 @@ public:
     void ClearSelection();
     void SelectRow(int row);
     QList<int> SelectedRows() const;
-    /// Deletes the selected rows of an unbound grid. OnBeforeDelete runs first.
+    /// Deletes the selected rows of an unbound grid. OnBeforeDelete runs first; afterwards the
+    /// row that moved up is current, or the last one.
     void DeleteSelected();
+
+    /// Brings a row into view; does not scroll sideways.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
     /// Suspends and resumes painting. Not nested.
     void SetRedraw(bool redraw);
     bool Redraw() const;
 
-    /// The current row changed, by the user or by the program.
+    /// Another row became current, by the user or by the program. Does not run when the grid
+    /// becomes empty.
     std::function<void()> OnRowChange;
     std::function<void()> OnBeforeDelete;
     std::function<void()> OnDoubleClick;
@@ -91,21 +101,29 @@ public:
     std::function<void(const QString& text)> OnKeyPress;
 
 protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyboardSearch(const QString& search) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
     class Model;
     class Delegate;
     class Header;
+
+    void RequireRow(int row) const;
+    QModelIndex RowIndex(int row) const;
+    void PressRight(const QPoint& position);
+    void LayOutColumns();
+
     std::unique_ptr<Model> model_;
     bool redraw_ = true;
+    bool removing_ = false;  ///< rows are going; which one is current is told afterwards
 };
 
 } // namespace TradeForms

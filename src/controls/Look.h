@@ -3,7 +3,11 @@
 #include <QColor>
 #include <QFont>
 
+class QPainter;
+class QPalette;
+class QRect;
 class QStyle;
+class QWidget;
 
 /// The one palette and the one type scale of all screens. Nothing here touches the host's own
 /// windows: controls take their colours, fonts and style from here one by one.
@@ -29,7 +33,7 @@ QColor Warning();
 
 // Type scale
 QFont LatinFont();        ///< fields and grids
-QFont UrduFont();         ///< ZovUrdu where it is installed, else Noto Nastaliq Urdu or Naskh
+QFont UrduFont();         ///< ZovUrdu where it is installed, else Noto Naskh Arabic or Nastaliq
 QFont CaptionUrdu();
 QFont CaptionLatin();     ///< small, under an Urdu caption
 QFont TitleUrdu();
@@ -42,5 +46,16 @@ int Space();
 
 /// The base style of all controls, so that a host's style does not change them.
 QStyle* BaseStyle();
+/// The palette above in the roles of Qt.
+const QPalette& Palette();
+/// Gives a widget the base style, the palette and a font.
+void Dress(QWidget& widget, const QFont& font);
+
+/// How a field stands: decides the colours of its ground and frame.
+enum class FieldState { Open, Focused, Closed, Disabled };
+/// Ground and frame of a field; a warning replaces the frame's colour.
+void PaintField(QPainter& painter, const QRect& rect, FieldState state, bool warning = false);
+/// The ring round a control that has the focus and is no field.
+void PaintFocusRing(QPainter& painter, const QRect& rect);
 
 } // namespace TradeForms::Look

@@ -45,6 +45,10 @@ FormPresenter SetFormPresenter(FormPresenter presenter);
 /// Shows a form modally with its own event loop: what ShowModal does where no presenter is set,
 /// and what a presenter may call.
 void Run(Form& form, QWidget* owner);
+/// What ShowModal does: the presenter's way, or Run.
+void Present(Form& form, QWidget* owner);
+/// How many boxes and modal forms have been shown so far, by a presenter or for real.
+int Count();
 } // namespace Modal
 
 } // namespace TradeForms

@@ -44,7 +44,12 @@ private:
     Label* english_;
 };
 
-/// Caption, code, "..." button and name in one row, from the reader's right hand.
+/// Width of the captions beside fields, and of code fields, in pixels.
+inline constexpr int kCaptionWidth = 100;
+inline constexpr int kCodeWidth = 92;
+
+/// Caption, code, "..." button and name in one row, from the reader's right hand. Each but the
+/// code may be null.
 QWidget* CodeSet(Caption* caption, Txt* code, JeweledButton* button, UTxt* name);
 /// Caption at the right, field beside it.
 QWidget* Labelled(Caption* caption, QWidget* field);

@@ -23,7 +23,8 @@ public:
     /// Lets only a number be typed or pasted; a paste that is none is refused whole.
     void SetMasked(bool masked);
     bool IsMasked() const { return masked_; }
-    /// Most characters that may be typed; 0 is no limit.
+    /// Most characters that may be typed or pasted; 0 is no limit. What does not fit is refused
+    /// whole, with a tip at the field. The program may set more.
     void SetMaxLength(int characters);
     int MaxLength() const { return maxLength_; }
     /// Most digits before the decimal point of a masked field; 0 is no limit.
@@ -37,6 +38,7 @@ public:
     /// Read-only and not focusable: the look of a name beside its code.
     void SetDisplayOnly(bool displayOnly);
     bool IsDisplayOnly() const { return displayOnly_; }
+    bool TakesFocus() const override { return !displayOnly_; }
     /// The background of a field whose entry is closed for now, though it is no name field.
     void SetClosedLook(bool closed);
 
@@ -45,12 +47,21 @@ protected:
     virtual bool IsUrdu() const { return false; }
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 private:
+    class Gate;
+
+    /// Whether the user may turn the present text into this one.
     bool Accepts(const QString& text) const;
+    /// Whether a text keeps the field's limits.
+    bool Fits(const QString& text) const;
+    void Refuse();
     void UpdateLook();
+    void UpdateDescription();
 
     bool mandatory_ = false;
     bool masked_ = false;
@@ -59,6 +70,8 @@ private:
     bool closedLook_ = false;
     int maxLength_ = 0;
     int integralPoint_ = 0;
+    bool programSets_ = false; ///< SetText is running
+    bool keyEdits_ = false;    ///< the form has been told of the key that is being handled
     QString lastText_;
 };
 

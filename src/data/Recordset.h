@@ -131,6 +131,11 @@ private:
     friend class Field;
     friend class Connection;
     class Rows;
+
+    explicit Recordset(std::unique_ptr<Rows> rows);
+    Rows& open() const;
+    int requireField(const char* name) const;
+
     std::unique_ptr<Rows> rows_;
 };
 

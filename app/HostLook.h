@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QFont>
+#include <QPushButton>
+#include <QWidget>
+
+class QLabel;
+
+// The look of this host's own windows: one palette, one scale of type, and the few pieces of
+// which they are made. The library's forms bring their own look.
+
+namespace Host::Look {
+
+QColor Accent();
+QColor AccentText();
+QColor Background();
+QColor GroupBackground();
+QColor FocusBackground();
+QColor Border();
+QColor Text();
+QColor MutedText();
+QColor Warning();
+
+QFont Latin();
+QFont SmallLatin();
+QFont Urdu();
+QFont LargeUrdu();
+
+/// Gives a window its direction (right to left), palette, font and style sheet.
+void Dress(QWidget* window);
+
+/// A label in the Urdu face, high enough for it.
+QLabel* UrduLabel(const QString& text, const QFont& font, QWidget* parent);
+
+} // namespace Host::Look
+
+namespace Host {
+
+/// The coloured strip at the head of a window: a title in Urdu, the English beside it, and at
+/// the far end a short note.
+class TitleStrip : public QWidget {
+    Q_OBJECT
+
+public:
+    TitleStrip(const QString& urdu, const QString& english, const QString& note, QWidget* parent);
+};
+
+/// A button with its Urdu caption over the English one and its key.
+class CaptionButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    CaptionButton(const QString& urdu, const QString& english, QWidget* parent);
+
+    void SetEnglish(const QString& english);
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString urdu_;
+    QString english_;
+};
+
+} // namespace Host

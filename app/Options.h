@@ -1,0 +1,37 @@
+#pragma once
+
+#include "SampleCompany.h"
+#include "Screens.h"
+
+#include <QDate>
+#include <QString>
+#include <QStringList>
+
+namespace Host {
+
+/// What the command line asks for.
+struct Options {
+    enum class Action {
+        Run,          ///< open the company and show login and menu
+        CreateSample, ///< make the sample company and leave
+        AddAdministrator,
+        ShowHelp,
+        ShowVersion,
+        Refuse ///< the command line is wrong; Message tells why
+    };
+
+    Action Wanted = Action::Run;
+    QString Message; ///< for ShowHelp and Refuse
+
+    QString Database;
+    QString UserName;             ///< empty: ask
+    const Screen* Open = nullptr; ///< the screen to open after login, if any
+    bool CreateSample = false;    ///< also with Run: make the company first if it is missing
+    int Accounts = SampleCompany::DefaultAccounts;
+    QDate Until;
+};
+
+/// Reads the arguments, the program's name first.
+Options ReadOptions(const QStringList& arguments);
+
+} // namespace Host

@@ -1,0 +1,62 @@
+#include "Passwords.h"
+
+#include <TradeForms/Failure.h>
+
+#include <sodium.h>
+
+namespace Host {
+
+namespace {
+
+/// The password's bytes, wiped when they are no longer needed.
+class SecretBytes {
+public:
+    explicit SecretBytes(const QString& text) : bytes_(text.toUtf8()) {}
+    ~SecretBytes() { sodium_memzero(bytes_.data(), std::size_t(bytes_.size())); }
+    SecretBytes(const SecretBytes&) = delete;
+    SecretBytes& operator=(const SecretBytes&) = delete;
+
+    const char* Data() const { return bytes_.constData(); }
+    unsigned long long Size() const { return static_cast<unsigned long long>(bytes_.size()); }
+
+private:
+    QByteArray bytes_;
+};
+
+} // namespace
+
+Passwords::Passwords()
+{
+    if (sodium_init() < 0) {
+        throw TradeForms::Failure(QStringLiteral("The library of ciphers cannot be started."));
+    }
+    // Any password will do: no one knows the hash, and what is typed is never taken for it.
+    stand_in_ = Hash(QStringLiteral("stand-in"));
+}
+
+QString Passwords::Hash(const QString& password) const
+{
+    const SecretBytes secret(password);
+    char hash[crypto_pwhash_STRBYTES];
+    if (crypto_pwhash_str(hash, secret.Data(), secret.Size(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                          crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0) {
+        throw TradeForms::Failure(QStringLiteral("There is not enough memory for a password."));
+    }
+    return QString::fromLatin1(hash);
+}
+
+bool Passwords::Verify(const QString& hash, const QString& password) const
+{
+    const SecretBytes secret(password);
+    const auto matches = [&secret](const QString& text) {
+        return crypto_pwhash_str_verify(text.toLatin1().constData(), secret.Data(),
+                                        secret.Size()) == 0;
+    };
+    if (!hash.startsWith(QLatin1String(crypto_pwhash_STRPREFIX))) {
+        matches(stand_in_);
+        return false;
+    }
+    return matches(hash);
+}
+
+} // namespace Host

@@ -1,0 +1,203 @@
+#include "Run.h"
+
+#include "HostSchema.h"
+#include "LoginWindow.h"
+#include "MainWindow.h"
+#include "Options.h"
+#include "PasswordInput.h"
+#include "SampleCompany.h"
+#include "Session.h"
+#include "Users.h"
+
+#include <TradeForms/Connection.h>
+#include <TradeForms/Failure.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QMessageBox>
+
+#include <iostream>
+
+namespace Host {
+
+using TradeForms::Connection;
+using TradeForms::Failure;
+
+namespace {
+
+void say(const QString& text)
+{
+    std::cerr << "tradeforms-host: " << text.toStdString() << std::endl;
+}
+
+/// Whether there is anyone to see a message box: on the off-screen platforms there is not.
+bool boxesCanBeSeen()
+{
+    const QString platform = QGuiApplication::platformName();
+    return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
+int tellFailure(const QString& text)
+{
+    say(text);
+    if (boxesCanBeSeen()) {
+        QMessageBox::critical(nullptr, QStringLiteral("TradeForms"), text);
+    }
+    return ExitFailed;
+}
+
+void makeSample(const Options& options)
+{
+    QDir().mkpath(QFileInfo(options.Database).absolutePath());
+    SampleCompany::Create(options.Database, options.Accounts, options.Until);
+}
+
+std::shared_ptr<Connection> openCompany(const QString& database)
+{
+    std::shared_ptr<Connection> connection = Connection::Open(database);
+    EnsureHostSchema(*connection);
+    return connection;
+}
+
+/// Sees to it that there is a company to open; returns whether there is.
+bool companyIsThere(const Options& options)
+{
+    if (QFileInfo::exists(options.Database)) {
+        return true;
+    }
+    if (options.CreateSample) {
+        makeSample(options);
+        return true;
+    }
+    const QString missing = QStringLiteral("There is no company at %1.")
+                                .arg(QDir::toNativeSeparators(options.Database));
+    say(missing + QStringLiteral(" --create-sample makes one to try the screens on."));
+    if (!boxesCanBeSeen() ||
+        QMessageBox::question(nullptr, QStringLiteral("TradeForms"),
+                              missing +
+                                  QStringLiteral("\n\nMake the sample company there? Its users "
+                                                 "are admin, clerk and others, all with the "
+                                                 "password \"%1\".")
+                                      .arg(SampleCompany::Password())) != QMessageBox::Yes) {
+        return false;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    makeSample(options);
+    QApplication::restoreOverrideCursor();
+    return true;
+}
+
+enum class Ending { Left, LoggedOut };
+
+/// Shows the menu, with one screen already open if it is given, until the user leaves.
+Ending runSession(Session& session, const QString& database, const Screen* first)
+{
+    MainWindow window(session, database);
+    QEventLoop loop;
+    Ending ending = Ending::Left;
+    QObject::connect(&window, &MainWindow::LeaveRequested, &loop, &QEventLoop::quit);
+    QObject::connect(&window, &MainWindow::LogOutRequested, &loop, [&ending, &loop] {
+        ending = Ending::LoggedOut;
+        loop.quit();
+    });
+    window.show();
+    // The login window that closed just now had the keyboard.
+    window.activateWindow();
+    if (first) {
+        window.Open(*first);
+    }
+    loop.exec();
+    return ending;
+}
+
+/// The login by window: until someone is in whom the library takes, or nobody wants to be.
+std::unique_ptr<Session> logInByWindow(const std::shared_ptr<Connection>& connection,
+                                       const Users& users, const QString& database,
+                                       const QString& userName)
+{
+    LoginWindow login(users, ReadCompanyInfo(*connection).NameUrdu, database, userName);
+    while (login.exec() == QDialog::Accepted) {
+        try {
+            return std::make_unique<Session>(connection, *login.Account());
+        } catch (const Failure& failure) {
+            say(failure.Description());
+            login.ShowMessage(failure.Description());
+        }
+    }
+    return nullptr;
+}
+
+int runCompany(const Options& options)
+{
+    const std::shared_ptr<Connection> connection = openCompany(options.Database);
+    const Users users(connection);
+    if (!users.AnyoneCanLogIn()) {
+        return tellFailure(QStringLiteral("No user of this company has a name and a password yet. "
+                                          "Run this program with --first-administrator NAME."));
+    }
+
+    std::unique_ptr<Session> session;
+    if (!options.UserName.isEmpty()) {
+        if (const std::optional<QString> password = ReadPassword(options.UserName)) {
+            const std::optional<UserAccount> account = users.LogIn(options.UserName, *password);
+            if (!account) {
+                return tellFailure(WrongLoginText());
+            }
+            session = std::make_unique<Session>(connection, *account);
+        }
+    }
+    if (!session) {
+        session = logInByWindow(connection, users, options.Database, options.UserName);
+    }
+    const Screen* first = options.Open;
+    while (session && runSession(*session, options.Database, first) == Ending::LoggedOut) {
+        first = nullptr;
+        session = logInByWindow(connection, users, options.Database, {});
+    }
+    return ExitDone;
+}
+
+} // namespace
+
+int CreateSampleCompany(const Options& options)
+{
+    try {
+        makeSample(options);
+    } catch (const std::exception& failure) {
+        say(QString::fromUtf8(failure.what()));
+        return ExitFailed;
+    }
+    return ExitDone;
+}
+
+int AddFirstAdministrator(const Options& options)
+{
+    try {
+        Users users(openCompany(options.Database));
+        const std::optional<QString> password = ReadPassword(options.UserName);
+        if (!password || password->isEmpty()) {
+            say(QStringLiteral("A password is needed on standard input."));
+            return ExitFailed;
+        }
+        users.AddFirstAdministrator(options.UserName, *password);
+    } catch (const std::exception& failure) {
+        say(QString::fromUtf8(failure.what()));
+        return ExitFailed;
+    }
+    return ExitDone;
+}
+
+int RunHost(const Options& options)
+{
+    // The menu ends the program; that the login window or a form closes does not.
+    QApplication::setQuitOnLastWindowClosed(false);
+    try {
+        return companyIsThere(options) ? runCompany(options) : ExitFailed;
+    } catch (const std::exception& failure) {
+        return tellFailure(QString::fromUtf8(failure.what()));
+    }
+}
+
+} // namespace Host

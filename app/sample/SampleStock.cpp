@@ -1,0 +1,254 @@
+#include "SampleFacts.h"
+#include "SampleParts.h"
+#include "SampleRandom.h"
+#include "TableWriter.h"
+
+#include <TradeForms/Connection.h>
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace Host::Sample {
+
+namespace {
+
+/// Plays the company's days in their order and writes what moves. It keeps count of every
+/// product in every branch, so that no day sends out what is not there.
+class StockHistory {
+public:
+    explicit StockHistory(const Setting& setting)
+        : setting_(setting), inHeaders_(setting.Connection, "StockInHeader", stockHeader),
+          inBodies_(setting.Connection, "StockInBody", stockBody),
+          outHeaders_(setting.Connection, "StockOutHeader", stockHeader),
+          outBodies_(setting.Connection, "StockOutBody", stockBody),
+          passHeaders_(setting.Connection, "GatePassHeader",
+                       {"GatePassID", "EntryDate", "isPosted", "GatePassDate", "DriverCode",
+                        "ReceivingCode", "AreaCode", "BranchCode", "Supply", "Sale", "Order",
+                        "UserNo"}),
+          passBodies_(setting.Connection, "GatePassBody",
+                      {"GatePassID", "ProductID", "OutNewProducts", "ReturnOldProducts",
+                       "ReturnNewProducts"}),
+          stock_(Branches().size(), std::vector<int>(Products().size(), 0))
+    {
+    }
+
+    void Play()
+    {
+        for (int day = 0; day < Days; ++day) {
+            for (std::size_t branch = 0; branch < Branches().size(); ++branch) {
+                playDay(day, branch);
+            }
+        }
+        for (TableWriter* writer :
+             {&inHeaders_, &inBodies_, &outHeaders_, &outBodies_, &passHeaders_, &passBodies_}) {
+            writer->Finish();
+        }
+    }
+
+private:
+    static constexpr std::initializer_list<const char*> stockHeader = {
+        "StockID", "Date", "BranchCode", "AccountNo", "Description"};
+    static constexpr std::initializer_list<const char*> stockBody = {"StockID", "ProductID", "Qty",
+                                                                     "Price", "Amount"};
+
+    void playDay(int day, std::size_t branch)
+    {
+        const int turn = int(branch);
+        if (day == 0) {
+            openStock(branch);
+        } else if (day % 6 == 2 * turn) {
+            buy(day, branch);
+        }
+        const bool closed = day % 7 == 6;
+        if (!closed) {
+            for (int passes = random_.Below(3); passes > 0; --passes) {
+                sendOut(day, branch);
+            }
+        }
+        if (day % 12 == 4 + turn) {
+            giveBack(day, branch);
+        }
+    }
+
+    struct Quantity {
+        std::size_t Product;
+        int Pieces;
+    };
+
+    void openStock(std::size_t branch)
+    {
+        std::vector<Quantity> all;
+        for (std::size_t i = 0; i < Products().size(); ++i) {
+            all.push_back({i, 2 * Products()[i].Demand + 4});
+        }
+        receive(0, branch, QString::fromUtf8(OpeningAccount), QString::fromUtf8("ابتدائی سٹاک"),
+                all);
+    }
+
+    /// Fills up each product of which there is little.
+    void buy(int day, std::size_t branch)
+    {
+        std::vector<Quantity> scarce;
+        for (std::size_t i = 0; i < Products().size(); ++i) {
+            const int demand = Products()[i].Demand;
+            const int held = stock_[branch][i];
+            if (held < 2 + demand / 4) {
+                scarce.push_back({i, demand + 4 - held});
+            }
+        }
+        if (!scarce.empty()) {
+            const int supplier = FirstSupplier + random_.Below(Suppliers);
+            receive(day, branch, QString::number(supplier), QString::fromUtf8("نئی خریداری"),
+                    scarce);
+        }
+    }
+
+    /// A stock in voucher.
+    void receive(int day, std::size_t branch, const QString& account, const QString& note,
+                 const std::vector<Quantity>& quantities)
+    {
+        ++lastIn_;
+        inHeaders_.Row({lastIn_, setting_.Day(day), Branches()[branch].Code, account, note});
+        for (const auto& [product, pieces] : quantities) {
+            const Product& fact = Products()[product];
+            inBodies_.Row({lastIn_, QString::fromUtf8(fact.Id), pieces, fact.PurchaseRate,
+                           pieces * fact.PurchaseRate});
+            stock_[branch][product] += pieces;
+        }
+    }
+
+    /// A gate pass: one to four products to one area of the branch.
+    void sendOut(int day, std::size_t branch)
+    {
+        std::vector<std::size_t> chosen;
+        for (int tries = random_.Between(1, 4); tries > 0; --tries) {
+            const std::size_t product = pickProduct();
+            const bool twice = std::ranges::find(chosen, product) != chosen.end();
+            if (!twice && stock_[branch][product] > 0) {
+                chosen.push_back(product);
+            }
+        }
+        if (chosen.empty()) {
+            return;
+        }
+        ++lastPass_;
+        writePassHeader(day, branch);
+        for (const std::size_t product : chosen) {
+            const Product& fact = Products()[product];
+            int& held = stock_[branch][product];
+            const int out = std::min(held, random_.Between(1, fact.Numbered ? 2 : 4));
+            const int backOld = random_.Percent(10) ? 1 : 0;
+            const int backNew = random_.Percent(12) ? random_.Between(1, out) : 0;
+            passBodies_.Row({lastPass_, QString::fromUtf8(fact.Id), out, backOld, backNew});
+            held += backNew - out;
+        }
+    }
+
+    void writePassHeader(int day, std::size_t branch)
+    {
+        const int branchCode = Branches()[branch].Code;
+        // Four areas and four drivers belong to each branch.
+        const Area& area = Areas()[branch * 4 + std::size_t(random_.Below(4))];
+        const int driver = FirstDriver + int(branch) + int(Branches().size()) * random_.Below(4);
+        const QVariant driverCode =
+            random_.Percent(92) ? QVariant(QString::number(driver)) : QVariant();
+        const QVariant receiver =
+            random_.Percent(80) ? QVariant(QString::fromUtf8(area.Collector)) : QVariant();
+        const bool posted = day < Days - 45 && random_.Percent(80);
+        const int kind = random_.Below(100);
+        const bool supply = kind < 30;
+        const bool order = kind >= 75;
+        const int user = branchCode == 2 ? 5 : 2;
+        const QDate date = setting_.Day(day);
+        const QTime time(random_.Between(9, 18), random_.Below(60));
+        passHeaders_.Row({lastPass_, QDateTime(date, time), posted, date, driverCode, receiver,
+                          QString::fromUtf8(area.Code), branchCode, supply, !supply && !order,
+                          order, user});
+    }
+
+    /// A stock out voucher: one or two damaged pieces go back to their supplier.
+    void giveBack(int day, std::size_t branch)
+    {
+        const std::size_t product = pickProduct();
+        int& held = stock_[branch][product];
+        if (held == 0) {
+            return;
+        }
+        const int quantity = std::min(held, random_.Between(1, 2));
+        const Product& fact = Products()[product];
+        const int supplier = FirstSupplier + random_.Below(Suppliers);
+        ++lastOut_;
+        outHeaders_.Row({lastOut_, setting_.Day(day), Branches()[branch].Code,
+                         QString::number(supplier), QString::fromUtf8("خراب مال واپس")});
+        outBodies_.Row({lastOut_, QString::fromUtf8(fact.Id), quantity, fact.PurchaseRate,
+                        quantity * fact.PurchaseRate});
+        held -= quantity;
+    }
+
+    std::size_t pickProduct()
+    {
+        const auto products = Products();
+        int rest = random_.Below(
+            std::accumulate(products.begin(), products.end(), 0,
+                            [](int sum, const Product& product) { return sum + product.Demand; }));
+        std::size_t product = 0;
+        while (rest >= products[product].Demand) {
+            rest -= products[product].Demand;
+            ++product;
+        }
+        return product;
+    }
+
+    const Setting& setting_;
+    SampleRandom random_{2001};
+    TableWriter inHeaders_;
+    TableWriter inBodies_;
+    TableWriter outHeaders_;
+    TableWriter outBodies_;
+    TableWriter passHeaders_;
+    TableWriter passBodies_;
+    std::vector<std::vector<int>> stock_; ///< by branch and product
+    int lastIn_ = 0;
+    int lastOut_ = 0;
+    int lastPass_ = 0;
+};
+
+/// Vouchers of numbered units, each with an engine and a chassis number of its own.
+void writeNumberedUnits(const Setting& setting)
+{
+    SampleRandom random(2002);
+    std::vector<const Product*> numbered;
+    for (const Product& product : Products()) {
+        if (product.Numbered) {
+            numbered.push_back(&product);
+        }
+    }
+    TableWriter headers(setting.Connection, "StockInDetailHeader",
+                        {"StockID", "Date", "ReceivingCode", "Description"});
+    TableWriter bodies(setting.Connection, "StockInDetailBody",
+                       {"StockID", "ProductID", "EngineNo", "ChasisNo"});
+    int stockId = 0;
+    int serial = 100000;
+    for (int day = 4; day < Days; day += 11) {
+        headers.Row({++stockId, setting.Day(day), QString::number(FirstStoreKeeper),
+                     QString::fromUtf8("نئی گاڑیاں")});
+        for (int units = random.Between(4, 8); units > 0; --units) {
+            ++serial;
+            bodies.Row({stockId, QString::fromUtf8(random.Pick(numbered)->Id),
+                        QStringLiteral("E%1").arg(serial), QStringLiteral("C%1").arg(serial)});
+        }
+    }
+    headers.Finish();
+    bodies.Finish();
+}
+
+} // namespace
+
+void WriteStock(const Setting& setting)
+{
+    StockHistory(setting).Play();
+    writeNumberedUnits(setting);
+}
+
+} // namespace Host::Sample

@@ -1,0 +1,104 @@
+#include "controls/Control.h"
+
+#include "controls/Form.h"
+#include "controls/MsgBox.h"
+
+#include <QWidget>
+
+namespace TradeForms {
+
+namespace {
+
+quint64 nextSerial()
+{
+    static quint64 serial = 0;
+    return ++serial;
+}
+
+} // namespace
+
+// The form gives the focus on a mouse press itself (see Form), so that a handler that moves it
+// on has the last word: no control takes it from Qt by click or wheel.
+Control::Control(QWidget& widget) : widget_(widget), serial_(nextSerial())
+{
+    widget_.setFocusPolicy(Qt::TabFocus);
+}
+
+Control::~Control() = default;
+
+QString Control::Name() const
+{
+    return widget_.objectName();
+}
+
+void Control::SetName(const QString& name, const QString& accessibleName)
+{
+    widget_.setObjectName(name);
+    if (!accessibleName.isEmpty())
+        widget_.setAccessibleName(accessibleName);
+}
+
+bool Control::IsEnabled() const
+{
+    return widget_.isEnabled();
+}
+
+void Control::SetEnabled(bool enabled)
+{
+    widget_.setEnabled(enabled);
+}
+
+bool Control::IsVisible() const
+{
+    return widget_.isVisibleTo(widget_.window());
+}
+
+void Control::SetVisible(bool visible)
+{
+    widget_.setVisible(visible);
+}
+
+bool Control::HasTabStop() const
+{
+    return (widget_.focusPolicy() & Qt::TabFocus) != 0;
+}
+
+void Control::SetTabStop(bool tabStop)
+{
+    widget_.setFocusPolicy(tabStop ? Qt::TabFocus : Qt::NoFocus);
+}
+
+Control* Control::Of(const QWidget* widget)
+{
+    for (; widget; widget = widget->parentWidget()) {
+        if (auto* control = dynamic_cast<Control*>(const_cast<QWidget*>(widget)))
+            return control;
+        if (widget->isWindow())
+            break;
+    }
+    return nullptr;
+}
+
+Form* Control::OwnerForm() const
+{
+    return qobject_cast<Form*>(widget_.window());
+}
+
+void Control::Fire(const std::function<void()>& handler)
+{
+    if (!handler)
+        return;
+    // A copy: the handler may put another one in its place.
+    const std::function<void()> running = handler;
+    if (Form* form = OwnerForm()) {
+        form->Guard(running);
+        return;
+    }
+    try {
+        running();
+    } catch (const std::exception& failure) {
+        ShowError(&widget_, failure);
+    }
+}
+
+} // namespace TradeForms

@@ -1,0 +1,187 @@
+#include "controls/DTPicker.h"
+
+#include "controls/Look.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOptionComboBox>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace TradeForms {
+
+namespace {
+
+const int kCentury = 2000; ///< of a year that is typed with two digits
+
+} // namespace
+
+DTPicker::DTPicker(const QString& name, const QString& accessibleName, QWidget* parent)
+    : QDateEdit(parent), Control(static_cast<QWidget&>(*this))
+{
+    SetName(name, accessibleName);
+    Look::Dress(*this, Look::LatinFont());
+    QPalette clear = Look::Palette();
+    clear.setColor(QPalette::Base, Qt::transparent); // the ground is painted below the text
+    lineEdit()->setStyle(Look::BaseStyle());
+    lineEdit()->setPalette(clear);
+    lineEdit()->setTextMargins(4, 0, 0, 0);
+    setFrame(false);
+    setLayoutDirection(Qt::LeftToRight);
+    setLocale(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
+    setCalendarPopup(true);
+    setButtonSymbols(QAbstractSpinBox::NoButtons);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    SetCustomFormat(QStringLiteral("dd/MM/yyyy"));
+    setDate(QDate::currentDate());
+    connect(this, &QDateEdit::dateChanged, this, [this] { Fire(OnChange); });
+}
+
+void DTPicker::SetValue(const QDate& date)
+{
+    if (!date.isValid() || date < minimumDate() || date > maximumDate())
+        throw std::invalid_argument("Invalid date");
+    setDate(date);
+}
+
+void DTPicker::SetCustomFormat(const QString& format)
+{
+    setDisplayFormat(format);
+}
+
+void DTPicker::FinishEdit()
+{
+    typedDay_ = 0;
+    if (currentSection() == YearSection) {
+        bool ok = false;
+        const int year = sectionText(YearSection).toInt(&ok);
+        if (ok && year < 100) {
+            const int day =
+                std::min(date().day(), QDate(kCentury + year, date().month(), 1).daysInMonth());
+            setDate(QDate(kCentury + year, date().month(), day));
+        }
+    }
+    interpretText();
+}
+
+// Tab leaves the field from whatever part of the date.
+bool DTPicker::focusNextPrevChild(bool next)
+{
+    return QWidget::focusNextPrevChild(next);
+}
+
+void DTPicker::keyPressEvent(QKeyEvent* event)
+{
+    const bool altDown = event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier;
+    if (altDown || event->key() == Qt::Key_F4) {
+        OpenCalendar();
+        return;
+    }
+    const QString text = event->text();
+    if (text.size() == 1 && text.front().isDigit())
+        TypeDigit(event);
+    else if (text.size() == 1 && QStringLiteral("/-. ").contains(text))
+        TypeSeparator();
+    else {
+        typedDay_ = 0;
+        QDateEdit::keyPressEvent(event);
+    }
+}
+
+// The base would turn a typed 31 into a 30 for good where the month that is still to be typed
+// over has 30 days.
+void DTPicker::TypeDigit(QKeyEvent* event)
+{
+    if (currentSection() == DaySection) {
+        const bool begins = lineEdit()->hasSelectedText();
+        typedDay_ = (begins ? 0 : typedDay_) * 10 + event->text().front().digitValue();
+    }
+    QDateEdit::keyPressEvent(event);
+
+    const QDate now = date();
+    const int day = std::min(typedDay_, now.daysInMonth());
+    const bool typingDay = currentSection() == DaySection;
+    if (!typingDay && day > now.day()) {
+        const Section section = currentSection();
+        const bool selected = lineEdit()->hasSelectedText();
+        const int cursor = lineEdit()->cursorPosition();
+        setDate(QDate(now.year(), now.month(), day));
+        if (selected)
+            setSelectedSection(section);
+        else
+            lineEdit()->setCursorPosition(cursor);
+    }
+    if (!typingDay && typedDay_ > date().day())
+        QToolTip::showText(mapToGlobal(QPoint(0, height())),
+                           QStringLiteral("This month has only %1 days").arg(date().daysInMonth()),
+                           this);
+}
+
+// On to the next part, unless the last digit has gone there already.
+void DTPicker::TypeSeparator()
+{
+    if (lineEdit()->hasSelectedText() || currentSectionIndex() + 1 >= sectionCount())
+        return;
+    interpretText();
+    setSelectedSection(sectionAt(currentSectionIndex() + 1));
+}
+
+void DTPicker::wheelEvent(QWheelEvent* event)
+{
+    if (hasFocus())
+        QDateEdit::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+QRect DTPicker::ArrowRect() const
+{
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.editable = true;
+    option.frame = false;
+    option.subControls = QStyle::SC_All;
+    return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+}
+
+// The base opens its calendar on a press of the arrow and has no other way.
+void DTPicker::OpenCalendar()
+{
+    const QPointF arrow = ArrowRect().center();
+    QMouseEvent press(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    mousePressEvent(&press);
+}
+
+void DTPicker::paintEvent(QPaintEvent*)
+{
+    using Look::FieldState;
+    const FieldState state = !isEnabled() ? FieldState::Disabled
+                             : hasFocus() ? FieldState::Focused
+                                          : FieldState::Open;
+    QPainter painter(this);
+    Look::PaintField(painter, rect(), state);
+
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(isEnabled() ? Look::MutedText() : Look::DisabledText(), 1.5));
+    const QPointF tip = QRectF(ArrowRect()).center() + QPointF(-1, 2);
+    painter.drawPolyline(QPolygonF({tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}));
+}
+
+QSize DTPicker::sizeHint() const
+{
+    return {128, Look::FieldHeight()};
+}
+
+QSize DTPicker::minimumSizeHint() const
+{
+    return {116, Look::FieldHeight()};
+}
+
+} // namespace TradeForms

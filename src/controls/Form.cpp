@@ -1,0 +1,528 @@
+#include "controls/Form.h"
+
+#include "controls/Buttons.h"
+#include "controls/Look.h"
+#include "controls/MsgBox.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollBar>
+#include <QWindow>
+
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+
+namespace TradeForms {
+
+class Form::Private {
+public:
+    explicit Private(Form& owner) : form(owner) {}
+
+    Control* ActiveControl() const { return Control::Of(active); }
+    bool CanTakeFocus(const Control& control) const;
+    bool MayLeaveFor(const Control& to);
+    bool Give(Control& to, Qt::FocusReason reason);
+    bool Move(Control& to, Qt::FocusReason reason);
+    bool Step(bool forward);
+    Control* Neighbour(bool forward) const;
+    QList<Control*> TabStops() const;
+    void Transition(Control* to);
+    void FocusChanged(QWidget* now);
+    void WatchWindow();
+
+    bool KeyPressed(QKeyEvent& event);
+    bool MousePressed(const QMouseEvent& event);
+    Control* FocusTargetAt(const QPoint& position) const;
+    void CenterOver(const QWidget* window);
+
+    Form& form;
+    QPointer<QWidget> active;     ///< widget of the active control
+    QPointer<QWidget> passedOver; ///< has become active, but not got its OnGotFocus yet
+    QList<QPointer<QWidget>> tabOrder;
+    QPointer<QWindow> window;   ///< whose events are examined
+    std::optional<QPoint> grip; ///< where the window is held while it is dragged by hand
+    bool moving = false;        ///< the form itself moves the focus
+    bool validating = false;
+    bool querying = false; ///< QueryUnload is running
+    bool unloaded = false;
+    bool deleteOnClose = false;
+    bool deletePending = false; ///< closed within a handler that has not returned yet
+    bool swallowing = false;    ///< the rest of a mouse press that was refused
+    int handlers = 0;           ///< on the stack
+};
+
+bool Form::Private::CanTakeFocus(const Control& control) const
+{
+    return control.TakesFocus() && control.IsEnabled() && control.IsVisible() &&
+           control.OwnerForm() == &form;
+}
+
+// Rule 1. A handler that fails has not refused.
+bool Form::Private::MayLeaveFor(const Control& to)
+{
+    Control* from = ActiveControl();
+    if (!from || from == &to || validating || !CanTakeFocus(*from))
+        return true;
+    from->FinishEdit();
+    if (unloaded || ActiveControl() != from)
+        return false;
+    if (!to.CausesValidation || !from->OnValidate)
+        return true;
+
+    bool cancel = false;
+    {
+        const QScopedValueRollback<bool> asking(validating, true);
+        const std::function<void(bool&)> validate = from->OnValidate;
+        form.Guard([&] { validate(cancel); });
+    }
+    // The handler may have moved the focus elsewhere, or closed the form: then that holds.
+    return !cancel && !unloaded && ActiveControl() == from;
+}
+
+bool Form::Private::Give(Control& to, Qt::FocusReason reason)
+{
+    if (!CanTakeFocus(to))
+        return false;
+    {
+        // Handlers run after Qt is done with the move, not in the midst of it.
+        const QScopedValueRollback<bool> ours(moving, true);
+        to.Widget().setFocus(reason);
+    }
+    if (Control::Of(form.focusWidget()) != &to)
+        return false;
+    if (ActiveControl() != &to)
+        Transition(&to);
+    return true;
+}
+
+bool Form::Private::Move(Control& to, Qt::FocusReason reason)
+{
+    return CanTakeFocus(to) && MayLeaveFor(to) && Give(to, reason);
+}
+
+QList<Control*> Form::Private::TabStops() const
+{
+    QList<Control*> stops;
+    if (tabOrder.isEmpty())
+        return form.Controls();
+    for (const QPointer<QWidget>& widget : tabOrder) {
+        if (Control* control = Control::Of(widget))
+            stops.append(control);
+    }
+    return stops;
+}
+
+Control* Form::Private::Neighbour(bool forward) const
+{
+    QList<Control*> stops = TabStops();
+    if (!forward)
+        std::reverse(stops.begin(), stops.end());
+    const Control* from = ActiveControl();
+    const qsizetype at = stops.indexOf(from);
+    for (qsizetype i = 1; i <= stops.size(); ++i) {
+        Control* stop = stops[(at + i) % stops.size()];
+        if (stop != from && stop->HasTabStop() && CanTakeFocus(*stop))
+            return stop;
+    }
+    return nullptr;
+}
+
+bool Form::Private::Step(bool forward)
+{
+    Control* to = Neighbour(forward);
+    if (!to || !MayLeaveFor(*to))
+        return false;
+    // What the validation enabled or disabled counts.
+    to = Neighbour(forward);
+    return to && Give(*to, forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+}
+
+// Rule 2.
+void Form::Private::Transition(Control* to)
+{
+    Control* from = ActiveControl();
+    const bool fromHadFocus = from && passedOver != active;
+    active = to ? &to->Widget() : nullptr;
+    passedOver = active;
+    if (fromHadFocus)
+        from->Fire(from->OnLostFocus);
+    if (active && passedOver == active && ActiveControl() == to && !unloaded) {
+        passedOver = nullptr;
+        to->Fire(to->OnGotFocus);
+    }
+}
+
+// A change that the form has not made itself, as when Qt leaves a control that went away.
+void Form::Private::FocusChanged(QWidget* now)
+{
+    if (moving || !now || now->window() != &form)
+        return;
+    Control* control = Control::Of(now);
+    if (control != ActiveControl())
+        Transition(control);
+}
+
+// QApplication gives the focus before a widget's own filter sees a mouse press, so presses are
+// examined where they come in: at the window. Keys come the same way, whoever has the focus.
+void Form::Private::WatchWindow()
+{
+    if (window == form.windowHandle())
+        return;
+    if (window)
+        window->removeEventFilter(&form);
+    window = form.windowHandle();
+    if (window)
+        window->installEventFilter(&form);
+}
+
+bool Form::Private::KeyPressed(QKeyEvent& event)
+{
+    KeyPress key;
+    key.Code = event.key() == Qt::Key_Enter ? int(Qt::Key_Return) : event.key();
+    key.Shift = event.modifiers() & ~Qt::KeypadModifier;
+    key.Text = event.text();
+    form.Guard([&] { form.FormKeyDown(key); });
+    if (key.Swallowed || unloaded)
+        return true;
+
+    const bool plain = !(key.Shift & ~Qt::ShiftModifier);
+    if (plain && (key.Code == Qt::Key_Tab || key.Code == Qt::Key_Backtab)) {
+        Step(key.Code == Qt::Key_Tab && key.Shift == Qt::NoModifier);
+        return true;
+    }
+    return false;
+}
+
+Control* Form::Private::FocusTargetAt(const QPoint& position) const
+{
+    const QWidget* pressed = form.childAt(position);
+    Control* control = Control::Of(pressed);
+    if (!control || !CanTakeFocus(*control))
+        return nullptr;
+    // Scrolling and sizing columns do not enter the grid.
+    for (; pressed != &control->Widget(); pressed = pressed->parentWidget()) {
+        if (qobject_cast<const QScrollBar*>(pressed) || qobject_cast<const QHeaderView*>(pressed))
+            return nullptr;
+    }
+    return control;
+}
+
+// True where the press is not to reach its widget.
+bool Form::Private::MousePressed(const QMouseEvent& event)
+{
+    Control* target = FocusTargetAt(event.position().toPoint());
+    if (!target || target == ActiveControl())
+        return false;
+    const int shown = Modal::Count();
+    if (!MayLeaveFor(*target))
+        return true;
+    Give(*target, Qt::MouseFocusReason);
+    return unloaded || Modal::Count() != shown;
+}
+
+void Form::Private::CenterOver(const QWidget* over)
+{
+    const QScreen* screen = over ? over->screen() : form.screen();
+    const QRect room = screen->availableGeometry();
+    if (!form.testAttribute(Qt::WA_Resized))
+        form.resize(form.sizeHint().expandedTo(form.minimumSizeHint()).boundedTo(room.size()));
+    const QRect around = over ? over->frameGeometry() : room;
+    QPoint corner = around.center() - form.rect().center();
+    corner.setX(
+        std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - form.width())));
+    corner.setY(
+        std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - form.height())));
+    form.move(corner);
+}
+
+Form::Form(QWidget* owner)
+    : QWidget(owner, Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint |
+                         Qt::WindowMinimizeButtonHint),
+      d(std::make_unique<Private>(*this))
+{
+    Look::Dress(*this, Look::LatinFont());
+    setLayoutDirection(Qt::RightToLeft);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget*, QWidget* now) { d->FocusChanged(now); });
+}
+
+Form::~Form()
+{
+    // The controls go after this; what their going moves is nobody's business any more.
+    disconnect(qApp, nullptr, this, nullptr);
+    if (d->window)
+        d->window->removeEventFilter(this);
+}
+
+Control* Form::ActiveControl() const
+{
+    return d->ActiveControl();
+}
+
+bool Form::SetFocus(Control& control)
+{
+    return d->Move(control, Qt::OtherFocusReason);
+}
+
+bool Form::ResetFocus(Control& control)
+{
+    return d->Give(control, Qt::OtherFocusReason);
+}
+
+bool Form::FocusNext()
+{
+    return d->Step(true);
+}
+
+bool Form::FocusPrevious()
+{
+    return d->Step(false);
+}
+
+void Form::FinishEdit()
+{
+    if (Control* active = d->ActiveControl())
+        active->FinishEdit();
+}
+
+void Form::SetTabOrderOf(const QList<Control*>& order)
+{
+    d->tabOrder.clear();
+    for (const Control* control : order)
+        d->tabOrder.append(&control->Widget());
+}
+
+QList<Control*> Form::Controls() const
+{
+    QList<Control*> controls;
+    for (QWidget* widget : findChildren<QWidget*>()) {
+        if (auto* control = dynamic_cast<Control*>(widget))
+            controls.append(control);
+    }
+    std::sort(controls.begin(), controls.end(),
+              [](const Control* a, const Control* b) { return a->serial_ < b->serial_; });
+    return controls;
+}
+
+void Form::SetWindowCaption(const QString& caption)
+{
+    setWindowTitle(caption);
+    setAccessibleName(caption);
+}
+
+void Form::ShowModeless(bool deleteOnClose)
+{
+    d->deleteOnClose = deleteOnClose;
+    setWindowModality(Qt::NonModal);
+    ShowOver(parentWidget() ? parentWidget()->window() : QApplication::activeWindow());
+}
+
+void Form::ShowOver(const QWidget* window)
+{
+    if (isHidden())
+        d->CenterOver(window && window->isVisible() ? window : nullptr);
+    if (isMinimized())
+        showNormal();
+    else
+        show();
+    raise();
+    activateWindow();
+}
+
+void Form::ShowModal(QWidget* owner)
+{
+    Modal::Present(*this, owner);
+}
+
+bool Form::Unload()
+{
+    return !d->querying && close();
+}
+
+void Form::Minimize()
+{
+    showMinimized();
+}
+
+void Form::Guard(const std::function<void()>& handler)
+{
+    if (!handler)
+        return;
+    ++d->handlers;
+    try {
+        try {
+            handler();
+        } catch (const std::exception& failure) {
+            HandlerFailed(failure);
+        } catch (...) {
+            HandlerFailed(std::runtime_error("Unknown failure"));
+        }
+    } catch (const std::exception& failure) {
+        // HandlerFailed itself has failed: nothing but the plain box is left.
+        Form::HandlerFailed(failure);
+    }
+    if (--d->handlers == 0 && d->deletePending)
+        deleteLater();
+}
+
+void Form::FormKeyDown(KeyPress& key)
+{
+    if (key.Code != Qt::Key_Return)
+        return;
+    d->Step(!key.Shift.testFlag(Qt::ShiftModifier));
+    key.Swallow();
+}
+
+void Form::FormKeyPress() {}
+
+void Form::QueryUnload(bool&) {}
+
+void Form::HandlerFailed(const std::exception& failure)
+{
+    MsgBox(this, {QString::fromUtf8(failure.what()), MsgIcon::Stop, windowTitle()});
+}
+
+void Form::TellEdit()
+{
+    Guard([this] { FormKeyPress(); });
+}
+
+// Tab that did not come through the window, and Qt's own search for another place when the
+// control that has the focus is disabled or hidden: that is the program's doing, not validated.
+bool Form::focusNextPrevChild(bool next)
+{
+    const Control* from = d->ActiveControl();
+    if (from && d->CanTakeFocus(*from)) {
+        d->Step(next);
+        return true;
+    }
+    Control* to = d->Neighbour(next);
+    return to && d->Give(*to, Qt::OtherFocusReason);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event)
+{
+    // An open popup takes keys and presses for itself.
+    if (watched != d->window || QApplication::activePopupWidget())
+        return QWidget::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        return d->KeyPressed(static_cast<QKeyEvent&>(*event));
+    case QEvent::MouseButtonPress:
+        d->swallowing = d->MousePressed(static_cast<QMouseEvent&>(*event));
+        return d->swallowing;
+    case QEvent::MouseButtonDblClick: // follows the press that it doubles
+        return d->swallowing;
+    case QEvent::MouseMove:
+        return d->swallowing && static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton;
+    case QEvent::MouseButtonRelease:
+        return std::exchange(d->swallowing, false);
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
+}
+
+bool Form::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ShortcutOverride: {
+        // While the form is active its keys are its own, not the host's shortcuts.
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (!(key.modifiers() & Qt::AltModifier)) {
+            event->accept();
+            return true;
+        }
+        break;
+    }
+    case QEvent::Show:
+        d->WatchWindow();
+        if (!event->spontaneous()) {
+            d->unloaded = false;
+            if (!d->ActiveControl()) {
+                if (Control* first = d->Neighbour(true))
+                    d->Give(*first, Qt::TabFocusReason);
+            }
+        }
+        break;
+    case QEvent::WinIdChange:
+        d->WatchWindow();
+        break;
+    case QEvent::Hide:
+        if (!event->spontaneous()) {
+            // The next showing is a fresh one.
+            d->unloaded = true;
+            d->active = nullptr;
+            d->passedOver = nullptr;
+            if (QWidget* focused = focusWidget())
+                focused->clearFocus();
+            emit Unloaded();
+        }
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    if (d->querying) {
+        event->ignore();
+        return;
+    }
+    bool cancel = false;
+    {
+        const QScopedValueRollback<bool> asking(d->querying, true);
+        Guard([&] { QueryUnload(cancel); });
+    }
+    event->setAccepted(!cancel);
+    if (cancel)
+        return;
+    d->unloaded = true;
+    if (!d->deleteOnClose)
+        return;
+    // A handler on the stack, waiting in some event loop of its own, still needs the form.
+    if (d->handlers > 0)
+        d->deletePending = true;
+    else
+        deleteLater();
+}
+
+void Form::mousePressEvent(QMouseEvent* event)
+{
+    const Control* pressed = Control::Of(childAt(event->position().toPoint()));
+    const bool background = !pressed || dynamic_cast<const Label*>(pressed);
+    if (event->button() != Qt::LeftButton || !background) {
+        event->ignore();
+        return;
+    }
+    if (!windowHandle() || !windowHandle()->startSystemMove())
+        d->grip = event->globalPosition().toPoint() - pos();
+}
+
+void Form::mouseMoveEvent(QMouseEvent* event)
+{
+    if (d->grip && event->buttons().testFlag(Qt::LeftButton))
+        move(event->globalPosition().toPoint() - *d->grip);
+}
+
+void Form::mouseReleaseEvent(QMouseEvent*)
+{
+    d->grip.reset();
+}
+
+void Form::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Look::Background());
+    painter.setPen(Look::Border().darker(125));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace TradeForms

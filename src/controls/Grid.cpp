@@ -1,0 +1,546 @@
+#include "controls/Grid.h"
+
+#include "controls/Look.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace TradeForms {
+
+namespace {
+
+const int kFrame = 2; ///< room for the focus ring
+const int kPadding = 8;
+
+QFont fontOf(const GridColumn& column)
+{
+    return column.Style == StyleSet::ColUrdu ? Look::UrduFont() : Look::LatinFont();
+}
+
+QColor lineColor()
+{
+    return Look::HeaderBackground();
+}
+
+} // namespace
+
+GridSource::~GridSource() = default;
+
+class Grid::Model : public QAbstractTableModel {
+public:
+    int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : source ? sourceRows : int(rows.size());
+    }
+
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : int(columns.size());
+    }
+
+    QString Text(int row, int column) const
+    {
+        return source ? source->Text(row, column) : rows[row][column];
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        return role == Qt::DisplayRole ? Text(index.row(), index.column()) : QVariant();
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
+            return {};
+        return columns[section].English;
+    }
+
+    /// Replaces columns, source or rows: whatever the change does, under a reset of the model.
+    template <typename Change> void Reset(Change change)
+    {
+        beginResetModel();
+        change();
+        sourceRows = source ? source->RowCount() : 0;
+        endResetModel();
+    }
+
+    int Append()
+    {
+        const int row = int(rows.size());
+        beginInsertRows({}, row, row);
+        rows.append(QStringList(columns.size()));
+        endInsertRows();
+        return row;
+    }
+
+    void Remove(int row)
+    {
+        beginRemoveRows({}, row, row);
+        rows.removeAt(row);
+        endRemoveRows();
+    }
+
+    void Set(int row, int column, const QString& text)
+    {
+        rows[row][column] = text;
+        const QModelIndex changed = index(row, column);
+        emit dataChanged(changed, changed, {Qt::DisplayRole});
+    }
+
+    QList<GridColumn> columns;
+    QList<QStringList> rows;
+    GridSource* source = nullptr;
+    int sourceRows = 0;
+};
+
+class Grid::Delegate : public QStyledItemDelegate {
+public:
+    explicit Delegate(Grid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override
+    {
+        const GridColumn& column = grid_.Columns()[index.column()];
+        const bool marked = index.row() == grid_.currentIndex().row() ||
+                            option.state.testFlag(QStyle::State_Selected);
+        QColor ground = index.row() % 2 == 0 ? Look::FieldBackground() : Look::AlternateRow();
+        if (marked)
+            ground = grid_.hasFocus() ? Look::Selection() : Look::EntryBackground();
+        painter->fillRect(option.rect, ground);
+        painter->setPen(lineColor());
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+
+        const bool right = column.Number || column.Style == StyleSet::ColUrdu;
+        const QRect room = option.rect.adjusted(kPadding, 0, -kPadding, 0);
+        const QFont font = fontOf(column);
+        painter->setFont(font);
+        painter->setPen(grid_.isEnabled() ? Look::Text() : Look::DisabledText());
+        const QString text = QFontMetrics(font).elidedText(
+            grid_.model_->Text(index.row(), index.column()), Qt::ElideRight, room.width());
+        painter->drawText(room,
+                          Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine |
+                              (right ? Qt::AlignRight : Qt::AlignLeft),
+                          text);
+    }
+
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override
+    {
+        return {grid_.Columns()[index.column()].Width,
+                grid_.verticalHeader()->defaultSectionSize()};
+    }
+
+private:
+    Grid& grid_;
+};
+
+/// Captions in two lines, Urdu above English.
+class Grid::Header : public QHeaderView {
+public:
+    explicit Header(Grid& grid) : QHeaderView(Qt::Horizontal, &grid), grid_(grid)
+    {
+        Look::Dress(*this, Look::CaptionUrdu());
+        setSectionResizeMode(QHeaderView::Fixed);
+        setMinimumSectionSize(1);
+        setSectionsClickable(false);
+        setHighlightSections(false);
+    }
+
+    QSize sizeHint() const override
+    {
+        return {QHeaderView::sizeHint().width(), UrduHeight() + LatinHeight() + 4};
+    }
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int section) const override
+    {
+        const GridColumn& column = grid_.Columns()[section];
+        painter->fillRect(rect, Look::HeaderBackground());
+        painter->setPen(Look::Border());
+        painter->drawLine(rect.topRight(), rect.bottomRight());
+        painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+        painter->setFont(Look::CaptionUrdu());
+        painter->setPen(Look::Text());
+        painter->drawText(QRect(rect.left(), rect.top() + 1, rect.width(), UrduHeight()),
+                          Qt::AlignCenter, column.Urdu);
+        painter->setFont(Look::CaptionLatin());
+        painter->setPen(Look::MutedText());
+        painter->drawText(
+            QRect(rect.left(), rect.top() + 1 + UrduHeight(), rect.width(), LatinHeight()),
+            Qt::AlignCenter, column.English);
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        {
+            QPainter painter(viewport());
+            painter.fillRect(viewport()->rect(), Look::HeaderBackground());
+        }
+        QHeaderView::paintEvent(event);
+    }
+
+private:
+    static int UrduHeight() { return QFontMetrics(Look::CaptionUrdu()).height(); }
+    static int LatinHeight() { return QFontMetrics(Look::CaptionLatin()).height(); }
+
+    Grid& grid_;
+};
+
+Grid::Grid(const QString& name, QWidget* parent)
+    : QTableView(parent), Control(static_cast<QWidget&>(*this)), model_(std::make_unique<Model>())
+{
+    SetName(name);
+    Look::Dress(*this, Look::LatinFont());
+    for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        Look::Dress(*bar, Look::LatinFont());
+
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(kFrame);
+    setShowGrid(false); // the delegate draws the lines
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setHorizontalHeader(new Header(*this));
+
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(QFontMetrics(Look::UrduFont()).height() + 2);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+
+    setItemDelegate(new Delegate(*this));
+    setModel(model_.get());
+}
+
+Grid::~Grid()
+{
+    // The view outlives its model by a moment.
+    setModel(nullptr);
+}
+
+void Grid::SetColumns(const QList<GridColumn>& columns)
+{
+    model_->Reset([&] {
+        model_->columns = columns;
+        model_->rows.clear();
+    });
+    LayOutColumns();
+}
+
+const QList<GridColumn>& Grid::Columns() const
+{
+    return model_->columns;
+}
+
+int Grid::ColumnIndex(QStringView name) const
+{
+    const auto& columns = model_->columns;
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const GridColumn& column) {
+        return name.compare(column.Name, Qt::CaseInsensitive) == 0;
+    });
+    if (found == columns.end())
+        throw std::out_of_range("No column " + name.toString().toStdString());
+    return int(found - columns.begin());
+}
+
+void Grid::SetColumnHidden(QStringView name, bool hidden)
+{
+    setColumnHidden(ColumnIndex(name), hidden);
+    LayOutColumns();
+}
+
+int Grid::AddRow()
+{
+    if (model_->source)
+        throw std::logic_error("A bound grid takes no rows");
+    const int row = model_->Append();
+    if (row == 0)
+        SetRow(0);
+    return row;
+}
+
+void Grid::RemoveAllRows()
+{
+    model_->Reset([&] { model_->rows.clear(); });
+}
+
+QString Grid::Cell(int row, QStringView column) const
+{
+    RequireRow(row);
+    return model_->Text(row, ColumnIndex(column));
+}
+
+void Grid::SetCell(int row, QStringView column, const QString& text)
+{
+    if (model_->source)
+        throw std::logic_error("A bound grid takes no texts");
+    RequireRow(row);
+    model_->Set(row, ColumnIndex(column), text);
+}
+
+void Grid::SetSource(GridSource* source)
+{
+    model_->source = source;
+    SourceChanged();
+}
+
+void Grid::SourceChanged()
+{
+    model_->Reset([] {});
+    MoveFirst();
+}
+
+int Grid::RowCount() const
+{
+    return model_->rowCount();
+}
+
+int Grid::Row() const
+{
+    return currentIndex().row();
+}
+
+void Grid::SetRow(int row)
+{
+    RequireRow(row);
+    selectionModel()->setCurrentIndex(RowIndex(row), QItemSelectionModel::NoUpdate);
+}
+
+void Grid::MoveFirst()
+{
+    if (RowCount() > 0)
+        SetRow(0);
+}
+
+void Grid::MoveLast()
+{
+    if (RowCount() > 0)
+        SetRow(RowCount() - 1);
+}
+
+void Grid::ClearSelection()
+{
+    selectionModel()->clearSelection();
+}
+
+void Grid::SelectRow(int row)
+{
+    RequireRow(row);
+    selectionModel()->select(RowIndex(row),
+                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
+}
+
+QList<int> Grid::SelectedRows() const
+{
+    QList<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedRows())
+        rows.append(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void Grid::DeleteSelected()
+{
+    if (model_->source)
+        throw std::logic_error("A bound grid loses no rows");
+    if (SelectedRows().isEmpty())
+        return;
+    Fire(OnBeforeDelete);
+    const QList<int> rows = SelectedRows();
+    if (rows.isEmpty())
+        return;
+    {
+        const QScopedValueRollback<bool> quiet(removing_, true);
+        for (auto row = rows.rbegin(); row != rows.rend(); ++row)
+            model_->Remove(*row);
+        if (RowCount() > 0)
+            SetRow(std::min(rows.front(), RowCount() - 1));
+    }
+    if (RowCount() > 0)
+        Fire(OnRowChange);
+}
+
+void Grid::SetRedraw(bool redraw)
+{
+    redraw_ = redraw;
+    setUpdatesEnabled(redraw);
+}
+
+bool Grid::Redraw() const
+{
+    return redraw_;
+}
+
+void Grid::RequireRow(int row) const
+{
+    if (row < 0 || row >= RowCount())
+        throw std::out_of_range("No row " + std::to_string(row));
+}
+
+QModelIndex Grid::RowIndex(int row) const
+{
+    int column = 0;
+    while (column + 1 < model_->columnCount() && isColumnHidden(column))
+        ++column;
+    return model_->index(row, column);
+}
+
+void Grid::LayOutColumns()
+{
+    int wanted = 0;
+    int stretching = 0;
+    for (int i = 0; i < model_->columnCount(); ++i) {
+        if (isColumnHidden(i))
+            continue;
+        wanted += Columns()[i].Width;
+        stretching += Columns()[i].Stretch ? 1 : 0;
+    }
+    int spare = std::max(0, viewport()->width() - wanted);
+    for (int i = 0; i < model_->columnCount(); ++i) {
+        int share = 0;
+        if (Columns()[i].Stretch && !isColumnHidden(i)) {
+            share = spare / stretching--;
+            spare -= share;
+        }
+        setColumnWidth(i, Columns()[i].Width + share);
+    }
+}
+
+void Grid::PressRight(const QPoint& position)
+{
+    if (!OnRightPress)
+        return;
+    Fire([this, position, handler = OnRightPress] { handler(position); });
+}
+
+bool Grid::event(QEvent* event)
+{
+    if (event->type() == QEvent::Paint) {
+        QPainter painter(this);
+        painter.fillRect(rect(), Look::FieldBackground());
+        painter.setPen(Look::Border());
+        painter.drawRect(rect().adjusted(1, 1, -2, -2));
+        if (hasFocus())
+            Look::PaintFocusRing(painter, rect());
+        return true;
+    }
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        update();
+    return QTableView::event(event);
+}
+
+void Grid::keyPressEvent(QKeyEvent* event)
+{
+    const bool menuKey = event->key() == Qt::Key_Menu ||
+                         (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+    if (menuKey) {
+        const QRect row = visualRect(currentIndex());
+        PressRight(viewport()->mapToGlobal(row.isValid() ? row.center() : QPoint()));
+        return;
+    }
+    const bool types = !event->text().isEmpty() && event->text().front().isPrint() &&
+                       !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (types) {
+        if (OnKeyPress)
+            Fire([text = event->text(), handler = OnKeyPress] { handler(text); });
+        return;
+    }
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore(); // the form's business
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void Grid::keyboardSearch(const QString&) {}
+
+QModelIndex Grid::moveCursor(CursorAction action, Qt::KeyboardModifiers)
+{
+    if (RowCount() == 0)
+        return {};
+    const int page = std::max(1, viewport()->height() / verticalHeader()->defaultSectionSize() - 1);
+    int row = std::max(0, Row());
+    switch (action) {
+    case MoveUp:
+        --row;
+        break;
+    case MoveDown:
+        ++row;
+        break;
+    case MovePageUp:
+        row -= page;
+        break;
+    case MovePageDown:
+        row += page;
+        break;
+    case MoveHome:
+        row = 0;
+        break;
+    case MoveEnd:
+        row = RowCount() - 1;
+        break;
+    default: // the whole row is current; there is nothing to the left or right
+        break;
+    }
+    return RowIndex(std::clamp(row, 0, RowCount() - 1));
+}
+
+void Grid::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    const int sideways = horizontalScrollBar()->value();
+    QTableView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(sideways);
+}
+
+void Grid::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        QTableView::mousePressEvent(event);
+    if (event->button() != Qt::RightButton)
+        return;
+    const QModelIndex under = indexAt(event->position().toPoint());
+    if (under.isValid())
+        SetRow(under.row());
+    PressRight(event->globalPosition().toPoint());
+}
+
+void Grid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+        Fire(OnDoubleClick);
+}
+
+// Press and menu key have been told already.
+void Grid::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+}
+
+void Grid::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    LayOutColumns();
+}
+
+void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    // The whole row is painted as current.
+    viewport()->update();
+    if (!removing_ && current.isValid() && current.row() != previous.row())
+        Fire(OnRowChange);
+}
+
+} // namespace TradeForms

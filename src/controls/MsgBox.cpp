@@ -1,0 +1,315 @@
+#include "controls/MsgBox.h"
+
+#include "controls/Form.h"
+#include "controls/Look.h"
+#include "controls/Pieces.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QEventLoop>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QWindow>
+
+#include <algorithm>
+#include <memory>
+
+namespace TradeForms {
+
+namespace {
+
+Modal::BoxPresenter boxPresenter;
+Modal::FormPresenter formPresenter;
+int shown = 0;
+
+const int kNarrowest = 240; ///< text of a box, in pixels
+const int kWidest = 560;
+
+QWidget* windowOf(QWidget* widget)
+{
+    return widget ? widget->window() : nullptr;
+}
+
+/// The sign in front of a message.
+class Sign : public QWidget {
+public:
+    explicit Sign(MsgIcon icon) : icon_(icon) { setFixedSize(40, 40); }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Ground());
+        if (icon_ == MsgIcon::Exclamation)
+            painter.drawPolygon(QPolygonF({{20, 3}, {38, 36}, {2, 36}}));
+        else
+            painter.drawEllipse(QRectF(2, 2, 36, 36));
+        painter.setPen(QPen(Look::AccentText(), 4, Qt::SolidLine, Qt::RoundCap));
+        if (icon_ == MsgIcon::Stop) {
+            painter.drawLine(QPointF(14, 14), QPointF(26, 26));
+            painter.drawLine(QPointF(14, 26), QPointF(26, 14));
+            return;
+        }
+        QFont letter = Look::LatinFont();
+        letter.setPixelSize(24);
+        letter.setBold(true);
+        painter.setFont(letter);
+        const QRect room = icon_ == MsgIcon::Exclamation ? rect().adjusted(0, 6, 0, 2) : rect();
+        painter.drawText(room, Qt::AlignCenter, Letter());
+    }
+
+private:
+    QColor Ground() const
+    {
+        switch (icon_) {
+        case MsgIcon::Stop:
+            return QColor(0xb4, 0x23, 0x2c);
+        case MsgIcon::Exclamation:
+            return QColor(0xd9, 0x8a, 0x0b);
+        case MsgIcon::Information:
+            return QColor(0x2a, 0x63, 0xa8);
+        default:
+            return Look::Accent();
+        }
+    }
+
+    QString Letter() const
+    {
+        switch (icon_) {
+        case MsgIcon::Question:
+            return QStringLiteral("?");
+        case MsgIcon::Exclamation:
+            return QStringLiteral("!");
+        default:
+            return QStringLiteral("i");
+        }
+    }
+
+    MsgIcon icon_;
+};
+
+/// A text as it stands, never taken for markup; it can be selected with the mouse, and scrolls
+/// where it is long.
+class MessageText : public QTextEdit {
+public:
+    explicit MessageText(const QString& text)
+    {
+        Look::Dress(*this, Look::LatinFont());
+        Look::Dress(*verticalScrollBar(), Look::LatinFont());
+        viewport()->setAutoFillBackground(false);
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+        setContextMenuPolicy(Qt::NoContextMenu);
+        setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setAccessibleName(text);
+        setPlainText(text);
+
+        const std::unique_ptr<QTextDocument> measure(document()->clone());
+        measure->setTextWidth(-1); // no wrapping but the text's own
+        const int width = std::clamp(int(measure->idealWidth()) + 1, kNarrowest, kWidest);
+        measure->setTextWidth(width);
+        const int height = int(measure->size().height()) + 1;
+        const int tallest = QGuiApplication::primaryScreen()->availableSize().height() / 2;
+        const bool scrolls = height > tallest;
+        setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+        const int bar = scrolls ? verticalScrollBar()->sizeHint().width() : 0;
+        setFixedSize(width + bar, std::min(height, tallest));
+    }
+};
+
+class Box : public Form {
+public:
+    explicit Box(const Message& message)
+        : message_(message),
+          answer_(message.Buttons == MsgButtons::Ok ? MsgAnswer::Ok : MsgAnswer::No)
+    {
+        SetWindowCaption(message.Title);
+        setAccessibleDescription(message.Text);
+
+        auto* strip = new TitleStrip({}, message.Title);
+        strip->ImgMin().SetVisible(false);
+        strip->ImgExit().OnClick = [this] { Unload(); };
+
+        auto* words = new QHBoxLayout;
+        words->setContentsMargins(20, 20, 20, 20);
+        words->setSpacing(16);
+        // Messages are in English: sign at the left, text beside it.
+        words->setDirection(QBoxLayout::RightToLeft);
+        if (message.Icon != MsgIcon::None)
+            words->addWidget(new Sign(message.Icon), 0, Qt::AlignTop);
+        text_ = new MessageText(message.Text);
+        words->addWidget(text_, 1, Qt::AlignVCenter);
+
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(1, 1, 1, 1);
+        column->setSpacing(0);
+        column->addWidget(strip);
+        column->addLayout(words);
+        column->addWidget(ButtonBar(Buttons(), {}));
+    }
+
+    MsgAnswer Answer() const { return answer_; }
+
+protected:
+    void FormKeyDown(KeyPress& key) override
+    {
+        const bool yesNo = message_.Buttons == MsgButtons::YesNo;
+        switch (key.Code) {
+        case Qt::Key_Escape:
+            Unload();
+            break;
+        case Qt::Key_Return:
+            PressActive();
+            break;
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+            FocusNext();
+            break;
+        case Qt::Key_Y:
+            if (yesNo)
+                Choose(MsgAnswer::Yes);
+            break;
+        case Qt::Key_N:
+            if (yesNo)
+                Choose(MsgAnswer::No);
+            break;
+        case Qt::Key_C:
+            if (key.IsCtrl(Qt::Key_C))
+                CopyText();
+            break;
+        default:
+            return;
+        }
+        key.Swallow();
+    }
+
+private:
+    QList<JeweledButton*> Buttons()
+    {
+        if (message_.Buttons == MsgButtons::Ok)
+            return {Button(MsgAnswer::Ok, QStringLiteral("BtnOk"), QStringLiteral("ٹھیک ہے"),
+                           QStringLiteral("OK"), QStringLiteral("Enter"))};
+        return {Button(MsgAnswer::Yes, QStringLiteral("BtnYes"), QStringLiteral("جی ہاں"),
+                       QStringLiteral("Yes"), QStringLiteral("Y")),
+                Button(MsgAnswer::No, QStringLiteral("BtnNo"), QStringLiteral("نہیں"),
+                       QStringLiteral("No"), QStringLiteral("N"))};
+    }
+
+    JeweledButton* Button(MsgAnswer answer, const QString& name, const QString& urdu,
+                          const QString& english, const QString& shortcut)
+    {
+        const auto kind =
+            answer == MsgAnswer::No ? JeweledButton::Kind::Plain : JeweledButton::Kind::Primary;
+        auto* button = new JeweledButton(name, urdu, english, shortcut, kind, this);
+        button->OnClick = [this, answer] { Choose(answer); };
+        return button;
+    }
+
+    void Choose(MsgAnswer answer)
+    {
+        answer_ = answer;
+        Unload();
+    }
+
+    void PressActive()
+    {
+        if (auto* button = dynamic_cast<JeweledButton*>(ActiveControl()))
+            button->Click();
+    }
+
+    void CopyText()
+    {
+        const QString selected = text_->textCursor().selection().toPlainText();
+        QGuiApplication::clipboard()->setText(selected.isEmpty() ? message_.Text : selected);
+    }
+
+    Message message_;
+    MsgAnswer answer_;
+    MessageText* text_;
+};
+
+} // namespace
+
+MsgAnswer MsgBox(QWidget* owner, const Message& message)
+{
+    ++shown;
+    if (boxPresenter)
+        return boxPresenter(owner, message);
+    Box box(message);
+    Modal::Run(box, owner);
+    return box.Answer();
+}
+
+void Inform(QWidget* owner, const QString& text, MsgIcon icon, const QString& title)
+{
+    MsgBox(owner, {text, icon, title});
+}
+
+bool Ask(QWidget* owner, const QString& text, const QString& title)
+{
+    return MsgBox(owner, {text, MsgIcon::Question, title, MsgButtons::YesNo}) == MsgAnswer::Yes;
+}
+
+void ShowError(QWidget* owner, const std::exception& failure)
+{
+    Inform(owner, QString::fromUtf8(failure.what()), MsgIcon::Stop,
+           QStringLiteral("Error occured"));
+}
+
+namespace Modal {
+
+BoxPresenter SetBoxPresenter(BoxPresenter presenter)
+{
+    return std::exchange(boxPresenter, std::move(presenter));
+}
+
+FormPresenter SetFormPresenter(FormPresenter presenter)
+{
+    return std::exchange(formPresenter, std::move(presenter));
+}
+
+void Run(Form& form, QWidget* owner)
+{
+    const QPointer<Form> alive(&form);
+    const QPointer<QWidget> over(windowOf(owner));
+    QEventLoop loop;
+    QObject::connect(&form, &Form::Unloaded, &loop, &QEventLoop::quit);
+    QObject::connect(&form, &QObject::destroyed, &loop, &QEventLoop::quit);
+
+    form.setWindowModality(Qt::ApplicationModal);
+    form.winId(); // the native window has to exist before it can belong to another
+    form.windowHandle()->setTransientParent(over ? over->windowHandle() : nullptr);
+    form.ShowOver(over);
+    loop.exec();
+
+    if (alive)
+        alive->hide(); // where the whole application is quitting
+    if (over && over->isVisible())
+        over->activateWindow();
+}
+
+void Present(Form& form, QWidget* owner)
+{
+    ++shown;
+    if (formPresenter)
+        formPresenter(form, owner);
+    else
+        Run(form, owner);
+}
+
+int Count()
+{
+    return shown;
+}
+
+} // namespace Modal
+
+} // namespace TradeForms

@@ -1,0 +1,460 @@
+#include "data/Cells.h"
+
+#include "data/Failure.h"
+#include "data/Numbers.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace TradeForms {
+
+namespace {
+
+// A cell is a tag and its bytes. Small whole numbers and short texts, by far the most frequent,
+// take one byte beside their data.
+enum Tag : char {
+    tagNull,
+    tagInteger1,
+    tagInteger2,
+    tagInteger4,
+    tagInteger8,
+    tagReal,
+    tagText1,
+    tagText4,
+    tagBinary4
+};
+
+template <class T> void append(std::string& row, Tag tag, T value)
+{
+    char bytes[1 + sizeof(T)];
+    bytes[0] = tag;
+    std::memcpy(bytes + 1, &value, sizeof(T));
+    row.append(bytes, sizeof bytes);
+}
+
+template <class T> T load(const char* at)
+{
+    T value;
+    std::memcpy(&value, at, sizeof(T));
+    return value;
+}
+
+template <class T> bool fits(std::int64_t number)
+{
+    return number >= std::numeric_limits<T>::min() && number <= std::numeric_limits<T>::max();
+}
+
+/// Whole length of the cell at this place.
+std::size_t cellLength(const char* at)
+{
+    switch (Tag(*at)) {
+    case tagNull:
+        return 1;
+    case tagInteger1:
+        return 2;
+    case tagInteger2:
+        return 3;
+    case tagInteger4:
+        return 5;
+    case tagInteger8:
+    case tagReal:
+        return 9;
+    case tagText1:
+        return 2 + load<std::uint8_t>(at + 1);
+    case tagText4:
+    case tagBinary4:
+        return 5 + load<std::uint32_t>(at + 1);
+    }
+    Q_UNREACHABLE();
+}
+
+/// Number of a run of digits, or -1 where something else stands among them.
+int digits(std::string_view text)
+{
+    int number = 0;
+    for (const char letter : text) {
+        if (letter < '0' || letter > '9')
+            return -1;
+        number = number * 10 + (letter - '0');
+    }
+    return number;
+}
+
+/// The date at the beginning of the text, and how many letters it takes.
+QDate readDate(std::string_view text, std::size_t& length)
+{
+    length = 10;
+    if (text.size() >= 10 && text[4] == '-' && text[7] == '-')
+        return QDate(digits(text.substr(0, 4)), digits(text.substr(5, 2)),
+                     digits(text.substr(8, 2)));
+    if (text.size() >= 10 && text[2] == '/' && text[5] == '/')
+        return QDate(digits(text.substr(6, 4)), digits(text.substr(0, 2)),
+                     digits(text.substr(3, 2)));
+    length = 8;
+    if (text.size() >= 8)
+        return QDate(digits(text.substr(0, 4)), digits(text.substr(4, 2)),
+                     digits(text.substr(6, 2)));
+    return QDate();
+}
+
+/// The time HH:MM[:SS[.fraction]] that the whole text is.
+QTime readTime(std::string_view text)
+{
+    if (text.size() < 5 || text[2] != ':')
+        return QTime();
+    int seconds = 0;
+    if (text.size() > 5) {
+        if (text.size() < 8 || text[5] != ':'
+            || (text.size() > 8 && (text[8] != '.' || digits(text.substr(9)) < 0)))
+            return QTime();
+        seconds = digits(text.substr(6, 2));
+    }
+    return QTime(digits(text.substr(0, 2)), digits(text.substr(3, 2)), seconds);
+}
+
+QString textOf(const Cell& cell)
+{
+    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+}
+
+QVariant dateValue(const Cell& cell)
+{
+    const QDate date = DateFromText(cell.Bytes);
+    return date.isValid() ? QVariant(date) : QVariant(textOf(cell));
+}
+
+QVariant dateTimeValue(const Cell& cell)
+{
+    const QDateTime moment = DateTimeFromText(cell.Bytes, Qt::LocalTime);
+    return moment.isValid() ? QVariant(moment) : QVariant(textOf(cell));
+}
+
+QVariant textValue(const Cell& cell, ColumnKind kind)
+{
+    switch (kind) {
+    case ColumnKind::Date:
+        return dateValue(cell);
+    case ColumnKind::DateTime:
+        return dateTimeValue(cell);
+    case ColumnKind::Expression:
+        // The largest of a date column, or a date that was added to, is a date still.
+        if (IsStoredDate(cell.Bytes))
+            return dateValue(cell);
+        if (IsStoredDateTime(cell.Bytes))
+            return dateTimeValue(cell);
+        return textOf(cell);
+    default:
+        return textOf(cell);
+    }
+}
+
+bool isNothing(const QVariant& value)
+{
+    return value.isNull() || (value.typeId() == QMetaType::QDate && !value.toDate().isValid())
+        || (value.typeId() == QMetaType::QDateTime && !value.toDateTime().isValid());
+}
+
+double toNumber(const QVariant& value)
+{
+    if (value.typeId() == QMetaType::QString) {
+        const QString text = value.toString();
+        if (!IsNumeric(text))
+            throw TypeMismatchFailure();
+        return Val(text);
+    }
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    if (!isNumber || std::isnan(number))
+        throw TypeMismatchFailure();
+    if (std::isinf(number))
+        throw OverflowFailure();
+    return number;
+}
+
+bool isWholeNumber(const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::LongLong:
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::int64_t toInteger(const QVariant& value)
+{
+    if (isWholeNumber(value))
+        return value.toLongLong();
+    if (value.typeId() == QMetaType::QString) {
+        // Straight from the text, since a double would lose the last digits of a long number.
+        bool isWhole = false;
+        const qlonglong number = value.toString().trimmed().toLongLong(&isWhole);
+        if (isWhole)
+            return number;
+    }
+    const double rounded = std::nearbyint(toNumber(value));
+    constexpr double limit = 9223372036854775808.0;
+    if (rounded < -limit || rounded >= limit)
+        throw OverflowFailure();
+    return std::int64_t(rounded);
+}
+
+bool toFlag(const QVariant& value)
+{
+    if (value.typeId() == QMetaType::Bool)
+        return value.toBool();
+    if (value.typeId() == QMetaType::QString) {
+        const QString text = value.toString().trimmed();
+        if (text.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0)
+            return true;
+        if (text.compare(QLatin1String("false"), Qt::CaseInsensitive) == 0)
+            return false;
+    }
+    return toNumber(value) != 0;
+}
+
+QDateTime toDateTime(const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::QDate:
+        return QDateTime(value.toDate(), QTime(0, 0), Qt::UTC);
+    case QMetaType::QDateTime:
+        return value.toDateTime();
+    case QMetaType::QString: {
+        const QByteArray text = value.toString().trimmed().toUtf8();
+        const QDateTime moment =
+            DateTimeFromText(std::string_view(text.constData(), std::size_t(text.size())));
+        if (moment.isValid())
+            return moment;
+        break;
+    }
+    default:
+        break;
+    }
+    throw TypeMismatchFailure();
+}
+
+/// The text that a text column takes for a value that is no text.
+QString toText(const QVariant& value)
+{
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        return value.toString();
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return GeneralFormat(value.toDouble());
+    case QMetaType::QDate:
+        return QString::fromLatin1(StoredText(value.toDate()));
+    case QMetaType::QDateTime:
+        return QString::fromLatin1(StoredText(value.toDateTime()));
+    case QMetaType::Bool:
+        return value.toBool() ? QStringLiteral("1") : QStringLiteral("0");
+    default:
+        if (!value.canConvert<QString>())
+            throw TypeMismatchFailure();
+        return value.toString();
+    }
+}
+
+} // namespace
+
+void AppendCell(std::string& row, const Cell& cell)
+{
+    switch (cell.Kind) {
+    case Cell::Type::Null:
+        row += char(tagNull);
+        break;
+    case Cell::Type::Integer:
+        if (fits<std::int8_t>(cell.Integer))
+            append(row, tagInteger1, std::int8_t(cell.Integer));
+        else if (fits<std::int16_t>(cell.Integer))
+            append(row, tagInteger2, std::int16_t(cell.Integer));
+        else if (fits<std::int32_t>(cell.Integer))
+            append(row, tagInteger4, std::int32_t(cell.Integer));
+        else
+            append(row, tagInteger8, cell.Integer);
+        break;
+    case Cell::Type::Real:
+        append(row, tagReal, cell.Real);
+        break;
+    case Cell::Type::Text:
+        if (cell.Bytes.size() <= std::numeric_limits<std::uint8_t>::max())
+            append(row, tagText1, std::uint8_t(cell.Bytes.size()));
+        else
+            append(row, tagText4, std::uint32_t(cell.Bytes.size()));
+        row += cell.Bytes;
+        break;
+    case Cell::Type::Binary:
+        append(row, tagBinary4, std::uint32_t(cell.Bytes.size()));
+        row += cell.Bytes;
+        break;
+    }
+}
+
+Cell ReadCell(const char*& at)
+{
+    const char* const cell = at;
+    at += cellLength(cell);
+    const auto bytesAfter = [&](std::size_t head) {
+        return std::string_view(cell + head, std::size_t(at - cell) - head);
+    };
+    switch (Tag(*cell)) {
+    case tagNull:
+        return {};
+    case tagInteger1:
+        return Cell::FromInteger(load<std::int8_t>(cell + 1));
+    case tagInteger2:
+        return Cell::FromInteger(load<std::int16_t>(cell + 1));
+    case tagInteger4:
+        return Cell::FromInteger(load<std::int32_t>(cell + 1));
+    case tagInteger8:
+        return Cell::FromInteger(load<std::int64_t>(cell + 1));
+    case tagReal:
+        return Cell::FromReal(load<double>(cell + 1));
+    case tagText1:
+        return Cell::FromText(bytesAfter(2));
+    case tagText4:
+        return Cell::FromText(bytesAfter(5));
+    case tagBinary4:
+        return Cell::FromBinary(bytesAfter(5));
+    }
+    Q_UNREACHABLE();
+}
+
+void SkipCells(const char*& at, int count)
+{
+    for (; count > 0; --count)
+        at += cellLength(at);
+}
+
+Cell CellAt(const char* row, int index)
+{
+    SkipCells(row, index);
+    return ReadCell(row);
+}
+
+std::string WithCell(std::string_view row, int index, const Cell& cell)
+{
+    const char* begin = row.data();
+    SkipCells(begin, index);
+    const char* const end = begin + cellLength(begin);
+    std::string changed;
+    changed.reserve(row.size() + cell.Bytes.size() + sizeof(double));
+    changed.append(row.data(), begin);
+    AppendCell(changed, cell);
+    changed.append(end, row.data() + row.size());
+    return changed;
+}
+
+std::string BlankRow(int columns)
+{
+    return std::string(std::size_t(columns), char(tagNull));
+}
+
+QVariant ValueOf(const Cell& cell, ColumnKind kind)
+{
+    switch (cell.Kind) {
+    case Cell::Type::Null:
+        return QVariant();
+    case Cell::Type::Integer:
+        if (kind == ColumnKind::Flag)
+            return cell.Integer != 0;
+        if (kind == ColumnKind::Number)
+            return double(cell.Integer);
+        return qlonglong(cell.Integer);
+    case Cell::Type::Real:
+        return kind == ColumnKind::Flag ? QVariant(cell.Real != 0) : QVariant(cell.Real);
+    case Cell::Type::Text:
+        return textValue(cell, kind);
+    case Cell::Type::Binary:
+        return QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+    }
+    Q_UNREACHABLE();
+}
+
+EncodedValue::EncodedValue(const QVariant& value, ColumnKind kind)
+{
+    if (isNothing(value))
+        return;
+    switch (kind) {
+    case ColumnKind::Integer:
+        cell_ = Cell::FromInteger(toInteger(value));
+        return;
+    case ColumnKind::Number:
+        cell_ = isWholeNumber(value) ? Cell::FromInteger(value.toLongLong())
+                                     : Cell::FromReal(toNumber(value));
+        return;
+    case ColumnKind::Flag:
+        cell_ = Cell::FromInteger(toFlag(value) ? 1 : 0);
+        return;
+    case ColumnKind::Date:
+        bytes_ = StoredText(toDateTime(value).date());
+        break;
+    case ColumnKind::DateTime:
+        bytes_ = StoredText(toDateTime(value));
+        break;
+    case ColumnKind::Text:
+    case ColumnKind::Expression:
+        bytes_ = toText(value).toUtf8();
+        break;
+    case ColumnKind::Binary:
+        bytes_ = value.toByteArray();
+        cell_ = Cell::FromBinary({bytes_.constData(), std::size_t(bytes_.size())});
+        return;
+    }
+    cell_ = Cell::FromText({bytes_.constData(), std::size_t(bytes_.size())});
+}
+
+QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec spec)
+{
+    std::size_t length = 0;
+    const QDate date = readDate(text, length);
+    if (!date.isValid())
+        return QDateTime();
+    QTime time(0, 0);
+    if (text.size() > length)
+        time = text[length] == ' ' || text[length] == 'T' ? readTime(text.substr(length + 1))
+                                                          : QTime();
+    return time.isValid() ? QDateTime(date, time, spec) : QDateTime();
+}
+
+QDate DateFromText(std::string_view text)
+{
+    std::size_t length = 0;
+    const QDate date = readDate(text, length);
+    return text.size() == length ? date : DateTimeFromText(text).date();
+}
+
+bool IsStoredDate(std::string_view text)
+{
+    std::size_t length = 0;
+    return text.size() == 10 && text[4] == '-' && readDate(text, length).isValid();
+}
+
+bool IsStoredDateTime(std::string_view text)
+{
+    return text.size() == 19 && text[10] == ' ' && IsStoredDate(text.substr(0, 10))
+        && readTime(text.substr(11)).isValid();
+}
+
+QByteArray StoredText(const QDate& date)
+{
+    return date.toString(Qt::ISODate).toLatin1();
+}
+
+QByteArray StoredText(const QDateTime& moment)
+{
+    return StoredText(moment.date()) + ' ' + moment.time().toString(Qt::ISODate).toLatin1();
+}
+
+} // namespace TradeForms

@@ -1,0 +1,64 @@
+#include "data/Connection.h"
+
+#include "data/Engine.h"
+#include "data/RecordsetRows.h"
+#include "data/sqlite/CompanyFile.h"
+
+namespace TradeForms {
+
+std::shared_ptr<Connection> Connection::Open(const QString& file, Mode mode)
+{
+    return std::make_shared<Connection>(mode == Mode::Create ? CreateCompanyFile(file)
+                                                             : OpenCompanyFile(file));
+}
+
+Connection::Connection(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
+
+Connection::~Connection() = default;
+
+Recordset Connection::Execute(const Statement& statement)
+{
+    return Run([&] {
+        auto snapshot = engine_->Run(engine_->TextOf(statement));
+        return snapshot ? Recordset(std::make_unique<Recordset::Rows>(
+                              std::move(snapshot), LockType::ReadOnly, nullptr, QString()))
+                        : Recordset();
+    });
+}
+
+Recordset Connection::Execute(const char* statement)
+{
+    return Execute(Statement(statement));
+}
+
+void Connection::BeginTrans()
+{
+    Run([&] { engine_->BeginTrans(); });
+}
+
+void Connection::CommitTrans()
+{
+    Run([&] { engine_->CommitTrans(); });
+}
+
+void Connection::RollbackTrans()
+{
+    Run([&] { engine_->RollbackTrans(); });
+}
+
+bool Connection::InTransaction() const
+{
+    return engine_->InTransaction();
+}
+
+const TradeForms::Dialect& Connection::Dialect() const
+{
+    return engine_->Dialect();
+}
+
+void Connection::Report(const ProviderFailure& failure)
+{
+    errors_.errors_.append({failure.Number(), failure.Description()});
+}
+
+} // namespace TradeForms

@@ -1,0 +1,252 @@
+#include "data/Criterion.h"
+
+#include "data/Failure.h"
+#include "data/Numbers.h"
+
+#include <optional>
+
+namespace TradeForms {
+
+namespace {
+
+std::string_view viewOf(const QByteArray& bytes)
+{
+    return {bytes.constData(), std::size_t(bytes.size())};
+}
+
+template <class T> int orderOf(const T& first, const T& second)
+{
+    return first < second ? -1 : int(second < first);
+}
+
+/// The number that a cell is or writes out.
+std::optional<double> numberOf(const Cell& cell)
+{
+    switch (cell.Kind) {
+    case Cell::Type::Integer:
+        return double(cell.Integer);
+    case Cell::Type::Real:
+        return cell.Real;
+    case Cell::Type::Text: {
+        const QString text =
+            QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        if (IsNumeric(text))
+            return Val(text);
+        break;
+    }
+    default:
+        break;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+class CriterionParser {
+public:
+    CriterionParser(const QString& text, const Shape& shape) : text_(text), shape_(shape) {}
+
+    Criterion Parse(bool isSingle)
+    {
+        Criterion criterion;
+        criterion.comparisons_.push_back(comparison());
+        for (skipBlanks(); at_ < text_.size(); skipBlanks()) {
+            const QString joint = word();
+            const bool isOr = isWord(joint, "or");
+            if (isSingle || (!isOr && !isWord(joint, "and")))
+                fail();
+            criterion.comparisons_.push_back(comparison());
+            criterion.comparisons_.back().BeginsAlternative = isOr;
+        }
+        return criterion;
+    }
+
+private:
+    using Operator = Criterion::Operator;
+
+    [[noreturn]] void fail() const
+    {
+        throw Failure(QStringLiteral("The criterion '%1' cannot be read.").arg(text_));
+    }
+
+    static bool isWord(const QString& word, const char* wanted)
+    {
+        return word.compare(QLatin1String(wanted), Qt::CaseInsensitive) == 0;
+    }
+
+    void skipBlanks()
+    {
+        while (at_ < text_.size() && text_[at_].isSpace())
+            ++at_;
+    }
+
+    QString word()
+    {
+        skipBlanks();
+        const qsizetype start = at_;
+        while (at_ < text_.size() && (text_[at_].isLetterOrNumber() || text_[at_] == u'_'))
+            ++at_;
+        return text_.sliced(start, at_ - start);
+    }
+
+    /// What stands up to the closing sign, which it stands before; a doubled one is one of it.
+    QString enclosed(QChar close)
+    {
+        QString content;
+        for (++at_; at_ < text_.size(); ++at_) {
+            if (text_[at_] == close) {
+                ++at_;
+                if (at_ >= text_.size() || text_[at_] != close)
+                    return content;
+            }
+            content += text_[at_];
+        }
+        fail();
+    }
+
+    QString columnName()
+    {
+        skipBlanks();
+        if (at_ < text_.size() && text_[at_] == u'[')
+            return enclosed(u']');
+        return word();
+    }
+
+    Operator comparisonOperator()
+    {
+        static constexpr struct {
+            const char* Sign;
+            Operator What;
+        } signs[] = {{"<>", Operator::NotEqual},  {"<=", Operator::LessOrEqual},
+                     {">=", Operator::GreaterOrEqual}, {"=", Operator::Equal},
+                     {"<", Operator::Less},       {">", Operator::Greater}};
+        skipBlanks();
+        for (const auto& sign : signs) {
+            const QLatin1String written(sign.Sign);
+            if (QStringView(text_).sliced(at_).startsWith(written)) {
+                at_ += written.size();
+                return sign.What;
+            }
+        }
+        if (!isWord(word(), "like"))
+            fail();
+        return Operator::Like;
+    }
+
+    /// A bare value reaches to the next blank.
+    QString bareValue()
+    {
+        const qsizetype start = at_;
+        while (at_ < text_.size() && !text_[at_].isSpace())
+            ++at_;
+        return text_.sliced(start, at_ - start);
+    }
+
+    Criterion::Comparison comparison()
+    {
+        Criterion::Comparison result;
+        const QString name = columnName();
+        result.Field = shape_.IndexOf(QStringView(name));
+        if (name.isEmpty())
+            fail();
+        if (result.Field < 0)
+            throw Failure(QStringLiteral("There is no column '%1'.").arg(name));
+        result.Kind = shape_.At(result.Field).Kind;
+        result.What = comparisonOperator();
+
+        skipBlanks();
+        result.IsQuoted = at_ < text_.size() && text_[at_] == u'\'';
+        const QString value = result.IsQuoted ? enclosed(u'\'') : bareValue();
+        result.IsNumeric = IsNumeric(value);
+        if (!result.IsQuoted && !result.IsNumeric)
+            fail();
+        if (result.IsNumeric)
+            result.Number = Val(value);
+        result.Text = value.toUtf8();
+        result.Moment = DateTimeFromText(viewOf(result.Text));
+        if (result.What == Operator::Like)
+            result.Pattern = LikePattern::Criterion(viewOf(result.Text));
+        return result;
+    }
+
+    const QString& text_;
+    const Shape& shape_;
+    qsizetype at_ = 0;
+};
+
+Criterion Criterion::Parse(const QString& text, const Shape& shape)
+{
+    return CriterionParser(text, shape).Parse(false);
+}
+
+Criterion Criterion::ParseSingle(const QString& text, const Shape& shape)
+{
+    return CriterionParser(text, shape).Parse(true);
+}
+
+bool Criterion::Holds(const char* row) const
+{
+    bool result = true;
+    for (const Comparison& comparison : comparisons_) {
+        if (comparison.BeginsAlternative) {
+            if (result)
+                return true;
+            result = true;
+        }
+        if (result)
+            result = holds(comparison, CellAt(row, comparison.Field));
+    }
+    return result;
+}
+
+bool Criterion::holds(Operator what, int order)
+{
+    switch (what) {
+    case Operator::Equal:
+        return order == 0;
+    case Operator::NotEqual:
+        return order != 0;
+    case Operator::Less:
+        return order < 0;
+    case Operator::Greater:
+        return order > 0;
+    case Operator::LessOrEqual:
+        return order <= 0;
+    case Operator::GreaterOrEqual:
+        return order >= 0;
+    case Operator::Like:
+        break;
+    }
+    Q_UNREACHABLE();
+}
+
+/// A null is neither equal nor unequal to anything.
+bool Criterion::holds(const Comparison& comparison, const Cell& cell)
+{
+    if (cell.IsNull())
+        return false;
+    const bool isText = cell.Kind == Cell::Type::Text;
+    if (comparison.What == Operator::Like) {
+        if (isText)
+            return comparison.Pattern.Matches(cell.Bytes);
+        const QByteArray text = TextOf(ValueOf(cell, comparison.Kind)).toUtf8();
+        return comparison.Pattern.Matches(viewOf(text));
+    }
+    const bool isDate = comparison.Kind == ColumnKind::Date
+        || comparison.Kind == ColumnKind::DateTime;
+    if (isText && isDate && comparison.Moment.isValid()) {
+        const QDateTime moment = DateTimeFromText(cell.Bytes);
+        return moment.isValid()
+            && holds(comparison.What, orderOf(moment, comparison.Moment));
+    }
+    if (isText && comparison.IsQuoted)
+        return holds(comparison.What, CompareText(cell.Bytes, viewOf(comparison.Text)));
+    if (comparison.IsNumeric) {
+        const std::optional<double> number = numberOf(cell);
+        return number && holds(comparison.What, orderOf(*number, comparison.Number));
+    }
+    const QByteArray text = TextOf(ValueOf(cell, comparison.Kind)).toUtf8();
+    return holds(comparison.What, CompareText(viewOf(text), viewOf(comparison.Text)));
+}
+
+} // namespace TradeForms

@@ -1,0 +1,86 @@
+#include "data/Engine.h"
+
+#include "data/Failure.h"
+
+#include <utility>
+
+namespace TradeForms {
+
+RowWriter::~RowWriter() = default;
+
+Engine::~Engine() = default;
+
+QString Engine::TextOf(const Statement& statement) const
+{
+    try {
+        return statement.Text(Dialect());
+    } catch (const Failure& failure) {
+        throw ProviderFailure(failure.Description());
+    }
+}
+
+void Engine::BeginTrans()
+{
+    if (InTransaction())
+        throw ProviderFailure(QStringLiteral("A transaction is open already."));
+    if (isBegun_)
+        undo();
+    isBegun_ = false;
+    beginBelow();
+    isBegun_ = true;
+}
+
+void Engine::CommitTrans()
+{
+    if (!isBegun_)
+        throw ProviderFailure(QStringLiteral("There is no transaction to commit."));
+    if (!isOpenBelow())
+        throw ProviderFailure(QStringLiteral("The database has undone the transaction after an "
+                                             "error. Nothing of it was saved."));
+    commitBelow();
+    isBegun_ = false;
+    undos_.clear();
+}
+
+void Engine::RollbackTrans()
+{
+    if (!isBegun_)
+        throw ProviderFailure(QStringLiteral("There is no transaction to roll back."));
+    if (isOpenBelow())
+        rollbackBelow();
+    isBegun_ = false;
+    undo();
+}
+
+void Engine::Atomically(const std::function<void()>& work)
+{
+    const bool isNested = isOpenBelow();
+    isNested ? markBelow() : beginBelow();
+    try {
+        work();
+        isNested ? releaseMarkBelow() : commitBelow();
+    } catch (...) {
+        // The failure that led here is the one to report.
+        try {
+            if (isOpenBelow())
+                isNested ? rollbackToMarkBelow() : rollbackBelow();
+        } catch (const ProviderFailure&) {
+        }
+        throw;
+    }
+}
+
+void Engine::OnRollback(std::function<void()> undo)
+{
+    if (InTransaction())
+        undos_.push_back(std::move(undo));
+}
+
+void Engine::undo()
+{
+    const auto undos = std::exchange(undos_, {});
+    for (auto undo = undos.rbegin(); undo != undos.rend(); ++undo)
+        (*undo)();
+}
+
+} // namespace TradeForms

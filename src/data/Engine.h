@@ -1,0 +1,80 @@
+#pragma once
+
+#include "data/Snapshot.h"
+#include "data/Statement.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace TradeForms {
+
+/// Writes rows of one result to the table they came from. It finds a row by its key and by the
+/// values that were read, so that a row that someone else has changed is not found.
+class RowWriter {
+public:
+    virtual ~RowWriter();
+
+    /// Adds a row of which the touched columns were set. Returns the row as the table holds it,
+    /// numbers that the database gives included.
+    virtual std::string Insert(const char* row, const std::vector<bool>& touched) = 0;
+    /// Writes the touched columns. Returns the number of rows found.
+    virtual qint64 Update(const char* original, const char* row,
+                          const std::vector<bool>& touched) = 0;
+    /// Returns the number of rows found.
+    virtual qint64 Delete(const char* original) = 0;
+};
+
+/// What a connection asks of a database. Everything raises ProviderFailure where the database
+/// refuses.
+///
+/// This class keeps what the caller believes of the transaction; an engine below says what is.
+/// The two part where the database has ended a transaction by itself, on a full disk for one.
+class Engine {
+public:
+    Engine() = default;
+    virtual ~Engine();
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
+
+    /// The statement's finished text; a value that does not fit its place is reported as the
+    /// server would report it.
+    QString TextOf(const Statement& statement) const;
+    /// Runs one statement in the server's dialect. Null where the statement gives no rows.
+    virtual std::shared_ptr<const Snapshot> Run(const QString& statement) = 0;
+    /// A writer for the rows of a result that has a base table.
+    virtual std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) = 0;
+    virtual const TradeForms::Dialect& Dialect() const = 0;
+
+    void BeginTrans();
+    void CommitTrans();
+    /// Ends quietly where the database has rolled back by itself already.
+    void RollbackTrans();
+    bool InTransaction() const { return isBegun_ && isOpenBelow(); }
+
+    /// Runs the work all or none: within the open transaction, or in one of its own.
+    void Atomically(const std::function<void()>& work);
+
+    /// What to do when the open transaction comes to nothing.
+    void OnRollback(std::function<void()> undo);
+
+protected:
+    virtual bool isOpenBelow() const = 0;
+    virtual void beginBelow() = 0;
+    virtual void commitBelow() = 0;
+    virtual void rollbackBelow() = 0;
+    virtual void markBelow() = 0;
+    virtual void releaseMarkBelow() = 0;
+    virtual void rollbackToMarkBelow() = 0;
+
+private:
+    void undo();
+
+    bool isBegun_ = false;
+    std::vector<std::function<void()>> undos_;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,478 @@
+#include "data/RecordsetRows.h"
+
+#include "data/Connection.h"
+#include "data/Failure.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace TradeForms {
+
+namespace {
+
+void requireFound(qint64 rows)
+{
+    if (rows != 1)
+        throw ProviderFailure(
+            QStringLiteral("The record has been changed or removed by another user since it was "
+                           "read. Nothing was saved. Open it again and repeat the change."));
+}
+
+void join(std::vector<bool>& touched, const std::vector<bool>& more)
+{
+    touched.resize(more.size());
+    for (std::size_t field = 0; field < more.size(); ++field)
+        touched[field] = touched[field] || more[field];
+}
+
+} // namespace
+
+Recordset::Rows::Rows(std::shared_ptr<const Snapshot> snapshot, LockType lock,
+                      std::shared_ptr<Connection> connection, QString source)
+    : snapshot_(std::move(snapshot)), lock_(lock), connection_(std::move(connection)),
+      source_(std::move(source)), self_(std::make_shared<Rows*>(this))
+{
+}
+
+void Recordset::Rows::Requery()
+{
+    if (!connection_)
+        throw Failure(QStringLiteral("The rows were not read by a recordset of its own."));
+    Engine& engine = connection_->engine();
+    snapshot_ = connection_->Run([&] { return engine.Run(source_); });
+    self_ = std::make_shared<Rows*>(this);
+    edits_.clear();
+    pending_.reset();
+    refilter();
+    moveTo(0);
+}
+
+int Recordset::Rows::totalRows() const
+{
+    return std::max(snapshot_->RowCount(), int(edits_.size()));
+}
+
+int Recordset::Rows::Count() const
+{
+    return visible_ ? int(visible_->size()) : totalRows();
+}
+
+bool Recordset::Rows::isOnRecord() const
+{
+    return !isOnDeleted_ && position_ >= 0 && position_ < Count();
+}
+
+bool Recordset::Rows::Bof() const
+{
+    return !isOnDeleted_ && (Count() == 0 || position_ < 0);
+}
+
+bool Recordset::Rows::Eof() const
+{
+    return !isOnDeleted_ && (Count() == 0 || position_ >= Count());
+}
+
+int Recordset::Rows::rowAt(int position) const
+{
+    return visible_ ? (*visible_)[std::size_t(position)] : position;
+}
+
+void Recordset::Rows::moveTo(int position)
+{
+    position_ = position;
+    isOnDeleted_ = false;
+}
+
+void Recordset::Rows::MoveFirst()
+{
+    Update();
+    moveTo(0);
+}
+
+void Recordset::Rows::MoveLast()
+{
+    Update();
+    moveTo(std::max(0, Count() - 1));
+}
+
+void Recordset::Rows::MoveToPosition(int position)
+{
+    Update();
+    if (position < 0 || position >= Count())
+        throw Failure(QStringLiteral("There is no record at this position."));
+    moveTo(position);
+}
+
+void Recordset::Rows::MoveToRow(int row)
+{
+    Update();
+    if (!visible_)
+        return MoveToPosition(row);
+    // Rows stand in the order of their numbers, since a new one has the highest.
+    const auto found = std::lower_bound(visible_->begin(), visible_->end(), row);
+    if (found == visible_->end() || *found != row)
+        throw Failure(QStringLiteral("The bookmark stands for no visible record."));
+    moveTo(int(found - visible_->begin()));
+}
+
+void Recordset::Rows::MoveNext()
+{
+    Update();
+    if (isOnDeleted_)
+        moveTo(position_);
+    else if (position_ < Count())
+        moveTo(position_ + 1);
+}
+
+void Recordset::Rows::MovePrevious()
+{
+    Update();
+    if (position_ >= 0)
+        moveTo(position_ - 1);
+}
+
+const Recordset::Rows::Edit* Recordset::Rows::editOf(int row) const
+{
+    return std::size_t(row) < edits_.size() ? edits_[std::size_t(row)].get() : nullptr;
+}
+
+Recordset::Rows::Edit& Recordset::Rows::makeEdit(int row)
+{
+    edits_.resize(std::size_t(std::max(totalRows(), row + 1)));
+    std::unique_ptr<Edit>& edit = edits_[std::size_t(row)];
+    if (!edit)
+        edit = std::make_unique<Edit>();
+    return *edit;
+}
+
+bool Recordset::Rows::isDeleted(int row) const
+{
+    const Edit* edit = editOf(row);
+    return edit && (edit->Mark == State::Deleted || edit->Mark == State::Gone);
+}
+
+const char* Recordset::Rows::bytes(int row) const
+{
+    if (pending_ && pending_->Row == row)
+        return pending_->Bytes.data();
+    const Edit* edit = editOf(row);
+    return edit && !edit->Row.empty() ? edit->Row.data() : snapshot_->Row(row);
+}
+
+const char* Recordset::Rows::originalBytes(int row) const
+{
+    const Edit* edit = editOf(row);
+    if (edit && edit->Mark == State::Clean && !edit->Row.empty())
+        return edit->Row.data();
+    return edit && !edit->Original.empty() ? edit->Original.data() : snapshot_->Row(row);
+}
+
+std::string_view Recordset::Rows::view(const char* row) const
+{
+    const char* end = row;
+    SkipCells(end, Columns().Count());
+    return {row, std::size_t(end - row)};
+}
+
+void Recordset::Rows::requireRecord() const
+{
+    if (!isOnRecord())
+        throw Failure(QStringLiteral("There is no current record."));
+}
+
+void Recordset::Rows::requireWritable() const
+{
+    if (lock_ == LockType::ReadOnly)
+        throw Failure(QStringLiteral("The recordset was opened for reading only."));
+    if (Columns().BaseTable().isEmpty())
+        throw Failure(QStringLiteral("These records cannot be changed: they do not come from one "
+                                     "table alone."));
+}
+
+void Recordset::Rows::requireField(int field) const
+{
+    if (field < 0 || field >= Columns().Count())
+        throw Failure(QStringLiteral("There is no column of this number."));
+}
+
+QVariant Recordset::Rows::ValueAt(int position, int field) const
+{
+    requireField(field);
+    if (position < 0 || position >= Count())
+        throw Failure(QStringLiteral("There is no record at this position."));
+    return ValueOf(CellAt(bytes(rowAt(position)), field), Columns().At(field).Kind);
+}
+
+QVariant Recordset::Rows::Value(int field) const
+{
+    requireRecord();
+    return ValueAt(position_, field);
+}
+
+QVariant Recordset::Rows::OriginalValue(int field) const
+{
+    requireRecord();
+    requireField(field);
+    const int row = rowAt(position_);
+    const Edit* edit = editOf(row);
+    if (edit && edit->Mark == State::Added)
+        return QVariant();
+    return ValueOf(CellAt(originalBytes(row), field), Columns().At(field).Kind);
+}
+
+void Recordset::Rows::beginChange()
+{
+    if (pending_)
+        return;
+    const int row = rowAt(position_);
+    pending_ = Pending{row, std::string(view(bytes(row))),
+                       std::vector<bool>(std::size_t(Columns().Count())), false, position_};
+}
+
+void Recordset::Rows::SetValue(int field, const QVariant& value)
+{
+    requireWritable();
+    requireRecord();
+    requireField(field);
+    const EncodedValue encoded(value, Columns().At(field).Kind);
+    beginChange();
+    pending_->Bytes = WithCell(pending_->Bytes, field, encoded.Cell());
+    pending_->Touched[std::size_t(field)] = true;
+}
+
+void Recordset::Rows::AddNew()
+{
+    requireWritable();
+    Update();
+    const int row = totalRows();
+    Edit& edit = makeEdit(row);
+    edit.Mark = State::Added;
+    edit.Row = BlankRow(Columns().Count());
+    pending_ = Pending{row, edit.Row, std::vector<bool>(std::size_t(Columns().Count())), true,
+                       position_};
+    if (visible_)
+        visible_->push_back(row);
+    moveTo(Count() - 1);
+}
+
+void Recordset::Rows::Update()
+{
+    if (!pending_)
+        return;
+    if (lock_ == LockType::BatchOptimistic)
+        markPending();
+    else
+        writePending();
+    pending_.reset();
+}
+
+void Recordset::Rows::markPending()
+{
+    Edit& edit = makeEdit(pending_->Row);
+    if (edit.Mark == State::Clean) {
+        edit.Mark = State::Modified;
+        edit.Original = std::move(edit.Row);
+    }
+    edit.Row = std::move(pending_->Bytes);
+    join(edit.Touched, pending_->Touched);
+}
+
+void Recordset::Rows::writePending()
+{
+    std::string stored = pending_->Bytes;
+    writeAll([&](RowWriter& writer) {
+        if (pending_->IsNew)
+            stored = writer.Insert(stored.data(), pending_->Touched);
+        else
+            requireFound(writer.Update(originalBytes(pending_->Row), stored.data(),
+                                       pending_->Touched));
+    });
+    Edit& edit = makeEdit(pending_->Row);
+    edit = Edit();
+    edit.Row = std::move(stored);
+}
+
+void Recordset::Rows::CancelUpdate()
+{
+    if (!pending_)
+        return;
+    const Pending cancelled = *std::exchange(pending_, std::nullopt);
+    if (!cancelled.IsNew)
+        return;
+    edits_.pop_back();
+    if (visible_)
+        visible_->pop_back();
+    moveTo(cancelled.PositionBefore);
+}
+
+std::vector<int>& Recordset::Rows::explicitVisible()
+{
+    if (!visible_) {
+        visible_.emplace(std::size_t(totalRows()));
+        std::iota(visible_->begin(), visible_->end(), 0);
+    }
+    return *visible_;
+}
+
+void Recordset::Rows::Delete()
+{
+    requireWritable();
+    requireRecord();
+    if (pending_ && pending_->IsNew)
+        return CancelUpdate();
+    pending_.reset();
+
+    const int row = rowAt(position_);
+    if (lock_ != LockType::BatchOptimistic)
+        writeAll([&](RowWriter& writer) { requireFound(writer.Delete(originalBytes(row))); });
+
+    // What was added and is deleted before the batch never reaches the table.
+    const bool isGone =
+        lock_ != LockType::BatchOptimistic || (editOf(row) && editOf(row)->Mark == State::Added);
+    std::vector<int>& visible = explicitVisible();
+    Edit& edit = makeEdit(row);
+    if (edit.Mark == State::Clean)
+        edit.Original = edit.Row;
+    edit.Mark = isGone ? State::Gone : State::Deleted;
+    visible.erase(visible.begin() + position_);
+    isOnDeleted_ = true;
+}
+
+void Recordset::Rows::writeAll(const std::function<void(RowWriter&)>& work)
+{
+    Engine& engine = connection_->engine();
+    connection_->Run([&] {
+        engine.Atomically([&] {
+            const std::unique_ptr<RowWriter> writer = engine.WriterFor(snapshot_->SharedShape());
+            work(*writer);
+        });
+    });
+}
+
+/// Writes one marked row and tells how it stands afterwards.
+Recordset::Rows::Edit Recordset::Rows::written(RowWriter& writer, int row) const
+{
+    const Edit& edit = *editOf(row);
+    Edit result;
+    switch (edit.Mark) {
+    case State::Added:
+        result.Row = writer.Insert(edit.Row.data(), edit.Touched);
+        break;
+    case State::Modified:
+        requireFound(writer.Update(originalBytes(row), edit.Row.data(), edit.Touched));
+        result.Row = edit.Row;
+        break;
+    case State::Deleted:
+        requireFound(writer.Delete(originalBytes(row)));
+        result.Mark = State::Gone;
+        break;
+    case State::Clean:
+    case State::Gone:
+        Q_UNREACHABLE();
+    }
+    return result;
+}
+
+void Recordset::Rows::UpdateBatch()
+{
+    requireWritable();
+    Update();
+    if (!HasPendingChanges())
+        return;
+    std::vector<Written> edits;
+    writeAll([&](RowWriter& writer) {
+        // A key that one row gives up may be taken by the next.
+        for (const State mark : {State::Deleted, State::Modified, State::Added}) {
+            for (int row = 0; row < int(edits_.size()); ++row) {
+                if (edits_[std::size_t(row)] && edits_[std::size_t(row)]->Mark == mark)
+                    edits.push_back({row, written(writer, row)});
+            }
+        }
+    });
+    for (Written& edit : edits)
+        std::swap(*edits_[std::size_t(edit.Row)], edit.Now);
+
+    // The marks come back if the transaction comes to nothing, so that the user can try again.
+    connection_->engine().OnRollback(
+        [self = std::weak_ptr<Rows*>(self_), before = std::move(edits)] {
+            if (const auto rows = self.lock())
+                (*rows)->restore(before);
+        });
+}
+
+void Recordset::Rows::restore(const std::vector<Written>& edits)
+{
+    for (const Written& edit : edits)
+        *edits_[std::size_t(edit.Row)] = edit.Now;
+}
+
+void Recordset::Rows::CancelBatch()
+{
+    CancelUpdate();
+    for (const std::unique_ptr<Edit>& edit : edits_) {
+        if (!edit || edit->Mark == State::Clean || edit->Mark == State::Gone)
+            continue;
+        const bool wasAdded = edit->Mark == State::Added;
+        edit->Mark = wasAdded ? State::Gone : State::Clean;
+        edit->Row = std::exchange(edit->Original, {});
+        edit->Touched.clear();
+    }
+    refilter();
+    moveTo(0);
+}
+
+bool Recordset::Rows::HasPendingChanges() const
+{
+    return pending_
+        || std::any_of(edits_.begin(), edits_.end(), [](const std::unique_ptr<Edit>& edit) {
+               return edit && edit->Mark != State::Clean && edit->Mark != State::Gone;
+           });
+}
+
+/// Works out anew which rows are visible.
+void Recordset::Rows::refilter()
+{
+    visible_.reset();
+    const bool hasDeleted =
+        std::any_of(edits_.begin(), edits_.end(), [](const std::unique_ptr<Edit>& edit) {
+            return edit && (edit->Mark == State::Deleted || edit->Mark == State::Gone);
+        });
+    if (!filter_ && !hasDeleted)
+        return;
+    std::vector<int> visible;
+    for (int row = 0; row < totalRows(); ++row) {
+        if (!isDeleted(row) && (!filter_ || filter_->Holds(bytes(row))))
+            visible.push_back(row);
+    }
+    visible_ = std::move(visible);
+}
+
+void Recordset::Rows::SetFilter(const Statement& criterion)
+{
+    Criterion parsed = Criterion::Parse(criterion.Text(), Columns());
+    Update();
+    filter_ = std::move(parsed);
+    refilter();
+    moveTo(0);
+}
+
+void Recordset::Rows::ClearFilter()
+{
+    Update();
+    filter_.reset();
+    refilter();
+    moveTo(0);
+}
+
+void Recordset::Rows::Find(const Statement& criterion)
+{
+    const Criterion wanted = Criterion::ParseSingle(criterion.Text(), Columns());
+    Update();
+    int position = 0;
+    while (position < Count() && !wanted.Holds(bytes(rowAt(position))))
+        ++position;
+    moveTo(position);
+}
+
+} // namespace TradeForms

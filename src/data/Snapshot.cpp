@@ -1,0 +1,73 @@
+#include "data/Snapshot.h"
+
+#include <QLatin1String>
+
+#include <algorithm>
+#include <cstring>
+
+namespace TradeForms {
+
+namespace {
+
+/// The table that every column comes from, each field of it once.
+QString commonTable(const std::vector<Column>& columns)
+{
+    const QString table = columns.empty() ? QString() : columns.front().Table;
+    for (auto column = columns.begin(); column != columns.end(); ++column) {
+        const bool isTwice = std::any_of(columns.begin(), column, [&](const Column& other) {
+            return other.Field == column->Field;
+        });
+        if (isTwice || column->Table != table)
+            return QString();
+    }
+    return table;
+}
+
+} // namespace
+
+Shape::Shape(std::vector<Column> columns)
+    : columns_(std::move(columns)), baseTable_(commonTable(columns_))
+{
+}
+
+int Shape::IndexOf(QStringView name) const
+{
+    for (int index = 0; index < Count(); ++index) {
+        const QString& candidate = At(index).Name;
+        if (candidate.size() == name.size()
+            && QStringView(candidate).compare(name, Qt::CaseInsensitive) == 0)
+            return index;
+    }
+    return -1;
+}
+
+int Shape::IndexOf(const char* name) const
+{
+    const QLatin1String wanted(name);
+    for (int index = 0; index < Count(); ++index) {
+        const QString& candidate = At(index).Name;
+        if (candidate.size() == wanted.size()
+            && candidate.compare(wanted, Qt::CaseInsensitive) == 0)
+            return index;
+    }
+    return -1;
+}
+
+void Snapshot::Append(std::string_view row)
+{
+    if (row.size() > freeSize_) {
+        // Blocks grow with the snapshot: one row costs little, and many have little to spare.
+        constexpr std::size_t smallest = 1024;
+        constexpr std::size_t largest = 256 * 1024;
+        freeSize_ = std::max(row.size(), std::clamp(stored_, smallest, largest));
+        blocks_.push_back(std::make_unique_for_overwrite<char[]>(freeSize_));
+        free_ = blocks_.back().get();
+    }
+    std::memcpy(free_, row.data(), row.size());
+    rows_.push_back(free_);
+    free_ += row.size();
+    freeSize_ -= row.size();
+    stored_ += row.size();
+}
+
+} // namespace TradeForms

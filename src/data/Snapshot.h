@@ -1,0 +1,66 @@
+#pragma once
+
+#include "data/Cells.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace TradeForms {
+
+/// What is known of one column of a result.
+struct Column {
+    QString Name;
+    ColumnKind Kind = ColumnKind::Expression;
+    QString Table; ///< the table that it comes from; empty for an expression
+    QString Field; ///< its name in that table
+    bool IsKey = false;
+};
+
+/// The columns of a result, and the table to which its rows can be written.
+class Shape {
+public:
+    explicit Shape(std::vector<Column> columns);
+
+    int Count() const { return int(columns_.size()); }
+    const Column& At(int index) const { return columns_[std::size_t(index)]; }
+    /// By name, without regard to case; of two columns of one name the first. -1 for none.
+    int IndexOf(QStringView name) const;
+    int IndexOf(const char* name) const;
+    /// The one table that all columns come from, each of them once; empty where it is not so.
+    const QString& BaseTable() const { return baseTable_; }
+
+private:
+    std::vector<Column> columns_;
+    QString baseTable_;
+};
+
+/// The rows that a query gave, read-only.
+class Snapshot {
+public:
+    explicit Snapshot(std::shared_ptr<const Shape> shape) : shape_(std::move(shape)) {}
+
+    const Shape& Columns() const { return *shape_; }
+    const std::shared_ptr<const Shape>& SharedShape() const { return shape_; }
+
+    int RowCount() const { return int(rows_.size()); }
+    const char* Row(int row) const { return rows_[std::size_t(row)]; }
+
+    /// Adds a row of encoded cells.
+    void Append(std::string_view row);
+    /// Called after the last row: gives spare memory back.
+    void Finish() { rows_.shrink_to_fit(); }
+
+private:
+    std::shared_ptr<const Shape> shape_;
+    std::vector<std::unique_ptr<char[]>> blocks_;
+    std::vector<const char*> rows_;
+    char* free_ = nullptr;
+    std::size_t freeSize_ = 0;
+    std::size_t stored_ = 0;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,360 @@
+#include "data/sqlite/Adapter.h"
+
+#include "data/Failure.h"
+#include "data/sqlite/Tokens.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace TradeForms {
+
+namespace {
+
+QString quotedForUser(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+[[noreturn]] void raiseSyntax(std::string_view near)
+{
+    throw ProviderFailure(
+        QStringLiteral("Incorrect syntax near '%1'.").arg(quotedForUser(near)), SQLITE_ERROR);
+}
+
+/// A function that SQLite does not have, or whose result must be told how it compares: a text
+/// without regard to case, a number also with a number that is written as text.
+struct Function {
+    std::string_view Name;
+    std::string_view Replacement;
+    std::string_view Suffix;
+};
+
+constexpr std::string_view asText = " COLLATE CI";
+constexpr std::string_view asNumber = " AS INTEGER)";
+
+constexpr Function functions[] = {
+    {"isnull", "ifnull", asText},
+    {"left", "tf_left", asText},
+    {"right", "tf_right", asText},
+    {"len", "CAST(tf_len", asNumber},
+    {"patindex", "CAST(tf_patindex", asNumber},
+    {"day", "CAST(tf_day", asNumber},
+    {"month", "CAST(tf_month", asNumber},
+    {"year", "CAST(tf_year", asNumber},
+    {"dateadd", "tf_dateadd", ""},
+    {"getdate", "tf_getdate", ""},
+    {"coalesce", "coalesce", asText},
+    {"lower", "lower", asText},
+    {"upper", "upper", asText},
+    {"ltrim", "ltrim", asText},
+    {"rtrim", "rtrim", asText},
+    {"replace", "replace", asText},
+    {"substring", "substring", asText},
+    {"fungetproduct", "FunGetProduct", asText},
+    {"fungetcustomer", "FunGetCustomer", asText},
+};
+
+const Function* functionNamed(const Token& word)
+{
+    const auto found =
+        std::find_if(std::begin(functions), std::end(functions),
+                     [&](const Function& function) { return word.IsWord(function.Name); });
+    return found == std::end(functions) ? nullptr : found;
+}
+
+bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
+{
+    return std::any_of(words.begin(), words.end(),
+                       [&](std::string_view word) { return token.IsWord(word); });
+}
+
+/// A literal's text: without its quotes, a doubled quote being one.
+QByteArray contentOf(std::string_view literal)
+{
+    const std::string_view inner = literal.substr(1, literal.size() - 2);
+    return QByteArray(inner.data(), qsizetype(inner.size())).replace("''", "'");
+}
+
+class Adapter {
+public:
+    explicit Adapter(std::string_view text) : text_(text), tokens_(ReadTokens(text)) {}
+
+    AdaptedStatement Adapt()
+    {
+        dropEnd();
+        if (tokens_.empty())
+            throw ProviderFailure(QStringLiteral("There is no statement to run."), SQLITE_ERROR);
+        const Token& first = tokens_.front();
+        AdaptedStatement result;
+        if (isOneOf(first, {"exec", "execute"}))
+            result.Procedure = readCall();
+        // What makes or changes tables is the host's, written for this database.
+        else if (isOneOf(first, {"create", "alter", "drop"}))
+            result.Text = QByteArray(text_.data(), qsizetype(text_.size()));
+        else
+            result.Text = rewrite();
+        return result;
+    }
+
+private:
+    /// What is known of one pair of parentheses, the outermost level being the statement.
+    struct Level {
+        std::string_view Suffix;
+        const Function* Call = nullptr;
+        int Argument = 0;
+        bool InSelectList = false;
+        bool AtItem = false; ///< a select item begins here
+        QByteArray Alias;    ///< of the item, given in front of it
+    };
+
+    bool isSignAt(std::size_t index, char sign) const
+    {
+        return index < tokens_.size() && tokens_[index].IsSign(sign);
+    }
+
+    /// Takes the semicolon off; nothing may follow it.
+    void dropEnd()
+    {
+        const auto end = std::find_if(tokens_.begin(), tokens_.end(),
+                                      [](const Token& token) { return token.IsSign(';'); });
+        if (std::any_of(end, tokens_.end(), [](const Token& token) { return !token.IsSign(';'); }))
+            throw ProviderFailure(QStringLiteral("Only one statement can be run at a time: there "
+                                                 "is more after its end."),
+                                  SQLITE_ERROR);
+        if (end != tokens_.end())
+            text_ = text_.substr(0, std::size_t(end->Text.data() - text_.data()));
+        tokens_.erase(end, tokens_.end());
+    }
+
+    AdaptedStatement::Call readCall()
+    {
+        std::size_t at = 1;
+        if (at < tokens_.size() && tokens_[at].IsWord("dbo") && isSignAt(at + 1, '.'))
+            at += 2;
+        if (at >= tokens_.size() || tokens_[at].What != Token::Kind::Word)
+            raiseSyntax(tokens_.front().Text);
+        AdaptedStatement::Call call;
+        call.Name = QByteArray(tokens_[at].Text.data(), qsizetype(tokens_[at].Text.size()));
+        for (++at; at < tokens_.size(); ++at) {
+            if (!call.Arguments.isEmpty()) {
+                if (!isSignAt(at, ',') || at + 1 >= tokens_.size())
+                    raiseSyntax(tokens_[at].Text);
+                ++at;
+            }
+            call.Arguments.append(readArgument(at));
+        }
+        return call;
+    }
+
+    QByteArray readArgument(std::size_t& at)
+    {
+        QByteArray sign;
+        if (isSignAt(at, '-') && at + 1 < tokens_.size()) {
+            sign = "-";
+            ++at;
+        }
+        const Token& token = tokens_[at];
+        if (token.What == Token::Kind::Number)
+            return sign + QByteArray(token.Text.data(), qsizetype(token.Text.size()));
+        if (token.What != Token::Kind::Literal || !sign.isEmpty())
+            raiseSyntax(token.Text);
+        return contentOf(token.Text);
+    }
+
+    QByteArray rewrite()
+    {
+        out_.reserve(qsizetype(text_.size()) + 64);
+        copied_ = text_.data();
+        levels_.assign(1, {});
+        for (std::size_t at = 0; at < tokens_.size(); ++at)
+            rewriteToken(at);
+        putAlias();
+        copyTo(text_.data() + text_.size());
+        return out_;
+    }
+
+    void put(std::string_view text) { out_.append(text.data(), qsizetype(text.size())); }
+
+    /// Copies what has not been copied yet, up to this place.
+    void copyTo(const char* end)
+    {
+        out_.append(copied_, end - copied_);
+        copied_ = end;
+    }
+
+    /// Puts something else in a token's place.
+    void replace(const Token& token, std::string_view text)
+    {
+        copyTo(token.Text.data());
+        put(text);
+        copied_ += token.Text.size();
+    }
+
+    void copy(const Token& token) { copyTo(token.Text.data() + token.Text.size()); }
+
+    void putAlias()
+    {
+        QByteArray& alias = levels_.back().Alias;
+        if (!alias.isEmpty())
+            out_ += " AS " + alias;
+        alias.clear();
+    }
+
+    void rewriteToken(std::size_t& at)
+    {
+        const Token& token = tokens_[at];
+        if (levels_.back().InSelectList && rewriteSelectItem(at))
+            return;
+        switch (token.What) {
+        case Token::Kind::Sign:
+            return rewriteSign(at);
+        case Token::Kind::Word:
+            return rewriteWord(at);
+        case Token::Kind::Literal:
+            return rewriteLiteral(token);
+        case Token::Kind::Number:
+        case Token::Kind::Quoted:
+            return copy(token);
+        }
+    }
+
+    /// Follows a select list; true where the token is the alias in front of an item, which is
+    /// taken off and put behind the item.
+    bool rewriteSelectItem(std::size_t& at)
+    {
+        Level& level = levels_.back();
+        const Token& token = tokens_[at];
+        if (token.IsSign(',')) {
+            putAlias();
+            level.AtItem = true;
+        } else if (token.IsSign(')')) {
+            putAlias();
+        } else if (isOneOf(token, {"from", "into", "where", "group", "having", "order", "union",
+                                   "except", "intersect"})) {
+            putAlias();
+            level.InSelectList = false;
+        } else if (level.AtItem && !isOneOf(token, {"distinct", "all"})) {
+            level.AtItem = false;
+            if (isSignAt(at + 1, '=')) {
+                copyTo(token.Text.data());
+                level.Alias = aliasOf(token);
+                ++at;
+                copied_ = tokens_[at].Text.data() + 1;
+                return true;
+            }
+        }
+        return false;
+    }
+
+    static QByteArray aliasOf(const Token& token)
+    {
+        if (token.What == Token::Kind::Literal)
+            return '"' + contentOf(token.Text).replace("\"", "\"\"") + '"';
+        return QByteArray(token.Text.data(), qsizetype(token.Text.size()));
+    }
+
+    void rewriteSign(std::size_t at)
+    {
+        const Token& token = tokens_[at];
+        copy(token);
+        switch (token.Text.front()) {
+        case '(':
+            levels_.push_back({nextCall_ ? nextCall_->Suffix : std::string_view(), nextCall_, 0,
+                               false, false, {}});
+            nextCall_ = nullptr;
+            break;
+        case ')':
+            if (levels_.size() > 1) {
+                putSuffix(levels_.back().Suffix, at);
+                levels_.pop_back();
+            }
+            break;
+        case ',':
+            ++levels_.back().Argument;
+            break;
+        default:
+            break;
+        }
+    }
+
+    /// An alias may follow a parenthesis without a blank.
+    void putSuffix(std::string_view suffix, std::size_t parenthesis)
+    {
+        put(suffix);
+        const std::size_t next = parenthesis + 1;
+        if (!suffix.empty() && next < tokens_.size() && tokens_[next].What != Token::Kind::Sign
+            && tokens_[next].Text.data() == copied_)
+            put(" ");
+    }
+
+    void rewriteWord(std::size_t& at)
+    {
+        const Token& token = tokens_[at];
+        Level& level = levels_.back();
+        if (token.IsWord("dbo") && isSignAt(at + 1, '.')) {
+            replace(token, "");
+            replace(tokens_[++at], "");
+        } else if (token.IsWord("select")) {
+            level.InSelectList = true;
+            level.AtItem = true;
+            copy(token);
+        } else if (isCallOf("dateadd", level) && level.Argument == 0) {
+            replace(token, '\'' + std::string(token.Text) + '\'');
+        } else if (isSignAt(at + 1, '(') && !(at > 0 && tokens_[at - 1].IsWord("into"))
+                   && functionNamed(token)) {
+            nextCall_ = functionNamed(token);
+            noteDateArgument(level);
+            replace(token, nextCall_->Replacement);
+        } else {
+            copy(token);
+        }
+    }
+
+    static bool isCallOf(std::string_view name, const Level& level)
+    {
+        return level.Call && level.Call->Name == name;
+    }
+
+    void noteDateArgument(Level& level)
+    {
+        const bool isDate = nextCall_->Name == "dateadd" || nextCall_->Name == "getdate";
+        if (isDate && isCallOf("isnull", level) && level.Argument == 0)
+            level.Call = &dateInstead;
+    }
+
+    /// A text that stands in for a date which is null is a date.
+    void rewriteLiteral(const Token& token)
+    {
+        if (levels_.back().Call == &dateInstead) {
+            const QByteArray content = contentOf(token.Text);
+            const QDateTime moment = DateTimeFromText(
+                std::string_view(content.constData(), std::size_t(content.size())));
+            if (moment.isValid()) {
+                const bool hasTime = content.size() > 10;
+                const QByteArray stored =
+                    hasTime ? StoredText(moment) : StoredText(moment.date());
+                return replace(token, '\'' + stored.toStdString() + '\'');
+            }
+        }
+        copy(token);
+    }
+
+    static constexpr Function dateInstead{"isnull", "ifnull", asText};
+
+    std::string_view text_;
+    std::vector<Token> tokens_;
+    QByteArray out_;
+    const char* copied_ = nullptr;
+    std::vector<Level> levels_;
+    const Function* nextCall_ = nullptr;
+};
+
+} // namespace
+
+AdaptedStatement AdaptStatement(const QByteArray& text)
+{
+    return Adapter(std::string_view(text.constData(), std::size_t(text.size()))).Adapt();
+}
+
+} // namespace TradeForms

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "data/sqlite/Handle.h"
+
+#include <QByteArray>
+#include <QDate>
+#include <QList>
+
+namespace TradeForms {
+
+/// The functions and procedures that stand in the company's database: what an account owes, what
+/// was sold on it, who holds a unit, what a person has been lent. Other than on a server they
+/// live in the program on this engine.
+class CompanyFunctions {
+public:
+    /// Registers the functions. Raises ProviderFailure.
+    explicit CompanyFunctions(sqlite3* handle);
+    CompanyFunctions(const CompanyFunctions&) = delete;
+    CompanyFunctions& operator=(const CompanyFunctions&) = delete;
+
+    /// Runs a procedure, within a transaction that the caller keeps. Raises ProviderFailure,
+    /// also where there is none of that name or the arguments do not fit.
+    void Call(const QByteArray& name, const QList<QByteArray>& arguments);
+
+private:
+    /// One of the statements that the bodies are made of, prepared when it is first used.
+    sqlite3_stmt* prepared(PreparedStatement& statement, const QByteArray& text);
+
+    void currentBalance(sqlite3_context* context, std::string_view account);
+    void product(sqlite3_context* context, std::string_view account);
+    void customer(sqlite3_context* context, std::string_view number);
+    void currentAdvance(sqlite3_context* context, std::string_view staff);
+
+    void installmentBalances(const QByteArray& date);
+    void recoveryPrize(const QByteArray& area, const QByteArray& month);
+    void emptyBalances();
+
+    template <void (CompanyFunctions::*Body)(sqlite3_context*, std::string_view)>
+    void add(const char* name);
+
+    sqlite3* handle_;
+    PreparedStatement balance_;
+    PreparedStatement product_;
+    PreparedStatement customer_;
+    PreparedStatement advance_;
+    PreparedStatement emptyBalances_;
+    PreparedStatement voucherBalances_;
+    PreparedStatement areaBalances_;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,220 @@
+#include "data/sqlite/Functions.h"
+
+#include "data/TextCompare.h"
+#include "data/sqlite/Handle.h"
+
+#include <QDateTime>
+
+#include <algorithm>
+#include <limits>
+
+namespace TradeForms {
+
+namespace {
+
+int compare(void*, int firstSize, const void* first, int secondSize, const void* second)
+{
+    return CompareText({static_cast<const char*>(first), std::size_t(firstSize)},
+                       {static_cast<const char*>(second), std::size_t(secondSize)});
+}
+
+bool isNull(sqlite3_value* value)
+{
+    return sqlite3_value_type(value) == SQLITE_NULL;
+}
+
+void fail(sqlite3_context* context, const QByteArray& description)
+{
+    sqlite3_result_error(context, description.constData(), int(description.size()));
+}
+
+void failAsDate(sqlite3_context* context, std::string_view text)
+{
+    fail(context, "'" + QByteArray(text.data(), qsizetype(text.size())) + "' is not a date.");
+}
+
+/// Uses the pattern that is the first argument: compiled once for all rows of a statement, where
+/// it is a constant.
+template <class Use>
+void withPattern(sqlite3_context* context, sqlite3_value* value, char32_t escape, Use use)
+{
+    if (const void* known = sqlite3_get_auxdata(context, 0))
+        return use(*static_cast<const LikePattern*>(known));
+    auto compiled = std::make_unique<LikePattern>(LikePattern::Sql(ViewOf(value), escape));
+    use(*compiled);
+    sqlite3_set_auxdata(context, 0, compiled.release(),
+                        [](void* pattern) { delete static_cast<LikePattern*>(pattern); });
+}
+
+/// like(pattern, text [, escape])
+void like(sqlite3_context* context, int count, sqlite3_value** values)
+{
+    if (std::any_of(values, values + count, isNull))
+        return;
+    char32_t escape = 0;
+    if (count == 3) {
+        const std::string_view given = ViewOf(values[2]);
+        const QList<uint> letters =
+            QString::fromUtf8(given.data(), qsizetype(given.size())).toUcs4();
+        if (letters.size() != 1)
+            return fail(context, "An escape character is one character.");
+        escape = letters.front();
+    }
+    withPattern(context, values[0], escape, [&](const LikePattern& pattern) {
+        sqlite3_result_int(context, pattern.Matches(ViewOf(values[1])));
+    });
+}
+
+/// patindex(pattern, text)
+void patindex(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (isNull(values[0]) || isNull(values[1]))
+        return;
+    withPattern(context, values[0], 0, [&](const LikePattern& pattern) {
+        sqlite3_result_int(context, pattern.IndexIn(ViewOf(values[1])));
+    });
+}
+
+/// The number of characters that left and right are asked for; -1 where there can be none so
+/// many, which is an error of the statement.
+int lengthArgument(sqlite3_value* value)
+{
+    return int(std::clamp<sqlite3_int64>(sqlite3_value_int64(value), -1,
+                                         std::numeric_limits<int>::max()));
+}
+
+void left(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (isNull(values[0]) || isNull(values[1]))
+        return;
+    const int length = lengthArgument(values[1]);
+    if (length < 0)
+        return fail(context, "Invalid length parameter passed to the left function.");
+    const std::string_view text = ViewOf(values[0]);
+    ResultText(context, text.substr(0, ByteOfCharacter(text, length)));
+}
+
+void right(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (isNull(values[0]) || isNull(values[1]))
+        return;
+    const int length = lengthArgument(values[1]);
+    if (length < 0)
+        return fail(context, "Invalid length parameter passed to the right function.");
+    const std::string_view text = ViewOf(values[0]);
+    const int skipped = std::max(0, TextLength(text) - length);
+    ResultText(context, text.substr(ByteOfCharacter(text, skipped)));
+}
+
+/// Blanks at the end do not count.
+void len(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (!isNull(values[0]))
+        sqlite3_result_int(context, TextLength(WithoutTrailingBlanks(ViewOf(values[0]))));
+}
+
+/// day, month and year of a date, by the part that the function stands for.
+template <int (QDate::*Part)() const>
+void datePart(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (isNull(values[0]))
+        return;
+    const std::string_view text = ViewOf(values[0]);
+    const QDate date = DateFromText(text);
+    if (!date.isValid())
+        return failAsDate(context, text);
+    sqlite3_result_int(context, (date.*Part)());
+}
+
+QDateTime added(const QDateTime& moment, const QString& part, qint64 count)
+{
+    const auto isPart = [&](std::initializer_list<const char*> names) {
+        return std::any_of(names.begin(), names.end(), [&](const char* name) {
+            return part == QLatin1String(name);
+        });
+    };
+    if (isPart({"d", "dd", "day", "dy", "y", "dayofyear", "dw", "w", "weekday"}))
+        return moment.addDays(count);
+    if (isPart({"m", "mm", "month"}))
+        return moment.addMonths(int(count));
+    if (isPart({"yy", "yyyy", "year"}))
+        return moment.addYears(int(count));
+    if (isPart({"q", "qq", "quarter"}))
+        return moment.addMonths(int(count) * 3);
+    if (isPart({"ww", "wk", "week"}))
+        return moment.addDays(count * 7);
+    if (isPart({"hh", "hour"}))
+        return moment.addSecs(count * 3600);
+    if (isPart({"n", "mi", "minute"}))
+        return moment.addSecs(count * 60);
+    if (isPart({"s", "ss", "second"}))
+        return moment.addSecs(count);
+    return QDateTime();
+}
+
+/// dateadd(part, count, date): a date stays a date where no time comes in.
+void dateadd(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (isNull(values[1]) || isNull(values[2]))
+        return;
+    const std::string_view text = ViewOf(values[2]);
+    const QDateTime moment = DateTimeFromText(text);
+    if (!moment.isValid())
+        return failAsDate(context, text);
+    const std::string_view partText = ViewOf(values[0]);
+    const QString part =
+        QString::fromUtf8(partText.data(), qsizetype(partText.size())).toLower();
+    const QDateTime result = added(moment, part, sqlite3_value_int64(values[1]));
+    if (!result.isValid())
+        return fail(context, "dateadd cannot add '" + part.toUtf8() + "'.");
+    const bool isDate = text.size() <= 10 && result.time() == QTime(0, 0);
+    const QByteArray stored = isDate ? StoredText(result.date()) : StoredText(result);
+    ResultText(context, {stored.constData(), std::size_t(stored.size())});
+}
+
+void getdate(sqlite3_context* context, int, sqlite3_value**)
+{
+    const QByteArray now = StoredText(QDateTime::currentDateTime());
+    ResultText(context, {now.constData(), std::size_t(now.size())});
+}
+
+struct Definition {
+    const char* Name;
+    int Arguments;
+    void (*Body)(sqlite3_context*, int, sqlite3_value**);
+    int Flags;
+};
+
+constexpr int sameEachTime = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+
+constexpr Definition definitions[] = {
+    {"like", 2, like, sameEachTime},
+    {"like", 3, like, sameEachTime},
+    {"tf_patindex", 2, patindex, sameEachTime},
+    {"tf_left", 2, left, sameEachTime},
+    {"tf_right", 2, right, sameEachTime},
+    {"tf_len", 1, len, sameEachTime},
+    {"tf_day", 1, datePart<&QDate::day>, sameEachTime},
+    {"tf_month", 1, datePart<&QDate::month>, sameEachTime},
+    {"tf_year", 1, datePart<&QDate::year>, sameEachTime},
+    {"tf_dateadd", 3, dateadd, sameEachTime},
+    {"tf_getdate", 0, getdate, SQLITE_UTF8 | SQLITE_INNOCUOUS},
+};
+
+} // namespace
+
+void RegisterDialect(sqlite3* handle)
+{
+    if (sqlite3_create_collation_v2(handle, "CI", SQLITE_UTF8, nullptr, compare, nullptr)
+        != SQLITE_OK)
+        RaiseSqlite(handle);
+    for (const Definition& definition : definitions) {
+        if (sqlite3_create_function_v2(handle, definition.Name, definition.Arguments,
+                                       definition.Flags, nullptr, definition.Body, nullptr,
+                                       nullptr, nullptr)
+            != SQLITE_OK)
+            RaiseSqlite(handle);
+    }
+}
+
+} // namespace TradeForms

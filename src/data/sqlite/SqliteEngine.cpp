@@ -1,0 +1,182 @@
+#include "data/sqlite/SqliteEngine.h"
+
+#include "data/Failure.h"
+#include "data/sqlite/Functions.h"
+#include "data/sqlite/SqliteRowWriter.h"
+
+#include <QRandomGenerator>
+#include <QThread>
+
+#include <algorithm>
+
+namespace TradeForms {
+
+namespace {
+
+constexpr int keptTexts = 256;
+constexpr int keptStatements = 128;
+
+Handle withDialect(Handle handle)
+{
+    // A misspelt name in double quotes is an error, not a text.
+    sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    RegisterDialect(handle.get());
+    return handle;
+}
+
+bool contains(const QString& declared, const char* word)
+{
+    return declared.contains(QLatin1String(word), Qt::CaseInsensitive);
+}
+
+/// What a column of this declared type holds; a host may declare its own in the server's words.
+ColumnKind kindOf(const char* declaredType)
+{
+    if (!declaredType)
+        return ColumnKind::Expression;
+    const QString declared = QString::fromUtf8(declaredType);
+    if (contains(declared, "BIT") || contains(declared, "BOOL"))
+        return ColumnKind::Flag;
+    if (contains(declared, "DATETIME") || contains(declared, "TIMESTAMP"))
+        return ColumnKind::DateTime;
+    if (contains(declared, "DATE"))
+        return ColumnKind::Date;
+    if (contains(declared, "INT"))
+        return ColumnKind::Integer;
+    if (contains(declared, "CHAR") || contains(declared, "CLOB") || contains(declared, "TEXT"))
+        return ColumnKind::Text;
+    if (contains(declared, "BLOB") || contains(declared, "BINARY"))
+        return ColumnKind::Binary;
+    return ColumnKind::Number;
+}
+
+Column describeColumn(sqlite3_stmt* statement, int index)
+{
+    Column column;
+    column.Name = QString::fromUtf8(sqlite3_column_name(statement, index));
+    column.Kind = kindOf(sqlite3_column_decltype(statement, index));
+    const char* table = sqlite3_column_table_name(statement, index);
+    const char* field = sqlite3_column_origin_name(statement, index);
+    if (!table || !field)
+        return column;
+    column.Table = QString::fromUtf8(table);
+    column.Field = QString::fromUtf8(field);
+    int isKey = 0;
+    sqlite3_table_column_metadata(sqlite3_db_handle(statement),
+                                  sqlite3_column_database_name(statement, index), table, field,
+                                  nullptr, nullptr, nullptr, &isKey, nullptr);
+    column.IsKey = isKey != 0;
+    return column;
+}
+
+} // namespace
+
+SqliteEngine::SqliteEngine(Handle handle)
+    : handle_(withDialect(std::move(handle))), adapted_(keptTexts), prepared_(keptStatements),
+      functions_(handle_.get())
+{
+    sqlite3_busy_handler(handle_.get(), waitForLock, this);
+}
+
+SqliteEngine::~SqliteEngine() = default;
+
+/// Called while another process holds the lock. The waits differ, so that two who wait for each
+/// other do not meet again and again.
+int SqliteEngine::waitForLock(void* self, int attempt)
+{
+    auto& engine = *static_cast<SqliteEngine*>(self);
+    if (attempt == 0)
+        engine.lockWaited_.start();
+    const qint64 left = engine.lockWait_.count() - engine.lockWaited_.elapsed();
+    if (left <= 0)
+        return 0;
+    constexpr int longestPause = 25;
+    const int pause = 1 + QRandomGenerator::global()->bounded(std::min(attempt + 1, longestPause));
+    QThread::msleep(static_cast<unsigned long>(std::min<qint64>(pause, left)));
+    return 1;
+}
+
+bool SqliteEngine::isOpenBelow() const
+{
+    return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+void SqliteEngine::rollbackToMarkBelow()
+{
+    run("ROLLBACK TO mark");
+    run("RELEASE mark");
+}
+
+void SqliteEngine::run(const QByteArray& text)
+{
+    sqlite3_stmt* statement = Prepared(text);
+    const ResetAtEnd reset(statement);
+    Step(statement);
+}
+
+const AdaptedStatement& SqliteEngine::adapted(const QString& statement)
+{
+    if (const AdaptedStatement* known = adapted_.object(statement))
+        return *known;
+    auto* made = new AdaptedStatement(AdaptStatement(statement.toUtf8()));
+    adapted_.insert(statement, made);
+    return *made;
+}
+
+SqliteEngine::Kept& SqliteEngine::keptStatement(const QByteArray& text)
+{
+    if (Kept* known = prepared_.object(text))
+        return *known;
+    auto* made = new Kept{Prepare(handle_.get(), text), nullptr, 0};
+    prepared_.insert(text, made);
+    return *made;
+}
+
+/// The statement's columns, read anew where SQLite has prepared it anew, since `select *` may
+/// have more of them then.
+std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept)
+{
+    sqlite3_stmt* statement = kept.Compiled.get();
+    const int preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+    if (!kept.Columns || preparations != kept.Preparations) {
+        std::vector<Column> columns;
+        for (int index = 0; index < sqlite3_column_count(statement); ++index)
+            columns.push_back(describeColumn(statement, index));
+        kept.Columns = std::make_shared<const Shape>(std::move(columns));
+        kept.Preparations = preparations;
+    }
+    return kept.Columns;
+}
+
+std::shared_ptr<const Snapshot> SqliteEngine::Run(const QString& statement)
+{
+    const AdaptedStatement& ready = adapted(statement);
+    if (ready.Procedure) {
+        Atomically([&] { functions_.Call(ready.Procedure->Name, ready.Procedure->Arguments); });
+        return nullptr;
+    }
+    Kept& kept = keptStatement(ready.Text);
+    sqlite3_stmt* compiled = kept.Compiled.get();
+    const ResetAtEnd reset(compiled);
+    bool hasRow = Step(compiled);
+    const int columns = sqlite3_column_count(compiled);
+    if (columns == 0)
+        return nullptr;
+    auto snapshot = std::make_shared<Snapshot>(shapeOf(kept));
+    for (; hasRow; hasRow = Step(compiled)) {
+        row_.clear();
+        for (int column = 0; column < columns; ++column)
+            AppendCell(row_, ReadColumn(compiled, column));
+        snapshot->Append(row_);
+    }
+    snapshot->Finish();
+    return snapshot;
+}
+
+std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const Shape> shape)
+{
+    return std::make_unique<SqliteRowWriter>(*this, std::move(shape));
+}
+
+} // namespace TradeForms

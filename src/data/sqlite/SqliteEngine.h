@@ -1,0 +1,66 @@
+#pragma once
+
+#include "data/Engine.h"
+#include "data/sqlite/Adapter.h"
+#include "data/sqlite/CompanyFunctions.h"
+#include "data/sqlite/Handle.h"
+
+#include <QCache>
+#include <QElapsedTimer>
+
+#include <chrono>
+
+namespace TradeForms {
+
+/// The embedded database, by its C API.
+class SqliteEngine : public Engine {
+public:
+    /// Takes an open handle, and gives it the server's dialect. Raises ProviderFailure.
+    explicit SqliteEngine(Handle handle);
+    ~SqliteEngine() override;
+
+    std::shared_ptr<const Snapshot> Run(const QString& statement) override;
+    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
+    const TradeForms::Dialect& Dialect() const override { return dialect_; }
+
+    /// How long another process that holds the lock is waited for.
+    void SetLockWait(std::chrono::milliseconds wait) { lockWait_ = wait; }
+
+    sqlite3* Raw() const { return handle_.get(); }
+
+    /// A statement in SQLite's own words, prepared once and kept for the next time. It lives
+    /// until the next call. Raises ProviderFailure.
+    sqlite3_stmt* Prepared(const QByteArray& text) { return keptStatement(text).Compiled.get(); }
+
+private:
+    struct Kept {
+        PreparedStatement Compiled;
+        std::shared_ptr<const Shape> Columns;
+        int Preparations = 0; ///< SQLite's count when the columns were read
+    };
+
+    bool isOpenBelow() const override;
+    void beginBelow() override { run("BEGIN IMMEDIATE"); }
+    void commitBelow() override { run("COMMIT"); }
+    void rollbackBelow() override { run("ROLLBACK"); }
+    void markBelow() override { run("SAVEPOINT mark"); }
+    void releaseMarkBelow() override { run("RELEASE mark"); }
+    void rollbackToMarkBelow() override;
+
+    void run(const QByteArray& text);
+    const AdaptedStatement& adapted(const QString& statement);
+    Kept& keptStatement(const QByteArray& text);
+    std::shared_ptr<const Shape> shapeOf(Kept& kept);
+    static int waitForLock(void* self, int attempt);
+
+    Handle handle_;
+    TradeForms::Dialect dialect_;
+    std::chrono::milliseconds lockWait_{5000};
+    QElapsedTimer lockWaited_;
+    QCache<QString, AdaptedStatement> adapted_;
+    QCache<QByteArray, Kept> prepared_;
+    CompanyFunctions functions_;
+    std::string row_; // of the row being read
+};
+
+} // namespace TradeForms

@@ -1,0 +1,121 @@
+#include "data/sqlite/SqliteRowWriter.h"
+
+namespace TradeForms {
+
+namespace {
+
+QByteArray quoted(const QString& name)
+{
+    return '"' + name.toUtf8().replace("\"", "\"\"") + '"';
+}
+
+QByteArray parameter(int number)
+{
+    return '?' + QByteArray::number(number);
+}
+
+/// The condition that a column still has its original value. Texts compare without regard to
+/// case, which finds the row by an index; a change of case alone is a change all the same.
+QByteArray unchanged(const Column& column, int number)
+{
+    const QByteArray name = quoted(column.Field);
+    QByteArray condition = name + " IS " + parameter(number);
+    if (column.Kind == ColumnKind::Text && !column.IsKey)
+        condition += " AND " + name + " COLLATE BINARY IS " + parameter(number);
+    return condition;
+}
+
+} // namespace
+
+SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape)
+    : engine_(engine), shape_(std::move(shape)), table_(quoted(shape_->BaseTable()))
+{
+    for (int index = 0; index < shape_->Count(); ++index)
+        where_ += (index == 0 ? "" : " AND ") + unchanged(shape_->At(index), index + 1);
+    // Of rows that are alike in everything any one will do.
+    if (standsForWholeRow())
+        where_ = "rowid = (SELECT rowid FROM " + table_ + " WHERE " + where_ + " LIMIT 1)";
+}
+
+/// Whether the result has all columns of a table without a key.
+bool SqliteRowWriter::standsForWholeRow()
+{
+    sqlite3_stmt* statement =
+        engine_.Prepared("SELECT count(*), total(pk) FROM pragma_table_info(?1)");
+    const ResetAtEnd reset(statement);
+    const QByteArray table = shape_->BaseTable().toUtf8();
+    BindText(statement, 1, {table.constData(), std::size_t(table.size())});
+    return Step(statement) && sqlite3_column_int(statement, 0) == shape_->Count()
+        && sqlite3_column_int(statement, 1) == 0;
+}
+
+/// Binds a row's cells one after the other.
+void SqliteRowWriter::bindRow(sqlite3_stmt* statement, int firstParameter, const char* row)
+{
+    for (int index = 0; index < shape_->Count(); ++index)
+        BindCell(statement, firstParameter + index, ReadCell(row));
+}
+
+QByteArray SqliteRowWriter::columnNames(const std::vector<bool>& chosen) const
+{
+    QByteArray names;
+    for (int index = 0; index < shape_->Count(); ++index) {
+        if (chosen[std::size_t(index)])
+            names += (names.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field);
+    }
+    return names;
+}
+
+std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& touched)
+{
+    QByteArray values;
+    for (int index = 0; index < shape_->Count(); ++index) {
+        if (touched[std::size_t(index)])
+            values += (values.isEmpty() ? "" : ", ") + parameter(index + 1);
+    }
+    const QByteArray columns = values.isEmpty()
+        ? QByteArrayLiteral(" DEFAULT VALUES")
+        : " (" + columnNames(touched) + ") VALUES (" + values + ')';
+    const std::vector<bool> all(touched.size(), true);
+    sqlite3_stmt* statement = engine_.Prepared("INSERT INTO " + table_ + columns + " RETURNING "
+                                               + columnNames(all));
+    const ResetAtEnd reset(statement);
+    bindRow(statement, 1, row);
+    std::string stored;
+    while (Step(statement)) {
+        for (int index = 0; index < shape_->Count(); ++index)
+            AppendCell(stored, ReadColumn(statement, index));
+    }
+    return stored;
+}
+
+qint64 SqliteRowWriter::Update(const char* original, const char* row,
+                               const std::vector<bool>& touched)
+{
+    // Original values are parameters 1 to n, the new ones follow.
+    const int count = shape_->Count();
+    QByteArray settings;
+    for (int index = 0; index < count; ++index) {
+        if (touched[std::size_t(index)])
+            settings += (settings.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field)
+                + " = " + parameter(count + index + 1);
+    }
+    sqlite3_stmt* statement =
+        engine_.Prepared("UPDATE " + table_ + " SET " + settings + " WHERE " + where_);
+    const ResetAtEnd reset(statement);
+    bindRow(statement, 1, original);
+    bindRow(statement, count + 1, row);
+    Step(statement);
+    return sqlite3_changes64(engine_.Raw());
+}
+
+qint64 SqliteRowWriter::Delete(const char* original)
+{
+    sqlite3_stmt* statement = engine_.Prepared("DELETE FROM " + table_ + " WHERE " + where_);
+    const ResetAtEnd reset(statement);
+    bindRow(statement, 1, original);
+    Step(statement);
+    return sqlite3_changes64(engine_.Raw());
+}
+
+} // namespace TradeForms

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "data/sqlite/SqliteEngine.h"
+
+namespace TradeForms {
+
+/// Writes rows of one result to their table.
+class SqliteRowWriter : public RowWriter {
+public:
+    SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape);
+
+    std::string Insert(const char* row, const std::vector<bool>& touched) override;
+    qint64 Update(const char* original, const char* row,
+                  const std::vector<bool>& touched) override;
+    qint64 Delete(const char* original) override;
+
+private:
+    bool standsForWholeRow();
+    void bindRow(sqlite3_stmt* statement, int firstParameter, const char* row);
+    QByteArray columnNames(const std::vector<bool>& chosen) const;
+
+    SqliteEngine& engine_;
+    std::shared_ptr<const Shape> shape_;
+    QByteArray table_;
+    QByteArray where_; ///< finds a row; parameter n is original value n
+};
+
+} // namespace TradeForms

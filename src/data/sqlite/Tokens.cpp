@@ -1,0 +1,164 @@
+#include "data/sqlite/Tokens.h"
+
+#include "data/Failure.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace TradeForms {
+
+namespace {
+
+bool isBlank(char letter)
+{
+    return letter == ' ' || (letter >= '\t' && letter <= '\r');
+}
+
+bool isDigit(char letter)
+{
+    return letter >= '0' && letter <= '9';
+}
+
+/// Letters of other scripts are letters of a name as well.
+bool isNameLetter(char letter)
+{
+    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') || isDigit(letter)
+        || letter == '_' || letter == '@' || letter == '#' || letter == '$'
+        || static_cast<unsigned char>(letter) >= 0x80;
+}
+
+char smallLetter(char letter)
+{
+    return letter >= 'A' && letter <= 'Z' ? char(letter + ('a' - 'A')) : letter;
+}
+
+[[noreturn]] void raise(const QString& description)
+{
+    throw ProviderFailure(description, SQLITE_ERROR);
+}
+
+class TokenReader {
+public:
+    explicit TokenReader(std::string_view text) : text_(text) {}
+
+    std::vector<Token> Read()
+    {
+        std::vector<Token> tokens;
+        tokens.reserve(text_.size() / 4 + 4);
+        while (skipBetween()) {
+            const std::size_t start = at_;
+            const Token::Kind kind = readOne();
+            tokens.push_back({kind, text_.substr(start, at_ - start)});
+        }
+        return tokens;
+    }
+
+private:
+    bool startsWith(std::string_view sign) const
+    {
+        return text_.substr(at_, sign.size()) == sign;
+    }
+
+    /// Moves over blanks and comments; false at the end of the text.
+    bool skipBetween()
+    {
+        while (at_ < text_.size()) {
+            if (isBlank(text_[at_]))
+                ++at_;
+            else if (startsWith("--"))
+                at_ = std::min(text_.find('\n', at_), text_.size());
+            else if (startsWith("/*"))
+                skipTo("*/", 2, QStringLiteral("A comment is not closed."));
+            else
+                return true;
+        }
+        return false;
+    }
+
+    /// Moves behind the next such sign.
+    void skipTo(std::string_view sign, std::size_t from, const QString& failure)
+    {
+        const std::size_t found = text_.find(sign, at_ + from);
+        if (found == std::string_view::npos)
+            raise(failure);
+        at_ = found + sign.size();
+    }
+
+    Token::Kind readOne()
+    {
+        const char letter = text_[at_];
+        switch (letter) {
+        case '\'':
+            skipDoubling('\'');
+            return Token::Kind::Literal;
+        case '"':
+        case '`':
+            skipDoubling(letter);
+            return Token::Kind::Quoted;
+        case '[':
+            skipTo("]", 1, QStringLiteral("A name in brackets is not closed."));
+            return Token::Kind::Quoted;
+        default:
+            break;
+        }
+        if (isDigit(letter) || (letter == '.' && at_ + 1 < text_.size() && isDigit(text_[at_ + 1])))
+            return readNumber();
+        if (!isNameLetter(letter)) {
+            ++at_;
+            return Token::Kind::Sign;
+        }
+        while (at_ < text_.size() && isNameLetter(text_[at_]))
+            ++at_;
+        return Token::Kind::Word;
+    }
+
+    Token::Kind readNumber()
+    {
+        while (at_ < text_.size()
+               && (isNameLetter(text_[at_]) || text_[at_] == '.'
+                   || ((text_[at_] == '+' || text_[at_] == '-')
+                       && smallLetter(text_[at_ - 1]) == 'e')))
+            ++at_;
+        return Token::Kind::Number;
+    }
+
+    /// Moves behind a text that ends at a quote which is not doubled.
+    void skipDoubling(char quote)
+    {
+        const std::size_t start = at_ + 1;
+        for (std::size_t from = start;;) {
+            const std::size_t end = text_.find(quote, from);
+            if (end == std::string_view::npos)
+                raise(QStringLiteral("Unclosed quotation mark after the character string '%1'.")
+                          .arg(QString::fromUtf8(text_.data() + start,
+                                                 qsizetype(text_.size() - start))));
+            at_ = end + 1;
+            if (at_ >= text_.size() || text_[at_] != quote)
+                return;
+            from = at_ + 1;
+        }
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+} // namespace
+
+bool Token::IsWord(std::string_view word) const
+{
+    return What == Kind::Word && Text.size() == word.size()
+        && std::equal(Text.begin(), Text.end(), word.begin(),
+                      [](char mine, char wanted) { return smallLetter(mine) == wanted; });
+}
+
+std::vector<Token> ReadTokens(std::string_view text)
+{
+    // SQLite would take it for the end of the statement.
+    if (text.find('\0') != std::string_view::npos)
+        raise(QStringLiteral("The statement holds a character that cannot be used."));
+    return TokenReader(text).Read();
+}
+
+} // namespace TradeForms

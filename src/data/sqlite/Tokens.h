@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <string_view>
+#include <vector>
+
+namespace TradeForms {
+
+/// One token of a statement; blanks and comments lie between tokens.
+struct Token {
+    enum class Kind {
+        Word,    ///< a name or a keyword
+        Number,
+        Literal, ///< a text with its quotes
+        Quoted,  ///< a name in brackets, double quotes or backticks
+        Sign     ///< one sign: an operator's letter, a parenthesis, a comma, a semicolon
+    };
+
+    Kind What = Kind::Sign;
+    std::string_view Text;
+
+    bool IsSign(char sign) const { return What == Kind::Sign && Text.front() == sign; }
+    /// Whether it is this word, given in small letters.
+    bool IsWord(std::string_view word) const;
+};
+
+/// Takes a statement apart. The tokens point into the text. Raises ProviderFailure where a
+/// literal, a quoted name or a comment does not end.
+std::vector<Token> ReadTokens(std::string_view text);
+
+} // namespace TradeForms

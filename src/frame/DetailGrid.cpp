@@ -1,0 +1,310 @@
+#include "frame/DetailGrid.h"
+
+#include "controls/Txt.h"
+#include "data/Connection.h"
+#include "data/Failure.h"
+#include "data/Numbers.h"
+#include "frame/VoucherForm.h"
+#include "host/HostContext.h"
+
+#include <QMenu>
+
+#include <algorithm>
+
+namespace TradeForms {
+
+namespace {
+
+QVariant storedValue(DetailColumn::Stored as, const QString& text)
+{
+    switch (as) {
+    case DetailColumn::Stored::NumberOrNull:
+        return text.isEmpty() ? QVariant() : QVariant(Val(text));
+    case DetailColumn::Stored::Number:
+        return Val(text);
+    case DetailColumn::Stored::TextOrNull:
+        return text.isEmpty() ? QVariant() : QVariant(text);
+    case DetailColumn::Stored::Key:
+    case DetailColumn::Stored::Display:
+        break;
+    }
+    return text;
+}
+
+} // namespace
+
+DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declaration)
+    : form_(form), grid_(grid), is_(std::move(declaration))
+{
+    QList<GridColumn> columns;
+    for (const DetailColumn& column : is_.Columns) {
+        columns.append(column.Column);
+        if (column.Is == DetailColumn::Stored::Key) {
+            code_ = column.Control;
+            codeColumn_ = column.Column.Name;
+            codeBodyColumn_ = column.BodyColumn;
+        }
+    }
+    grid_.SetColumns(columns);
+    attach();
+}
+
+void DetailGrid::attach()
+{
+    is_.Last->OnLostFocus = [this] { lastLeft(); };
+    grid_.OnGotFocus = [this] {
+        IsGridActive = true;
+        openCode(false);
+    };
+    grid_.OnLostFocus = [this] {
+        // Enter, a double-click or a new voucher may have dealt with it already.
+        if (IsGridActive) {
+            GridChosen();
+        }
+    };
+    grid_.OnRowChange = [this] {
+        if (IsGridActive) {
+            ShowGridRow();
+        }
+    };
+    grid_.OnDoubleClick = [this] { GridChosen(); };
+    grid_.OnRightPress = [this](const QPoint& position) { ShowRowMenu(position); };
+    grid_.OnBeforeDelete = [this] { form_.SetFormState(VoucherForm::State::Edited); };
+}
+
+QString DetailGrid::currentId() const
+{
+    return grid_.Row() < 0 ? QString() : grid_.Cell(grid_.Row(), codeColumn_);
+}
+
+bool DetailGrid::isBlank(int row) const
+{
+    return row < 0 || grid_.Cell(row, codeColumn_).trimmed().isEmpty();
+}
+
+void DetailGrid::appendBlankRow()
+{
+    grid_.SetCell(grid_.AddRow(), codeColumn_, QStringLiteral(" "));
+    grid_.MoveLast();
+}
+
+void DetailGrid::EmptyGrid()
+{
+    grid_.RemoveAllRows();
+    appendBlankRow();
+}
+
+void DetailGrid::openCode(bool open)
+{
+    code_->SetEnabled(open);
+    code_->SetClosedLook(!open);
+    code_->SetTabStop(open);
+}
+
+void DetailGrid::StartAdding()
+{
+    IsRowAdd = true;
+    IsGridActive = false;
+    openCode(true);
+}
+
+void DetailGrid::LoadDetail()
+{
+    const std::shared_ptr<Connection>& connection = HostContext::Database();
+    const double id = form_.VoucherId();
+    if (BodyRecordset.IsOpen()) {
+        BodyRecordset.Close();
+    }
+    BodyRecordset.Open(Statement(is_.Body).Bind("id", id), connection, CursorType::Static,
+                       LockType::BatchOptimistic);
+    if (BodyRecordset.RecordCount() == 0) {
+        return;
+    }
+    Recordset shown = connection->Execute(Statement(is_.Display).Bind("id", id));
+    grid_.SetRedraw(false);
+    grid_.RemoveAllRows();
+    for (; !shown.Eof(); shown.MoveNext()) {
+        const int row = grid_.AddRow();
+        for (const DetailColumn& column : is_.Columns) {
+            grid_.SetCell(row, column.Column.Name, TextOf(shown.Value(column.Field)));
+        }
+    }
+    appendBlankRow();
+    grid_.SetRedraw(true);
+}
+
+void DetailGrid::filterTo(const QString& code)
+{
+    BodyRecordset.SetFilter(
+        Statement(is_.RowFilter).Bind("id", form_.VoucherId()).Bind("code", code));
+}
+
+void DetailGrid::AddDetailRow()
+{
+    const QString code = code_->Text();
+    if (code.trimmed().isEmpty()) {
+        if (!is_.NoCode.Text.isEmpty()) {
+            MsgBox(&form_, is_.NoCode);
+            form_.SetFocus(*code_);
+        }
+        return;
+    }
+    // Read before anything is changed: a number that cannot be read must not leave half a row.
+    const double id = form_.VoucherId();
+    QList<QVariant> values;
+    for (const DetailColumn& column : is_.Columns) {
+        values.append(storedValue(column.Is, column.Control->Text()));
+    }
+    filterTo(code);
+    if (IsRowAdd) {
+        if (BodyRecordset.RecordCount() > 0) {
+            MsgBox(&form_, is_.Duplicate);
+            ClearEntryRow();
+            form_.SetFocus(*code_);
+            return;
+        }
+        BodyRecordset.AddNew();
+        BodyRecordset.Fields(is_.IdColumn).SetValue(id);
+        grid_.SetCell(grid_.Row(), codeColumn_, code);
+        BodyRecordset.Fields(codeBodyColumn_).SetValue(code);
+    } else if (BodyRecordset.RecordCount() == 0) {
+        throw Failure(QStringLiteral("%1 is not among the rows of this voucher. Choose the row "
+                                     "that you want to correct, or the blank row to add one.")
+                          .arg(code));
+    }
+    grid_.SetRedraw(false);
+    for (qsizetype i = 0; i < is_.Columns.size(); ++i) {
+        const DetailColumn& column = is_.Columns[i];
+        if (column.Is == DetailColumn::Stored::Key) {
+            continue;
+        }
+        grid_.SetCell(grid_.Row(), column.Column.Name, column.Control->Text());
+        if (column.BodyColumn) {
+            BodyRecordset.Fields(column.BodyColumn).SetValue(values[i]);
+        }
+    }
+    BodyRecordset.Update();
+    grid_.MoveLast();
+    if (!isBlank(grid_.Row())) {
+        appendBlankRow();
+    }
+    ClearEntryRow();
+    form_.SetFocus(*code_);
+    IsRowAdd = true;
+    BodyRecordset.ClearFilter();
+    form_.SetFormState(VoucherForm::State::Edited);
+    grid_.SetRedraw(true);
+}
+
+void DetailGrid::ClearEntryRow()
+{
+    openCode(true);
+    for (const DetailColumn& column : is_.Columns) {
+        column.Control->SetText(QString());
+    }
+    if (is_.OnClearEntryRow) {
+        is_.OnClearEntryRow();
+    }
+}
+
+void DetailGrid::ShowGridRow()
+{
+    const int row = grid_.Row();
+    if (row < 0) {
+        return;
+    }
+    for (const DetailColumn& column : is_.Columns) {
+        const QString text = grid_.Cell(row, column.Column.Name);
+        column.Control->SetText(column.Is == DetailColumn::Stored::Key ? text.trimmed() : text);
+    }
+}
+
+void DetailGrid::GridChosen()
+{
+    IsGridActive = false;
+    if (isBlank(grid_.Row())) {
+        code_->SetText(QString());
+        openCode(true);
+        if (code_->IsVisible()) {
+            form_.SetFocus(*code_);
+        }
+        IsRowAdd = true;
+    } else {
+        openCode(false);
+        if (is_.EditFirst->IsEnabled() && is_.EditFirst->IsVisible()) {
+            form_.SetFocus(*is_.EditFirst);
+        }
+        IsRowAdd = false;
+    }
+}
+
+void DetailGrid::ShowRowMenu(const QPoint& position)
+{
+    if (isBlank(grid_.Row())) {
+        return;
+    }
+    auto* menu = new QMenu(QStringLiteral("Delete"), &form_);
+    menu->setObjectName(QStringLiteral("MnuDelete"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction* remove = menu->addAction(QStringLiteral("Remove This Row"));
+    remove->setObjectName(QStringLiteral("mniRemoveRow"));
+    QObject::connect(remove, &QAction::triggered, &form_,
+                     [this] { form_.Guard([this] { RemoveRow(); }); });
+    menu->popup(position);
+    menu->setActiveAction(remove);
+}
+
+void DetailGrid::RemoveRow()
+{
+    if (isBlank(grid_.Row())) {
+        return;
+    }
+    filterTo(currentId());
+    if (BodyRecordset.RecordCount() > 0) {
+        BodyRecordset.Delete();
+    }
+    grid_.ClearSelection();
+    grid_.SelectRow(grid_.Row());
+    grid_.DeleteSelected();
+    BodyRecordset.ClearFilter();
+    ShowGridRow();
+}
+
+void DetailGrid::lastLeft()
+{
+    if (!is_.NotLeft.contains(form_.ActiveControl())) {
+        AddDetailRow();
+    }
+}
+
+int DetailGrid::CountRows()
+{
+    BodyRecordset.ClearFilter();
+    return BodyRecordset.RecordCount();
+}
+
+void DetailGrid::StampId()
+{
+    const double id = form_.VoucherId();
+    BodyRecordset.ClearFilter();
+    if (BodyRecordset.RecordCount() == 0) {
+        return;
+    }
+    for (BodyRecordset.MoveFirst(); !BodyRecordset.Eof(); BodyRecordset.MoveNext()) {
+        BodyRecordset.Fields(is_.IdColumn).SetValue(id);
+        if (is_.OnStamp) {
+            is_.OnStamp(BodyRecordset);
+        }
+        BodyRecordset.Update();
+    }
+}
+
+void DetailGrid::SaveBody()
+{
+    // Vouchers count their rows in 16 bits: one with more fails to be saved.
+    static_cast<void>(ToInt16(CountRows()));
+    StampId();
+    BodyRecordset.UpdateBatch(3);
+}
+
+} // namespace TradeForms

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "data/Statement.h"
+
+#include <QVariant>
+
+#include <functional>
+
+namespace TradeForms {
+
+class Control;
+class JeweledButton;
+class Recordset;
+class Txt;
+class UTxt;
+class VoucherForm;
+struct SearchDescription;
+
+/// What tells one code field from another.
+struct LookupDescription {
+    Txt& Code;
+    UTxt& Name;                               ///< read-only, filled from NameColumn
+    JeweledButton& Button;                    ///< "..."
+
+    const SearchDescription& Dialog;
+    const char* ParaIn = nullptr;             ///< the dialog's input, if it has one
+    std::function<QVariant()> ParaInValue = {};    ///< its value at the moment of showing
+    const char* ParaOut = nullptr;            ///< the dialog's output that goes into Code
+
+    std::function<Statement()> Find;          ///< selects the code's row
+    const char* NameColumn = nullptr;
+    /// What else a found row fills, and what else a miss empties.
+    std::function<void(const Recordset& row)> OnFound = {};
+    std::function<void()> OnMissed = {};
+    bool MissEmptiesCode = false;
+
+    /// Leaving the field empty brings up the list.
+    bool EmptyBringsList = false;
+    /// Typing in the field marks the voucher as edited.
+    bool ChangeMarksEdited = true;
+    /// A found code marks the voucher as edited; a miss does where this is set.
+    bool FoundMarksEdited = true;
+    bool MissMarksEdited = false;
+    enum class Casing { AsTyped, Proper, Upper } OnLeaving = Casing::AsTyped;
+
+    /// Where the focus goes on; null stays. Asked when the code has been found.
+    std::function<Control*()> NextAfterF1 = {};
+    std::function<Control*()> NextAfterButton = {};
+};
+
+/// A code field: turns a typed code into a name, and brings up the search dialog where the code
+/// is unknown or the user asks for the list.
+class LookupCode {
+public:
+    enum class Mode {
+        Check = 1,  ///< the code now in the field
+        F1 = 2,     ///< the list, by key
+        Button = 3  ///< the list, by button or after a failed check
+    };
+
+    LookupCode(VoucherForm& form, LookupDescription description);
+    LookupCode(const LookupCode&) = delete;
+    LookupCode& operator=(const LookupCode&) = delete;
+
+    /// True where the code was found. A failure is shown and counts as not found.
+    bool Lookup(Mode mode);
+
+    /// F1 in the field: the list, then on to the next field.
+    void PressF1();
+
+    Txt& Code() const { return is_.Code; }
+    JeweledButton& Button() const { return is_.Button; }
+
+private:
+    bool lookup(Mode mode);
+    bool choose();
+    void changed();
+    void validate(bool& cancel);
+    void left();
+    void clicked();
+
+    VoucherForm& form_;
+    LookupDescription is_;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/Recordset.h"
+#include "search/SearchDescription.h"
+
+#include <QHash>
+#include <QString>
+#include <QVariant>
+
+class QWidget;
+
+namespace TradeForms {
+
+/// One search dialog, of which the library holds one shared instance. Each showing is a fresh
+/// window and a fresh list; only the ParaIn and ParaOut fields live from one to the next.
+class SearchDialog {
+public:
+    explicit SearchDialog(const SearchDescription& description);
+    SearchDialog(const SearchDialog&) = delete;
+    SearchDialog& operator=(const SearchDialog&) = delete;
+
+    /// The shared instance of a description, made on first use.
+    static SearchDialog& Shared(const SearchDescription& description);
+
+    const SearchDescription& Description() const { return description_; }
+
+    /// Sets a ParaIn field; it keeps its value until it is set again.
+    /// Raises std::out_of_range for an unknown name.
+    void SetParaIn(const char* name, const QVariant& value);
+    QVariant ParaIn(const char* name) const;
+
+    /// Shows the dialog modally over the owner and returns when it has been unloaded.
+    void Show(QWidget* owner);
+
+    /// A result: the empty text or 0 where nothing was chosen. Results are text, or whole
+    /// numbers. Raises std::out_of_range for an unknown name.
+    QVariant ParaOut(const char* name) const;
+
+private:
+    friend class SearchWindow;
+    void EmptyParaOut(const SearchResult& result);
+
+    const SearchDescription& description_;
+    QHash<QByteArray, QVariant> paraIn_;
+    QHash<QByteArray, QVariant> paraOut_;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,535 @@
+#include "stock/FrmGatePass.h"
+
+#include "controls/Look.h"
+#include "data/Connection.h"
+#include "data/Failure.h"
+#include "data/Numbers.h"
+#include "data/Recordset.h"
+#include "frame/Authorisation.h"
+#include "host/HostContext.h"
+#include "host/UserSecurity.h"
+#include "search/Catalogue.h"
+#include "search/SearchDialog.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+
+namespace TradeForms {
+
+namespace {
+
+QString utf8(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+// ---- What this form is
+
+VoucherDeclaration gatePass()
+{
+    return VoucherDeclaration{
+        .WindowCaption = "Gate Pass",
+        .Urdu = "گیٹ پاس",
+        .ScreenKey = "MniGatePass",
+        .NextId = "Select isnull(max(GatePassID),0) from GatePassHeader",
+        .IsPosted = "select isposted from GatePassHeader where GatePassID = {id}",
+        .Load = "Select  gph.*, BranchName,a.AreaName, st.Name as Driver, r.Name as Receiving "
+                " from GatePassHeader gph"
+                " left outer join Staff st on gph.DriverCode=st.StaffID"
+                " left outer join Staff r on gph.ReceivingCode=r.StaffID"
+                " join Areas a on a.AreaCode=gph.AreaCode"
+                " join Branches b on b.BranchCode=gph.BranchCode where GatePassID={id}",
+        .Race = "Select * from GatePassHeader where GatePassID = {id}",
+        .Header = "select * from GatePassHeader where GatePassID={id}",
+        .Delete = {"Delete from GatePassBody where GatePassID = {id}",
+                   "Delete from GatePassHeader where GatePassID = {id}"},
+        .IdTaken = QStringLiteral("This Gate Pass ID already exists. A new Gate Psss ID. has been "
+                                  "generated. Please try again"),
+        .NoRows = {QStringLiteral("Enter atleast one product to save"), MsgIcon::Exclamation,
+                   QStringLiteral("Alert")},
+        .PrintQuestion = QStringLiteral("Do you want to print this GatePass"),
+        .Prints = true,
+    };
+}
+
+constexpr const char* PrintStatement =
+    " Select GatePassHeader.*,GatePassBody.ProductID,GatePassBody.OutNewProducts,"
+    "GatePassBody.ReturnOldProducts,GatePassBody.ReturnNewProducts,BranchName,"
+    "Products.ProductName, d.Name, r.name as Receiving "
+    " from GatePassHeader"
+    " inner join GatePassBody on GatePassHeader.GatePassID=GatePassBody.GatePassID"
+    " inner join Branches on GatePassHeader.BranchCode=Branches.BranchCode"
+    " inner join Products on GatePassBody.ProductID=Products.ProductID"
+    " left outer join Staff d on GatePassHeader.DriverCode=d.StaffID"
+    " left outer join Staff r on GatePassHeader.ReceivingCode=r.StaffID"
+    " Where GatePassHeader.GatePassID = {id}";
+
+// ---- Short words for the making of controls
+
+Txt& code(QWidget* form, const char* name, const char* accessibleName, bool mandatory = false)
+{
+    auto& txt = *new Txt(utf8(name), utf8(accessibleName), form);
+    txt.SetMandatory(mandatory);
+    return txt;
+}
+
+Txt& quantity(QWidget* form, const char* name, const char* accessibleName)
+{
+    auto& txt = *new Txt(utf8(name), utf8(accessibleName), form);
+    txt.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    txt.SetNumberExpected(true);
+    return txt;
+}
+
+UTxt& name(QWidget* form, const char* itsName, const char* accessibleName)
+{
+    return *new UTxt(utf8(itsName), utf8(accessibleName), form);
+}
+
+JeweledButton& list(QWidget* form, const char* itsName, const char* accessibleName)
+{
+    auto& button = *new JeweledButton(utf8(itsName), QStringLiteral("..."), QString(), QString(),
+                                      JeweledButton::Kind::Small, form);
+    button.SetName(utf8(itsName), utf8(accessibleName));
+    return button;
+}
+
+OptionButton& option(QWidget* form, const char* itsName, const char* accessibleName)
+{
+    return *new OptionButton(utf8(itsName), utf8(accessibleName), form);
+}
+
+Label& label(QWidget* form, const char* itsName, const char* text)
+{
+    return *new Label(utf8(itsName), utf8(text), form);
+}
+
+QVariant usersBranch()
+{
+    return HostContext::Security().UserBranchCode();
+}
+
+} // namespace
+
+FrmGatePass::FrmGatePass()
+    : VoucherForm(gatePass()), TxtGatePassID(code(this, "TxtGatePassID", "Gate pass number")),
+      TxtDriverCode(code(this, "TxtDriverCode", "Driver code")),
+      BtnDriver(list(this, "BtnDriver", "List of drivers")),
+      TxtDriverName(name(this, "TxtDriverName", "Driver name")),
+      TxtReceivingCode(code(this, "TxtReceivingCode", "Receiver code")),
+      BtnReceiving(list(this, "BtnReceiving", "List of receivers")),
+      TxtReceivingName(name(this, "TxtReceivingName", "Receiver name")),
+      TxtAreaCode(code(this, "TxtAreaCode", "Area code", true)),
+      BtnArea(list(this, "BtnArea", "List of areas")),
+      TxtAreaName(name(this, "TxtAreaName", "Area name")),
+      TxtBranchID(code(this, "TxtBranchID", "Branch code", true)),
+      BtnBranch(list(this, "BtnBranch", "List of branches")),
+      TxtBranchName(name(this, "TxtBranchName", "Branch name")),
+      OptSupply(option(this, "OptSupply", "Supply")), OptOrder(option(this, "OptOrder", "Order")),
+      OptSale(option(this, "OptSale", "Sale")), Label12(label(this, "Label12", "سپلائی")),
+      Label13(label(this, "Label13", "آرڈر")), Label8(label(this, "Label8", "سیل")),
+      TxtProductID(code(this, "TxtProductID", "Product code", true)),
+      BtnProduct(list(this, "BtnProduct", "List of products")),
+      TxtProductName(name(this, "TxtProductName", "Product name")),
+      TxtOutNewProducts(quantity(this, "TxtOutNewProducts", "New pieces out")),
+      TxtReturnOldProducts(quantity(this, "TxtReturnOldProducts", "Old pieces returned")),
+      TxtReturnNewProducts(quantity(this, "TxtReturnNewProducts", "New pieces returned")),
+      LblCaption(label(this, "LblCaption", "سٹاک")), LblStock(label(this, "LblStock", "")),
+      Detail(*this, Rows, detail()), LookupDriver(*this, driver()),
+      LookupReceiving(*this, receiving()), LookupArea(*this, area()),
+      LookupBranch(*this, branch()), LookupProduct(*this, product())
+{
+    setObjectName(QStringLiteral("FrmGatePass"));
+    TxtGatePassID.SetEnabled(false);
+    UseId(TxtGatePassID);
+    UseDetail(Detail);
+    UseFocus(TxtDriverCode, DtpDate);
+    declareHeader();
+    attachOptions();
+    TxtOutNewProducts.OnValidate = [this](bool& cancel) {
+        cancel = Detail.IsRowAdd && Val(TxtOutNewProducts.Text()) > Val(LblStock.Text());
+    };
+    showStock(false);
+    compose();
+    SetTabOrderOf({&OptSale, &OptOrder, &OptSupply, &DtpDate, &TxtDriverCode, &TxtReceivingCode,
+                   &TxtAreaCode, &TxtBranchID, &TxtProductID, &TxtOutNewProducts,
+                   &TxtReturnOldProducts, &TxtReturnNewProducts, &Rows, &BtnSave, &BtnOpen,
+                   &BtnPrint, &BtnDelete, &BtnClear, &BtnClose});
+}
+
+FrmGatePass::~FrmGatePass() = default;
+
+void FrmGatePass::declareHeader()
+{
+    using Write = HeaderField::Write;
+    namespace H = HeaderFields;
+    UseHeader(VoucherHeader({
+        H::Number("GatePassID", TxtGatePassID, Write::NewOnly),
+        H::Value("EntryDate", Write::NewOnly, [] { return QDateTime::currentDateTime(); }),
+        H::Value("isPosted", Write::NewOnly, [] { return false; }),
+        H::Date("GatePassDate", DtpDate),
+        H::OptionalText("DriverCode", TxtDriverCode),
+        H::Shown("Driver", TxtDriverName),
+        H::OptionalText("ReceivingCode", TxtReceivingCode),
+        H::Shown("Receiving", TxtReceivingName),
+        H::Text("AreaCode", TxtAreaCode),
+        H::Shown("AreaName", TxtAreaName),
+        H::Number("BranchCode", TxtBranchID),
+        H::Shown("BranchName", TxtBranchName),
+        H::Flag("Supply", OptSupply),
+        H::Flag("Sale", OptSale),
+        H::Flag("Order", OptOrder),
+        H::Value("UserNo", Write::Always, [] { return int(HostContext::UserNo); }),
+    }));
+}
+
+DetailDeclaration FrmGatePass::detail()
+{
+    using Stored = DetailColumn::Stored;
+    const auto number = [](const char* column, const char* urdu, const char* english) {
+        return GridColumn{.Name = utf8(column), .Urdu = utf8(urdu), .English = utf8(english),
+                          .Width = 120, .Number = true};
+    };
+    return DetailDeclaration{
+        .Columns = {{number("ReturnNewProducts", "واپس نیا", "Returned new"),
+                     &TxtReturnNewProducts, "ReturnNewProducts", Stored::NumberOrNull,
+                     "ReturnNewProducts"},
+                    {number("ReturnOldProducts", "واپس پرانا", "Returned old"),
+                     &TxtReturnOldProducts, "ReturnOldProducts", Stored::NumberOrNull,
+                     "ReturnOldProducts"},
+                    {number("OutNewProducts", "باہر", "Out"), &TxtOutNewProducts, "OutNewProducts",
+                     Stored::NumberOrNull, "OutNewProducts"},
+                    {GridColumn{.Name = QStringLiteral("Name"), .Urdu = utf8("نام"),
+                                .English = QStringLiteral("Product"), .Style = StyleSet::ColUrdu,
+                                .Width = 240, .Stretch = true},
+                     &TxtProductName, "ProductName", Stored::Display},
+                    {GridColumn{.Name = QStringLiteral("ID"), .Urdu = utf8("کوڈ"),
+                                .English = QStringLiteral("Code"), .Width = 150, .Number = true},
+                     &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
+        .IdColumn = "GatePassID",
+        .Body = "Select * from GatePassBody where GatePassID={id}",
+        .Display = "select pr.ProductName,gpb.* from GatePassBody gpb"
+                   " join Products pr on gpb.ProductID=pr.ProductID where GatePassID={id}",
+        .RowFilter = "GatePassID={id} and ProductID='{code}'",
+        .NoCode = {QStringLiteral("Enter Product ID."), MsgIcon::Exclamation,
+                   QStringLiteral("Alert")},
+        .Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
+                      QStringLiteral("Alert")},
+        .EditFirst = &TxtReturnOldProducts,
+        .Last = &TxtReturnNewProducts,
+        .NotLeft = {&TxtReturnOldProducts, &TxtOutNewProducts, &TxtProductID, &BtnClose},
+        .OnClearEntryRow = [this] { showStock(false); },
+    };
+}
+
+// ---- The code fields
+
+LookupDescription FrmGatePass::driver()
+{
+    return LookupDescription{
+        .Code = TxtDriverCode,
+        .Name = TxtDriverName,
+        .Button = BtnDriver,
+        .Dialog = SchStaff,
+        .ParaIn = "ParaInStr",
+        .ParaInValue = [] { return QStringLiteral(" and Fieldworker=1 "); },
+        .ParaOut = "ParaOutStaffID",
+        .Find =
+            [this] {
+                return Statement(
+                           "Select Name From Staff where FieldWorker=1 and StaffID='{code}'")
+                    .Bind("code", TxtDriverCode.Text());
+            },
+        .NameColumn = "Name",
+        .NextAfterF1 = [this] { return &TxtReceivingCode; },
+        .NextAfterButton = [this] { return &TxtReceivingCode; },
+    };
+}
+
+LookupDescription FrmGatePass::receiving()
+{
+    return LookupDescription{
+        .Code = TxtReceivingCode,
+        .Name = TxtReceivingName,
+        .Button = BtnReceiving,
+        .Dialog = SchStaff,
+        .ParaIn = "ParaInStr",
+        .ParaInValue = [] { return QString(); },
+        .ParaOut = "ParaOutStaffID",
+        .Find =
+            [this] {
+                return Statement("Select Name From Staff where StaffID='{code}'")
+                    .Bind("code", TxtReceivingCode.Text());
+            },
+        .NameColumn = "Name",
+        .NextAfterF1 = [this] { return &TxtAreaCode; },
+        .NextAfterButton = [this] { return &TxtAreaCode; },
+    };
+}
+
+LookupDescription FrmGatePass::area()
+{
+    return LookupDescription{
+        .Code = TxtAreaCode,
+        .Name = TxtAreaName,
+        .Button = BtnArea,
+        .Dialog = SchArea,
+        .ParaIn = "ParaInBranchCode",
+        .ParaInValue = usersBranch,
+        .ParaOut = "ParaOutAID",
+        .Find =
+            [this] {
+                return Statement("Select * FROM Areas  where AreaCode='{code}'{BranchFilter}")
+                    .Bind("code", TxtAreaCode.Text())
+                    .Splice("BranchFilter", Authorisation::BranchFilter());
+            },
+        .NameColumn = "AreaName",
+        .EmptyBringsList = true,
+        .OnLeaving = LookupDescription::Casing::Proper,
+        .NextAfterF1 = [this] { return &TxtBranchID; },
+        .NextAfterButton = [this] { return &TxtBranchID; },
+    };
+}
+
+LookupDescription FrmGatePass::branch()
+{
+    return LookupDescription{
+        .Code = TxtBranchID,
+        .Name = TxtBranchName,
+        .Button = BtnBranch,
+        .Dialog = SchBranch,
+        .ParaIn = "ParaInBranchCode",
+        .ParaInValue = usersBranch,
+        .ParaOut = "ParaOutBranchCode",
+        .Find =
+            [this] {
+                return Statement(" Select * FROM Branches where BranchCode = {code}{BranchFilter}")
+                    .Bind("code", TxtBranchID.Text())
+                    .Splice("BranchFilter", Authorisation::BranchFilter());
+            },
+        .NameColumn = "BranchName",
+        .MissEmptiesCode = true,
+        .EmptyBringsList = true,
+        .ChangeMarksEdited = false,
+        .NextAfterF1 = [this] { return &TxtProductID; },
+        .NextAfterButton = [this] { return &TxtProductID; },
+    };
+}
+
+LookupDescription FrmGatePass::product()
+{
+    return LookupDescription{
+        .Code = TxtProductID,
+        .Name = TxtProductName,
+        .Button = BtnProduct,
+        .Dialog = SchProduct,
+        .ParaOut = "ParaOutPID",
+        .Find =
+            [this] {
+                return Statement("SELECT * from vuCurrentStock"
+                                 " WHERE ProductID='{code}' and branchcode ={BranchCode}")
+                    .Bind("code", TxtProductID.Text())
+                    .Bind("BranchCode", Val(TxtBranchID.Text()));
+            },
+        .NameColumn = "ProductName",
+        .OnFound =
+            [this](const Recordset& row) {
+                LblStock.SetText(TextOf(row.Value("Stock")));
+                showStock(true);
+            },
+        .OnMissed = [this] { showStock(false); },
+        .MissEmptiesCode = true,
+        .ChangeMarksEdited = false,
+        .MissMarksEdited = true,
+        .NextAfterF1 = [this]() -> Control* {
+            return TxtReturnOldProducts.IsEnabled() ? &TxtReturnOldProducts : nullptr;
+        },
+        .NextAfterButton = [this] { return &TxtOutNewProducts; },
+    };
+}
+
+void FrmGatePass::showStock(bool show)
+{
+    LblStock.SetVisible(show);
+    LblCaption.SetVisible(show);
+}
+
+void FrmGatePass::attachOptions()
+{
+    const QColor black(0, 0, 0);
+    const QColor red(255, 0, 0);
+    const auto pair = [this, black, red](OptionButton& button, Label& caption) {
+        caption.OnClick = [&button] { button.SetValue(true); };
+        button.OnGotFocus = [&caption, red] { caption.SetForeColor(red); };
+        button.OnLostFocus = [&caption, black] { caption.SetForeColor(black); };
+    };
+    pair(OptSupply, Label12);
+    pair(OptOrder, Label13);
+    pair(OptSale, Label8);
+}
+
+// ---- Steps
+
+void FrmGatePass::ClearVoucher()
+{
+    VoucherForm::ClearVoucher();
+    OptSale.SetValue(true);
+}
+
+void FrmGatePass::OpenVoucher()
+{
+    SearchDialog& dialog = SearchDialog::Shared(SchGatePass);
+    dialog.Show(this);
+    const int id = dialog.ParaOut("ParaOutGatePassID").toInt();
+    if (id == 0) {
+        return;
+    }
+    TxtGatePassID.SetText(QString::number(id));
+    LoadVoucher();
+}
+
+void FrmGatePass::SaveVoucher()
+{
+    if (!PassesPostedRule()) {
+        return;
+    }
+    if (!PassesDateWindow()) {
+        return;
+    }
+    if (!IsFilled(TxtBranchID, QStringLiteral("Enter Branch Code."))) {
+        return;
+    }
+    if (!IsFilled(TxtAreaCode, QStringLiteral("Enter Area Code."))) {
+        return;
+    }
+    if (!PassesRaceRule()) {
+        return;
+    }
+    if (!HasRows()) {
+        return;
+    }
+    BeginTrans();
+    SaveHeader();
+    SaveBody();
+    CommitTrans();
+    AskToPrint();
+    Rows.SetRedraw(true);
+    SetFormState(State::New);
+}
+
+void FrmGatePass::PrintVoucher()
+{
+    Recordset report;
+    report.Open(WithId(PrintStatement), HostContext::Database(), CursorType::Static,
+                LockType::ReadOnly, -1);
+    throw Failure(QStringLiteral("The printed gate pass is not built yet. Nothing was printed."));
+}
+
+bool FrmGatePass::TypingCounts(const Control& control) const
+{
+    return &control == &TxtOutNewProducts || &control == &TxtReturnOldProducts
+        || &control == &TxtReturnNewProducts;
+}
+
+// ---- Layout
+
+QWidget* FrmGatePass::composeHeader()
+{
+    const auto caption = [](const char* urdu, const char* english) {
+        return new Caption(utf8(urdu), utf8(english));
+    };
+    auto* options = new QWidget;
+    auto* optionRow = new QHBoxLayout(options);
+    optionRow->setContentsMargins(0, 0, 0, 0);
+    optionRow->setSpacing(Look::Space());
+    optionRow->addWidget(&DtpDate);
+    for (const auto& [button, its] :
+         {std::pair<OptionButton*, Label*>{&OptSale, &Label8}, {&OptOrder, &Label13},
+          {&OptSupply, &Label12}}) {
+        button->setParent(options);
+        optionRow->addSpacing(Look::Space());
+        optionRow->addWidget(button);
+        optionRow->addWidget(its);
+    }
+    optionRow->addStretch(1);
+
+    auto* number = new QWidget;
+    auto* numberRow = new QHBoxLayout(number);
+    numberRow->setContentsMargins(0, 0, 0, 0);
+    numberRow->addWidget(&TxtGatePassID);
+    numberRow->addStretch(1);
+
+    auto* header = new Strip(Strip::Kind::Plain);
+    auto* grid = new QGridLayout(header);
+    grid->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    grid->setHorizontalSpacing(3 * Look::Space());
+    grid->setVerticalSpacing(Look::Space());
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(Labelled(caption("نمبر", "Gate pass no"), number), 0, 0);
+    grid->addWidget(Labelled(caption("تاریخ", "Date"), options), 0, 1);
+    grid->addWidget(
+        CodeSet(caption("ڈرائیور", "Driver"), &TxtDriverCode, &BtnDriver, &TxtDriverName), 1, 0);
+    grid->addWidget(CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
+                            &TxtReceivingName),
+                    1, 1);
+    grid->addWidget(CodeSet(caption("علاقہ", "Area"), &TxtAreaCode, &BtnArea, &TxtAreaName), 2, 0);
+    grid->addWidget(
+        CodeSet(caption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName), 2, 1);
+    return header;
+}
+
+QWidget* FrmGatePass::composeEntryRow()
+{
+    auto* stock = new QWidget;
+    auto* stockRow = new QHBoxLayout(stock);
+    stockRow->setContentsMargins(0, 0, 0, 0);
+    stockRow->setSpacing(Look::Space());
+    LblCaption.setFont(Look::CaptionUrdu());
+    LblCaption.SetForeColor(Look::Accent());
+    LblStock.setFont(Look::TitleLatin());
+    LblStock.SetForeColor(Look::Accent());
+    stockRow->addWidget(&LblCaption);
+    stockRow->addWidget(&LblStock);
+    stockRow->addStretch(1);
+
+    auto* product = new QWidget;
+    auto* productColumn = new QVBoxLayout(product);
+    productColumn->setContentsMargins(0, 0, 0, 0);
+    productColumn->setSpacing(Look::Space() / 2);
+    productColumn->addWidget(stock, 1);
+    productColumn->addWidget(CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName));
+
+    auto* strip = new Strip(Strip::Kind::Entry);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    row->setSpacing(Look::Space());
+    row->addWidget(product, 1);
+    row->addWidget(Stacked(new Caption(utf8("باہر"), QStringLiteral("Out")), &TxtOutNewProducts));
+    row->addWidget(Stacked(new Caption(utf8("واپس پرانا"), QStringLiteral("Returned old")),
+                           &TxtReturnOldProducts));
+    row->addWidget(Stacked(new Caption(utf8("واپس نیا"), QStringLiteral("Returned new")),
+                           &TxtReturnNewProducts));
+    for (Txt* txt : {&TxtOutNewProducts, &TxtReturnOldProducts, &TxtReturnNewProducts}) {
+        txt->setFixedWidth(120);
+    }
+    return strip;
+}
+
+void FrmGatePass::compose()
+{
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(1, 1, 1, 1);
+    all->setSpacing(0);
+    all->addWidget(&Title);
+    all->addWidget(composeHeader());
+    all->addWidget(composeEntryRow());
+    auto* rows = new QHBoxLayout;
+    rows->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    rows->addWidget(&Rows);
+    all->addLayout(rows, 1);
+    all->addWidget(ButtonBar({&BtnSave, &BtnOpen, &BtnPrint, &BtnDelete}, {&BtnClear, &BtnClose}));
+    resize(1100, 640);
+}
+
+} // namespace TradeForms

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "controls/Buttons.h"
+#include "controls/DTPicker.h"
+#include "controls/Form.h"
+#include "controls/Grid.h"
+#include "controls/MsgBox.h"
+#include "controls/Txt.h"
+#include "support/ExpectedBoxes.h"
+#include "support/Keys.h"
+
+#include <gtest/gtest.h>
+
+#include <QDate>
+#include <QVBoxLayout>
+
+#include <ostream>
+
+/// For readable failures.
+inline void PrintTo(const QString& text, std::ostream* out)
+{
+    *out << '"' << text.toStdString() << '"';
+}
+inline void PrintTo(const QStringList& texts, std::ostream* out)
+{
+    *out << '[' << texts.join(QStringLiteral(", ")).toStdString() << ']';
+}
+inline void PrintTo(const QDate& date, std::ostream* out)
+{
+    *out << date.toString(Qt::ISODate).toStdString();
+}
+
+namespace TradeForms {
+
+inline QString s(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+/// A form with three fields, a date, a button and a grid, which notes in a log what happens.
+class Desk : public Form {
+    Q_OBJECT
+public:
+    Desk();
+
+    /// What happened since the last call: "A.Validate", "B.GotFocus(B)" and so on; in brackets
+    /// stands the control that was active at the time.
+    QStringList TakeLog() { return std::exchange(log, {}); }
+    void Note(const QString& what) { log << what; }
+
+    Txt& A;
+    Txt& B;
+    UTxt& C;
+    DTPicker& Date;
+    JeweledButton& Btn;
+    Grid& Rows;
+    Label& Words;
+
+    QStringList log;
+    QStringList failures; ///< what HandlerFailed was given
+    std::function<void(KeyPress&)> onKeyDown;
+    std::function<void()> onKeyPress;
+    std::function<void(bool&)> onQueryUnload;
+
+protected:
+    void FormKeyDown(KeyPress& key) override;
+    void FormKeyPress() override;
+    void QueryUnload(bool& cancel) override;
+    void HandlerFailed(const std::exception& failure) override;
+
+private:
+    template <typename T> T& Add(T* control);
+
+    QVBoxLayout* column_;
+};
+
+/// A shown and active desk for each test; the log is empty, A has the focus.
+class DeskTest : public ::testing::Test {
+protected:
+    DeskTest();
+
+    bool IsActive(const Control& control) const { return desk.IsActive(control); }
+
+    ExpectedBoxes boxes;
+    ExpectedDialogs dialogs;
+    Desk desk;
+};
+
+} // namespace TradeForms

@@ -1,0 +1,192 @@
+#include "Desk.h"
+
+#include "controls/Look.h"
+#include "controls/Pieces.h"
+
+#include <QFontInfo>
+#include <QImage>
+#include <QPainter>
+
+namespace TradeForms {
+
+namespace {
+
+// High and deep letters with marks above and below.
+const QString kTallText = s("اُٹھّا ڈھِیلےِ ۓ پِچےِ Ågj|");
+
+QImage drawn(QWidget& widget, const QSize& size)
+{
+    widget.resize(size);
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget.render(&image);
+    return image;
+}
+
+/// Rows of the picture in which something dark is drawn: text, where the frame is a light one.
+int inkedRows(const QImage& image)
+{
+    int rows = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        bool inked = false;
+        for (int x = 0; x < image.width() && !inked; ++x)
+            inked = qGray(image.pixel(x, y)) < 130;
+        rows += inked ? 1 : 0;
+    }
+    return rows;
+}
+
+/// Rows of ink that are lost because the widget is only as high as it asks to be.
+int clippedRows(QWidget& widget)
+{
+    const QSize asked = widget.sizeHint().expandedTo({400, 0});
+    const int shown = inkedRows(drawn(widget, asked));
+    return inkedRows(drawn(widget, {asked.width(), 3 * asked.height()})) - shown;
+}
+
+} // namespace
+
+TEST(LookTest, ClippingIsFound)
+{
+    QLabel label(kTallText);
+    label.setFont(Look::UrduFont());
+    EXPECT_GT(inkedRows(drawn(label, {400, 100})), 20);
+    EXPECT_GT(inkedRows(drawn(label, {400, 100})) - inkedRows(drawn(label, {400, 15})), 5);
+}
+
+TEST(LookTest, FieldsClipNoGlyph)
+{
+    Txt latin;
+    latin.SetText(kTallText);
+    EXPECT_EQ(clippedRows(latin), 0);
+    UTxt urdu;
+    urdu.SetText(kTallText);
+    EXPECT_EQ(clippedRows(urdu), 0);
+    urdu.SetDisplayOnly(true);
+    EXPECT_EQ(clippedRows(urdu), 0);
+    DTPicker date;
+    EXPECT_EQ(clippedRows(date), 0);
+}
+
+TEST(LookTest, ButtonsAndCaptionsClipNoGlyph)
+{
+    JeweledButton plain(s("Btn"), kTallText, s("Ågj|"), s("Ctrl+Q"));
+    EXPECT_EQ(clippedRows(plain), 0);
+    JeweledButton small(s("Btn"), kTallText, {}, {}, JeweledButton::Kind::Small);
+    EXPECT_EQ(clippedRows(small), 0);
+    Label label(s("Lbl"), kTallText);
+    EXPECT_EQ(clippedRows(label), 0);
+    Caption caption(kTallText, s("Ågj|"));
+    for (QLabel* line : caption.findChildren<QLabel*>())
+        EXPECT_EQ(clippedRows(*line), 0) << line->text().toStdString();
+}
+
+TEST(LookTest, CaptionsAreNotCutAtTheSides)
+{
+    for (const auto& [urdu, english] : {std::pair{"شناختی کارڈ نمبر", "Identity card no"},
+                                        std::pair{"م", "Monthly instalment due"}}) {
+        const JeweledButton control(s("Btn"), s(urdu), s(english), s("Ctrl+Q"));
+        const QWidget& button = control.Widget();
+        const QFontMetrics small(Look::CaptionLatin());
+        EXPECT_GE(button.sizeHint().width(), small.horizontalAdvance(s(english) + s(" Ctrl+Q")));
+        EXPECT_GE(button.minimumSizeHint().width(),
+                  QFontMetrics(Look::CaptionUrdu()).horizontalAdvance(s(urdu)));
+    }
+}
+
+TEST(LookTest, GridRowsAndHeadersClipNoGlyph)
+{
+    Grid grid;
+    grid.SetColumns({{s("Name"), kTallText, s("Ågj|"), StyleSet::ColUrdu, 300, true},
+                     {s("ID"), s("کوڈ"), s("Code"), StyleSet::ColEng, 100}});
+    grid.SetCell(grid.AddRow(), s("Name"), kTallText);
+    const QImage image = drawn(grid, {500, 300});
+    const QRect cell =
+        grid.visualRect(grid.model()->index(0, 0)).translated(grid.viewport()->pos());
+    // Some rows of ink, and none at the edges.
+    EXPECT_GT(inkedRows(image.copy(cell)), 18);
+    EXPECT_EQ(inkedRows(image.copy(cell.x(), cell.top(), cell.width(), 1)), 0);
+    EXPECT_EQ(inkedRows(image.copy(cell.x(), cell.bottom() - 1, cell.width(), 2)), 0);
+
+    QHeaderView& header = *grid.horizontalHeader();
+    const QFontMetrics urdu(Look::CaptionUrdu());
+    const QFontMetrics latin(Look::CaptionLatin());
+    EXPECT_GE(header.sizeHint().height(), urdu.height() + latin.height());
+    EXPECT_GE(urdu.height(), urdu.tightBoundingRect(kTallText).height());
+}
+
+TEST(LookTest, TitleAndPillClipNoGlyph)
+{
+    TitleStrip strip(kTallText, s("Ågj|"));
+    strip.SetState(kTallText, s("Edited"));
+    for (QLabel* label : strip.findChildren<QLabel*>()) {
+        // White on the accent: dark on white for the measure.
+        QPalette dark;
+        label->setPalette(dark);
+        const int room = label->maximumHeight() < QWIDGETSIZE_MAX ? label->maximumHeight()
+                                                                  : label->sizeHint().height();
+        EXPECT_GE(room, QFontMetrics(label->font()).tightBoundingRect(kTallText).height())
+            << label->text().toStdString();
+    }
+}
+
+TEST(LookTest, UrduIsSetInAnUrduTypeface)
+{
+    const QStringList known = {s("ZovUrdu"), s("Noto Naskh Arabic"), s("Noto Nastaliq Urdu")};
+    EXPECT_TRUE(known.contains(QFontInfo(Look::UrduFont()).family()))
+        << QFontInfo(Look::UrduFont()).family().toStdString();
+}
+
+TEST(LookTest, FieldsThatCannotBeFilledLookClosed)
+{
+    const auto ground = [](QWidget& widget) {
+        return drawn(widget, widget.sizeHint()).pixelColor(60, 6);
+    };
+    Txt open;
+    Txt name;
+    name.SetDisplayOnly(true);
+    Txt closed;
+    closed.SetClosedLook(true);
+    Txt disabled;
+    disabled.SetEnabled(false);
+    EXPECT_EQ(ground(open), Look::FieldBackground());
+    EXPECT_EQ(ground(name), Look::ClosedBackground());
+    EXPECT_EQ(ground(closed), Look::ClosedBackground());
+    EXPECT_NE(ground(disabled), Look::FieldBackground());
+    closed.SetEnabled(false);
+    EXPECT_EQ(ground(closed), Look::ClosedBackground());
+    closed.SetClosedLook(false);
+    closed.SetEnabled(true);
+    EXPECT_EQ(ground(closed), Look::FieldBackground());
+}
+
+TEST_F(DeskTest, FieldWithTheFocusIsUnmistakable)
+{
+    for (Control* control : QList<Control*>{&desk.A, &desk.C, &desk.Date}) {
+        QWidget& widget = control->Widget();
+        desk.SetFocus(*control);
+        const QImage focused = widget.grab().toImage();
+        EXPECT_EQ(focused.pixelColor(focused.width() / 2, 1), Look::Accent());
+        EXPECT_EQ(focused.pixelColor(focused.width() / 2, 4), Look::FocusBackground());
+        desk.SetFocus(desk.Btn);
+        const QImage left = widget.grab().toImage();
+        EXPECT_EQ(left.pixelColor(left.width() / 2, 4), Look::FieldBackground());
+    }
+    const QImage button = desk.Btn.grab().toImage();
+    EXPECT_EQ(button.pixelColor(button.width() / 2, 1), Look::Accent());
+}
+
+TEST(LookTest, HostsStyleAndPaletteStayOut)
+{
+    Txt before;
+    before.SetText(s("text"));
+    const QImage expected = drawn(before, {200, Look::FieldHeight()});
+    const QPalette hosts = QApplication::palette();
+    QApplication::setPalette(QPalette(Qt::red, Qt::black));
+    Txt after;
+    after.SetText(s("text"));
+    EXPECT_EQ(drawn(after, {200, Look::FieldHeight()}), expected);
+    QApplication::setPalette(hosts);
+}
+
+} // namespace TradeForms

@@ -1,0 +1,310 @@
+// The entry row above the grid.
+
+#include "support/GatePassDesk.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QtTest>
+
+namespace tests {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+using State = VoucherForm::State;
+
+class DetailGridTest : public GatePassDesk {
+protected:
+    /// The number a row has in BodyRecordset, or "none".
+    QString inBody(const QString& product)
+    {
+        It().Detail.BodyRecordset.SetFilter(
+            Statement("ProductID='{code}'").Bind("code", product));
+        const QString value =
+            It().Detail.BodyRecordset.RecordCount() == 0
+                ? s("none")
+                : It().Detail.BodyRecordset.Value("OutNewProducts").toString();
+        It().Detail.BodyRecordset.ClearFilter();
+        return value;
+    }
+
+    QMenu* rowMenu()
+    {
+        auto* menu = It().findChild<QMenu*>(s("MnuDelete"));
+        return menu && menu->isVisible() ? menu : nullptr;
+    }
+};
+
+} // namespace
+
+TEST_F(DetailGridTest, ARowWithoutAProductIsRefused)
+{
+    Open();
+    EnterHeader();
+    Click(It(), It().TxtReturnNewProducts);
+    boxes.Expect({s("Enter Product ID."), MsgIcon::Exclamation, s("Alert")});
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(FilledRows(), 0);
+}
+
+TEST_F(DetailGridTest, AddingAProductTwiceIsRefusedAndTheFirstRowStandsUnchanged)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    boxes.Expect({s("The Record Already Exist"), MsgIcon::Information, s("Alert")});
+    EnterRow(s("101"), s("7"));
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
+    EXPECT_EQ(inBody(s("101")), s("3"));
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+}
+
+TEST_F(DetailGridTest, EditingARowAndPressingEscLeavesRowAndRecordUnchanged)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Up);
+    Press(It(), Qt::Key_Return);
+    ASSERT_FALSE(It().Detail.IsRowAdd);
+    Type(It(), s("9"));
+    Press(It(), Qt::Key_Escape);
+    EXPECT_TRUE(It().TxtReturnOldProducts.Text().isEmpty());
+    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
+    EXPECT_EQ(Cell(0, "ReturnOldProducts"), QString());
+    EXPECT_EQ(inBody(s("101")), s("3"));
+    EXPECT_FALSE(It().Detail.IsRowAdd);
+
+    // Only leaving the grid on the blank row adds rows again.
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_End, Qt::ControlModifier);
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(It().Detail.IsRowAdd);
+}
+
+TEST_F(DetailGridTest, ARowThatIsNotThereCannotBeCorrectedByTypingItsCode)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Up);
+    Press(It(), Qt::Key_Return);
+    Press(It(), Qt::Key_Escape);
+    ASSERT_FALSE(It().Detail.IsRowAdd);
+    boxes.Expect(Failed(s("210 is not among the rows of this voucher. Choose the row that you "
+                          "want to correct, or the blank row to add one.")));
+    EnterRow(s("210"), s("4"));
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
+    EXPECT_EQ(inBody(s("210")), s("none"));
+    EXPECT_TRUE(It().Rows.Redraw());
+}
+
+TEST_F(DetailGridTest, RemovingTheOnlyRowLeavesTheBlankOneAndSavingIsRefused)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Up);
+    Press(It(), Qt::Key_Menu);
+    ASSERT_NE(rowMenu(), nullptr);
+    EXPECT_EQ(rowMenu()->actions().value(0)->text(), s("Remove This Row"));
+    QTest::keyClick(rowMenu(), Qt::Key_Return);
+    EXPECT_EQ(It().Rows.RowCount(), 1);
+    EXPECT_EQ(Cell(0, "ID"), s(" "));
+    EXPECT_EQ(inBody(s("101")), s("none"));
+    boxes.Expect({s("Enter atleast one product to save"), MsgIcon::Exclamation, s("Alert")});
+    Ctrl(Qt::Key_S);
+}
+
+TEST_F(DetailGridTest, RemovingARowMarksTheVoucherWithoutAQuestion)
+{
+    Open();
+    const int id = Stored();
+    OpenStored(id);
+    Click(It(), It().Rows);
+    It().Rows.SetRow(0);
+    It().Detail.RemoveRow();
+    EXPECT_EQ(It().FormState(), State::Edited);
+    EXPECT_EQ(BodyOf(id).size(), 1); // not before the save
+    EnterRow(s("210"), s("1"));
+    Save();
+    EXPECT_EQ(BodyOf(id), QStringList({s("210|1|null|null")}));
+}
+
+TEST_F(DetailGridTest, AnEmptyNumberFieldStoresNullAndANullShowsAsBlank)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), QString());
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|null|null|null")}));
+    OpenStored(1);
+    EXPECT_EQ(Cell(0, "OutNewProducts").trimmed(), QString());
+}
+
+TEST_F(DetailGridTest, SelectingTheBlankRowAndPressingEnterMovesToTheEmptyCode)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtProductID.IsEnabled());
+    EXPECT_TRUE(It().Detail.IsRowAdd);
+}
+
+TEST_F(DetailGridTest, RightClickOnTheBlankRowShowsNoMenu)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Menu);
+    EXPECT_EQ(rowMenu(), nullptr);
+    ClickRow(It(), It().Rows, 1, Qt::RightButton);
+    EXPECT_EQ(rowMenu(), nullptr);
+    ClickRow(It(), It().Rows, 0, Qt::RightButton);
+    ASSERT_NE(rowMenu(), nullptr);
+    rowMenu()->close();
+}
+
+TEST_F(DetailGridTest, WhileTheGridHasTheFocusTheCodeIsClosedAndTheRowShows)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"), s("1"));
+    EnterRow(s("210"), s("5"));
+    Press(It(), Qt::Key_Down);
+    EXPECT_TRUE(It().Detail.IsGridActive);
+    EXPECT_FALSE(It().TxtProductID.IsEnabled());
+    EXPECT_FALSE(It().TxtProductID.HasTabStop());
+    Press(It(), Qt::Key_Up);
+    EXPECT_EQ(It().TxtProductID.Text(), s("210"));
+    EXPECT_EQ(It().TxtOutNewProducts.Text(), s("5"));
+    Press(It(), Qt::Key_Up);
+    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+    EXPECT_EQ(It().TxtReturnOldProducts.Text(), s("1"));
+    EXPECT_EQ(It().TxtProductName.Text(), s("موٹر سائیکل 125 سی سی"));
+}
+
+TEST_F(DetailGridTest, LeavingTheGridOnAFilledRowCorrectsThatRow)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EnterRow(s("210"), s("5"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Home, Qt::ControlModifier);
+    Press(It(), Qt::Key_Tab);
+    EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
+    EXPECT_FALSE(It().TxtProductID.IsEnabled());
+    EXPECT_FALSE(It().Detail.IsGridActive);
+    Enter(s("2"));
+    Enter(s("1"));
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    EXPECT_EQ(Cell(0, "ReturnOldProducts"), s("2"));
+    EXPECT_EQ(Cell(0, "ReturnNewProducts"), s("1"));
+    EXPECT_EQ(FilledRows(), 2);
+    EXPECT_TRUE(It().Detail.IsRowAdd);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|2|1"), s("210|5|null|null")}));
+}
+
+TEST_F(DetailGridTest, DoubleClickChoosesTheRowAsEnterDoes)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    DoubleClickRow(It(), It().Rows, 0);
+    EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
+    EXPECT_FALSE(It().Detail.IsRowAdd);
+    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+}
+
+TEST_F(DetailGridTest, GoingBackIntoTheEntryRowAddsNothing)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Enter(s("3"));
+    for (Txt* field :
+         {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().TxtProductID}) {
+        Click(It(), It().TxtReturnNewProducts);
+        ASSERT_TRUE(HasFocus(It().TxtReturnNewProducts));
+        Click(It(), *field);
+        EXPECT_TRUE(HasFocus(*field));
+        EXPECT_EQ(FilledRows(), 0);
+    }
+    Click(It(), It().TxtReturnNewProducts);
+    Click(It(), It().TxtDriverCode);
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+}
+
+TEST_F(DetailGridTest, ANumberBeyondAllNumbersFailsTheRowAndLosesNothing)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Enter(s("3"));
+    Paste(It(), QString(400, QLatin1Char('9')));
+    Press(It(), Qt::Key_Return);
+    boxes.Expect(Failed(s("Overflow")));
+    Press(It(), Qt::Key_Return);
+    EXPECT_EQ(FilledRows(), 0);
+    EXPECT_EQ(inBody(s("101")), s("none"));
+    EXPECT_EQ(It().TxtReturnOldProducts.Text().size(), 400);
+    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+}
+
+TEST_F(DetailGridTest, AQuoteInTheCodeFailsTheRowAndLosesNothing)
+{
+    Open();
+    EnterHeader();
+    Click(It(), It().TxtReturnNewProducts);
+    It().TxtProductID.SetText(s("1'1"));
+    Type(It(), s("4"));
+    boxes.Expect(Failed(s("Unclosed quotation mark after the character string '1'1'.")));
+    Press(It(), Qt::Key_Return);
+    EXPECT_EQ(FilledRows(), 0);
+    EXPECT_EQ(It().TxtReturnNewProducts.Text(), s("4"));
+}
+
+TEST_F(DetailGridTest, HundredsOfRowsAreStoredAndOpenedInOrder)
+{
+    company.Run(s("with recursive n(i) as (select 1000 union all select i + 1 from n"
+                  " where i < 1299) insert into Products (ProductID, ProductName)"
+                  " select i, 'P' || i from n"));
+    company.Run(s("insert into StockInBody (StockID, ProductID, Qty) select"
+                  " (select min(StockID) from StockInHeader where BranchCode = 1), ProductID, 50"
+                  " from Products where ProductName like 'P1%'"));
+    Open();
+    EnterHeader();
+    for (int product = 1000; product < 1300; ++product) {
+        EnterRow(QString::number(product), s("2"));
+    }
+    EXPECT_EQ(FilledRows(), 300);
+    Save();
+    EXPECT_EQ(BodyOf(1).size(), 300);
+    OpenStored(1);
+    EXPECT_EQ(FilledRows(), 300);
+    EXPECT_EQ(Cell(0, "ID"), s("1000"));
+    EXPECT_EQ(Cell(299, "ID"), s("1299"));
+}
+
+} // namespace tests

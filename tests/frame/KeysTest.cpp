@@ -1,0 +1,155 @@
+// Each line of the form's key table.
+
+#include "support/GatePassDesk.h"
+
+#include <QtTest>
+
+namespace tests {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+using State = VoucherForm::State;
+using KeysTest = GatePassDesk;
+
+} // namespace
+
+TEST_F(KeysTest, EnterMovesToTheNextField)
+{
+    Open();
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    Press(It(), Qt::Key_Enter); // of the keypad
+    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+}
+
+TEST_F(KeysTest, EscClearsTheEntryRowAndGoesToItsCode)
+{
+    Open();
+    Press(It(), Qt::Key_Escape);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+}
+
+TEST_F(KeysTest, F1OpensTheListOfTheActiveFieldAndMovesOn)
+{
+    Open();
+    const QList<std::pair<Txt*, Txt*>> chain{{&It().TxtDriverCode, &It().TxtReceivingCode},
+                                             {&It().TxtReceivingCode, &It().TxtAreaCode},
+                                             {&It().TxtAreaCode, &It().TxtBranchID},
+                                             {&It().TxtBranchID, &It().TxtProductID},
+                                             {&It().TxtProductID, &It().TxtReturnOldProducts}};
+    for (const auto& [field, next] : chain) {
+        ASSERT_TRUE(HasFocus(*field)) << qPrintable(field->Name());
+        dialogs.Expect([](Form& dialog) { Press(dialog, Qt::Key_Return); });
+        Press(It(), Qt::Key_F1);
+        EXPECT_TRUE(HasFocus(*next)) << qPrintable(field->Name());
+        EXPECT_FALSE(field->Text().isEmpty());
+    }
+}
+
+TEST_F(KeysTest, F1WithNothingChosenStays)
+{
+    Open();
+    dialogs.Expect(Cancel());
+    Press(It(), Qt::Key_F1);
+    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_EQ(It().FormState(), State::New);
+}
+
+TEST_F(KeysTest, F1ElsewhereDoesNothing)
+{
+    Open();
+    Click(It(), It().DtpDate);
+    Press(It(), Qt::Key_F1);
+    EXPECT_TRUE(HasFocus(It().DtpDate));
+}
+
+TEST_F(KeysTest, F4PressesTheButtonOfTheActiveField)
+{
+    Open();
+    EnterHeader();
+    dialogs.Expect([](Form& dialog) { Press(dialog, Qt::Key_Return); });
+    Press(It(), Qt::Key_F4);
+    EXPECT_TRUE(HasFocus(It().TxtOutNewProducts)); // F1 would go to the old pieces
+}
+
+TEST_F(KeysTest, TheShiftMustBeCtrlAlone)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    for (const Qt::KeyboardModifiers shift :
+         {Qt::ControlModifier | Qt::ShiftModifier, Qt::ControlModifier | Qt::AltModifier}) {
+        Press(It(), Qt::Key_S, shift);
+        Press(It(), Qt::Key_W, shift);
+        Press(It(), Qt::Key_Q, shift);
+    }
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_TRUE(It().isVisible());
+}
+
+TEST_F(KeysTest, ACtrlKeyIsSwallowedEvenIfItsButtonIsOff)
+{
+    Open();
+    Type(It(), s("2014"));
+    const QString before = It().TxtDriverCode.Text();
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_R, Qt::Key_P}) {
+        Ctrl(key);
+    }
+    EXPECT_EQ(It().TxtDriverCode.Text(), before);
+    EXPECT_EQ(It().FormState(), State::Edited);
+    It().SetFormState(State::New);
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+}
+
+TEST_F(KeysTest, KeysThatOtherFormsHaveDoNothingHere)
+{
+    Open();
+    for (const Qt::Key key : {Qt::Key_D, Qt::Key_G, Qt::Key_N}) {
+        Ctrl(key);
+    }
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_TRUE(It().isVisible());
+}
+
+TEST_F(KeysTest, CopyAndPasteStayTheFieldsOwn)
+{
+    Open();
+    Type(It(), s("2014"));
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    Press(It(), Qt::Key_C, Qt::ControlModifier);
+    Press(It(), Qt::Key_Return);
+    Press(It(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(It().TxtReceivingCode.Text(), s("2014"));
+}
+
+TEST_F(KeysTest, DownOnTheProductCodeGoesToTheGridAndElsewhereDoesNot)
+{
+    Open();
+    Press(It(), Qt::Key_Down);
+    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    Press(It(), Qt::Key_Escape);
+    Press(It(), Qt::Key_Down);
+    EXPECT_TRUE(HasFocus(It().Rows));
+}
+
+TEST_F(KeysTest, F12OnTheProductCodeGoesToSaveIfItIsOn)
+{
+    Open();
+    Press(It(), Qt::Key_Escape);
+    Press(It(), Qt::Key_F12);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    It().SetFormState(State::Edited);
+    Press(It(), Qt::Key_F12);
+    EXPECT_TRUE(HasFocus(It().BtnSave));
+    boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
+    Press(It(), Qt::Key_Space);
+}
+
+} // namespace tests

@@ -1,0 +1,492 @@
+// Opening, states, saving, deleting and closing a voucher.
+
+#include "support/GatePassDesk.h"
+
+#include "host/HostContext.h"
+
+#include <QtTest>
+
+namespace tests {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+using State = VoucherForm::State;
+using LifecycleTest = GatePassDesk;
+
+const Message& idTaken()
+{
+    static const Message message{s("This Gate Pass ID already exists. A new Gate Psss ID. has "
+                                   "been generated. Please try again"),
+                                 MsgIcon::Stop, s("Alert")};
+    return message;
+}
+
+const Message& closeQuestion()
+{
+    static const Message message{s("Are you sure to close without save?"), MsgIcon::Question,
+                                 s("Alert"), MsgButtons::YesNo};
+    return message;
+}
+
+const Message& removeQuestion()
+{
+    static const Message message{s("Do you want to remove this record?"), MsgIcon::Question,
+                                 s("Confirmation"), MsgButtons::YesNo};
+    return message;
+}
+
+} // namespace
+
+TEST_F(LifecycleTest, StateNewSwitchesTheButtons)
+{
+    Open();
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_TRUE(It().BtnOpen.IsEnabled());
+    EXPECT_FALSE(It().BtnDelete.IsEnabled());
+    EXPECT_FALSE(It().BtnSave.IsEnabled());
+    EXPECT_FALSE(It().BtnPrint.IsEnabled());
+    EXPECT_TRUE(It().BtnClear.IsEnabled());
+    EXPECT_TRUE(It().IsNew);
+    EXPECT_TRUE(It().Detail.IsRowAdd);
+    EXPECT_TRUE(It().Title.StateText().contains(s("New")));
+}
+
+TEST_F(LifecycleTest, StateEditedSwitchesTheButtons)
+{
+    Open();
+    Type(It(), s("2"));
+    EXPECT_EQ(It().FormState(), State::Edited);
+    EXPECT_FALSE(It().BtnOpen.IsEnabled());
+    EXPECT_FALSE(It().BtnDelete.IsEnabled());
+    EXPECT_TRUE(It().BtnSave.IsEnabled());
+    EXPECT_FALSE(It().BtnPrint.IsEnabled());
+    EXPECT_TRUE(It().BtnClear.IsEnabled());
+    EXPECT_TRUE(It().IsNew);
+    EXPECT_TRUE(It().Title.StateText().contains(s("Edited")));
+}
+
+TEST_F(LifecycleTest, StateOpenedSwitchesTheButtonsUntilTheFirstChange)
+{
+    Open();
+    const int id = Stored();
+    OpenStored(id);
+    EXPECT_EQ(It().FormState(), State::Opened);
+    EXPECT_TRUE(It().BtnOpen.IsEnabled());
+    EXPECT_TRUE(It().BtnDelete.IsEnabled());
+    EXPECT_FALSE(It().BtnSave.IsEnabled());
+    EXPECT_TRUE(It().BtnPrint.IsEnabled());
+    EXPECT_FALSE(It().IsNew);
+    EXPECT_TRUE(It().Title.StateText().contains(s("Opened")));
+
+    Press(It(), Qt::Key_Return);
+    Type(It(), s("9"));
+    EXPECT_EQ(It().FormState(), State::Edited);
+    EXPECT_FALSE(It().BtnDelete.IsEnabled());
+    EXPECT_FALSE(It().BtnPrint.IsEnabled());
+    EXPECT_FALSE(It().IsNew);
+}
+
+TEST_F(LifecycleTest, AChangeOfTheDateAloneMarksNothing)
+{
+    Open();
+    Click(It(), It().DtpDate);
+    Press(It(), Qt::Key_Up);
+    EXPECT_NE(It().DtpDate.Value(), QDate::currentDate());
+    EXPECT_EQ(It().FormState(), State::New);
+}
+
+TEST_F(LifecycleTest, TypingMarksTheVoucherOnlyInTheThreeQuantities)
+{
+    Open();
+    Click(It(), It().TxtProductID);
+    Type(It(), s("1"));
+    EXPECT_EQ(It().FormState(), State::New);
+    Press(It(), Qt::Key_Backspace);
+    for (Txt* field :
+         {&It().TxtOutNewProducts, &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+        It().SetFormState(State::New);
+        Click(It(), *field);
+        Press(It(), Qt::Key_Left);
+        EXPECT_EQ(It().FormState(), State::New) << qPrintable(field->Name());
+        Type(It(), s("0"));
+        EXPECT_EQ(It().FormState(), State::Edited) << qPrintable(field->Name());
+        field->SetText(QString());
+    }
+}
+
+TEST_F(LifecycleTest, AnIdStoredElsewhereMeanwhileDrawsTheMessageAndAFreshNumber)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
+                  " values (1, 'Raja', 1, 0)"));
+    boxes.Expect(idTaken());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+    EXPECT_EQ(It().FormState(), State::Edited);
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+    EXPECT_EQ(Count(s("GatePassBody")), 0);
+
+    Save();
+    EXPECT_EQ(Count(s("GatePassHeader")), 2);
+    EXPECT_EQ(BodyOf(2), QStringList({s("101|3|null|null")}));
+    EXPECT_TRUE(BodyOf(1).isEmpty());
+}
+
+TEST_F(LifecycleTest, AfterTheRaceMessageRowsAreStillFoundByTheirProduct)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EnterRow(s("210"), s("1"));
+    company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
+                  " values (1, 'Raja', 1, 0)"));
+    boxes.Expect(idTaken());
+    Ctrl(Qt::Key_S);
+    boxes.Expect({s("The Record Already Exist"), MsgIcon::Information, s("Alert")});
+    EnterRow(s("101"), s("4"));
+    It().Rows.SetRow(1);
+    It().Detail.RemoveRow();
+    Save();
+    EXPECT_EQ(BodyOf(2), QStringList({s("101|3|null|null")}));
+}
+
+TEST_F(LifecycleTest, EnterInTheGridNeverInjectsATab)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Press(It(), Qt::Key_Down);
+    ASSERT_TRUE(HasFocus(It().Rows));
+    Press(It(), Qt::Key_Return); // the blank row
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Up);
+    Press(It(), Qt::Key_Return); // a filled row
+    EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
+}
+
+TEST_F(LifecycleTest, CtrlSOnAFormInServerModeDoesNothing)
+{
+    HostContext::ServerMode = true;
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EXPECT_FALSE(It().BtnSave.IsVisible());
+    EXPECT_TRUE(It().BtnSave.IsEnabled());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(It().FormState(), State::Edited);
+}
+
+TEST_F(LifecycleTest, CtrlRInServerModeDoesNothing)
+{
+    Open();
+    const int id = Stored();
+    HostContext::ServerMode = true;
+    Open();
+    OpenStored(id);
+    EXPECT_TRUE(It().BtnDelete.IsEnabled());
+    Ctrl(Qt::Key_R);
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+}
+
+TEST_F(LifecycleTest, EscOnTheEntryRowClearsOnlyTheEntryControls)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Enter(s("210"));
+    Type(It(), s("4"));
+    Press(It(), Qt::Key_Escape);
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
+    EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+}
+
+TEST_F(LifecycleTest, ClosingWithRowsTypedAsksAndNoLeavesThem)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    boxes.Expect(closeQuestion(), MsgAnswer::No);
+    Ctrl(Qt::Key_Q);
+    EXPECT_TRUE(It().isVisible());
+    EXPECT_EQ(FilledRows(), 1);
+    boxes.Expect(closeQuestion(), MsgAnswer::Yes);
+    Ctrl(Qt::Key_Q);
+    EXPECT_FALSE(It().isVisible());
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+}
+
+TEST_F(LifecycleTest, ClosingAnUneditedFormAsksNothing)
+{
+    Open();
+    Ctrl(Qt::Key_Q);
+    EXPECT_FALSE(It().isVisible());
+}
+
+TEST_F(LifecycleTest, ImgExitAndTheSystemCloseThroughTheSameQuestion)
+{
+    Open();
+    Type(It(), s("2"));
+    boxes.Expect(closeQuestion(), MsgAnswer::No);
+    Click(It(), It().Title.ImgExit());
+    EXPECT_TRUE(It().isVisible());
+    boxes.Expect(closeQuestion(), MsgAnswer::No);
+    EXPECT_FALSE(It().close());
+    EXPECT_TRUE(It().isVisible());
+    boxes.Expect(closeQuestion(), MsgAnswer::Yes);
+    Click(It(), It().BtnClose);
+    EXPECT_FALSE(It().isVisible());
+}
+
+TEST_F(LifecycleTest, ImgMinHasNoAction)
+{
+    Open();
+    Click(It(), It().Title.ImgMin());
+    EXPECT_TRUE(It().isVisible());
+    EXPECT_FALSE(It().isMinimized());
+}
+
+TEST_F(LifecycleTest, BtnClearInStateEditedLosesTheRowsWithoutAsking)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Ctrl(Qt::Key_W);
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_EQ(FilledRows(), 0);
+    EXPECT_TRUE(It().TxtBranchID.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+}
+
+TEST_F(LifecycleTest, ClearWorksFromEveryFieldWithoutBringingUpAList)
+{
+    Open();
+    for (Txt* field : {&It().TxtDriverCode, &It().TxtReceivingCode, &It().TxtAreaCode,
+                       &It().TxtBranchID, &It().TxtProductID, &It().TxtOutNewProducts,
+                       &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+        It().ResetFocus(*field);
+        Type(It(), s("7"));
+        Ctrl(Qt::Key_W);
+        EXPECT_TRUE(HasFocus(It().TxtDriverCode)) << qPrintable(field->Name());
+        EXPECT_EQ(It().FormState(), State::New) << qPrintable(field->Name());
+    }
+}
+
+TEST_F(LifecycleTest, AfterAFailedSaveTheTransactionIsRolledBackAndASecondSaveSucceeds)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    company.Run(s("create trigger Stop before insert on GatePassBody"
+                  " begin select raise(abort, 'The body cannot be written.'); end"));
+    boxes.Expect(Failed(s("The body cannot be written.")));
+    Ctrl(Qt::Key_S);
+    EXPECT_FALSE(connection->InTransaction());
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+    EXPECT_EQ(It().FormState(), State::Edited);
+    EXPECT_TRUE(It().BtnSave.IsEnabled());
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+
+    company.Run(s("drop trigger Stop"));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
+}
+
+TEST_F(LifecycleTest, AFailureThatIsNotTheDatabasesLeavesTheTransactionOpen)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    // A branch number that no double holds: the header is read from the fields within the
+    // transaction.
+    It().TxtBranchID.SetText(QString(400, QLatin1Char('9')));
+    boxes.Expect(Failed(s("Overflow")));
+    Ctrl(Qt::Key_S);
+    EXPECT_TRUE(connection->InTransaction());
+    EXPECT_EQ(FilledRows(), 1);
+
+    // The next save fails on the transaction that is open, and that failure ends it.
+    It().TxtBranchID.SetText(s("1"));
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+    Ctrl(Qt::Key_S);
+    EXPECT_FALSE(connection->InTransaction());
+    Save();
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+}
+
+TEST_F(LifecycleTest, DeletingTheHighestVoucherMakesItsIdComeUpAgain)
+{
+    Open();
+    Stored();
+    const int id = Stored(s("210"), s("1"));
+    EXPECT_EQ(id, 2);
+    OpenStored(id);
+    boxes.Expect(removeQuestion(), MsgAnswer::Yes);
+    Ctrl(Qt::Key_R);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+    EXPECT_TRUE(BodyOf(2).isEmpty());
+}
+
+TEST_F(LifecycleTest, AnsweringNoToTheRemovalQuestionKeepsTheVoucher)
+{
+    Open();
+    const int id = Stored();
+    OpenStored(id);
+    boxes.Expect(removeQuestion(), MsgAnswer::No);
+    Ctrl(Qt::Key_R);
+    EXPECT_EQ(It().FormState(), State::Opened);
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+}
+
+TEST_F(LifecycleTest, AFailedDeletionIsRolledBackAndKeepsTheRowsOnTheScreen)
+{
+    Open();
+    const int id = Stored();
+    OpenStored(id);
+    company.Run(s("create trigger Stop before delete on GatePassHeader"
+                  " begin select raise(abort, 'The header cannot be deleted.'); end"));
+    boxes.Expect(removeQuestion(), MsgAnswer::Yes);
+    boxes.Expect(Failed(s("The header cannot be deleted.")));
+    Ctrl(Qt::Key_R);
+    EXPECT_FALSE(connection->InTransaction());
+    EXPECT_EQ(BodyOf(id).size(), 1);
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_TRUE(It().Rows.Redraw());
+    EXPECT_EQ(It().FormState(), State::Opened);
+}
+
+TEST_F(LifecycleTest, MandatoryFieldsAreAskedForInScreenOrder)
+{
+    Open();
+    Type(It(), s("2014"));
+    boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
+    Ctrl(Qt::Key_S);
+    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    Type(It(), s("1"));
+    boxes.Expect({s("Enter Area Code."), MsgIcon::Exclamation, s("Gate Pass")});
+    Ctrl(Qt::Key_S);
+    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+}
+
+TEST_F(LifecycleTest, AVoucherWithoutRowsIsRefused)
+{
+    Open();
+    EnterHeader();
+    boxes.Expect({s("Enter atleast one product to save"), MsgIcon::Exclamation, s("Alert")});
+    Ctrl(Qt::Key_S);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+}
+
+TEST_F(LifecycleTest, ChangingAStoredPassKeepsItsEntryDateAndItsPostedFlag)
+{
+    Open();
+    const int id = Stored();
+    company.Run(s("update GatePassHeader set EntryDate = '2026-01-02 03:04:05'"));
+    OpenStored(id);
+    EnterRow(s("210"), s("1"));
+    HostContext::UserNo = 9;
+    Save();
+    const QVariantList row =
+        company.Rows(s("select EntryDate, isPosted, UserNo from GatePassHeader")).value(0);
+    EXPECT_EQ(row.value(0).toString(), s("2026-01-02 03:04:05"));
+    EXPECT_EQ(row.value(1).toInt(), 0);
+    EXPECT_EQ(row.value(2).toInt(), 9);
+    EXPECT_EQ(BodyOf(id), QStringList({s("101|3|null|null"), s("210|1|null|null")}));
+}
+
+TEST_F(LifecycleTest, ARowChangedByAnotherUserFailsTheSaveAndKeepsTheScreen)
+{
+    Open();
+    const int id = Stored();
+    OpenStored(id);
+    It().Rows.SetRow(0);
+    It().Detail.RemoveRow();
+    EnterRow(s("210"), s("1"));
+    company.Run(s("update GatePassBody set OutNewProducts = 8"));
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+    Ctrl(Qt::Key_S);
+    EXPECT_FALSE(connection->InTransaction());
+    EXPECT_EQ(BodyOf(id), QStringList({s("101|8|null|null")}));
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(It().FormState(), State::Edited);
+}
+
+TEST_F(LifecycleTest, OpeningAndCancellingTheListChangesNothing)
+{
+    Open();
+    Stored();
+    dialogs.Expect(Cancel());
+    Ctrl(Qt::Key_O);
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+}
+
+TEST_F(LifecycleTest, OpenIsOffWhileTheVoucherIsEdited)
+{
+    Open();
+    Stored();
+    Type(It(), s("2"));
+    Ctrl(Qt::Key_O); // would bring up a dialog that nobody expects
+    EXPECT_EQ(It().FormState(), State::Edited);
+}
+
+TEST_F(LifecycleTest, AnIdAbove32767CannotComeBackThroughTheDialog)
+{
+    Open();
+    const int id = Stored();
+    company.Run(s("update GatePassHeader set GatePassID = 32768"));
+    company.Run(s("update GatePassBody set GatePassID = 32768"));
+    boxes.Expect(Failed(s("Overflow")));
+    dialogs.Expect([](Form& dialog) {
+        Press(dialog, Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        Press(dialog, Qt::Key_Escape);
+    });
+    Ctrl(Qt::Key_O);
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_EQ(id, 1);
+}
+
+TEST_F(LifecycleTest, CtrlSFromTheLastFieldSavesTheRowThatIsBeingEntered)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Enter(s("3"));
+    Enter(s("1"));
+    ASSERT_TRUE(HasFocus(It().TxtReturnNewProducts));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|1|null")}));
+}
+
+TEST_F(LifecycleTest, AClickOnSaveFirstAddsThePendingRow)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Enter(s("3"));
+    Enter(s("1"));
+    boxes.Expect(PrintQuestion(), MsgAnswer::No);
+    Click(It(), It().BtnSave);
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|1|null")}));
+}
+
+} // namespace tests

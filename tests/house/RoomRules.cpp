@@ -1,0 +1,95 @@
+#include "house/RoomRules.h"
+
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+
+namespace tests {
+
+namespace {
+
+/// Which rooms each room may look into, beside itself.
+const QHash<QString, QSet<QString>>& mayInclude()
+{
+    const auto s = [](const char* text) { return QString::fromLatin1(text); };
+    static const QHash<QString, QSet<QString>> allowed{
+        {s("data"), {}},
+        {s("controls"), {}},
+        {s("host"), {s("data")}},
+        {s("search"), {s("data"), s("controls"), s("host")}},
+        {s("frame"), {s("data"), s("controls"), s("host"), s("search")}},
+        {s("reports"), {s("data"), s("controls"), s("host")}},
+        {s("stock"), {s("data"), s("controls"), s("host"), s("search"), s("frame"), s("reports")}},
+        {s("installment"),
+         {s("data"), s("controls"), s("host"), s("search"), s("frame"), s("reports")}},
+        {s("payroll"),
+         {s("data"), s("controls"), s("host"), s("search"), s("frame"), s("reports")}},
+        {s("entry"),
+         {s("data"), s("host"), s("stock"), s("installment"), s("payroll"), s("frame")}},
+        {s("app"), {}},
+    };
+    return allowed;
+}
+
+QString roomOf(const QString& path)
+{
+    // The entry class stands on top of all forms though it lives beside HostContext.
+    if (path.startsWith(QLatin1String("src/host/Forms.")) || path == QLatin1String("host/Forms.h")) {
+        return QStringLiteral("entry");
+    }
+    static const QRegularExpression inRoom(QStringLiteral("^(?:src/)?([a-z]+)/"));
+    return inRoom.match(path).captured(1);
+}
+
+QString publicHeaderRoom(const QString& name)
+{
+    if (name == QLatin1String("Forms.h")) {
+        return QStringLiteral("entry");
+    }
+    return name == QLatin1String("UserSecurity.h") ? QStringLiteral("host")
+                                                   : QStringLiteral("data");
+}
+
+} // namespace
+
+QStringList roomViolations(const QString& path, const QString& content)
+{
+    const QString room = roomOf(path);
+    const bool isHost = room == QLatin1String("app");
+    QStringList violations;
+    static const QRegularExpression include(
+        QStringLiteral("^\\s*#\\s*include\\s*[<\"]([^>\"]+)[>\"]"),
+        QRegularExpression::MultilineOption);
+    for (auto found = include.globalMatch(content); found.hasNext();) {
+        const QString header = found.next().captured(1);
+        QString target;
+        if (header.startsWith(QLatin1String("TradeForms/"))) {
+            if (isHost || header.endsWith(QLatin1String("/Export.h"))
+                || header.endsWith(QLatin1String("/Version.h"))) {
+                continue;
+            }
+            target = publicHeaderRoom(header.mid(11));
+        } else {
+            target = roomOf(header);
+            if (!mayInclude().contains(target)) {
+                continue;
+            }
+        }
+        if (target != room && !mayInclude().value(room).contains(target)) {
+            violations.append(QStringLiteral("%1 includes %2").arg(path, header));
+        }
+    }
+    // The data room uses QtCore and nothing more of Qt.
+    if (room == QLatin1String("data")) {
+        static const QRegularExpression widgets(QStringLiteral(
+            "^\\s*#\\s*include\\s*<(QWidget|QApplication|QtWidgets|QtGui|QColor|QFont|QMessageBox)"
+            ".*>"),
+            QRegularExpression::MultilineOption);
+        if (widgets.match(content).hasMatch()) {
+            violations.append(QStringLiteral("%1 includes more of Qt than QtCore").arg(path));
+        }
+    }
+    return violations;
+}
+
+} // namespace tests

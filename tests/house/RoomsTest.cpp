@@ -1,0 +1,59 @@
+#include "house/RoomRules.h"
+
+#include <gtest/gtest.h>
+
+#include <QDirIterator>
+#include <QFile>
+
+namespace tests {
+
+namespace {
+
+QStringList sources(const QString& folder)
+{
+    QStringList found;
+    QDirIterator files(QStringLiteral(SOURCE_DIR "/") + folder,
+                       {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        found.append(files.next().mid(int(qstrlen(SOURCE_DIR "/"))));
+    }
+    return found;
+}
+
+} // namespace
+
+TEST(Rooms, NoFileIncludesARoomAboveItsOwn)
+{
+    const QStringList files = sources(QStringLiteral("src")) + sources(QStringLiteral("app"));
+    ASSERT_GT(files.size(), 40);
+    for (const QString& path : files) {
+        QFile file(QStringLiteral(SOURCE_DIR "/") + path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+        const QStringList violations = roomViolations(path, QString::fromUtf8(file.readAll()));
+        EXPECT_TRUE(violations.isEmpty()) << qPrintable(violations.join(QLatin1Char('\n')));
+    }
+}
+
+TEST(Rooms, TheRuleFires)
+{
+    const auto broken = [](const char* path, const char* content) {
+        return !roomViolations(QString::fromLatin1(path), QString::fromLatin1(content)).isEmpty();
+    };
+    EXPECT_TRUE(broken("src/data/Recordset.cpp", "#include \"controls/Txt.h\"\n"));
+    EXPECT_TRUE(broken("src/controls/Txt.cpp", "#include \"data/Numbers.h\"\n"));
+    EXPECT_TRUE(broken("src/controls/Txt.cpp", "#include <TradeForms/Connection.h>\n"));
+    EXPECT_TRUE(broken("src/search/SearchWindow.cpp", "#include \"frame/VoucherForm.h\"\n"));
+    EXPECT_TRUE(broken("src/frame/VoucherForm.cpp", "  #  include \"stock/FrmGatePass.h\"\n"));
+    EXPECT_TRUE(broken("src/stock/FrmGatePass.cpp", "#include \"host/Forms.h\"\n"));
+    EXPECT_TRUE(broken("src/host/HostContext.cpp", "#include <TradeForms/Forms.h>\n"));
+    EXPECT_TRUE(broken("app/MainWindow.cpp", "#include \"data/Connection.h\"\n"));
+    EXPECT_TRUE(broken("src/data/Numbers.cpp", "#include <QWidget>\n"));
+
+    EXPECT_FALSE(broken("src/frame/VoucherForm.cpp", "#include \"data/Numbers.h\"\n"));
+    EXPECT_FALSE(broken("src/host/Forms.cpp", "#include \"stock/FrmGatePass.h\"\n"));
+    EXPECT_FALSE(broken("app/MainWindow.cpp", "#include <TradeForms/Forms.h>\n"));
+    EXPECT_FALSE(broken("src/data/Connection.h", "#include <TradeForms/Failure.h>\n"));
+}
+
+} // namespace tests

@@ -1,0 +1,419 @@
+// A clerk's day with gate passes, from the login on, by keyboard alone. Rows are read back from
+// the database after each step. The last part is played by two programs on one database file.
+//
+// journey [--pictures FOLDER]
+
+#include "Clerk.h"
+
+#include "Options.h"
+#include "Run.h"
+#include "SampleCompany.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <sqlite3.h>
+
+#include <cstdio>
+
+namespace journeys {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+const QString Saved = s("Do you want to print this GatePass");
+const QString Alert = s("Alert");
+
+/// The rows of a query, read through a connection of its own; cells joined by '|'.
+QStringList rows(const QString& file, const QString& sql)
+{
+    sqlite3* database = nullptr;
+    sqlite3_open_v2(QFile::encodeName(file).constData(), &database, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_busy_timeout(database, 5000);
+    // The company's text columns name it; for what is read here any order will do.
+    sqlite3_create_collation(database, "CI", SQLITE_UTF8, nullptr,
+                             [](void*, int aSize, const void* a, int bSize, const void* b) {
+                                 return qstrcmp(QByteArray(static_cast<const char*>(a), aSize),
+                                                QByteArray(static_cast<const char*>(b), bSize));
+                             });
+    sqlite3_stmt* statement = nullptr;
+    QStringList found;
+    if (sqlite3_prepare_v2(database, sql.toUtf8().constData(), -1, &statement, nullptr)
+        != SQLITE_OK) {
+        found.append(QString::fromUtf8(sqlite3_errmsg(database)));
+    }
+    while (statement && sqlite3_step(statement) == SQLITE_ROW) {
+        QStringList cells;
+        for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+            cells.append(text ? QString::fromUtf8(text) : s("null"));
+        }
+        found.append(cells.join(QLatin1Char('|')));
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(database);
+    return found;
+}
+
+QString header(const QString& file, int id)
+{
+    return rows(file, s("select DriverCode, ReceivingCode, AreaCode, BranchCode, Supply, Sale,"
+                        " [Order], UserNo, isPosted from GatePassHeader where GatePassID = %1")
+                          .arg(id))
+        .value(0);
+}
+
+QString body(const QString& file, int id)
+{
+    return rows(file, s("select ProductID, OutNewProducts, ReturnOldProducts, ReturnNewProducts"
+                        " from GatePassBody where GatePassID = %1 order by rowid")
+                          .arg(id))
+        .join(QLatin1Char(' '));
+}
+
+/// Facts of the sample company that the clerk knows by heart.
+struct Known {
+    QString Driver;
+    QString Receiver;
+    QString Area;
+    QString Branch;
+    QStringList Products; ///< with at least 8 in the stock of the branch
+    int Stock = 0;        ///< of the last of them
+
+    explicit Known(const QString& file)
+    {
+        const QStringList area =
+            rows(file, s("select AreaCode, BranchCode from Areas order by AreaCode limit 1"))
+                .value(0)
+                .split(QLatin1Char('|'));
+        Area = area.value(0);
+        Branch = area.value(1);
+        Driver = rows(file, s("select StaffID from Staff where FieldWorker = 1"
+                              " order by StaffID limit 1"))
+                     .value(0);
+        Receiver = rows(file, s("select StaffID from Staff where FieldWorker = 0"
+                                " order by StaffID limit 1"))
+                       .value(0);
+        const QString stock = s(
+            "select ProductID, sum(Q) from ("
+            "select BranchCode B, ProductID, Qty Q from StockInHeader join StockInBody using"
+            " (StockID) union all select BranchCode, ProductID, -Qty from StockOutHeader join"
+            " StockOutBody using (StockID) union all select BranchCode, ProductID,"
+            " ifnull(ReturnNewProducts, 0) - ifnull(OutNewProducts, 0) from GatePassHeader join"
+            " GatePassBody using (GatePassID)) where B = %1 group by 1 having sum(Q) >= 8"
+            " order by 1 limit 3");
+        for (const QString& row : rows(file, stock.arg(Branch))) {
+            Products.append(row.section(QLatin1Char('|'), 0, 0));
+            Stock = row.section(QLatin1Char('|'), 1, 1).toInt();
+        }
+    }
+};
+
+void logIn(Clerk& clerk, const QString& user)
+{
+    clerk.See(s("LoginWindow"));
+    clerk.Enter(user);
+    clerk.Enter(Host::SampleCompany::Password());
+    clerk.See(s("MainWindow"));
+}
+
+void openGatePass(Clerk& clerk)
+{
+    clerk.See(s("MainWindow"));
+    clerk.Type(s("gate"));
+    clerk.Picture(s("menu"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectFocus(s("TxtDriverCode"));
+}
+
+void enterHeader(Clerk& clerk, const Known& known)
+{
+    clerk.Enter(known.Driver);
+    clerk.Enter(known.Receiver);
+    clerk.Enter(known.Area.toLower());
+    clerk.Enter(known.Branch);
+    clerk.ExpectFocus(s("TxtProductID"));
+}
+
+void enterRow(Clerk& clerk, const QString& product, const QString& out,
+              const QString& oldBack = {}, const QString& newBack = {})
+{
+    clerk.Enter(product);
+    clerk.ExpectFocus(s("TxtOutNewProducts"));
+    clerk.Enter(out);
+    clerk.Enter(oldBack);
+    clerk.Enter(newBack);
+}
+
+int currentId(Clerk& clerk)
+{
+    return clerk.Text(s("TxtGatePassID")).toInt();
+}
+
+// ---- One clerk's day
+
+void day(Clerk& clerk, const QString& file)
+{
+    const Known known(file);
+    clerk.Expect(known.Products.size() == 3, s("three products with stock"));
+
+    clerk.See(s("LoginWindow"));
+    clerk.Picture(s("login"));
+    clerk.Enter(s("clerk"));
+    clerk.Enter(s("not the password"));
+    clerk.Picture(s("wrong-password"));
+    clerk.ExpectFocus(s("TxtPassword"));
+    // The button is closed for a moment; the field is open.
+    clerk.Replace(Host::SampleCompany::Password());
+    clerk.WaitFor(s("BtnLogin"), true);
+    clerk.Press(Qt::Key_Return);
+    openGatePass(clerk);
+    clerk.Picture(s("gate-pass-new"));
+    const int id = currentId(clerk);
+
+    // The driver by his code, the receiver by F1, the area by the button, the branch unknown.
+    clerk.Enter(known.Driver);
+    clerk.ExpectFocus(s("TxtReceivingCode"));
+    clerk.Press(Qt::Key_F1);
+    clerk.See(s("SchStaff"));
+    clerk.Type(known.Receiver);
+    clerk.Picture(s("staff-list"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectText(s("TxtReceivingCode"), known.Receiver);
+    clerk.ExpectFocus(s("TxtAreaCode"));
+    clerk.Press(Qt::Key_F4);
+    clerk.See(s("SchArea"));
+    clerk.Type(known.Area);
+    clerk.Picture(s("area-list"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectText(s("TxtAreaCode"), known.Area);
+    clerk.ExpectFocus(s("TxtBranchID"));
+    clerk.Enter(s("99"));
+    clerk.See(s("SchBranch"));
+    clerk.Picture(s("branch-list"));
+    clerk.Type(known.Branch);
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectText(s("TxtBranchID"), known.Branch);
+    clerk.ExpectFocus(s("TxtProductID"));
+
+    // Three products; the last one first exceeds the stock, the first one comes twice.
+    enterRow(clerk, known.Products[0], s("3"));
+    enterRow(clerk, known.Products[1], s("5"), s("1"));
+    clerk.Enter(known.Products[2]);
+    clerk.Enter(QString::number(known.Stock + 1));
+    clerk.ExpectFocus(s("TxtOutNewProducts"));
+    clerk.Picture(s("stock-exceeded"));
+    clerk.Replace(s("2"));
+    clerk.Press(Qt::Key_Return);
+    clerk.Enter(QString());
+    clerk.Enter(s("1"));
+    enterRow(clerk, known.Products[0], s("9"));
+    clerk.Answer(s("The Record Already Exist"), Alert, Qt::Key_Return);
+    clerk.ExpectFocus(s("TxtProductID"));
+    clerk.Picture(s("three-products"));
+
+    // Correct the second row in the grid, remove the first.
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Home, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Down);
+    clerk.Picture(s("row-in-grid"));
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectFocus(s("TxtReturnOldProducts"));
+    clerk.Replace(s("4"));
+    clerk.Enter(QString());
+    clerk.Enter(QString());
+    clerk.ExpectFocus(s("TxtProductID"));
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Home, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Menu);
+    clerk.See(s("MnuDelete"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.Press(Qt::Key_End, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectFocus(s("TxtProductID"));
+    clerk.Picture(s("before-save"));
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Answer(Saved, Alert, Qt::Key_N);
+    clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 1));
+    clerk.Picture(s("saved"));
+    clerk.Expect(header(file, id)
+                     == s("%1|%2|%3|%4|0|1|0|2|0")
+                            .arg(known.Driver, known.Receiver, known.Area, known.Branch),
+                 s("the header as entered, not ") + header(file, id));
+    clerk.Expect(body(file, id)
+                     == s("%1|5|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
+                 s("the rows as entered, not ") + body(file, id));
+
+    // Open it again, change a quantity, save.
+    clerk.Press(Qt::Key_O, Qt::ControlModifier);
+    clerk.See(s("SchGatePass"));
+    clerk.Type(QString::number(id));
+    clerk.Picture(s("pass-list"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectText(s("TxtAreaCode"), known.Area);
+    clerk.Picture(s("opened"));
+    clerk.Press(Qt::Key_Escape);
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Home, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Return);
+    clerk.Press(Qt::Key_Backtab, Qt::ShiftModifier);
+    clerk.ExpectFocus(s("TxtOutNewProducts"));
+    clerk.Replace(s("6"));
+    clerk.Enter(QString());
+    clerk.Enter(QString());
+    clerk.Enter(QString());
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Answer(Saved, Alert, Qt::Key_N);
+    clerk.Expect(body(file, id)
+                     == s("%1|6|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
+                 s("the changed quantity, not ") + body(file, id));
+
+    // Close with unsaved work.
+    clerk.Type(known.Driver);
+    clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+    clerk.Answer(s("Are you sure to close without save?"), Alert, Qt::Key_N);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectText(s("TxtDriverCode"), known.Driver);
+    clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+    clerk.Answer(s("Are you sure to close without save?"), Alert, Qt::Key_Y);
+    clerk.See(s("MainWindow"));
+
+    // Delete it as a user without and with the right.
+    const auto open = [&clerk, id] {
+        clerk.Press(Qt::Key_O, Qt::ControlModifier);
+        clerk.See(s("SchGatePass"));
+        clerk.Type(QString::number(id));
+        clerk.Press(Qt::Key_Return);
+        clerk.See(s("FrmGatePass"));
+    };
+    const auto remove = [&clerk] {
+        clerk.Press(Qt::Key_R, Qt::ControlModifier);
+        clerk.Answer(s("Do you want to remove this record?"), s("Confirmation"), Qt::Key_Y);
+    };
+    const auto logOut = [&clerk] {
+        clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+        clerk.See(s("MainWindow"));
+        clerk.Press(Qt::Key_L, Qt::ControlModifier);
+    };
+    clerk.Press(Qt::Key_L, Qt::ControlModifier);
+    logIn(clerk, s("newclerk"));
+    openGatePass(clerk);
+    open();
+    remove();
+    clerk.Answer(s("You are not authorized to Delete a record"), s("Error"), Qt::Key_Return);
+    clerk.Expect(!body(file, id).isEmpty(), s("the pass is still there"));
+    logOut();
+    logIn(clerk, s("clerk"));
+    openGatePass(clerk);
+    open();
+    remove();
+    clerk.ExpectText(s("TxtGatePassID"), QString::number(id));
+    clerk.Expect(body(file, id).isEmpty() && header(file, id).isEmpty(), s("the pass is gone"));
+
+    // Two programs on the same new number: the other one saves first.
+    QProcess other;
+    other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    other.start(QCoreApplication::applicationFilePath(), {s("--second-clerk"), file});
+    clerk.Expect(other.waitForReadyRead(60'000)
+                     && other.readLine().trimmed() == QByteArray::number(id),
+                 s("the second program shows the same number"));
+    enterHeader(clerk, known);
+    enterRow(clerk, known.Products[0], s("1"));
+    other.write("save\n");
+    other.closeWriteChannel();
+    clerk.Expect(other.waitForFinished(60'000) && other.exitCode() == 0,
+                 s("the second program saves"));
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Answer(s("This Gate Pass ID already exists. A new Gate Psss ID. has been generated. "
+                   "Please try again"),
+                 Alert, Qt::Key_Return);
+    clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 1));
+    clerk.Expect(header(file, id + 1).isEmpty(), s("nothing is written yet"));
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Answer(Saved, Alert, Qt::Key_N);
+    clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 2));
+    clerk.Expect(body(file, id) == known.Products[1] + s("|2|null|null"),
+                 s("the second program's pass"));
+    clerk.Expect(body(file, id + 1) == known.Products[0] + s("|1|null|null"), s("this one's pass"));
+    clerk.Picture(s("after-race"));
+
+    clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+    clerk.See(s("MainWindow"));
+    clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+}
+
+/// The other program's clerk: enters a pass, tells its number, and saves when told to.
+void secondClerk(Clerk& clerk, const QString& file)
+{
+    const Known known(file);
+    logIn(clerk, s("admin"));
+    openGatePass(clerk);
+    enterHeader(clerk, known);
+    enterRow(clerk, known.Products[1], s("2"));
+    QTextStream out(stdout);
+    out << currentId(clerk) << Qt::endl;
+    QTextStream(stdin).readLine();
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Answer(Saved, Alert, Qt::Key_N);
+    clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+    clerk.See(s("MainWindow"));
+    clerk.Press(Qt::Key_Q, Qt::ControlModifier);
+}
+
+} // namespace
+} // namespace journeys
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    const auto after = [&arguments](const char* option) {
+        const qsizetype at = arguments.indexOf(QLatin1String(option));
+        return at < 0 ? QString() : arguments.value(at + 1);
+    };
+
+    Host::Options options;
+    const QString second = after("--second-clerk");
+    QTemporaryDir folder;
+    options.Database =
+        second.isEmpty() ? folder.filePath(QStringLiteral("company.db")) : second;
+    options.CreateSample = second.isEmpty();
+    options.Until = QDate::currentDate();
+
+    // The company first: the clerk looks facts up in it before the program is on the screen.
+    if (options.CreateSample && Host::CreateSampleCompany(options) != Host::ExitDone) {
+        return 1;
+    }
+    journeys::Clerk clerk(after("--pictures"));
+    const bool done = clerk.Work(
+        [&](journeys::Clerk& it) {
+            if (second.isEmpty()) {
+                journeys::day(it, options.Database);
+            } else {
+                journeys::secondClerk(it, options.Database);
+            }
+        },
+        [&options] { Host::RunHost(options); });
+    if (!done) {
+        std::fprintf(stderr, "journey: not finished\n");
+        return 1;
+    }
+    if (second.isEmpty()) {
+        std::puts("journey: done");
+    }
+    return 0;
+}

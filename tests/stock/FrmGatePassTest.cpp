@@ -1,0 +1,300 @@
+// What is the gate pass's own: its columns, its stock rule, its kinds, its fields on opening.
+
+#include "support/GatePassDesk.h"
+
+#include "controls/Look.h"
+#include "host/HostContext.h"
+
+#include <QtTest>
+
+namespace tests {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+using FrmGatePassTest = GatePassDesk;
+
+} // namespace
+
+TEST_F(FrmGatePassTest, OpensNewWithTheNextNumberTodayAndSale)
+{
+    Open();
+    EXPECT_EQ(It().windowTitle(), s("Gate Pass"));
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("1"));
+    EXPECT_FALSE(It().TxtGatePassID.IsEnabled());
+    EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate());
+    EXPECT_TRUE(It().OptSale.Value());
+    EXPECT_FALSE(It().LblStock.IsVisible());
+    EXPECT_FALSE(It().LblCaption.IsVisible());
+    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+}
+
+TEST_F(FrmGatePassTest, EnterWalksTheFieldChainAndAddsTheRow)
+{
+    Open();
+    for (Txt* field : {&It().TxtDriverCode, &It().TxtReceivingCode}) {
+        EXPECT_TRUE(HasFocus(*field));
+        Enter(QString());
+    }
+    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    Enter(s("Kot"));
+    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    Enter(s("1"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    Enter(s("101"));
+    EXPECT_TRUE(HasFocus(It().TxtOutNewProducts));
+    Enter(s("3"));
+    EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
+    Enter(s("1"));
+    EXPECT_TRUE(HasFocus(It().TxtReturnNewProducts));
+    Enter(s("2"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    EXPECT_EQ(Cell(0, "Name"), s("موٹر سائیکل 125 سی سی"));
+    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
+    EXPECT_EQ(Cell(0, "ReturnOldProducts"), s("1"));
+    EXPECT_EQ(Cell(0, "ReturnNewProducts"), s("2"));
+    EXPECT_EQ(Cell(1, "ID"), s(" "));
+}
+
+TEST_F(FrmGatePassTest, SavesEveryColumnOfTheHeaderAndItsRows)
+{
+    Open();
+    HostContext::UserNo = 7;
+    EnterHeader();
+    EnterRow(s("101"), s("3"), s("1"));
+    EnterRow(s("210"), s("5"), QString(), s("2.5"));
+    It().OptOrder.SetValue(true);
+    Save();
+
+    const QList<QVariantList> header = company.Rows(
+        s("select GatePassID, EntryDate, isPosted, GatePassDate, DriverCode, ReceivingCode,"
+          " AreaCode, BranchCode, Supply, Sale, [Order], UserNo from GatePassHeader"));
+    ASSERT_EQ(header.size(), 1);
+    const QVariantList& row = header.front();
+    EXPECT_EQ(row[0].toInt(), 1);
+    const QDateTime entered = QDateTime::fromString(row[1].toString(), s("yyyy-MM-dd HH:mm:ss"));
+    EXPECT_LT(std::abs(entered.secsTo(QDateTime::currentDateTime())), 60);
+    EXPECT_EQ(row[2].toInt(), 0);
+    EXPECT_EQ(row[3].toString(), QDate::currentDate().toString(Qt::ISODate));
+    EXPECT_EQ(row[4].toString(), s("2014"));
+    EXPECT_EQ(row[5].toString(), s("3107"));
+    EXPECT_EQ(row[6].toString(), s("Kot"));
+    EXPECT_EQ(row[7].toInt(), 1);
+    EXPECT_EQ(row[8].toInt(), 0);
+    EXPECT_EQ(row[9].toInt(), 0);
+    EXPECT_EQ(row[10].toInt(), 1);
+    EXPECT_EQ(row[11].toInt(), 7);
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|1|null"), s("210|5|null|2.5")}));
+
+    // Ready for the next one.
+    EXPECT_EQ(It().FormState(), VoucherForm::State::New);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+    EXPECT_TRUE(It().TxtAreaCode.Text().isEmpty());
+    EXPECT_TRUE(It().OptSale.Value());
+    EXPECT_EQ(FilledRows(), 0);
+}
+
+TEST_F(FrmGatePassTest, APassWithNoDriverAndReceiverSavesNullsAndOpensWithEmptyFields)
+{
+    Open();
+    Enter(QString());
+    Enter(QString());
+    Enter(s("kot"));
+    Enter(s("1"));
+    EnterRow(s("101"), s("3"));
+    Save();
+    const QVariantList codes =
+        company.Rows(s("select DriverCode, ReceivingCode from GatePassHeader")).value(0);
+    ASSERT_EQ(codes.size(), 2);
+    EXPECT_TRUE(codes[0].isNull());
+    EXPECT_TRUE(codes[1].isNull());
+
+    OpenStored(1);
+    EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
+    for (Txt* field : {&It().TxtDriverCode, &It().TxtReceivingCode,
+                       static_cast<Txt*>(&It().TxtDriverName),
+                       static_cast<Txt*>(&It().TxtReceivingName)}) {
+        EXPECT_TRUE(field->Text().isEmpty()) << qPrintable(field->Name());
+    }
+    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+}
+
+TEST_F(FrmGatePassTest, OpeningFillsEveryField)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"), s("1"));
+    It().OptSupply.SetValue(true);
+    It().DtpDate.SetValue(QDate::currentDate().addDays(-5));
+    Save();
+    OpenStored(1);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("1"));
+    EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate().addDays(-5));
+    EXPECT_EQ(It().TxtDriverCode.Text(), s("2014"));
+    EXPECT_EQ(It().TxtDriverName.Text(), s("محمد اسلم"));
+    EXPECT_EQ(It().TxtReceivingCode.Text(), s("3107"));
+    EXPECT_EQ(It().TxtReceivingName.Text(), s("غلام رسول"));
+    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+    EXPECT_FALSE(It().TxtAreaName.Text().isEmpty());
+    EXPECT_EQ(It().TxtBranchID.Text(), s("1"));
+    EXPECT_EQ(It().TxtBranchName.Text(), s("قصور"));
+    EXPECT_TRUE(It().OptSupply.Value());
+    EXPECT_FALSE(It().OptSale.Value());
+    EXPECT_FALSE(It().OptOrder.Value());
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
+    EXPECT_EQ(Cell(0, "ReturnNewProducts"), QString());
+    EXPECT_TRUE(HasFocus(It().DtpDate));
+}
+
+TEST_F(FrmGatePassTest, AVoucherWhoseAreaHasVanishedOpensWithAnEmptyHeader)
+{
+    Open();
+    const int id = Stored();
+    company.Run(s("update GatePassHeader set AreaCode = 'Gone'"));
+    OpenStored(id);
+    EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
+    EXPECT_TRUE(It().TxtAreaCode.Text().isEmpty());
+    EXPECT_TRUE(It().TxtDriverCode.Text().isEmpty());
+    EXPECT_EQ(FilledRows(), 1);
+}
+
+TEST_F(FrmGatePassTest, TheStockOfTheProductInTheBranchIsShown)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    EXPECT_TRUE(It().LblStock.IsVisible());
+    EXPECT_TRUE(It().LblCaption.IsVisible());
+    EXPECT_EQ(It().LblStock.Text(), s("20"));
+    Press(It(), Qt::Key_Escape);
+    EXPECT_FALSE(It().LblStock.IsVisible());
+    EXPECT_FALSE(It().LblCaption.IsVisible());
+}
+
+TEST_F(FrmGatePassTest, AnOutQuantityEqualToTheStockMayBeLeftAndOneMoreMayNot)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Enter(s("21"));
+    EXPECT_TRUE(HasFocus(It().TxtOutNewProducts));
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    Enter(s("20"));
+    EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
+}
+
+TEST_F(FrmGatePassTest, ANonNumericOutQuantityCountsAsZero)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("abc"));
+    EXPECT_EQ(FilledRows(), 1);
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|0|null|null")}));
+}
+
+TEST_F(FrmGatePassTest, ATextThatIsNoNumberWearsAWarningWhileItStands)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Type(It(), s("abc"));
+    EXPECT_TRUE(It().TxtOutNewProducts.HasNumberWarning());
+    EXPECT_FALSE(It().TxtOutNewProducts.toolTip().isEmpty());
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    Type(It(), s("5"));
+    EXPECT_FALSE(It().TxtOutNewProducts.HasNumberWarning());
+}
+
+TEST_F(FrmGatePassTest, OnAnOpenedPassTheQuantityOfARowIsNotHeldToTheStock)
+{
+    Open();
+    const int id = Stored(s("101"), s("3"));
+    OpenStored(id);
+    Click(It(), It().TxtProductID);
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Up);
+    Press(It(), Qt::Key_Return);
+    ASSERT_TRUE(HasFocus(It().TxtReturnOldProducts));
+    Press(It(), Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_TRUE(HasFocus(It().TxtOutNewProducts));
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    Enter(s("500"));
+    Enter(QString());
+    Enter(QString());
+    Save();
+    EXPECT_EQ(BodyOf(id), QStringList({s("101|500|null|null")}));
+}
+
+TEST_F(FrmGatePassTest, AChangeOfTheBranchAfterRowsWereEnteredDoesNotRecheckThem)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("15"));
+    Click(It(), It().TxtBranchID);
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    Enter(s("2")); // five in stock there
+    EXPECT_EQ(It().TxtBranchName.Text(), s("لاہور"));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|15|null|null")}));
+}
+
+TEST_F(FrmGatePassTest, PrintingAfterSaveUsesTheIdStillOnTheScreen)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    boxes.Expect(PrintQuestion(), MsgAnswer::Yes);
+    QString idWhilePrinting;
+    boxes.Expect(Failed(s("The printed gate pass is not built yet. Nothing was printed.")),
+                 MsgAnswer::Ok, [&] { idWhilePrinting = It().TxtGatePassID.Text(); });
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(idWhilePrinting, s("1"));
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+}
+
+TEST_F(FrmGatePassTest, BtnPrintPrintsAnOpenedPass)
+{
+    Open();
+    const int id = Stored();
+    EXPECT_FALSE(It().BtnPrint.IsEnabled());
+    OpenStored(id);
+    EXPECT_TRUE(It().BtnPrint.IsEnabled());
+    boxes.Expect(Failed(s("The printed gate pass is not built yet. Nothing was printed.")));
+    Ctrl(Qt::Key_P);
+    EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
+}
+
+TEST_F(FrmGatePassTest, ClickingAnOptionsLabelSelectsIt)
+{
+    Open();
+    Click(It(), It().Label12);
+    EXPECT_TRUE(It().OptSupply.Value());
+    Click(It(), It().Label13);
+    EXPECT_TRUE(It().OptOrder.Value());
+    EXPECT_FALSE(It().OptSupply.Value());
+    Click(It(), It().Label8);
+    EXPECT_TRUE(It().OptSale.Value());
+    EXPECT_EQ(It().FormState(), VoucherForm::State::New);
+}
+
+TEST_F(FrmGatePassTest, TheLabelOfTheFocusedOptionIsRed)
+{
+    Open();
+    Click(It(), It().OptOrder);
+    EXPECT_EQ(It().Label13.ForeColor(), QColor(255, 0, 0));
+    EXPECT_TRUE(It().OptOrder.Value());
+    Click(It(), It().TxtDriverCode);
+    EXPECT_EQ(It().Label13.ForeColor(), QColor(0, 0, 0));
+    EXPECT_EQ(It().FormState(), VoucherForm::State::New);
+}
+
+} // namespace tests

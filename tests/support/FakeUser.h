@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/UserSecurity.h"
+
+#include <QList>
+#include <QString>
+
+namespace tests {
+
+/// A user whose rights a test sets, and who remembers what was asked.
+class FakeUser : public TradeForms::UserSecurity {
+public:
+    bool Modify = true;
+    bool Delete = true;
+    bool Administrator = false;
+    bool PostedEdit = true;
+    std::int16_t Number = 1;
+    QString Branch = QStringLiteral("0");
+    /// Makes HasRight fail, as a broken security service would.
+    bool Broken = false;
+
+    /// "MniGatePass modify" or "MniGatePass delete", in the order of asking.
+    QList<QString> Asked;
+    mutable int FlagReads = 0;
+
+    bool HasRight(const QString& screenKey, std::optional<std::int16_t> modifyMarker,
+                  std::optional<std::int16_t> deleteMarker) override;
+    bool UserFlagA() const override
+    {
+        ++FlagReads;
+        return false;
+    }
+    bool AllowPostedEdit() const override { return PostedEdit; }
+    bool IsAdministrator() const override { return Administrator; }
+    std::int16_t UserNumber() const override { return Number; }
+    QString UserBranchCode() const override { return Branch; }
+};
+
+} // namespace tests

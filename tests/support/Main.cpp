@@ -1,0 +1,19 @@
+#include "support/ExpectedBoxes.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    // A test closes windows as it likes.
+    QApplication::setQuitOnLastWindowClosed(false);
+    // A box that nobody expects fails its test, rather than wait for a user.
+    const TradeForms::ExpectedBoxes noBoxes;
+    const TradeForms::ExpectedDialogs noDialogs;
+    return RUN_ALL_TESTS();
+}
