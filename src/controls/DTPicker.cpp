@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace TradeForms {
 
@@ -76,6 +77,13 @@ bool DTPicker::focusNextPrevChild(bool next)
     return QWidget::focusNextPrevChild(next);
 }
 
+void DTPicker::focusInEvent(QFocusEvent* event)
+{
+    typedDay_ = 0;
+    advanced_ = false;
+    QDateEdit::focusInEvent(event);
+}
+
 void DTPicker::keyPressEvent(QKeyEvent* event)
 {
     const bool altDown = event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier;
@@ -84,13 +92,33 @@ void DTPicker::keyPressEvent(QKeyEvent* event)
         return;
     }
     const QString text = event->text();
-    if (text.size() == 1 && text.front().isDigit())
+    if (text.size() == 1 && text.front().isDigit()) {
         TypeDigit(event);
-    else if (text.size() == 1 && QStringLiteral("/-. ").contains(text))
-        TypeSeparator();
-    else {
+        return;
+    }
+    const bool advanced = std::exchange(advanced_, false);
+    if (text.size() == 1 && QStringLiteral("/-. ").contains(text)) {
+        if (!advanced)
+            SelectPart(currentSectionIndex() + 1);
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Left:
+        SelectPart(currentSectionIndex() - 1);
+        break;
+    case Qt::Key_Right:
+        SelectPart(currentSectionIndex() + 1);
+        break;
+    case Qt::Key_Home:
+        SelectPart(0);
+        break;
+    case Qt::Key_End:
+        SelectPart(sectionCount() - 1);
+        break;
+    default:
         typedDay_ = 0;
         QDateEdit::keyPressEvent(event);
+        break;
     }
 }
 
@@ -98,38 +126,38 @@ void DTPicker::keyPressEvent(QKeyEvent* event)
 // over has 30 days.
 void DTPicker::TypeDigit(QKeyEvent* event)
 {
-    if (currentSection() == DaySection) {
+    const Section section = currentSection();
+    const int most = section == YearSection ? 4 : 2;
+    if (sectionText(section).size() >= most)
+        setSelectedSection(section); // a digit begins a part that is complete anew
+    if (section == DaySection) {
         const bool begins = lineEdit()->hasSelectedText();
         typedDay_ = (begins ? 0 : typedDay_) * 10 + event->text().front().digitValue();
     }
     QDateEdit::keyPressEvent(event);
 
+    advanced_ = currentSection() != section;
+    if (currentSection() == DaySection)
+        return;
     const QDate now = date();
     const int day = std::min(typedDay_, now.daysInMonth());
-    const bool typingDay = currentSection() == DaySection;
-    if (!typingDay && day > now.day()) {
-        const Section section = currentSection();
-        const bool selected = lineEdit()->hasSelectedText();
+    if (day > now.day()) {
+        const Section selected = lineEdit()->hasSelectedText() ? currentSection() : NoSection;
         const int cursor = lineEdit()->cursorPosition();
         setDate(QDate(now.year(), now.month(), day));
-        if (selected)
-            setSelectedSection(section);
-        else
-            lineEdit()->setCursorPosition(cursor);
+        lineEdit()->setCursorPosition(cursor);
+        setSelectedSection(selected);
     }
-    if (!typingDay && typedDay_ > date().day())
+    if (typedDay_ > date().day())
         QToolTip::showText(mapToGlobal(QPoint(0, height())),
                            QStringLiteral("This month has only %1 days").arg(date().daysInMonth()),
                            this);
 }
 
-// On to the next part, unless the last digit has gone there already.
-void DTPicker::TypeSeparator()
+void DTPicker::SelectPart(int index)
 {
-    if (lineEdit()->hasSelectedText() || currentSectionIndex() + 1 >= sectionCount())
-        return;
     interpretText();
-    setSelectedSection(sectionAt(currentSectionIndex() + 1));
+    setSelectedSection(sectionAt(std::clamp(index, 0, sectionCount() - 1)));
 }
 
 void DTPicker::wheelEvent(QWheelEvent* event)

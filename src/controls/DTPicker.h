@@ -7,9 +7,10 @@
 namespace TradeForms {
 
 /// A date field; its custom format is "dd/MM/yyyy" or "MMM-yyyy". The year lies from 1753 to
-/// 9999; one of two digits is of this century. Up and Down change the part under the cursor,
-/// Alt+Down opens the calendar. What it shows after a part is typed is always a date: a day that
-/// the month does not have becomes its last one, until a month is typed that has it.
+/// 9999; one of two digits is of this century. Left and Right go from part to part, Up and Down
+/// change the part under the cursor, Alt+Down opens the calendar. What it shows after a part is
+/// typed is always a date: a day that the month does not have becomes its last one, until a month
+/// is typed that has it.
 class DTPicker : public QDateEdit, public Control {
     Q_OBJECT
 public:
@@ -24,6 +25,7 @@ public:
 protected:
     void FinishEdit() override;
     bool focusNextPrevChild(bool next) override;
+    void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -34,9 +36,11 @@ private:
     QRect ArrowRect() const;
     void OpenCalendar();
     void TypeDigit(QKeyEvent* event);
-    void TypeSeparator();
+    /// Selects the part of this index, or the nearest there is.
+    void SelectPart(int index);
 
-    int typedDay_ = 0; ///< the day as typed, which may wait for its month; 0 is none
+    int typedDay_ = 0;      ///< the day as typed, which may wait for its month; 0 is none
+    bool advanced_ = false; ///< the last digit has completed a part and gone to the next
 };
 
 } // namespace TradeForms

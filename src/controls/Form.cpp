@@ -27,12 +27,13 @@ public:
     Control* ActiveControl() const { return Control::Of(active); }
     bool CanTakeFocus(const Control& control) const;
     bool MayLeaveFor(const Control& to);
-    bool Give(Control& to, Qt::FocusReason reason);
+    enum class Leave { Fully, Quietly }; ///< whether the old control's OnLostFocus runs
+    bool Give(Control& to, Qt::FocusReason reason, Leave leave = Leave::Fully);
     bool Move(Control& to, Qt::FocusReason reason);
     bool Step(bool forward);
     Control* Neighbour(bool forward) const;
     QList<Control*> TabStops() const;
-    void Transition(Control* to);
+    void Transition(Control* to, Leave leave = Leave::Fully);
     void FocusChanged(QWidget* now);
     void WatchWindow();
 
@@ -85,7 +86,7 @@ bool Form::Private::MayLeaveFor(const Control& to)
     return !cancel && !unloaded && ActiveControl() == from;
 }
 
-bool Form::Private::Give(Control& to, Qt::FocusReason reason)
+bool Form::Private::Give(Control& to, Qt::FocusReason reason, Leave leave)
 {
     if (!CanTakeFocus(to))
         return false;
@@ -97,7 +98,7 @@ bool Form::Private::Give(Control& to, Qt::FocusReason reason)
     if (Control::Of(form.focusWidget()) != &to)
         return false;
     if (ActiveControl() != &to)
-        Transition(&to);
+        Transition(&to, leave);
     return true;
 }
 
@@ -144,13 +145,13 @@ bool Form::Private::Step(bool forward)
 }
 
 // Rule 2.
-void Form::Private::Transition(Control* to)
+void Form::Private::Transition(Control* to, Leave leave)
 {
     Control* from = ActiveControl();
     const bool fromHadFocus = from && passedOver != active;
     active = to ? &to->Widget() : nullptr;
     passedOver = active;
-    if (fromHadFocus)
+    if (fromHadFocus && leave == Leave::Fully)
         from->Fire(from->OnLostFocus);
     if (active && passedOver == active && ActiveControl() == to && !unloaded) {
         passedOver = nullptr;
@@ -272,7 +273,7 @@ bool Form::SetFocus(Control& control)
 
 bool Form::ResetFocus(Control& control)
 {
-    return d->Give(control, Qt::OtherFocusReason);
+    return d->Give(control, Qt::OtherFocusReason, Private::Leave::Quietly);
 }
 
 bool Form::FocusNext()

@@ -55,8 +55,8 @@ public:
     /// Moves the focus under rule 1. False where the active control's validation refused, or
     /// the control cannot take it (disabled or hidden).
     bool SetFocus(Control& control);
-    /// Moves the focus without asking the active control: for a program that has just replaced
-    /// what the fields hold.
+    /// Moves the focus without asking the active control and without its OnLostFocus: for a
+    /// program that has just replaced what the fields hold, so that there is nothing to act on.
     bool ResetFocus(Control& control);
     /// The next or previous tab stop, under rule 1: what Tab does. False where the focus stays.
     bool FocusNext();

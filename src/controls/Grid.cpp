@@ -422,7 +422,7 @@ void Grid::PressRight(const QPoint& position)
 {
     if (!OnRightPress)
         return;
-    Fire([this, position, handler = OnRightPress] { handler(position); });
+    Fire([position, handler = OnRightPress] { handler(position); });
 }
 
 bool Grid::event(QEvent* event)

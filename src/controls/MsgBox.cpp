@@ -3,6 +3,7 @@
 #include "controls/Form.h"
 #include "controls/Look.h"
 #include "controls/Pieces.h"
+#include "controls/TypeAhead.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -281,6 +282,8 @@ void Run(Form& form, QWidget* owner)
     const QPointer<Form> alive(&form);
     const QPointer<QWidget> over(windowOf(owner));
     QEventLoop loop;
+    TypeAhead typeAhead;
+    QObject::connect(&form, &Form::Unloaded, &typeAhead, &TypeAhead::Hold);
     QObject::connect(&form, &Form::Unloaded, &loop, &QEventLoop::quit);
     QObject::connect(&form, &QObject::destroyed, &loop, &QEventLoop::quit);
 
@@ -294,6 +297,7 @@ void Run(Form& form, QWidget* owner)
         alive->hide(); // where the whole application is quitting
     if (over && over->isVisible())
         over->activateWindow();
+    typeAhead.Release();
 }
 
 void Present(Form& form, QWidget* owner)

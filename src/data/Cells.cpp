@@ -4,69 +4,23 @@
 #include "data/Numbers.h"
 
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 namespace TradeForms {
 
 namespace {
 
-// A cell is a tag and its bytes. Small whole numbers and short texts, by far the most frequent,
-// take one byte beside their data.
-enum Tag : char {
-    tagNull,
-    tagInteger1,
-    tagInteger2,
-    tagInteger4,
-    tagInteger8,
-    tagReal,
-    tagText1,
-    tagText4,
-    tagBinary4
-};
-
-template <class T> void append(std::string& row, Tag tag, T value)
+template <class T> void append(std::string& row, CellTag tag, T value)
 {
     char bytes[1 + sizeof(T)];
-    bytes[0] = tag;
+    bytes[0] = char(tag);
     std::memcpy(bytes + 1, &value, sizeof(T));
     row.append(bytes, sizeof bytes);
-}
-
-template <class T> T load(const char* at)
-{
-    T value;
-    std::memcpy(&value, at, sizeof(T));
-    return value;
 }
 
 template <class T> bool fits(std::int64_t number)
 {
     return number >= std::numeric_limits<T>::min() && number <= std::numeric_limits<T>::max();
-}
-
-/// Whole length of the cell at this place.
-std::size_t cellLength(const char* at)
-{
-    switch (Tag(*at)) {
-    case tagNull:
-        return 1;
-    case tagInteger1:
-        return 2;
-    case tagInteger2:
-        return 3;
-    case tagInteger4:
-        return 5;
-    case tagInteger8:
-    case tagReal:
-        return 9;
-    case tagText1:
-        return 2 + load<std::uint8_t>(at + 1);
-    case tagText4:
-    case tagBinary4:
-        return 5 + load<std::uint32_t>(at + 1);
-    }
-    Q_UNREACHABLE();
 }
 
 /// Number of a run of digits, or -1 where something else stands among them.
@@ -105,8 +59,8 @@ QTime readTime(std::string_view text)
         return QTime();
     int seconds = 0;
     if (text.size() > 5) {
-        if (text.size() < 8 || text[5] != ':'
-            || (text.size() > 8 && (text[8] != '.' || digits(text.substr(9)) < 0)))
+        if (text.size() < 8 || text[5] != ':' ||
+            (text.size() > 8 && (text[8] != '.' || digits(text.substr(9)) < 0)))
             return QTime();
         seconds = digits(text.substr(6, 2));
     }
@@ -130,29 +84,10 @@ QVariant dateTimeValue(const Cell& cell)
     return moment.isValid() ? QVariant(moment) : QVariant(textOf(cell));
 }
 
-QVariant textValue(const Cell& cell, ColumnKind kind)
-{
-    switch (kind) {
-    case ColumnKind::Date:
-        return dateValue(cell);
-    case ColumnKind::DateTime:
-        return dateTimeValue(cell);
-    case ColumnKind::Expression:
-        // The largest of a date column, or a date that was added to, is a date still.
-        if (IsStoredDate(cell.Bytes))
-            return dateValue(cell);
-        if (IsStoredDateTime(cell.Bytes))
-            return dateTimeValue(cell);
-        return textOf(cell);
-    default:
-        return textOf(cell);
-    }
-}
-
 bool isNothing(const QVariant& value)
 {
-    return value.isNull() || (value.typeId() == QMetaType::QDate && !value.toDate().isValid())
-        || (value.typeId() == QMetaType::QDateTime && !value.toDateTime().isValid());
+    return value.isNull() || (value.typeId() == QMetaType::QDate && !value.toDate().isValid()) ||
+           (value.typeId() == QMetaType::QDateTime && !value.toDateTime().isValid());
 }
 
 double toNumber(const QVariant& value)
@@ -272,82 +207,40 @@ void AppendCell(std::string& row, const Cell& cell)
 {
     switch (cell.Kind) {
     case Cell::Type::Null:
-        row += char(tagNull);
+        row += char(CellTag::Null);
         break;
     case Cell::Type::Integer:
         if (fits<std::int8_t>(cell.Integer))
-            append(row, tagInteger1, std::int8_t(cell.Integer));
+            append(row, CellTag::Integer1, std::int8_t(cell.Integer));
         else if (fits<std::int16_t>(cell.Integer))
-            append(row, tagInteger2, std::int16_t(cell.Integer));
+            append(row, CellTag::Integer2, std::int16_t(cell.Integer));
         else if (fits<std::int32_t>(cell.Integer))
-            append(row, tagInteger4, std::int32_t(cell.Integer));
+            append(row, CellTag::Integer4, std::int32_t(cell.Integer));
         else
-            append(row, tagInteger8, cell.Integer);
+            append(row, CellTag::Integer8, cell.Integer);
         break;
     case Cell::Type::Real:
-        append(row, tagReal, cell.Real);
+        append(row, CellTag::Real, cell.Real);
         break;
     case Cell::Type::Text:
         if (cell.Bytes.size() <= std::numeric_limits<std::uint8_t>::max())
-            append(row, tagText1, std::uint8_t(cell.Bytes.size()));
+            append(row, CellTag::ShortText, std::uint8_t(cell.Bytes.size()));
         else
-            append(row, tagText4, std::uint32_t(cell.Bytes.size()));
+            append(row, CellTag::LongText, std::uint32_t(cell.Bytes.size()));
         row += cell.Bytes;
         break;
     case Cell::Type::Binary:
-        append(row, tagBinary4, std::uint32_t(cell.Bytes.size()));
+        append(row, CellTag::Binary, std::uint32_t(cell.Bytes.size()));
         row += cell.Bytes;
         break;
     }
-}
-
-Cell ReadCell(const char*& at)
-{
-    const char* const cell = at;
-    at += cellLength(cell);
-    const auto bytesAfter = [&](std::size_t head) {
-        return std::string_view(cell + head, std::size_t(at - cell) - head);
-    };
-    switch (Tag(*cell)) {
-    case tagNull:
-        return {};
-    case tagInteger1:
-        return Cell::FromInteger(load<std::int8_t>(cell + 1));
-    case tagInteger2:
-        return Cell::FromInteger(load<std::int16_t>(cell + 1));
-    case tagInteger4:
-        return Cell::FromInteger(load<std::int32_t>(cell + 1));
-    case tagInteger8:
-        return Cell::FromInteger(load<std::int64_t>(cell + 1));
-    case tagReal:
-        return Cell::FromReal(load<double>(cell + 1));
-    case tagText1:
-        return Cell::FromText(bytesAfter(2));
-    case tagText4:
-        return Cell::FromText(bytesAfter(5));
-    case tagBinary4:
-        return Cell::FromBinary(bytesAfter(5));
-    }
-    Q_UNREACHABLE();
-}
-
-void SkipCells(const char*& at, int count)
-{
-    for (; count > 0; --count)
-        at += cellLength(at);
-}
-
-Cell CellAt(const char* row, int index)
-{
-    SkipCells(row, index);
-    return ReadCell(row);
 }
 
 std::string WithCell(std::string_view row, int index, const Cell& cell)
 {
     const char* begin = row.data();
     SkipCells(begin, index);
-    const char* const end = begin + cellLength(begin);
+    const char* const end = begin + CellLength(begin);
     std::string changed;
     changed.reserve(row.size() + cell.Bytes.size() + sizeof(double));
     changed.append(row.data(), begin);
@@ -358,28 +251,28 @@ std::string WithCell(std::string_view row, int index, const Cell& cell)
 
 std::string BlankRow(int columns)
 {
-    return std::string(std::size_t(columns), char(tagNull));
+    return std::string(std::size_t(columns), char(CellTag::Null));
 }
 
-QVariant ValueOf(const Cell& cell, ColumnKind kind)
+QVariant ValueOfBytes(const Cell& cell, ColumnKind kind)
 {
-    switch (cell.Kind) {
-    case Cell::Type::Null:
-        return QVariant();
-    case Cell::Type::Integer:
-        if (kind == ColumnKind::Flag)
-            return cell.Integer != 0;
-        if (kind == ColumnKind::Number)
-            return double(cell.Integer);
-        return qlonglong(cell.Integer);
-    case Cell::Type::Real:
-        return kind == ColumnKind::Flag ? QVariant(cell.Real != 0) : QVariant(cell.Real);
-    case Cell::Type::Text:
-        return textValue(cell, kind);
-    case Cell::Type::Binary:
+    if (cell.Kind == Cell::Type::Binary)
         return QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+    switch (kind) {
+    case ColumnKind::Date:
+        return dateValue(cell);
+    case ColumnKind::DateTime:
+        return dateTimeValue(cell);
+    case ColumnKind::Expression:
+        // The largest of a date column, or a date that was added to, is a date still.
+        if (IsStoredDate(cell.Bytes))
+            return dateValue(cell);
+        if (IsStoredDateTime(cell.Bytes))
+            return dateTimeValue(cell);
+        return textOf(cell);
+    default:
+        return textOf(cell);
     }
-    Q_UNREACHABLE();
 }
 
 EncodedValue::EncodedValue(const QVariant& value, ColumnKind kind)
@@ -443,8 +336,8 @@ bool IsStoredDate(std::string_view text)
 
 bool IsStoredDateTime(std::string_view text)
 {
-    return text.size() == 19 && text[10] == ' ' && IsStoredDate(text.substr(0, 10))
-        && readTime(text.substr(11)).isValid();
+    return text.size() == 19 && text[10] == ' ' && IsStoredDate(text.substr(0, 10)) &&
+           readTime(text.substr(11)).isValid();
 }
 
 QByteArray StoredText(const QDate& date)

@@ -28,10 +28,9 @@ std::optional<double> numberOf(const Cell& cell)
     case Cell::Type::Real:
         return cell.Real;
     case Cell::Type::Text: {
-        const QString text =
-            QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        const QString text = QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
         if (IsNumeric(text))
-            return Val(text);
+            return text.trimmed().toDouble();
         break;
     }
     default:
@@ -117,9 +116,12 @@ private:
         static constexpr struct {
             const char* Sign;
             Operator What;
-        } signs[] = {{"<>", Operator::NotEqual},  {"<=", Operator::LessOrEqual},
-                     {">=", Operator::GreaterOrEqual}, {"=", Operator::Equal},
-                     {"<", Operator::Less},       {">", Operator::Greater}};
+        } signs[] = {{"<>", Operator::NotEqual},
+                     {"<=", Operator::LessOrEqual},
+                     {">=", Operator::GreaterOrEqual},
+                     {"=", Operator::Equal},
+                     {"<", Operator::Less},
+                     {">", Operator::Greater}};
         skipBlanks();
         for (const auto& sign : signs) {
             const QLatin1String written(sign.Sign);
@@ -225,6 +227,9 @@ bool Criterion::holds(const Comparison& comparison, const Cell& cell)
 {
     if (cell.IsNull())
         return false;
+    if (cell.Kind == Cell::Type::Integer && comparison.IsNumeric &&
+        comparison.What != Operator::Like)
+        return holds(comparison.What, orderOf(double(cell.Integer), comparison.Number));
     const bool isText = cell.Kind == Cell::Type::Text;
     if (comparison.What == Operator::Like) {
         if (isText)
@@ -232,12 +237,11 @@ bool Criterion::holds(const Comparison& comparison, const Cell& cell)
         const QByteArray text = TextOf(ValueOf(cell, comparison.Kind)).toUtf8();
         return comparison.Pattern.Matches(viewOf(text));
     }
-    const bool isDate = comparison.Kind == ColumnKind::Date
-        || comparison.Kind == ColumnKind::DateTime;
+    const bool isDate =
+        comparison.Kind == ColumnKind::Date || comparison.Kind == ColumnKind::DateTime;
     if (isText && isDate && comparison.Moment.isValid()) {
         const QDateTime moment = DateTimeFromText(cell.Bytes);
-        return moment.isValid()
-            && holds(comparison.What, orderOf(moment, comparison.Moment));
+        return moment.isValid() && holds(comparison.What, orderOf(moment, comparison.Moment));
     }
     if (isText && comparison.IsQuoted)
         return holds(comparison.What, CompareText(cell.Bytes, viewOf(comparison.Text)));

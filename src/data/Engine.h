@@ -43,8 +43,12 @@ public:
     /// The statement's finished text; a value that does not fit its place is reported as the
     /// server would report it.
     QString TextOf(const Statement& statement) const;
+    /// Whether a result's rows are to be written back, which takes to know where they come from.
+    enum class Purpose { Read, Write };
+
     /// Runs one statement in the server's dialect. Null where the statement gives no rows.
-    virtual std::shared_ptr<const Snapshot> Run(const QString& statement) = 0;
+    virtual std::shared_ptr<const Snapshot> Run(const QString& statement,
+                                                Purpose purpose = Purpose::Read) = 0;
     /// A writer for the rows of a result that has a base table.
     virtual std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) = 0;
     virtual const TradeForms::Dialect& Dialect() const = 0;

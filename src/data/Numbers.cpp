@@ -38,8 +38,7 @@ qsizetype numberEnd(QStringView text)
     if (digits == 0)
         return 0;
     if (at < text.size() && (text[at] == u'e' || text[at] == u'E')) {
-        const bool hasSign =
-            at + 1 < text.size() && (text[at + 1] == u'+' || text[at + 1] == u'-');
+        const bool hasSign = at + 1 < text.size() && (text[at + 1] == u'+' || text[at + 1] == u'-');
         const qsizetype exponent = at + (hasSign ? 2 : 1);
         if (isDigit(text, exponent))
             at = skipDigits(text, exponent);
@@ -58,8 +57,8 @@ QStringView skipBlanks(QStringView text)
 template <class Whole> Whole narrow(double number)
 {
     const double rounded = std::nearbyint(number);
-    if (!(rounded >= double(std::numeric_limits<Whole>::min())
-          && rounded <= double(std::numeric_limits<Whole>::max())))
+    if (!(rounded >= double(std::numeric_limits<Whole>::min()) &&
+          rounded <= double(std::numeric_limits<Whole>::max())))
         throw OverflowFailure();
     return Whole(rounded);
 }
@@ -87,8 +86,7 @@ QString GeneralFormat(double number)
     if (!std::isfinite(number))
         return QString::number(number);
     // d.dddddde±xx: the digits after rounding, and the exponent that goes with them.
-    const QByteArray written =
-        QByteArray::number(std::fabs(number), 'e', significantDigits - 1);
+    const QByteArray written = QByteArray::number(std::fabs(number), 'e', significantDigits - 1);
     const qsizetype mark = written.indexOf('e');
     const int exponent = written.sliced(mark + 1).toInt();
     QByteArray digits = written.first(1) + written.sliced(2, mark - 2);

@@ -53,7 +53,9 @@ void Recordset::Open(const Statement& source, const std::shared_ptr<Connection>&
     connection->Run([&] {
         Engine& engine = connection->engine();
         const QString text = engine.TextOf(source);
-        if (auto snapshot = engine.Run(text))
+        const auto purpose =
+            lock == LockType::ReadOnly ? Engine::Purpose::Read : Engine::Purpose::Write;
+        if (auto snapshot = engine.Run(text, purpose))
             rows_ = std::make_unique<Rows>(std::move(snapshot), lock, connection, text);
     });
 }

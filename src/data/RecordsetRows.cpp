@@ -40,7 +40,9 @@ void Recordset::Rows::Requery()
     if (!connection_)
         throw Failure(QStringLiteral("The rows were not read by a recordset of its own."));
     Engine& engine = connection_->engine();
-    snapshot_ = connection_->Run([&] { return engine.Run(source_); });
+    const auto purpose =
+        lock_ == LockType::ReadOnly ? Engine::Purpose::Read : Engine::Purpose::Write;
+    snapshot_ = connection_->Run([&] { return engine.Run(source_, purpose); });
     self_ = std::make_shared<Rows*>(this);
     edits_.clear();
     pending_.reset();
@@ -156,6 +158,8 @@ const char* Recordset::Rows::bytes(int row) const
 {
     if (pending_ && pending_->Row == row)
         return pending_->Bytes.data();
+    if (edits_.empty())
+        return snapshot_->Row(row);
     const Edit* edit = editOf(row);
     return edit && !edit->Row.empty() ? edit->Row.data() : snapshot_->Row(row);
 }
@@ -249,8 +253,8 @@ void Recordset::Rows::AddNew()
     Edit& edit = makeEdit(row);
     edit.Mark = State::Added;
     edit.Row = BlankRow(Columns().Count());
-    pending_ = Pending{row, edit.Row, std::vector<bool>(std::size_t(Columns().Count())), true,
-                       position_};
+    pending_ =
+        Pending{row, edit.Row, std::vector<bool>(std::size_t(Columns().Count())), true, position_};
     if (visible_)
         visible_->push_back(row);
     moveTo(Count() - 1);
@@ -285,8 +289,8 @@ void Recordset::Rows::writePending()
         if (pending_->IsNew)
             stored = writer.Insert(stored.data(), pending_->Touched);
         else
-            requireFound(writer.Update(originalBytes(pending_->Row), stored.data(),
-                                       pending_->Touched));
+            requireFound(
+                writer.Update(originalBytes(pending_->Row), stored.data(), pending_->Touched));
     });
     Edit& edit = makeEdit(pending_->Row);
     edit = Edit();
@@ -424,8 +428,8 @@ void Recordset::Rows::CancelBatch()
 
 bool Recordset::Rows::HasPendingChanges() const
 {
-    return pending_
-        || std::any_of(edits_.begin(), edits_.end(), [](const std::unique_ptr<Edit>& edit) {
+    return pending_ ||
+           std::any_of(edits_.begin(), edits_.end(), [](const std::unique_ptr<Edit>& edit) {
                return edit && edit->Mark != State::Clean && edit->Mark != State::Gone;
            });
 }
@@ -441,7 +445,8 @@ void Recordset::Rows::refilter()
     if (!filter_ && !hasDeleted)
         return;
     std::vector<int> visible;
-    for (int row = 0; row < totalRows(); ++row) {
+    const int total = totalRows();
+    for (int row = 0; row < total; ++row) {
         if (!isDeleted(row) && (!filter_ || filter_->Holds(bytes(row))))
             visible.push_back(row);
     }

@@ -111,7 +111,7 @@ private:
     std::optional<Criterion> filter_;
     std::optional<Pending> pending_;
     int position_ = 0;
-    bool isOnDeleted_ = false; // the current record was deleted; the next one is at position_
+    bool isOnDeleted_ = false;    // the current record was deleted; the next one is at position_
     std::shared_ptr<Rows*> self_; // what a transaction may still undo here ends with it
 };
 

@@ -34,8 +34,8 @@ int Shape::IndexOf(QStringView name) const
 {
     for (int index = 0; index < Count(); ++index) {
         const QString& candidate = At(index).Name;
-        if (candidate.size() == name.size()
-            && QStringView(candidate).compare(name, Qt::CaseInsensitive) == 0)
+        if (candidate.size() == name.size() &&
+            QStringView(candidate).compare(name, Qt::CaseInsensitive) == 0)
             return index;
     }
     return -1;
@@ -46,8 +46,8 @@ int Shape::IndexOf(const char* name) const
     const QLatin1String wanted(name);
     for (int index = 0; index < Count(); ++index) {
         const QString& candidate = At(index).Name;
-        if (candidate.size() == wanted.size()
-            && candidate.compare(wanted, Qt::CaseInsensitive) == 0)
+        if (candidate.size() == wanted.size() &&
+            candidate.compare(wanted, Qt::CaseInsensitive) == 0)
             return index;
     }
     return -1;

@@ -15,9 +15,8 @@ namespace TradeForms {
 struct Column {
     QString Name;
     ColumnKind Kind = ColumnKind::Expression;
-    QString Table; ///< the table that it comes from; empty for an expression
+    QString Table; ///< the table that it comes from; empty for an expression, and for reading only
     QString Field; ///< its name in that table
-    bool IsKey = false;
 };
 
 /// The columns of a result, and the table to which its rows can be written.

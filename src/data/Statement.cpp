@@ -11,8 +11,8 @@ namespace {
 
 bool isNameStart(QChar letter)
 {
-    return (letter >= u'A' && letter <= u'Z') || (letter >= u'a' && letter <= u'z')
-        || letter == u'_';
+    return (letter >= u'A' && letter <= u'Z') || (letter >= u'a' && letter <= u'z') ||
+           letter == u'_';
 }
 
 bool isNamePart(QChar letter)
@@ -88,9 +88,8 @@ QString valueText(const QVariant& value, const Dialect& dialect)
 void appendQuoted(QString& text, const QString& value)
 {
     if (value.contains(u'\''))
-        throw Failure(
-            QStringLiteral("Unclosed quotation mark after the character string '%1'.")
-                .arg(shortened(value)));
+        throw Failure(QStringLiteral("Unclosed quotation mark after the character string '%1'.")
+                          .arg(shortened(value)));
     text += value;
 }
 

@@ -63,13 +63,6 @@ int compareLetters(std::string_view first, std::string_view second, std::size_t 
 
 } // namespace
 
-std::string_view WithoutTrailingBlanks(std::string_view text)
-{
-    while (!text.empty() && text.back() == ' ')
-        text.remove_suffix(1);
-    return text;
-}
-
 int CompareText(std::string_view first, std::string_view second)
 {
     first = WithoutTrailingBlanks(first);
@@ -87,8 +80,8 @@ int CompareText(std::string_view first, std::string_view second)
 
 int TextLength(std::string_view text)
 {
-    return int(std::count_if(text.begin(), text.end(),
-                             [](char byte) { return !isContinuation(byte); }));
+    return int(
+        std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
 }
 
 std::size_t ByteOfCharacter(std::string_view text, int character)

@@ -14,7 +14,12 @@ namespace TradeForms {
 int CompareText(std::string_view first, std::string_view second);
 
 /// The text without the blanks at its end.
-std::string_view WithoutTrailingBlanks(std::string_view text);
+inline std::string_view WithoutTrailingBlanks(std::string_view text)
+{
+    while (!text.empty() && text.back() == ' ')
+        text.remove_suffix(1);
+    return text;
+}
 
 /// Number of characters.
 int TextLength(std::string_view text);

@@ -77,7 +77,7 @@ const SearchDescription SchStaff{
     .Columns = {{"ID", "StaffID", "کوڈ", "Code", 90},
                 {"Name", "Name", "نام", "Name", 170, Column::Urdu},
                 {"Address", "Address", "پتہ", "Address", 240, Column::Urdu, true},
-                {"Designation", "Designation", "عہدہ", "Post", 130, Column::Urdu},
+                {"Designation", "Designation", "عہدہ", "Post", 190, Column::Urdu},
                 {"Branch", "branch", "برانچ", "Branch", 110, Column::Urdu}},
 };
 

@@ -7,6 +7,7 @@
 #include "host/HostContext.h"
 
 #include <QBoxLayout>
+#include <QLocale>
 
 #include <algorithm>
 #include <stdexcept>
@@ -167,7 +168,7 @@ void SearchWindow::attach()
         }
     };
     btnSelect_->OnClick = [this] { select(); };
-    btnClose_->OnClick = [this] { close(); };
+    btnClose_->OnClick = [this] { leaveEmpty(); };
     title_->ImgExit().OnClick = [this] { Unload(); };
     if (is_.MinimizeWorks) {
         title_->ImgMin().OnClick = [this] { Minimize(); };
@@ -250,8 +251,8 @@ void SearchWindow::loadList()
     grid_->SetSource(this);
     grid_->SourceChanged();
     jumpTo(0);
-    const int rows = list_.RecordCount();
-    title_->SetState(utf8("%1 قطاریں").arg(rows), QStringLiteral("%1 rows").arg(rows));
+    title_->SetState(QString(), QStringLiteral("rows ")
+                                    + QLocale(QLocale::English).toString(list_.RecordCount()));
 }
 
 void SearchWindow::jump(const Narrowing& narrowing)
@@ -301,7 +302,7 @@ void SearchWindow::select()
     Unload();
 }
 
-void SearchWindow::close()
+void SearchWindow::leaveEmpty()
 {
     for (const SearchResult& result : is_.Results) {
         dialog_.EmptyParaOut(result);
@@ -314,7 +315,7 @@ void SearchWindow::FormKeyDown(KeyPress& key)
     switch (key.Code) {
     case Qt::Key_Escape:
         key.Swallow();
-        close();
+        leaveEmpty();
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -54,7 +54,7 @@ private:
     void jump(const Narrowing& narrowing);
     void jumpTo(int row);
     void select();
-    void close();
+    void leaveEmpty();
 
     int RowCount() const override;
     QString Text(int row, int column) const override;

@@ -61,6 +61,45 @@ TEST_F(DTPickerTest, DayThatTheMonthDoesNotHaveBecomesItsLast)
     EXPECT_EQ(desk.Date.Value(), QDate(2027, 2, 28));
 }
 
+TEST_F(DTPickerTest, DayTypedBeforeIsForgottenWhereTheFocusWasTakenAway)
+{
+    Type(desk, "31");
+    desk.ResetFocus(desk.A);
+    desk.Date.SetValue(QDate(2026, 11, 21));
+    desk.SetFocus(desk.Date);
+    Type(desk, "/12");
+    EXPECT_EQ(desk.Date.Value(), QDate(2026, 12, 21));
+}
+
+TEST_F(DTPickerTest, LeftRightHomeEndAndSlashGoFromPartToPart)
+{
+    Press(desk, Qt::Key_Right);
+    Type(desk, "9");
+    EXPECT_EQ(shown(), s("21/09/2026"));
+    Press(desk, Qt::Key_Left);
+    Type(desk, "12");
+    EXPECT_EQ(shown(), s("21/12/2026"));
+    Press(desk, Qt::Key_Home);
+    Type(desk, "/");
+    Type(desk, "8");
+    EXPECT_EQ(shown(), s("21/08/2026"));
+    Press(desk, Qt::Key_Home);
+    Press(desk, Qt::Key_End);
+    Type(desk, "2025");
+    EXPECT_EQ(desk.Date.Value(), QDate(2025, 8, 21));
+    Press(desk, Qt::Key_Right);
+    Press(desk, Qt::Key_Up);
+    EXPECT_EQ(desk.Date.Value(), QDate(2026, 8, 21));
+}
+
+TEST_F(DTPickerTest, PartThatIsClickedIsTypedAnew)
+{
+    desk.SetFocus(desk.A);
+    Click(desk, desk.Date.mapTo(&desk, QPoint(24, desk.Date.height() / 2)));
+    Type(desk, "05");
+    EXPECT_EQ(desk.Date.Value(), QDate(2026, 11, 5));
+}
+
 TEST_F(DTPickerTest, KeyThatClicksAButtonTakesWhatIsTypedInPart)
 {
     Type(desk, "5/2/25");

@@ -103,7 +103,8 @@ TEST(Adapter, DoesNotTakeAComparisonForAnAlias)
 
 TEST(Adapter, ReadsACallOfAProcedure)
 {
-    const AdaptedStatement call = AdaptStatement("EXEC dbo.spRecoveryPrize 'Kot ''x','2026-01-01', -5;");
+    const AdaptedStatement call =
+        AdaptStatement("EXEC dbo.spRecoveryPrize 'Kot ''x','2026-01-01', -5;");
     ASSERT_TRUE(call.Procedure);
     EXPECT_EQ(call.Procedure->Name, "spRecoveryPrize");
     EXPECT_EQ(call.Procedure->Arguments, (QList<QByteArray>{"Kot 'x", "2026-01-01", "-5"}));
@@ -178,14 +179,13 @@ TEST(Dialect, ComparesTextsWithoutCaseAndTrailingBlanks)
 {
     const TestCompany company;
     const auto connection = company.Connect();
-    for (const char* statement :
-         {"select count(*) from Areas where AreaCode = 'KOT'",
-          "select count(*) from Areas where AreaCode = 'kot  '",
-          "select count(*) from Areas where left(AreaCode,3) = 'kOt '",
-          "select count(*) from Areas where right(AreaCode,3) = 'KOT'",
-          "select count(*) from Areas where isnull(AreaCode,'') = 'kot'",
-          "select count(*) from Areas where upper(AreaCode) = 'kot'",
-          "select count(*) from Areas where AreaCode like 'k_T'"})
+    for (const char* statement : {"select count(*) from Areas where AreaCode = 'KOT'",
+                                  "select count(*) from Areas where AreaCode = 'kot  '",
+                                  "select count(*) from Areas where left(AreaCode,3) = 'kOt '",
+                                  "select count(*) from Areas where right(AreaCode,3) = 'KOT'",
+                                  "select count(*) from Areas where isnull(AreaCode,'') = 'kot'",
+                                  "select count(*) from Areas where upper(AreaCode) = 'kot'",
+                                  "select count(*) from Areas where AreaCode like 'k_T'"})
         EXPECT_EQ(value(*connection, statement), QVariant(1)) << statement;
 }
 
@@ -279,10 +279,10 @@ TEST(Adapter, KeepsRandomTextsWhole)
 {
     // Statements made of pieces that need no change must come out as they went in, however the
     // pieces are put together.
-    const char* const pieces[] = {"'left('",     "'it''s'",   "[isnull(x]", "\"dbo.\"", "/* ' */",
-                                  "-- exec\n",   "a",         "12.5e-3",    "<>",       "(",
-                                  ")",           "left join", ",",          "case",     "when",
-                                  "'قصور'",      "0x1F",      "=",          "month",    "dbo"};
+    const char* const pieces[] = {"'left('",   "'it''s'",   "[isnull(x]", "\"dbo.\"", "/* ' */",
+                                  "-- exec\n", "a",         "12.5e-3",    "<>",       "(",
+                                  ")",         "left join", ",",          "case",     "when",
+                                  "'قصور'",    "0x1F",      "=",          "month",    "dbo"};
     std::mt19937 random(99);
     for (int i = 0; i < 3000; ++i) {
         QByteArray text = "update T set x";

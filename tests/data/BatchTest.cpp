@@ -40,16 +40,15 @@ protected:
 
     void find(const char* product)
     {
-        rows_.SetFilter(Statement("GatePassID=7 and ProductID='{P}'")
-                            .Bind("P", QString::fromUtf8(product)));
+        rows_.SetFilter(
+            Statement("GatePassID=7 and ProductID='{P}'").Bind("P", QString::fromUtf8(product)));
     }
 
     QStringList stored(const char* columns = "ProductID || ' ' || ifnull(OutNewProducts,'-')")
     {
         QStringList read;
-        const QString statement =
-            QStringLiteral("select %1 from GatePassBody where GatePassID=7 "
-                           "order by ProductID, OutNewProducts");
+        const QString statement = QStringLiteral("select %1 from GatePassBody where GatePassID=7 "
+                                                 "order by ProductID, OutNewProducts");
         for (const QVariantList& row : company_.Rows(statement.arg(QString::fromUtf8(columns))))
             read.append(row.first().toString());
         return read;
@@ -196,8 +195,7 @@ TEST_F(Batch, RestampsEveryRowOfAVoucher)
     EXPECT_TRUE(rows_.Eof());
     rows_.UpdateBatch();
     EXPECT_TRUE(stored().isEmpty());
-    EXPECT_EQ(company_.Scalar("select count(*) from GatePassBody where GatePassID=8"),
-              QVariant(4));
+    EXPECT_EQ(company_.Scalar("select count(*) from GatePassBody where GatePassID=8"), QVariant(4));
 }
 
 TEST_F(Batch, TakesWhatWasWrittenForTheOriginalAfterwards)
@@ -373,6 +371,26 @@ TEST_F(Batch, SurvivesAFullDiskInMidSave)
     EXPECT_EQ(stored().size(), 2003);
 }
 
+TEST_F(Batch, ComesBackWhenTheCommitFails)
+{
+    sqlite3* handle = static_cast<SqliteEngine&>(connection_->engine()).Raw();
+    add("233", 4);
+    connection_->BeginTrans();
+    rows_.UpdateBatch();
+    sqlite3_commit_hook(
+        handle, [](void*) { return 1; }, nullptr);
+    EXPECT_THROW(connection_->CommitTrans(), ProviderFailure);
+    EXPECT_EQ(connection_->Errors().Count(), 1);
+    sqlite3_commit_hook(handle, nullptr, nullptr);
+    EXPECT_NO_THROW(connection_->RollbackTrans());
+    EXPECT_EQ(stored(), untouched);
+
+    connection_->BeginTrans();
+    rows_.UpdateBatch();
+    connection_->CommitTrans();
+    EXPECT_EQ(stored().size(), 4);
+}
+
 TEST_F(Batch, IsCancelledAsAWhole)
 {
     add("233", 4);
@@ -435,8 +453,8 @@ TEST_F(Batch, FindsItsRowsByAnIndex)
 {
     SqliteEngine& engine = static_cast<SqliteEngine&>(connection_->engine());
     const auto searches = [&](const char* statement) {
-        Recordset plan = connection_->Execute(Statement(
-            QStringLiteral("EXPLAIN QUERY PLAN ") + QString::fromUtf8(statement)));
+        Recordset plan = connection_->Execute(
+            Statement(QStringLiteral("EXPLAIN QUERY PLAN ") + QString::fromUtf8(statement)));
         for (int row = 0; row < plan.RecordCount(); ++row) {
             if (plan.ValueAt(row, 3).toString().startsWith(QStringLiteral("SCAN")))
                 return false;

@@ -120,8 +120,7 @@ TEST_F(Company, CustomerIsTheLastOneWithTheUnit)
                  "('Kot 4', '', null)");
     EXPECT_EQ(value("select dbo.FunGetCustomer('E-77') as InsCustomerID"),
               QStringLiteral("Raja 2"));
-    EXPECT_EQ(value("select dbo.FunGetCustomer('c-1 ') as InsCustomerID"),
-              QStringLiteral("Kot 1"));
+    EXPECT_EQ(value("select dbo.FunGetCustomer('c-1 ') as InsCustomerID"), QStringLiteral("Kot 1"));
     EXPECT_FALSE(value("select dbo.FunGetCustomer('E-99') as InsCustomerID").isValid());
     EXPECT_FALSE(value("select dbo.FunGetCustomer('') as InsCustomerID").isValid());
     EXPECT_FALSE(value("select dbo.FunGetCustomer('  ') as InsCustomerID").isValid());
@@ -183,9 +182,9 @@ TEST_F(Company, StockOfOneProductReadsOnlyThatProductsRows)
         const QString step = plan.ValueAt(position, 3).toString();
         if (step.startsWith(QStringLiteral("SCAN"))) {
             // The three kinds of movement, and the view's own rows.
-            EXPECT_TRUE(step == QStringLiteral("SCAN CONSTANT ROW")
-                        || step == QStringLiteral("SCAN k")
-                        || step == QStringLiteral("SCAN vuCurrentStock"))
+            EXPECT_TRUE(step == QStringLiteral("SCAN CONSTANT ROW") ||
+                        step == QStringLiteral("SCAN k") ||
+                        step == QStringLiteral("SCAN vuCurrentStock"))
                 << step.toStdString();
         }
         if (step.contains(QStringLiteral("(ProductID=?)")))
@@ -204,25 +203,24 @@ TEST_F(Company, AccountsAreAllAccounts)
 
 TEST_F(Company, InstallmentBalancesAreThoseOfADaysVouchers)
 {
-    company_.Run(
-        "insert into InsCustomerHeader (InsCustomerID, TotalAmount) values "
-        "('Kot 1', 1000), ('Kot 2', 2000), ('Kot 3', 3000);"
-        "insert into RecoveryHeader (VoucherID, VoucherDate) values "
-        "(1, '2026-01-05'), (2, '2026-01-05'), (3, '2026-01-06');"
-        "insert into RecoveryBody (VoucherID, VoucherDate, InsCustomerID, Amount) values "
-        "(1, '2026-01-05', 'Kot 1', 100), (2, '2026-01-05', 'KOT 1', 10), "
-        "(2, '2026-01-05', 'Kot 2', 200), (3, '2026-01-06', 'Kot 1', 1), "
-        "(3, '2026-01-06', 'Kot 3', 300), (1, '2026-01-05', 'Gone 1', 5);"
-        "insert into ConcessionBody (InsCustomerID, VoucherDate, Amount) values "
-        "('Kot 1', '2026-01-05', 0.5), ('Kot 1', '2026-01-07', 9);"
-        "insert into ReturnBody (InsCustomerID, VoucherDate, Amount) values "
-        "('Kot 2', '2026-01-04', 50), ('Kot 2', '2026-01-06', 60);"
-        "insert into PreviousBalances (InsCustomerID, PreviousDate, Amount) values "
-        "('Kot 2', '2026-01-01', 7), ('Kot 2', '2026-02-01', 8);"
-        "insert into InstallmentBalances values ('old', 1)");
+    company_.Run("insert into InsCustomerHeader (InsCustomerID, TotalAmount) values "
+                 "('Kot 1', 1000), ('Kot 2', 2000), ('Kot 3', 3000);"
+                 "insert into RecoveryHeader (VoucherID, VoucherDate) values "
+                 "(1, '2026-01-05'), (2, '2026-01-05'), (3, '2026-01-06');"
+                 "insert into RecoveryBody (VoucherID, VoucherDate, InsCustomerID, Amount) values "
+                 "(1, '2026-01-05', 'Kot 1', 100), (2, '2026-01-05', 'KOT 1', 10), "
+                 "(2, '2026-01-05', 'Kot 2', 200), (3, '2026-01-06', 'Kot 1', 1), "
+                 "(3, '2026-01-06', 'Kot 3', 300), (1, '2026-01-05', 'Gone 1', 5);"
+                 "insert into ConcessionBody (InsCustomerID, VoucherDate, Amount) values "
+                 "('Kot 1', '2026-01-05', 0.5), ('Kot 1', '2026-01-07', 9);"
+                 "insert into ReturnBody (InsCustomerID, VoucherDate, Amount) values "
+                 "('Kot 2', '2026-01-04', 50), ('Kot 2', '2026-01-06', 60);"
+                 "insert into PreviousBalances (InsCustomerID, PreviousDate, Amount) values "
+                 "('Kot 2', '2026-01-01', 7), ('Kot 2', '2026-02-01', 8);"
+                 "insert into InstallmentBalances values ('old', 1)");
     connection_->Execute("exec SPInstallmentBalances '2026-01-05'");
-    EXPECT_EQ(balances(), (QList<QVariantList>{row("Gone 1", -5), row("Kot 1", 889.5),
-                                               row("Kot 2", 1743)}));
+    EXPECT_EQ(balances(),
+              (QList<QVariantList>{row("Gone 1", -5), row("Kot 1", 889.5), row("Kot 2", 1743)}));
     connection_->Execute("exec SPInstallmentBalances '01/06/2026'");
     EXPECT_EQ(balances(), (QList<QVariantList>{row("Kot 1", 888.5), row("Kot 3", 2700)}));
     connection_->Execute("exec SPInstallmentBalances '2030-01-01'");
@@ -243,11 +241,11 @@ TEST_F(Company, RecoveryPrizeTakesTheCardsThatWereDueWhenTheMonthBegan)
         "('Raja 1', 'Raja', '2025-06-01', null, 7000);"
         "insert into RecoveryBody (InsCustomerID, VoucherDate, Amount) values "
         "('Kot 1', '2026-01-31', 100), ('Kot 1', '2026-02-01', 50), ('Kot 6', '2026-01-01', 600)");
-    for (const char* statement : {"exec spRecoveryPrize 'Kot','2026-02-01'",
-                                  "exec spRecoveryPrize 'kot','2026-02-17'"}) {
+    for (const char* statement :
+         {"exec spRecoveryPrize 'Kot','2026-02-01'", "exec spRecoveryPrize 'kot','2026-02-17'"}) {
         connection_->Execute(statement);
-        EXPECT_EQ(balances(), (QList<QVariantList>{row("Kot 1", 900), row("Kot 2", 2000),
-                                                   row("Kot 6", 0)}));
+        EXPECT_EQ(balances(),
+                  (QList<QVariantList>{row("Kot 1", 900), row("Kot 2", 2000), row("Kot 6", 0)}));
         EXPECT_EQ(value("select count(*) as total from InstallmentBalances where balance<>0"),
                   QVariant(2));
     }
@@ -318,8 +316,9 @@ TEST_F(Company, TextColumnsCompareInTheCompanysWay)
 
 TEST_F(Company, TheNextCardOfAnAreaIsReadFromAnIndex)
 {
-    company_.Run("insert into InsCustomerHeader (InsCustomerID, AreaCode, Old, AutoCard) values "
-                 "('Kot 9', 'Kot', 0, '9'), ('Kot 10', 'Kot', 0, '10'), ('Kot 99', 'Kot', 1, '99')");
+    company_.Run(
+        "insert into InsCustomerHeader (InsCustomerID, AreaCode, Old, AutoCard) values "
+        "('Kot 9', 'Kot', 0, '9'), ('Kot 10', 'Kot', 0, '10'), ('Kot 99', 'Kot', 1, '99')");
     const char* statement = "Select isnull(max(cast(Autocard as int)),0) + 1  from "
                             "InsCustomerHeader Where old=0 and AreaCode = 'Kot'";
     EXPECT_EQ(value(statement), QVariant(11));

@@ -2,6 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/Recordset.h"
+#include "data/sqlite/CompanyFile.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "support/TestCompany.h"
 
@@ -151,9 +152,16 @@ TEST(Open, AReadOnlyFolderIsReportedAtOnce)
                              "files can be written.")
                   .arg(shown(company.File())));
     const QString another = company.Folder() + QStringLiteral("/new.company");
-    EXPECT_TRUE(openFailure(another, Connection::Mode::Create)
-                    .contains(QStringLiteral("read-only")));
+    EXPECT_TRUE(
+        openFailure(another, Connection::Mode::Create).contains(QStringLiteral("read-only")));
     EXPECT_FALSE(QFile::exists(another));
+}
+
+TEST(Open, ACompanyThatAnotherHoldsForItselfIsInUse)
+{
+    const TestCompany company;
+    company.Run("PRAGMA locking_mode=EXCLUSIVE; BEGIN IMMEDIATE; COMMIT");
+    EXPECT_EQ(failureOf([&] { OpenCompanyFile(company.File(), 50ms); }), inUse);
 }
 
 TEST(Create, MakesACompanyThatOpens)
@@ -204,13 +212,14 @@ TEST(Execute, FindsNamesInAnyCase)
     const auto connection = company.Connect();
     for (const char* statement :
          {"select * from InsCustomerHeader", "select * from inscustomerheader",
-          "select INSCUSTOMERID from INSCUSTOMERHEADER", "select insCustomerID from InsCustomerbody",
-          "select * from Salaries", "select * from salaries",
-          "select * from WorkShopSalarybODY", "select * from WorkShopSalaryBody",
-          "select frominscustomerid from convertArea", "select * from ConvertArea",
-          "select * from VuCurrentStock", "select * from vucurrentstock",
-          "select dbo.funcurrentbalance('x')", "select DBO.FunCurrentBalance('x')",
-          "EXEC spinstallmentbalances '2026-01-01'", "exec SPRECOVERYPRIZE 'Kot','2026-01-01'"})
+          "select INSCUSTOMERID from INSCUSTOMERHEADER",
+          "select insCustomerID from InsCustomerbody", "select * from Salaries",
+          "select * from salaries", "select * from WorkShopSalarybODY",
+          "select * from WorkShopSalaryBody", "select frominscustomerid from convertArea",
+          "select * from ConvertArea", "select * from VuCurrentStock",
+          "select * from vucurrentstock", "select dbo.funcurrentbalance('x')",
+          "select DBO.FunCurrentBalance('x')", "EXEC spinstallmentbalances '2026-01-01'",
+          "exec SPRECOVERYPRIZE 'Kot','2026-01-01'"})
         EXPECT_NO_THROW(connection->Execute(statement)) << statement;
 }
 
@@ -300,8 +309,9 @@ TEST(Transaction, ThatTheDatabaseHasEndedIsRolledBackQuietlyOnce)
     // As SQLite does by itself on a full disk.
     sqlite3_exec(engineOf(*connection).Raw(), "ROLLBACK", nullptr, nullptr, nullptr);
     EXPECT_FALSE(connection->InTransaction());
-    EXPECT_TRUE(failureOf([&] { connection->CommitTrans(); })
-                    .contains(QStringLiteral("Nothing of it was saved")));
+    EXPECT_TRUE(failureOf([&] {
+                    connection->CommitTrans();
+                }).contains(QStringLiteral("Nothing of it was saved")));
     EXPECT_NO_THROW(connection->RollbackTrans());
     EXPECT_THROW(connection->RollbackTrans(), ProviderFailure);
     EXPECT_NO_THROW(connection->BeginTrans());

@@ -160,6 +160,14 @@ TEST_F(Filtered, FindLooksOnlyAtVisibleRecordsAndTakesOneComparison)
     EXPECT_THROW(rows_.Find(Statement("ReceiptNo=11 and CardNo='2'")), Failure);
 }
 
+TEST_F(Filtered, ReadsOverATextThatIsANumberBeyondAll)
+{
+    company_.Run("update RecoveryBody set CardNo='1e999' where ReceiptNo=11");
+    rows_.Requery();
+    EXPECT_EQ(count("CardNo = 1"), 2);
+    EXPECT_THROW(count("CardNo = 1e999"), OverflowFailure);
+}
+
 TEST(Criterion, AgreesWithTheDatabaseOnRandomRows)
 {
     const TestCompany company;
@@ -190,11 +198,11 @@ TEST(Criterion, AgreesWithTheDatabaseOnRandomRows)
         }
         const QString text = QString::fromUtf8(criterion);
         rows.SetFilter(Statement(text));
-        EXPECT_EQ(rows.RecordCount(),
-                  connection
-                      ->Execute(Statement(QStringLiteral("select * from PreviousBalances where ")
-                                          + text))
-                      .RecordCount())
+        EXPECT_EQ(
+            rows.RecordCount(),
+            connection
+                ->Execute(Statement(QStringLiteral("select * from PreviousBalances where ") + text))
+                .RecordCount())
             << criterion.toStdString();
     }
 }

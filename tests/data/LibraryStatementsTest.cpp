@@ -79,8 +79,7 @@ TEST(LibraryStatements, AllRunOnAnEmptyAndOnAFilledCompany)
         const auto connection = company.Connect();
         for (const QString& statement : all) {
             try {
-                EXPECT_EQ(connection->Execute(Statement(statement)).IsOpen(),
-                          isQuestion(statement))
+                EXPECT_EQ(connection->Execute(Statement(statement)).IsOpen(), isQuestion(statement))
                     << statement.toStdString();
             } catch (const Failure& failure) {
                 ADD_FAILURE() << failure.what() << "\n  in " << statement.toStdString();
@@ -127,7 +126,8 @@ TEST(LibraryStatements, WorkOutTheCarriedAdvance)
         "select 'advance' = case when BasicSalary-advance-less+Other-Recloan-GPFund-KFFund+"
         "isnull(total,0)< 0 then BasicSalary-advance-less+Other-Recloan-GPFund-KFFund+"
         "isnull(total,0) else 0 end from FrenchiserSalaryHeader h left outer join (select staffid, "
-        "salarymonth, sum(amount) as total from FrenchiserSalaryBody group by staffid,salarymonth)b "
+        "salarymonth, sum(amount) as total from FrenchiserSalaryBody group by "
+        "staffid,salarymonth)b "
         "on b.staffid = h.staffid and b.salarymonth = h.salarymonth where month(h.SalaryMonth) = 1 "
         "and year(h.SalaryMonth)= 2026 and h.staffid ='2014'");
     ASSERT_EQ(carried.RecordCount(), 1);
@@ -171,8 +171,7 @@ TEST(LibraryStatements, ConvertAnAccountAndUndoIt)
                            "InsCustomerHeader where InsCustomerID='Raja 9'"),
               (QList<QVariantList>{{QStringLiteral("Raja"), QStringLiteral("9"), 1, 0,
                                     QStringLiteral("عبداللہ"), 185000}}));
-    EXPECT_EQ(connection->Execute("SELECT isnull(dbo.FunCurrentBalance('raja 9'),0)")
-                  .ValueAt(0, 0),
+    EXPECT_EQ(connection->Execute("SELECT isnull(dbo.FunCurrentBalance('raja 9'),0)").ValueAt(0, 0),
               QVariant(185000 - 5200.0));
 
     run("Delete from inscustomerBody where inscustomerid = 'Raja 9'");

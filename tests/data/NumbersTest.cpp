@@ -1,5 +1,5 @@
-#include "data/Failure.h"
 #include "data/Numbers.h"
+#include "data/Failure.h"
 
 #include <gtest/gtest.h>
 

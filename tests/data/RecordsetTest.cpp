@@ -143,8 +143,7 @@ TEST_F(Records, GiveEachColumnItsType)
                                 "where ProductID='101'");
     const auto type = [&](const char* field) { return rows.Value(field).typeId(); };
     EXPECT_EQ(type("GatePassID"), QMetaType::LongLong);
-    EXPECT_EQ(rows.Value("EntryDate"),
-              QVariant(QDateTime(QDate(2026, 3, 9), QTime(14, 5, 6))));
+    EXPECT_EQ(rows.Value("EntryDate"), QVariant(QDateTime(QDate(2026, 3, 9), QTime(14, 5, 6))));
     EXPECT_EQ(rows.Value("isPosted"), QVariant(true));
     EXPECT_EQ(type("isPosted"), QMetaType::Bool);
     EXPECT_EQ(rows.Value("GatePassDate"), QVariant(QDate(2026, 3, 9)));
@@ -162,9 +161,21 @@ TEST_F(Records, GiveEachColumnItsType)
 TEST_F(Records, KeepEveryTextAndNumberWhole)
 {
     const QString longText = QString(70000, u'ق') + QStringLiteral("'\"%;--") + QChar(u'\0');
-    const QList<QVariant> numbers{0LL, 1LL, -1LL, 127LL, 128LL, -128LL, -129LL, 32767LL, 32768LL,
-                                  -32769LL, 2147483647LL, 2147483648LL, -2147483649LL,
-                                  9223372036854775807LL, -9223372036854775807LL};
+    const QList<QVariant> numbers{0LL,
+                                  1LL,
+                                  -1LL,
+                                  127LL,
+                                  128LL,
+                                  -128LL,
+                                  -129LL,
+                                  32767LL,
+                                  32768LL,
+                                  -32769LL,
+                                  2147483647LL,
+                                  2147483648LL,
+                                  -2147483649LL,
+                                  9223372036854775807LL,
+                                  -9223372036854775807LL};
     Recordset rows = open("select * from Sectors", LockType::Optimistic);
     for (const QVariant& number : numbers) {
         if (number.toLongLong() > 0 && number.toLongLong() < 4)
@@ -219,8 +230,8 @@ TEST_F(Records, AreWrittenAtEachUpdate)
     rows.Update();
     EXPECT_EQ(company_.Rows("select * from RecoveryHeader"),
               (QList<QVariantList>{{7, QStringLiteral("2026-01-05 09:30:01"), 0,
-                                    QStringLiteral("2026-01-05"), QStringLiteral("Kot"),
-                                    QVariant(), QVariant(), QVariant(), QVariant()}}));
+                                    QStringLiteral("2026-01-05"), QStringLiteral("Kot"), QVariant(),
+                                    QVariant(), QVariant(), QVariant()}}));
     EXPECT_EQ(rows.RecordCount(), 1);
 
     rows.Fields("AreaCode").SetValue(QStringLiteral("Raja"));
@@ -322,8 +333,7 @@ TEST_F(Records, AFieldTakesWhatItCanHold)
     EXPECT_EQ(set("TotalAmount", 7), QVariant(7.0));
     EXPECT_EQ(set("PromiseDate", QStringLiteral("31")), QVariant(31));
     EXPECT_EQ(set("PromiseDate", 2.5), QVariant(2));
-    EXPECT_EQ(set("PromiseDate", QStringLiteral("9007199254740993")),
-              QVariant(9007199254740993LL));
+    EXPECT_EQ(set("PromiseDate", QStringLiteral("9007199254740993")), QVariant(9007199254740993LL));
     EXPECT_EQ(set("Sale", 1), QVariant(true));
     EXPECT_EQ(set("Sale", QStringLiteral("False")), QVariant(false));
     EXPECT_EQ(set("CardNo", 12.0), QStringLiteral("12"));

@@ -1,7 +1,7 @@
+#include "data/Statement.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
-#include "data/Statement.h"
 #include "support/TestCompany.h"
 
 #include <gtest/gtest.h>
@@ -206,9 +206,10 @@ TEST(Statement, AnyTextWithoutAQuoteComesBackThroughALiteral)
 {
     const TestCompany company;
     const auto connection = company.Connect();
-    const QString alphabet = QStringLiteral(
-        "aZ09 %_;-/*[]\"`(){}=,.\\\t\n\r@#$ isnull(left( dbo. getdate() قصورے ۱۲ é ß 中 ")
-        + QString::fromUcs4(U"\U0001F600", 1);
+    const QString alphabet =
+        QStringLiteral(
+            "aZ09 %_;-/*[]\"`(){}=,.\\\t\n\r@#$ isnull(left( dbo. getdate() قصورے ۱۲ é ß 中 ") +
+        QString::fromUcs4(U"\U0001F600", 1);
     std::mt19937 random(42);
     for (int i = 0; i < 400; ++i) {
         QString value;
@@ -230,8 +231,7 @@ TEST(Statement, CarriesAVeryLongText)
     const TestCompany company;
     const auto connection = company.Connect();
     const QString value(10000, u'ک');
-    connection->Execute(
-        Statement("insert into Sectors values (9, '{V}')").Bind("V", value));
+    connection->Execute(Statement("insert into Sectors values (9, '{V}')").Bind("V", value));
     EXPECT_EQ(company.Scalar("select SectorName from Sectors where SectorID=9"), QVariant(value));
 }
 
@@ -240,8 +240,8 @@ TEST(Statement, ATextWithANulFailsAndRunsNothing)
     const TestCompany company;
     const auto connection = company.Connect();
     const QString value = QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b");
-    EXPECT_THROW(connection->Execute(
-                     Statement("insert into Sectors values (9, '{V}')").Bind("V", value)),
-                 ProviderFailure);
+    EXPECT_THROW(
+        connection->Execute(Statement("insert into Sectors values (9, '{V}')").Bind("V", value)),
+        ProviderFailure);
     EXPECT_EQ(company.Scalar("select count(*) from Sectors"), QVariant(3));
 }

@@ -193,6 +193,7 @@ exec spRecoveryPrize 'Kot','2026-01-05'
 -- Changes
 
 insert into Tempinscustomerheader SELECT * FROM inscustomerheader WHERE Areacode = 'Kot ' and cardno = '1'
+Update Tempinscustomerheader set InsCustomerID='Raja 9', AreaCode='Raja', CardNo='9', PreviousAccount='1 Kot', Sale=0, Old=1, [Order]=0, ChangeDate='2026-01-05'
 insert into inscustomerheader SELECT *  FROM Tempinscustomerheader
 insert into TempinscustomerBody (serialno, inscustomerid,Productid,Qty,Price,Amount,Colour,EngineNo,ChasisNo,VehicleNo) select serialno, inscustomerid,Productid,QTy,Price,Amount,Colour,EngineNo,ChasisNo,VehicleNo  from InsCustomerBody where inscustomerid='Kot 1'
 Insert into inscustomerBody (inscustomerid,Productid,Qty,Price,Amount, Colour,EngineNo,ChasisNo,VehicleNo) SELECT inscustomerid,Productid,QTy,Price,Amount,Colour,EngineNo,ChasisNo,VehicleNo FROM TempinscustomerBody
@@ -200,7 +201,6 @@ Insert into ConvertArea (FromInsCustomerID, FromAmount, TotalAmount, ToInsCustom
 Insert into PreviousBalances (InsCustomerID, PreviousDate, Amount, Previous, ConvertAccount) values ('Kot 1','2026-01-05',1,0,1)
 update InsCustomerHeader set Product = dbo.FunGetProduct('Kot 1') where InsCustomerID = 'Kot 1'
 Update inscustomerheader set PreviousAccount = '1 Kot'  where InsCustomerID='Kot 1'
-Update Tempinscustomerheader set InsCustomerID='Kot 1', AreaCode='Kot', CardNo='1', PreviousAccount='1 Kot', Sale=0, Old=1, [Order]=0, ChangeDate='2026-01-05'
 Update TempinscustomerBody set InsCustomerID='Kot 1'
 Update inscustomerheader set PreviousAccount = '' where InsCustomerID='Kot 1'
 Delete from GatePassBody where GatePassID = 1

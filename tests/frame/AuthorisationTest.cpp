@@ -21,6 +21,7 @@ protected:
     void change(int id)
     {
         OpenStored(id);
+        Press(It(), Qt::Key_Escape);
         EnterRow(s("210"), s("1"));
     }
     void post(int id)

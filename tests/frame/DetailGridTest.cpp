@@ -138,6 +138,7 @@ TEST_F(DetailGridTest, RemovingARowMarksTheVoucherWithoutAQuestion)
     It().Detail.RemoveRow();
     EXPECT_EQ(It().FormState(), State::Edited);
     EXPECT_EQ(BodyOf(id).size(), 1); // not before the save
+    Press(It(), Qt::Key_Return);     // on the blank row, which moved up
     EnterRow(s("210"), s("1"));
     Save();
     EXPECT_EQ(BodyOf(id), QStringList({s("210|1|null|null")}));

@@ -291,8 +291,8 @@ TEST_F(LifecycleTest, AfterAFailedSaveTheTransactionIsRolledBackAndASecondSaveSu
     EnterHeader();
     EnterRow(s("101"), s("3"));
     company.Run(s("create trigger Stop before insert on GatePassBody"
-                  " begin select raise(abort, 'The body cannot be written.'); end"));
-    boxes.Expect(Failed(s("The body cannot be written.")));
+                  " begin select raise(abort, 'the body cannot be written'); end"));
+    boxes.Expect(Failed(s("The database refuses this record: the body cannot be written.")));
     Ctrl(Qt::Key_S);
     EXPECT_FALSE(connection->InTransaction());
     EXPECT_EQ(Count(s("GatePassHeader")), 0);
@@ -360,9 +360,9 @@ TEST_F(LifecycleTest, AFailedDeletionIsRolledBackAndKeepsTheRowsOnTheScreen)
     const int id = Stored();
     OpenStored(id);
     company.Run(s("create trigger Stop before delete on GatePassHeader"
-                  " begin select raise(abort, 'The header cannot be deleted.'); end"));
+                  " begin select raise(abort, 'the header cannot be deleted'); end"));
     boxes.Expect(removeQuestion(), MsgAnswer::Yes);
-    boxes.Expect(Failed(s("The header cannot be deleted.")));
+    boxes.Expect(Failed(s("The database refuses this record: the header cannot be deleted.")));
     Ctrl(Qt::Key_R);
     EXPECT_FALSE(connection->InTransaction());
     EXPECT_EQ(BodyOf(id).size(), 1);
@@ -401,6 +401,7 @@ TEST_F(LifecycleTest, ChangingAStoredPassKeepsItsEntryDateAndItsPostedFlag)
     const int id = Stored();
     company.Run(s("update GatePassHeader set EntryDate = '2026-01-02 03:04:05'"));
     OpenStored(id);
+    Press(It(), Qt::Key_Escape);
     EnterRow(s("210"), s("1"));
     HostContext::UserNo = 9;
     Save();
@@ -419,6 +420,8 @@ TEST_F(LifecycleTest, ARowChangedByAnotherUserFailsTheSaveAndKeepsTheScreen)
     OpenStored(id);
     It().Rows.SetRow(0);
     It().Detail.RemoveRow();
+    It().Rows.MoveLast();
+    Press(It(), Qt::Key_Escape);
     EnterRow(s("210"), s("1"));
     company.Run(s("update GatePassBody set OutNewProducts = 8"));
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));

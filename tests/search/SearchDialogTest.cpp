@@ -304,7 +304,7 @@ TEST_F(SearchDialogTest, BtnSelectSelects)
 
 TEST_F(SearchDialogTest, AQuoteFailsTheReadAndKeepsTheListForTheNextKey)
 {
-    boxes.Expect({s("Unclosed quotation mark after the character string '%'%'."), MsgIcon::Stop,
+    boxes.Expect({s("Unclosed quotation mark after the character string '''."), MsgIcon::Stop,
                   s("Error occured")});
     show(SchStaff, [](SearchWindow& window) {
         const int rows = window.List().RowCount();
@@ -358,7 +358,7 @@ TEST_F(SearchDialogTest, GatePassesShowTheLastThirtyDaysAndTheirSums)
         EXPECT_EQ(cell(window, 0, "returnoldstock"), s("1"));
         EXPECT_EQ(cell(window, 0, "returnnewstock"), QString());
         EXPECT_EQ(cell(window, 1, "Driver"), QString());
-        EXPECT_TRUE(window.Title().StateText().contains(s("2 rows")));
+        EXPECT_TRUE(window.Title().StateText().contains(s("rows 2")));
 
         window.DtpFrom()->SetValue(today.addDays(-31));
         EXPECT_EQ(window.List().RowCount(), 3);

@@ -21,12 +21,14 @@ public:
     /// While the box is up, meanwhile runs.
     void Expect(const Message& message, MsgAnswer answer = MsgAnswer::Ok,
                 std::function<void()> meanwhile = {});
+    /// An Ok box whose text is the provider's own and only must not be empty.
+    void ExpectAny(MsgIcon icon, const QString& title);
     /// How many have not come yet.
     int Left() const { return int(expected_.size()); }
 
 private:
     struct Expected {
-        Message Box;
+        Message Box; ///< an empty text stands for any
         MsgAnswer Answer;
         std::function<void()> Meanwhile;
     };

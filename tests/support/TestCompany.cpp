@@ -88,8 +88,7 @@ INSERT INTO StockInBody (StockID, ProductID, Qty, Price, Amount) VALUES
     (2, '101', 5, 145000, 725000);
 )sql";
 
-int compareIgnoringCase(void*, int firstSize, const void* first, int secondSize,
-                        const void* second)
+int compareIgnoringCase(void*, int firstSize, const void* first, int secondSize, const void* second)
 {
     const auto text = [](const void* bytes, int size) {
         QString read = QString::fromUtf8(static_cast<const char*>(bytes), size);
@@ -103,8 +102,8 @@ int compareIgnoringCase(void*, int firstSize, const void* first, int secondSize,
 sqlite3* openRaw(const QString& file)
 {
     sqlite3* handle = nullptr;
-    if (sqlite3_open_v2(file.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr)
-        != SQLITE_OK)
+    if (sqlite3_open_v2(file.toUtf8().constData(), &handle, SQLITE_OPEN_READWRITE, nullptr) !=
+        SQLITE_OK)
         ADD_FAILURE() << "cannot open " << file.toStdString();
     sqlite3_create_collation_v2(handle, "CI", SQLITE_UTF8, nullptr, compareIgnoringCase, nullptr);
     sqlite3_busy_timeout(handle, 5000);

@@ -18,8 +18,8 @@ QString quotedForUser(std::string_view text)
 
 [[noreturn]] void raiseSyntax(std::string_view near)
 {
-    throw ProviderFailure(
-        QStringLiteral("Incorrect syntax near '%1'.").arg(quotedForUser(near)), SQLITE_ERROR);
+    throw ProviderFailure(QStringLiteral("Incorrect syntax near '%1'.").arg(quotedForUser(near)),
+                          SQLITE_ERROR);
 }
 
 /// A function that SQLite does not have, or whose result must be told how it compares: a text
@@ -260,8 +260,12 @@ private:
         copy(token);
         switch (token.Text.front()) {
         case '(':
-            levels_.push_back({nextCall_ ? nextCall_->Suffix : std::string_view(), nextCall_, 0,
-                               false, false, {}});
+            levels_.push_back({nextCall_ ? nextCall_->Suffix : std::string_view(),
+                               nextCall_,
+                               0,
+                               false,
+                               false,
+                               {}});
             nextCall_ = nullptr;
             break;
         case ')':
@@ -283,8 +287,8 @@ private:
     {
         put(suffix);
         const std::size_t next = parenthesis + 1;
-        if (!suffix.empty() && next < tokens_.size() && tokens_[next].What != Token::Kind::Sign
-            && tokens_[next].Text.data() == copied_)
+        if (!suffix.empty() && next < tokens_.size() && tokens_[next].What != Token::Kind::Sign &&
+            tokens_[next].Text.data() == copied_)
             put(" ");
     }
 
@@ -301,8 +305,8 @@ private:
             copy(token);
         } else if (isCallOf("dateadd", level) && level.Argument == 0) {
             replace(token, '\'' + std::string(token.Text) + '\'');
-        } else if (isSignAt(at + 1, '(') && !(at > 0 && tokens_[at - 1].IsWord("into"))
-                   && functionNamed(token)) {
+        } else if (isSignAt(at + 1, '(') && !(at > 0 && tokens_[at - 1].IsWord("into")) &&
+                   functionNamed(token)) {
             nextCall_ = functionNamed(token);
             noteDateArgument(level);
             replace(token, nextCall_->Replacement);
@@ -332,8 +336,7 @@ private:
                 std::string_view(content.constData(), std::size_t(content.size())));
             if (moment.isValid()) {
                 const bool hasTime = content.size() > 10;
-                const QByteArray stored =
-                    hasTime ? StoredText(moment) : StoredText(moment.date());
+                const QByteArray stored = hasTime ? StoredText(moment) : StoredText(moment.date());
                 return replace(token, '\'' + stored.toStdString() + '\'');
             }
         }

@@ -44,17 +44,18 @@ void requireWritableFolder(const QFileInfo& info)
               info.absoluteFilePath(), SQLITE_READONLY_DIRECTORY);
 }
 
-std::unique_ptr<SqliteEngine> openEngine(const QString& file)
+std::unique_ptr<SqliteEngine> openEngine(const QString& file, std::chrono::milliseconds lockWait)
 {
     sqlite3* raw = nullptr;
-    const int result = sqlite3_open_v2(file.toUtf8().constData(), &raw,
-                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX
-                                           | SQLITE_OPEN_EXRESCODE,
-                                       nullptr);
+    const int result = sqlite3_open_v2(
+        file.toUtf8().constData(), &raw,
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     Handle handle(raw);
     if (result != SQLITE_OK)
         raise(QStringLiteral("'%1' could not be opened."), file, result);
-    return std::make_unique<SqliteEngine>(std::move(handle));
+    auto engine = std::make_unique<SqliteEngine>(std::move(handle));
+    engine->SetLockWait(lockWait);
+    return engine;
 }
 
 /// A commit is on the disk when it returns; readers and a writer do not hinder each other.
@@ -83,7 +84,7 @@ void requireCompany(sqlite3* handle, const QString& file)
 
 } // namespace
 
-std::unique_ptr<Engine> OpenCompanyFile(const QString& file)
+std::unique_ptr<Engine> OpenCompanyFile(const QString& file, std::chrono::milliseconds lockWait)
 {
     const QFileInfo info(file);
     const QString path = info.absoluteFilePath();
@@ -96,7 +97,7 @@ std::unique_ptr<Engine> OpenCompanyFile(const QString& file)
               SQLITE_READONLY);
     requireWritableFolder(info);
 
-    auto engine = openEngine(path);
+    auto engine = openEngine(path, lockWait);
     requireCompany(engine->Raw(), path);
     configure(engine->Raw());
     return engine;
@@ -114,7 +115,7 @@ std::unique_ptr<Engine> CreateCompanyFile(const QString& file)
         raise(QStringLiteral("'%1' could not be created."), path, SQLITE_CANTOPEN);
 
     try {
-        auto engine = openEngine(path);
+        auto engine = openEngine(path, customaryLockWait);
         configure(engine->Raw());
         engine->Atomically([&] { RunScript(engine->Raw(), SqliteSchemaScript()); });
         return engine;

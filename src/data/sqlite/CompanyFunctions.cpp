@@ -74,8 +74,8 @@ QDate dateArgument(const QByteArray& text)
 {
     const QDate date = DateFromText(viewOf(text));
     if (!date.isValid())
-        throw ProviderFailure(
-            QStringLiteral("'%1' is not a date.").arg(QString::fromUtf8(text)), SQLITE_ERROR);
+        throw ProviderFailure(QStringLiteral("'%1' is not a date.").arg(QString::fromUtf8(text)),
+                              SQLITE_ERROR);
     return date;
 }
 
@@ -129,8 +129,7 @@ void CompanyFunctions::add(const char* name)
         }
     };
     if (sqlite3_create_function_v2(handle_, name, 1, SQLITE_UTF8, this, body, nullptr, nullptr,
-                                   nullptr)
-        != SQLITE_OK)
+                                   nullptr) != SQLITE_OK)
         RaiseSqlite(handle_);
 }
 
@@ -209,7 +208,8 @@ void CompanyFunctions::installmentBalances(const QByteArray& date)
 {
     const QByteArray day = StoredText(dateArgument(date));
     emptyBalances();
-    sqlite3_stmt* statement = prepared(voucherBalances_, QByteArray(insertBalances) + accountsOnVouchers);
+    sqlite3_stmt* statement =
+        prepared(voucherBalances_, QByteArray(insertBalances) + accountsOnVouchers);
     const ResetAtEnd reset(statement);
     BindText(statement, 1, viewOf(day));
     Step(statement);

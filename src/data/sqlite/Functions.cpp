@@ -79,8 +79,8 @@ void patindex(sqlite3_context* context, int, sqlite3_value** values)
 /// many, which is an error of the statement.
 int lengthArgument(sqlite3_value* value)
 {
-    return int(std::clamp<sqlite3_int64>(sqlite3_value_int64(value), -1,
-                                         std::numeric_limits<int>::max()));
+    return int(
+        std::clamp<sqlite3_int64>(sqlite3_value_int64(value), -1, std::numeric_limits<int>::max()));
 }
 
 void left(sqlite3_context* context, int, sqlite3_value** values)
@@ -129,9 +129,8 @@ void datePart(sqlite3_context* context, int, sqlite3_value** values)
 QDateTime added(const QDateTime& moment, const QString& part, qint64 count)
 {
     const auto isPart = [&](std::initializer_list<const char*> names) {
-        return std::any_of(names.begin(), names.end(), [&](const char* name) {
-            return part == QLatin1String(name);
-        });
+        return std::any_of(names.begin(), names.end(),
+                           [&](const char* name) { return part == QLatin1String(name); });
     };
     if (isPart({"d", "dd", "day", "dy", "y", "dayofyear", "dw", "w", "weekday"}))
         return moment.addDays(count);
@@ -162,8 +161,7 @@ void dateadd(sqlite3_context* context, int, sqlite3_value** values)
     if (!moment.isValid())
         return failAsDate(context, text);
     const std::string_view partText = ViewOf(values[0]);
-    const QString part =
-        QString::fromUtf8(partText.data(), qsizetype(partText.size())).toLower();
+    const QString part = QString::fromUtf8(partText.data(), qsizetype(partText.size())).toLower();
     const QDateTime result = added(moment, part, sqlite3_value_int64(values[1]));
     if (!result.isValid())
         return fail(context, "dateadd cannot add '" + part.toUtf8() + "'.");
@@ -205,14 +203,13 @@ constexpr Definition definitions[] = {
 
 void RegisterDialect(sqlite3* handle)
 {
-    if (sqlite3_create_collation_v2(handle, "CI", SQLITE_UTF8, nullptr, compare, nullptr)
-        != SQLITE_OK)
+    if (sqlite3_create_collation_v2(handle, "CI", SQLITE_UTF8, nullptr, compare, nullptr) !=
+        SQLITE_OK)
         RaiseSqlite(handle);
     for (const Definition& definition : definitions) {
         if (sqlite3_create_function_v2(handle, definition.Name, definition.Arguments,
-                                       definition.Flags, nullptr, definition.Body, nullptr,
-                                       nullptr, nullptr)
-            != SQLITE_OK)
+                                       definition.Flags, nullptr, definition.Body, nullptr, nullptr,
+                                       nullptr) != SQLITE_OK)
             RaiseSqlite(handle);
     }
 }

@@ -40,8 +40,7 @@ QString textFor(sqlite3* handle, int code)
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return QStringLiteral(
-            "The database is in use by another user. Try again in a moment.");
+        return QStringLiteral("The database is in use by another user. Try again in a moment.");
     case SQLITE_FULL:
         return QStringLiteral("There is no room left on the disk for '%1'. The change was not "
                               "saved. Make room and try again.")
@@ -72,8 +71,7 @@ bool isBlank(sqlite3* handle, const char* text, const char* end)
     while (text < end) {
         sqlite3_stmt* statement = nullptr;
         const char* rest = nullptr;
-        const int result =
-            sqlite3_prepare_v2(handle, text, int(end - text), &statement, &rest);
+        const int result = sqlite3_prepare_v2(handle, text, int(end - text), &statement, &rest);
         const PreparedStatement owner(statement);
         if (result != SQLITE_OK || statement || rest == text)
             return false;
@@ -94,9 +92,9 @@ PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isKept)
 {
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
-    const int result = sqlite3_prepare_v3(handle, text.constData(), int(text.size()),
-                                          isKept ? SQLITE_PREPARE_PERSISTENT : 0, &statement,
-                                          &rest);
+    const int result =
+        sqlite3_prepare_v3(handle, text.constData(), int(text.size()),
+                           isKept ? SQLITE_PREPARE_PERSISTENT : 0, &statement, &rest);
     PreparedStatement prepared(statement);
     if (result != SQLITE_OK)
         RaiseSqlite(handle);
@@ -162,19 +160,18 @@ void BindText(sqlite3_stmt* statement, int parameter, std::string_view text)
 
 Cell ReadColumn(sqlite3_stmt* statement, int column)
 {
-    switch (sqlite3_column_type(statement, column)) {
+    // One access to the column instead of three; the value is used on this thread alone.
+    sqlite3_value* const value = sqlite3_column_value(statement, column);
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-        return Cell::FromInteger(sqlite3_column_int64(statement, column));
+        return Cell::FromInteger(sqlite3_value_int64(value));
     case SQLITE_FLOAT:
-        return Cell::FromReal(sqlite3_column_double(statement, column));
-    case SQLITE_TEXT: {
-        const auto* text =
-            reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-        return Cell::FromText({text, std::size_t(sqlite3_column_bytes(statement, column))});
-    }
+        return Cell::FromReal(sqlite3_value_double(value));
+    case SQLITE_TEXT:
+        return Cell::FromText(ViewOf(value));
     case SQLITE_BLOB: {
-        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
-        return Cell::FromBinary({bytes, std::size_t(sqlite3_column_bytes(statement, column))});
+        const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+        return Cell::FromBinary({bytes, std::size_t(sqlite3_value_bytes(value))});
     }
     default:
         return {};

@@ -51,22 +51,15 @@ ColumnKind kindOf(const char* declaredType)
     return ColumnKind::Number;
 }
 
-Column describeColumn(sqlite3_stmt* statement, int index)
+Column describeColumn(sqlite3_stmt* statement, int index, Engine::Purpose purpose)
 {
     Column column;
     column.Name = QString::fromUtf8(sqlite3_column_name(statement, index));
     column.Kind = kindOf(sqlite3_column_decltype(statement, index));
-    const char* table = sqlite3_column_table_name(statement, index);
-    const char* field = sqlite3_column_origin_name(statement, index);
-    if (!table || !field)
-        return column;
-    column.Table = QString::fromUtf8(table);
-    column.Field = QString::fromUtf8(field);
-    int isKey = 0;
-    sqlite3_table_column_metadata(sqlite3_db_handle(statement),
-                                  sqlite3_column_database_name(statement, index), table, field,
-                                  nullptr, nullptr, nullptr, &isKey, nullptr);
-    column.IsKey = isKey != 0;
+    if (purpose == Engine::Purpose::Write) {
+        column.Table = QString::fromUtf8(sqlite3_column_table_name(statement, index));
+        column.Field = QString::fromUtf8(sqlite3_column_origin_name(statement, index));
+    }
     return column;
 }
 
@@ -128,28 +121,29 @@ SqliteEngine::Kept& SqliteEngine::keptStatement(const QByteArray& text)
 {
     if (Kept* known = prepared_.object(text))
         return *known;
-    auto* made = new Kept{Prepare(handle_.get(), text), nullptr, 0};
+    auto* made = new Kept{Prepare(handle_.get(), text), nullptr, Purpose::Read, 0};
     prepared_.insert(text, made);
     return *made;
 }
 
 /// The statement's columns, read anew where SQLite has prepared it anew, since `select *` may
 /// have more of them then.
-std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept)
+std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept, Purpose purpose)
 {
     sqlite3_stmt* statement = kept.Compiled.get();
     const int preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
-    if (!kept.Columns || preparations != kept.Preparations) {
+    if (!kept.Columns || preparations != kept.Preparations || purpose != kept.For) {
         std::vector<Column> columns;
         for (int index = 0; index < sqlite3_column_count(statement); ++index)
-            columns.push_back(describeColumn(statement, index));
+            columns.push_back(describeColumn(statement, index, purpose));
         kept.Columns = std::make_shared<const Shape>(std::move(columns));
+        kept.For = purpose;
         kept.Preparations = preparations;
     }
     return kept.Columns;
 }
 
-std::shared_ptr<const Snapshot> SqliteEngine::Run(const QString& statement)
+std::shared_ptr<const Snapshot> SqliteEngine::Run(const QString& statement, Purpose purpose)
 {
     const AdaptedStatement& ready = adapted(statement);
     if (ready.Procedure) {
@@ -163,7 +157,7 @@ std::shared_ptr<const Snapshot> SqliteEngine::Run(const QString& statement)
     const int columns = sqlite3_column_count(compiled);
     if (columns == 0)
         return nullptr;
-    auto snapshot = std::make_shared<Snapshot>(shapeOf(kept));
+    auto snapshot = std::make_shared<Snapshot>(shapeOf(kept, purpose));
     for (; hasRow; hasRow = Step(compiled)) {
         row_.clear();
         for (int column = 0; column < columns; ++column)

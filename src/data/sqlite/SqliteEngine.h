@@ -19,11 +19,12 @@ public:
     explicit SqliteEngine(Handle handle);
     ~SqliteEngine() override;
 
-    std::shared_ptr<const Snapshot> Run(const QString& statement) override;
+    std::shared_ptr<const Snapshot> Run(const QString& statement,
+                                        Purpose purpose = Purpose::Read) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
 
-    /// How long another process that holds the lock is waited for.
+    /// How long another process that holds the lock is waited for; at first not at all.
     void SetLockWait(std::chrono::milliseconds wait) { lockWait_ = wait; }
 
     sqlite3* Raw() const { return handle_.get(); }
@@ -36,7 +37,8 @@ private:
     struct Kept {
         PreparedStatement Compiled;
         std::shared_ptr<const Shape> Columns;
-        int Preparations = 0; ///< SQLite's count when the columns were read
+        Purpose For = Purpose::Read; ///< what the columns were read for
+        int Preparations = 0;        ///< SQLite's count when they were read
     };
 
     bool isOpenBelow() const override;
@@ -50,12 +52,12 @@ private:
     void run(const QByteArray& text);
     const AdaptedStatement& adapted(const QString& statement);
     Kept& keptStatement(const QByteArray& text);
-    std::shared_ptr<const Shape> shapeOf(Kept& kept);
+    std::shared_ptr<const Shape> shapeOf(Kept& kept, Purpose purpose);
     static int waitForLock(void* self, int attempt);
 
     Handle handle_;
     TradeForms::Dialect dialect_;
-    std::chrono::milliseconds lockWait_{5000};
+    std::chrono::milliseconds lockWait_{0};
     QElapsedTimer lockWaited_;
     QCache<QString, AdaptedStatement> adapted_;
     QCache<QByteArray, Kept> prepared_;

@@ -16,11 +16,11 @@ QByteArray parameter(int number)
 
 /// The condition that a column still has its original value. Texts compare without regard to
 /// case, which finds the row by an index; a change of case alone is a change all the same.
-QByteArray unchanged(const Column& column, int number)
+QByteArray unchanged(const Column& column, int number, bool isKey)
 {
     const QByteArray name = quoted(column.Field);
     QByteArray condition = name + " IS " + parameter(number);
-    if (column.Kind == ColumnKind::Text && !column.IsKey)
+    if (column.Kind == ColumnKind::Text && !isKey)
         condition += " AND " + name + " COLLATE BINARY IS " + parameter(number);
     return condition;
 }
@@ -30,23 +30,30 @@ QByteArray unchanged(const Column& column, int number)
 SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape)
     : engine_(engine), shape_(std::move(shape)), table_(quoted(shape_->BaseTable()))
 {
-    for (int index = 0; index < shape_->Count(); ++index)
-        where_ += (index == 0 ? "" : " AND ") + unchanged(shape_->At(index), index + 1);
-    // Of rows that are alike in everything any one will do.
-    if (standsForWholeRow())
+    const Table table = readTable();
+    for (int index = 0; index < shape_->Count(); ++index) {
+        const Column& column = shape_->At(index);
+        where_ += (index == 0 ? "" : " AND ") +
+                  unchanged(column, index + 1, table.Keys.contains(column.Field));
+    }
+    // Without a key, of rows that are alike in everything any one will do.
+    if (table.Keys.isEmpty() && table.Columns == shape_->Count())
         where_ = "rowid = (SELECT rowid FROM " + table_ + " WHERE " + where_ + " LIMIT 1)";
 }
 
-/// Whether the result has all columns of a table without a key.
-bool SqliteRowWriter::standsForWholeRow()
+SqliteRowWriter::Table SqliteRowWriter::readTable()
 {
-    sqlite3_stmt* statement =
-        engine_.Prepared("SELECT count(*), total(pk) FROM pragma_table_info(?1)");
+    sqlite3_stmt* statement = engine_.Prepared("SELECT name, pk FROM pragma_table_info(?1)");
     const ResetAtEnd reset(statement);
-    const QByteArray table = shape_->BaseTable().toUtf8();
-    BindText(statement, 1, {table.constData(), std::size_t(table.size())});
-    return Step(statement) && sqlite3_column_int(statement, 0) == shape_->Count()
-        && sqlite3_column_int(statement, 1) == 0;
+    const QByteArray name = shape_->BaseTable().toUtf8();
+    BindText(statement, 1, {name.constData(), std::size_t(name.size())});
+    Table table;
+    for (; Step(statement); ++table.Columns) {
+        const std::string_view column = ReadColumn(statement, 0).Bytes;
+        if (sqlite3_column_int(statement, 1) != 0)
+            table.Keys.append(QString::fromUtf8(column.data(), qsizetype(column.size())));
+    }
+    return table;
 }
 
 /// Binds a row's cells one after the other.
@@ -74,11 +81,11 @@ std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& to
             values += (values.isEmpty() ? "" : ", ") + parameter(index + 1);
     }
     const QByteArray columns = values.isEmpty()
-        ? QByteArrayLiteral(" DEFAULT VALUES")
-        : " (" + columnNames(touched) + ") VALUES (" + values + ')';
+                                   ? QByteArrayLiteral(" DEFAULT VALUES")
+                                   : " (" + columnNames(touched) + ") VALUES (" + values + ')';
     const std::vector<bool> all(touched.size(), true);
-    sqlite3_stmt* statement = engine_.Prepared("INSERT INTO " + table_ + columns + " RETURNING "
-                                               + columnNames(all));
+    sqlite3_stmt* statement =
+        engine_.Prepared("INSERT INTO " + table_ + columns + " RETURNING " + columnNames(all));
     const ResetAtEnd reset(statement);
     bindRow(statement, 1, row);
     std::string stored;
@@ -97,8 +104,8 @@ qint64 SqliteRowWriter::Update(const char* original, const char* row,
     QByteArray settings;
     for (int index = 0; index < count; ++index) {
         if (touched[std::size_t(index)])
-            settings += (settings.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field)
-                + " = " + parameter(count + index + 1);
+            settings += (settings.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field) + " = " +
+                        parameter(count + index + 1);
     }
     sqlite3_stmt* statement =
         engine_.Prepared("UPDATE " + table_ + " SET " + settings + " WHERE " + where_);

@@ -10,12 +10,17 @@ public:
     SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape);
 
     std::string Insert(const char* row, const std::vector<bool>& touched) override;
-    qint64 Update(const char* original, const char* row,
-                  const std::vector<bool>& touched) override;
+    qint64 Update(const char* original, const char* row, const std::vector<bool>& touched) override;
     qint64 Delete(const char* original) override;
 
 private:
-    bool standsForWholeRow();
+    /// What the table itself says of its columns.
+    struct Table {
+        int Columns = 0;
+        QList<QString> Keys;
+    };
+
+    Table readTable();
     void bindRow(sqlite3_stmt* statement, int firstParameter, const char* row);
     QByteArray columnNames(const std::vector<bool>& chosen) const;
 

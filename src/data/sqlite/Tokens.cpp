@@ -23,9 +23,9 @@ bool isDigit(char letter)
 /// Letters of other scripts are letters of a name as well.
 bool isNameLetter(char letter)
 {
-    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') || isDigit(letter)
-        || letter == '_' || letter == '@' || letter == '#' || letter == '$'
-        || static_cast<unsigned char>(letter) >= 0x80;
+    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+           isDigit(letter) || letter == '_' || letter == '@' || letter == '#' || letter == '$' ||
+           static_cast<unsigned char>(letter) >= 0x80;
 }
 
 char smallLetter(char letter)
@@ -55,10 +55,7 @@ public:
     }
 
 private:
-    bool startsWith(std::string_view sign) const
-    {
-        return text_.substr(at_, sign.size()) == sign;
-    }
+    bool startsWith(std::string_view sign) const { return text_.substr(at_, sign.size()) == sign; }
 
     /// Moves over blanks and comments; false at the end of the text.
     bool skipBetween()
@@ -115,10 +112,9 @@ private:
 
     Token::Kind readNumber()
     {
-        while (at_ < text_.size()
-               && (isNameLetter(text_[at_]) || text_[at_] == '.'
-                   || ((text_[at_] == '+' || text_[at_] == '-')
-                       && smallLetter(text_[at_ - 1]) == 'e')))
+        while (at_ < text_.size() &&
+               (isNameLetter(text_[at_]) || text_[at_] == '.' ||
+                ((text_[at_] == '+' || text_[at_] == '-') && smallLetter(text_[at_ - 1]) == 'e')))
             ++at_;
         return Token::Kind::Number;
     }
@@ -148,8 +144,8 @@ private:
 
 bool Token::IsWord(std::string_view word) const
 {
-    return What == Kind::Word && Text.size() == word.size()
-        && std::equal(Text.begin(), Text.end(), word.begin(),
+    return What == Kind::Word && Text.size() == word.size() &&
+           std::equal(Text.begin(), Text.end(), word.begin(),
                       [](char mine, char wanted) { return smallLetter(mine) == wanted; });
 }
 

@@ -10,7 +10,7 @@ namespace TradeForms {
 /// One token of a statement; blanks and comments lie between tokens.
 struct Token {
     enum class Kind {
-        Word,    ///< a name or a keyword
+        Word, ///< a name or a keyword
         Number,
         Literal, ///< a text with its quotes
         Quoted,  ///< a name in brackets, double quotes or backticks
