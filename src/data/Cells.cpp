@@ -308,7 +308,7 @@ EncodedValue::EncodedValue(const QVariant& value, ColumnKind kind)
     cell_ = Cell::FromText({bytes_.constData(), std::size_t(bytes_.size())});
 }
 
-QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec spec)
+QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec clock)
 {
     std::size_t length = 0;
     const QDate date = readDate(text, length);
@@ -318,7 +318,7 @@ QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec spec)
     if (text.size() > length)
         time = text[length] == ' ' || text[length] == 'T' ? readTime(text.substr(length + 1))
                                                           : QTime();
-    return time.isValid() ? QDateTime(date, time, spec) : QDateTime();
+    return time.isValid() ? QDateTime(date, time, clock) : QDateTime();
 }
 
 QDate DateFromText(std::string_view text)

@@ -179,7 +179,7 @@ private:
 /// Reads a date as statements and columns write it: YYYY-MM-DD, YYYYMMDD or MM/DD/YYYY, with a
 /// time behind it or not. Invalid where the text is none of these. To reckon with it, take UTC,
 /// which knows no hour that is skipped.
-QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec spec = Qt::UTC);
+QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec clock = Qt::UTC);
 /// The date of such a text.
 QDate DateFromText(std::string_view text);
 /// Whether the text is a date, or a date-time, in exactly the form in which they are stored.

@@ -1,7 +1,5 @@
 #include "data/Snapshot.h"
 
-#include <QLatin1String>
-
 #include <algorithm>
 #include <cstring>
 
@@ -21,6 +19,20 @@ QString commonTable(const std::vector<Column>& columns)
             return QString();
     }
     return table;
+}
+
+char16_t smallLetter(char16_t letter)
+{
+    return letter >= u'A' && letter <= u'Z' ? char16_t(letter + (u'a' - u'A')) : letter;
+}
+
+/// Names in the program are plain ASCII, and are asked for at every cell of a list.
+bool isSameName(const QString& name, std::string_view wanted)
+{
+    return std::equal(name.begin(), name.end(), wanted.begin(), wanted.end(),
+                      [](QChar letter, char other) {
+                          return smallLetter(letter.unicode()) == smallLetter(char16_t(other));
+                      });
 }
 
 } // namespace
@@ -43,11 +55,9 @@ int Shape::IndexOf(QStringView name) const
 
 int Shape::IndexOf(const char* name) const
 {
-    const QLatin1String wanted(name);
+    const std::string_view wanted(name);
     for (int index = 0; index < Count(); ++index) {
-        const QString& candidate = At(index).Name;
-        if (candidate.size() == wanted.size() &&
-            candidate.compare(wanted, Qt::CaseInsensitive) == 0)
+        if (isSameName(At(index).Name, wanted))
             return index;
     }
     return -1;

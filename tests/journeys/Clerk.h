@@ -27,7 +27,8 @@ public:
 
     // To be called from the script.
 
-    /// Waits until the active window has that object name.
+    /// Waits until the active window has that object name. Where none of the program's windows
+    /// is active, it takes the one of that name, as somebody who turns to another window does.
     void See(const QString& window);
     /// Waits until a control of the active window is open, or closed.
     void WaitFor(const QString& control, bool enabled);

@@ -331,12 +331,14 @@ void day(Clerk& clerk, const QString& file)
     clerk.Expect(other.waitForReadyRead(60'000)
                      && other.readLine().trimmed() == QByteArray::number(id),
                  s("the second program shows the same number"));
+    clerk.See(s("FrmGatePass"));
     enterHeader(clerk, known);
     enterRow(clerk, known.Products[0], s("1"));
     other.write("save\n");
     other.closeWriteChannel();
     clerk.Expect(other.waitForFinished(60'000) && other.exitCode() == 0,
                  s("the second program saves"));
+    clerk.See(s("FrmGatePass"));
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
     clerk.Answer(s("This Gate Pass ID already exists. A new Gate Psss ID. has been generated. "
                    "Please try again"),
@@ -367,6 +369,7 @@ void secondClerk(Clerk& clerk, const QString& file)
     QTextStream out(stdout);
     out << currentId(clerk) << Qt::endl;
     QTextStream(stdin).readLine();
+    clerk.See(s("FrmGatePass"));
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
     clerk.Answer(Saved, Alert, Qt::Key_N);
     clerk.Press(Qt::Key_Q, Qt::ControlModifier);

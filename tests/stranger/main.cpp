@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QTimer>
+#include <QWidget>
 #include <TradeForms/Connection.h>
 #include <TradeForms/Forms.h>
 #include <TradeForms/UserSecurity.h>
