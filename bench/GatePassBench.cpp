@@ -13,6 +13,10 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
 #include <QtTest>
 
 #include <sqlite3.h>
@@ -44,7 +48,10 @@ public:
         HostContext::objSec = std::make_shared<tests::FakeUser>();
         HostContext::UserNo = 1;
         presenter = Modal::SetBoxPresenter(
-            [](QWidget*, const Message& message) {
+            [this](QWidget*, const Message& message) {
+                if (onBox) {
+                    onBox();
+                }
                 return message.Buttons == MsgButtons::YesNo ? MsgAnswer::No : MsgAnswer::Ok;
             });
     }
@@ -109,8 +116,18 @@ public:
         enter(QString());
     }
 
-    tests::TestCompany company;
+    /// A pass of 20 rows.
+    void enterPass()
+    {
+        enterHeader();
+        for (int row = 0; row < 20; ++row) {
+            enterRow(1000 + row);
+        }
+    }
+
+    TestCompany company;
     std::unique_ptr<FrmGatePass> form;
+    std::function<void()> onBox; ///< a message box has come up
 
 private:
     Modal::BoxPresenter presenter;
@@ -245,19 +262,19 @@ BENCHMARK_CAPTURE(addRow, baseline, 0)->Name("add a row to 500, against an empty
 
 // ---- Saving a pass of 20 rows
 
+/// From the click to the question that follows the commit.
 void saveOurs(benchmark::State& state)
 {
     Desk desk;
     desk.open();
     for (auto _ : state) {
-        desk.enterHeader();
-        for (int row = 0; row < 20; ++row) {
-            desk.enterRow(1000 + row);
-        }
+        desk.enterPass();
         QElapsedTimer timer;
         timer.start();
+        double saved = 0;
+        desk.onBox = [&] { saved = seconds(timer); };
         desk.form->BtnSave.Click();
-        state.SetIterationTime(seconds(timer));
+        state.SetIterationTime(saved);
     }
     if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt()
         != 20 * int(state.iterations())) {
@@ -300,20 +317,23 @@ void saveRaw(sqlite3* database, int id)
     }
     sqlite3_finalize(insert);
     run("commit");
-    run("Select ifnull(max(GatePassID),0) from GatePassHeader");
-    run("Select * from GatePassBody where GatePassID=" + QByteArray::number(id + 1));
 }
 
+/// The same clerk at the same form, so that the processor's caches are as cold; only the saving
+/// goes past the library.
 void saveBaseline(benchmark::State& state)
 {
     Desk desk;
+    desk.open();
     int id = 0;
     sqlite3* database = desk.raw();
     for (auto _ : state) {
+        desk.enterPass();
         QElapsedTimer timer;
         timer.start();
         saveRaw(database, ++id);
         state.SetIterationTime(seconds(timer));
+        desk.form->SetFormState(VoucherForm::State::New);
     }
     desk.closeRaw();
     if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt()

@@ -38,7 +38,9 @@ public:
         setPalette(light);
         setTextFormat(Qt::PlainText);
         setContentsMargins(12, 0, 12, 0);
-        setFixedHeight(QFontMetrics(small).height() + 8);
+        // A lower bound only: the Urdu of the text may be in a font with taller lines.
+        setMinimumHeight(QFontMetrics(small).height() + 8);
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
 
 protected:

@@ -19,7 +19,8 @@ public:
     virtual ~RowWriter();
 
     /// Adds a row of which the touched columns were set. Returns the row as the table holds it,
-    /// numbers that the database gives included.
+    /// numbers that the database gives included; empty where all columns were set, and the row
+    /// is what it was.
     virtual std::string Insert(const char* row, const std::vector<bool>& touched) = 0;
     /// Writes the touched columns. Returns the number of rows found.
     virtual qint64 Update(const char* original, const char* row,

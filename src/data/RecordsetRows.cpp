@@ -271,6 +271,14 @@ void Recordset::Rows::Update()
     pending_.reset();
 }
 
+/// Adds a row; gives it as the table holds it.
+std::string Recordset::Rows::insert(RowWriter& writer, const std::string& row,
+                                    const std::vector<bool>& touched)
+{
+    std::string stored = writer.Insert(row.data(), touched);
+    return stored.empty() ? row : stored;
+}
+
 void Recordset::Rows::markPending()
 {
     Edit& edit = makeEdit(pending_->Row);
@@ -287,7 +295,7 @@ void Recordset::Rows::writePending()
     std::string stored = pending_->Bytes;
     writeAll([&](RowWriter& writer) {
         if (pending_->IsNew)
-            stored = writer.Insert(stored.data(), pending_->Touched);
+            stored = insert(writer, stored, pending_->Touched);
         else
             requireFound(
                 writer.Update(originalBytes(pending_->Row), stored.data(), pending_->Touched));
@@ -361,7 +369,7 @@ Recordset::Rows::Edit Recordset::Rows::written(RowWriter& writer, int row) const
     Edit result;
     switch (edit.Mark) {
     case State::Added:
-        result.Row = writer.Insert(edit.Row.data(), edit.Touched);
+        result.Row = insert(writer, edit.Row, edit.Touched);
         break;
     case State::Modified:
         requireFound(writer.Update(originalBytes(row), edit.Row.data(), edit.Touched));

@@ -95,6 +95,8 @@ private:
     void moveTo(int position);
     std::vector<int>& explicitVisible();
 
+    static std::string insert(RowWriter& writer, const std::string& row,
+                              const std::vector<bool>& touched);
     void markPending();
     void writePending();
     void writeAll(const std::function<void(RowWriter&)>& work);

@@ -30,6 +30,12 @@ QByteArray unchanged(const Column& column, int number, bool isKey)
 SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape)
     : engine_(engine), shape_(std::move(shape)), table_(quoted(shape_->BaseTable()))
 {
+}
+
+const QByteArray& SqliteRowWriter::where()
+{
+    if (!where_.isEmpty())
+        return where_;
     const Table table = readTable();
     for (int index = 0; index < shape_->Count(); ++index) {
         const Column& column = shape_->At(index);
@@ -39,6 +45,7 @@ SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Sha
     // Without a key, of rows that are alike in everything any one will do.
     if (table.Keys.isEmpty() && table.Columns == shape_->Count())
         where_ = "rowid = (SELECT rowid FROM " + table_ + " WHERE " + where_ + " LIMIT 1)";
+    return where_;
 }
 
 SqliteRowWriter::Table SqliteRowWriter::readTable()
@@ -73,8 +80,10 @@ QByteArray SqliteRowWriter::columnNames(const std::vector<bool>& chosen) const
     return names;
 }
 
-std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& touched)
+const QByteArray& SqliteRowWriter::insertFor(const std::vector<bool>& touched)
 {
+    if (!insert_.Text.isEmpty() && insert_.For == touched)
+        return insert_.Text;
     QByteArray values;
     for (int index = 0; index < shape_->Count(); ++index) {
         if (touched[std::size_t(index)])
@@ -83,9 +92,33 @@ std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& to
     const QByteArray columns = values.isEmpty()
                                    ? QByteArrayLiteral(" DEFAULT VALUES")
                                    : " (" + columnNames(touched) + ") VALUES (" + values + ')';
+    insert_ = {touched, "INSERT INTO " + table_ + columns};
+    // What was left out the table fills in: defaults and numbers of its own.
     const std::vector<bool> all(touched.size(), true);
-    sqlite3_stmt* statement =
-        engine_.Prepared("INSERT INTO " + table_ + columns + " RETURNING " + columnNames(all));
+    if (touched != all)
+        insert_.Text += " RETURNING " + columnNames(all);
+    return insert_.Text;
+}
+
+/// Original values are parameters 1 to n, the new ones follow.
+const QByteArray& SqliteRowWriter::updateFor(const std::vector<bool>& touched)
+{
+    if (!update_.Text.isEmpty() && update_.For == touched)
+        return update_.Text;
+    const int count = shape_->Count();
+    QByteArray settings;
+    for (int index = 0; index < count; ++index) {
+        if (touched[std::size_t(index)])
+            settings += (settings.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field) + " = " +
+                        parameter(count + index + 1);
+    }
+    update_ = {touched, "UPDATE " + table_ + " SET " + settings + " WHERE " + where()};
+    return update_.Text;
+}
+
+std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& touched)
+{
+    sqlite3_stmt* statement = engine_.Prepared(insertFor(touched));
     const ResetAtEnd reset(statement);
     bindRow(statement, 1, row);
     std::string stored;
@@ -99,26 +132,17 @@ std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& to
 qint64 SqliteRowWriter::Update(const char* original, const char* row,
                                const std::vector<bool>& touched)
 {
-    // Original values are parameters 1 to n, the new ones follow.
-    const int count = shape_->Count();
-    QByteArray settings;
-    for (int index = 0; index < count; ++index) {
-        if (touched[std::size_t(index)])
-            settings += (settings.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field) + " = " +
-                        parameter(count + index + 1);
-    }
-    sqlite3_stmt* statement =
-        engine_.Prepared("UPDATE " + table_ + " SET " + settings + " WHERE " + where_);
+    sqlite3_stmt* statement = engine_.Prepared(updateFor(touched));
     const ResetAtEnd reset(statement);
     bindRow(statement, 1, original);
-    bindRow(statement, count + 1, row);
+    bindRow(statement, shape_->Count() + 1, row);
     Step(statement);
     return sqlite3_changes64(engine_.Raw());
 }
 
 qint64 SqliteRowWriter::Delete(const char* original)
 {
-    sqlite3_stmt* statement = engine_.Prepared("DELETE FROM " + table_ + " WHERE " + where_);
+    sqlite3_stmt* statement = engine_.Prepared("DELETE FROM " + table_ + " WHERE " + where());
     const ResetAtEnd reset(statement);
     bindRow(statement, 1, original);
     Step(statement);

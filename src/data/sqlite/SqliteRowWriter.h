@@ -20,14 +20,26 @@ private:
         QList<QString> Keys;
     };
 
+    /// A statement made for the columns that a row has touched. Rows of one batch mostly touch
+    /// the same ones.
+    struct Made {
+        std::vector<bool> For;
+        QByteArray Text;
+    };
+
     Table readTable();
     void bindRow(sqlite3_stmt* statement, int firstParameter, const char* row);
     QByteArray columnNames(const std::vector<bool>& chosen) const;
+    const QByteArray& insertFor(const std::vector<bool>& touched);
+    const QByteArray& updateFor(const std::vector<bool>& touched);
+    const QByteArray& where();
 
     SqliteEngine& engine_;
     std::shared_ptr<const Shape> shape_;
     QByteArray table_;
-    QByteArray where_; ///< finds a row; parameter n is original value n
+    QByteArray where_; ///< finds a row; parameter n is original value n; made when it is needed
+    Made insert_;
+    Made update_;
 };
 
 } // namespace TradeForms

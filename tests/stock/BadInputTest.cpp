@@ -1,0 +1,768 @@
+// What a clerk types by mistake or pastes from elsewhere, and what a database may do in the midst
+// of a save: each gets a clear word, nothing is half written, and the work goes on.
+
+#include "data/sqlite/SqliteEngine.h"
+#include "search/Catalogue.h"
+#include "support/GatePassDesk.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <chrono>
+#include <thread>
+
+namespace tests {
+
+namespace {
+
+using namespace std::chrono_literals;
+using State = VoucherForm::State;
+
+constexpr int TenThousand = 10'000;
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// What is said of a quote in a text that a statement holds between quotes.
+QString unclosedQuote(const QString& text)
+{
+    return s("Unclosed quotation mark after the character string '%1'.").arg(text);
+}
+
+/// What is said of a text where a statement needs a number; a long one is told in part.
+QString noNumber(const QString& text)
+{
+    constexpr int told = 60;
+    return s("Incorrect syntax near '%1'.")
+        .arg(text.size() <= told ? text : text.first(told) + QChar(0x2026));
+}
+
+// ---- What a clerk may type
+
+class BadInputTest : public GatePassDesk {
+protected:
+    QList<Txt*> textCodes()
+    {
+        return {&It().TxtDriverCode, &It().TxtReceivingCode, &It().TxtAreaCode, &It().TxtProductID};
+    }
+
+    /// Pastes a text into a code field and presses Enter. It is no code, so that the list comes
+    /// up, which is left by Esc; where a complaint is given, that comes first.
+    void pasteAsCode(Txt& field, const QString& text, const QString& complaint = {})
+    {
+        SCOPED_TRACE(qPrintable(field.Name()));
+        It().ResetFocus(field);
+        if (!complaint.isEmpty())
+            boxes.Expect(Failed(complaint));
+        dialogs.Expect(Cancel());
+        Paste(It(), text);
+        Press(It(), Qt::Key_Return);
+        EXPECT_TRUE(HasFocus(field));
+        EXPECT_EQ(boxes.Left(), 0) << "no complaint";
+        EXPECT_EQ(dialogs.Left(), 0) << "no list";
+    }
+
+    /// What is in the code field and the name beside it.
+    void expectCode(const Txt& code, const UTxt& name, const QString& text)
+    {
+        EXPECT_EQ(code.Text(), text) << qPrintable(code.Name());
+        EXPECT_TRUE(name.Text().isEmpty()) << qPrintable(name.Name());
+    }
+
+    /// A text that is no code of staff or area stays where it was typed. A product that is not
+    /// found, or not in stock, is taken away.
+    void expectUnknown(const QString& text)
+    {
+        expectCode(It().TxtDriverCode, It().TxtDriverName, text);
+        expectCode(It().TxtReceivingCode, It().TxtReceivingName, text);
+        expectCode(It().TxtAreaCode, It().TxtAreaName, text);
+        expectCode(It().TxtProductID, It().TxtProductName, QString());
+    }
+
+    /// Whatever went before, a pass can be entered and is stored.
+    void expectTheNextSaveWorks()
+    {
+        SCOPED_TRACE("the next save");
+        Ctrl(Qt::Key_W);
+        const int id = Stored(s("101"), s("3"));
+        EXPECT_EQ(BodyOf(id), QStringList({s("101|3|null|null")}));
+        EXPECT_EQ(company.Scalar(s("select DriverCode || AreaCode || BranchCode from GatePassHeader"
+                                   " where GatePassID = %1")
+                                     .arg(id)),
+                  s("2014Kot1"));
+    }
+
+    /// Enters a row for each of the three quantities, with the text in that one.
+    void enterAsEachQuantity(const QString& text)
+    {
+        const QList<std::pair<const char*, Txt*>> rows = {{"101", &It().TxtOutNewProducts},
+                                                          {"104", &It().TxtReturnOldProducts},
+                                                          {"210", &It().TxtReturnNewProducts}};
+        for (const auto& [product, field] : rows) {
+            SCOPED_TRACE(qPrintable(field->Name()));
+            Enter(s(product));
+            for (Txt* quantity : {&It().TxtOutNewProducts, &It().TxtReturnOldProducts,
+                                  &It().TxtReturnNewProducts}) {
+                ASSERT_TRUE(HasFocus(*quantity)) << qPrintable(quantity->Name());
+                if (quantity == field) {
+                    Paste(It(), text);
+                    EXPECT_TRUE(field->HasNumberWarning());
+                }
+                Press(It(), Qt::Key_Return);
+            }
+            ASSERT_TRUE(HasFocus(It().TxtProductID));
+        }
+    }
+
+    /// Whatever is in a quantity stands in the list as it was typed, and the number at its start
+    /// is stored.
+    void expectQuantityCounts(const QString& typed, const QString& shown, const char* number)
+    {
+        Open();
+        EnterHeader();
+        enterAsEachQuantity(typed);
+        ASSERT_EQ(FilledRows(), 3);
+        EXPECT_EQ(Cell(0, "OutNewProducts"), shown);
+        EXPECT_EQ(Cell(1, "ReturnOldProducts"), shown);
+        EXPECT_EQ(Cell(2, "ReturnNewProducts"), shown);
+        Save();
+        EXPECT_EQ(BodyOf(1), QStringList({s("101|%1|null|null").arg(s(number)),
+                                          s("104|null|%1|null").arg(s(number)),
+                                          s("210|null|null|%1").arg(s(number))}));
+    }
+};
+
+// ---- What a clerk may type in the lists
+
+class BadNarrowingTest : public BadInputTest {
+protected:
+    enum class Way {
+        Jump,       ///< by the start of a text
+        NumberJump, ///< by a number
+        QueryAgain
+    };
+    struct Field {
+        const SearchDescription& Dialog;
+        const char* Name;
+        Way Is;
+    };
+    static QList<Field> fields()
+    {
+        return {{SchArea, "TxtID", Way::Jump},
+                {SchArea, "TxtName", Way::Jump},
+                {SchBranch, "TxtID", Way::NumberJump},
+                {SchBranch, "TxtName", Way::Jump},
+                {SchProduct, "TxtID", Way::Jump},
+                {SchProduct, "TxtName", Way::QueryAgain},
+                {SchStaff, "TxtID", Way::Jump},
+                {SchStaff, "TxtName", Way::QueryAgain},
+                {SchGatePass, "TxtFilter", Way::NumberJump},
+                {SchGatePass, "TxtAreaCode", Way::QueryAgain},
+                {SchGatePass, "TxtDriverName", Way::QueryAgain},
+                {SchGatePass, "TxtReceiving", Way::QueryAgain}};
+    }
+
+    void SetUp() override
+    {
+        Open();
+        Stored(s("101"), s("3"));
+        Stored(s("104"), s("2"));
+    }
+
+    /// Pastes a text into every narrowing field and empties it again. Complaints are those of the
+    /// fields that compare text and of those that compare a number; an empty one is none.
+    void pasteIntoEveryField(const QString& text, const QString& shown,
+                             const QString& complaintOfText, const QString& complaintOfNumber)
+    {
+        for (const Field& field : fields()) {
+            SCOPED_TRACE(s("%1.%2").arg(s(field.Dialog.Name), s(field.Name)).toStdString());
+            const QString complaint =
+                field.Is == Way::NumberJump ? complaintOfNumber : complaintOfText;
+            SearchDialog& dialog = SearchDialog::Shared(field.Dialog);
+            for (const SearchInput& input : field.Dialog.Inputs)
+                dialog.SetParaIn(input.Name, QString());
+            dialogs.Expect([&](Form& form) {
+                pasteAndEmpty(dynamic_cast<SearchWindow&>(form), field, text, shown, complaint);
+            });
+            dialog.Show(form.get());
+            // What the list gives is a row's code, whatever was typed.
+            EXPECT_FALSE(dialog.ParaOut(field.Dialog.Results.front().Name).toString().isEmpty());
+        }
+    }
+
+    /// How many rows the list had while the text stood in the field.
+    QHash<QString, int> RowsLeft;
+
+private:
+    void pasteAndEmpty(SearchWindow& window, const Field& field, const QString& text,
+                       const QString& shown, const QString& complaint)
+    {
+        Txt& typed = window.NarrowingField(field.Name);
+        const int rows = window.List().RowCount();
+        EXPECT_GT(rows, 1);
+        EXPECT_TRUE(window.SetFocus(typed));
+        if (!complaint.isEmpty())
+            boxes.Expect(Failed(complaint));
+        Paste(window, text);
+        EXPECT_EQ(boxes.Left(), 0) << "no complaint";
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_EQ(typed.Text(), shown);
+        if (!complaint.isEmpty() || field.Is != Way::QueryAgain)
+            EXPECT_EQ(window.List().RowCount(), rows) << "the list does not stand as it was";
+        RowsLeft[s(field.Dialog.Name) + u'.' + s(field.Name)] = window.List().RowCount();
+
+        Press(window, Qt::Key_A, Qt::ControlModifier);
+        Press(window, Qt::Key_Backspace);
+        EXPECT_EQ(window.List().RowCount(), rows);
+        EXPECT_EQ(window.List().Row(), 0);
+        Press(window, Qt::Key_Return);
+    }
+};
+
+// ---- What a database may do while a voucher is saved
+
+enum class Trouble { Locked, FullDisk, ReadOnly };
+
+std::ostream& operator<<(std::ostream& out, Trouble trouble)
+{
+    constexpr const char* names[] = {"Locked", "FullDisk", "ReadOnly"};
+    return out << names[int(trouble)];
+}
+
+class TroubleTest : public BadInputTest, public ::testing::WithParamInterface<Trouble> {
+protected:
+    /// So long a code does not fit into the pages that a table and its indexes have already, so
+    /// that a row with it needs room on the disk.
+    const QString longCode = QString(3000, u'9');
+
+    void SetUp() override
+    {
+        company.Run(s("insert into Products (ProductID, ProductName) values ('%1', 'Long');"
+                      "insert into StockInBody (StockID, ProductID, Qty) values (1, '%1', 50)")
+                        .arg(longCode));
+        Open();
+    }
+
+    void beginTrouble()
+    {
+        switch (GetParam()) {
+        case Trouble::Locked:
+            static_cast<SqliteEngine&>(connection->engine()).SetLockWait(50ms);
+            other_ = company.Connect();
+            other_->BeginTrans();
+            break;
+        case Trouble::FullDisk:
+            connection->Execute(
+                Statement("PRAGMA max_page_count={Pages}")
+                    .Bind("Pages", connection->Execute("PRAGMA page_count").ValueAt(0, 0)));
+            break;
+        case Trouble::ReadOnly:
+            connection->Execute("PRAGMA query_only=1");
+            break;
+        }
+    }
+
+    void endTrouble()
+    {
+        switch (GetParam()) {
+        case Trouble::Locked:
+            other_->RollbackTrans();
+            break;
+        case Trouble::FullDisk:
+            connection->Execute("PRAGMA max_page_count=1000000");
+            break;
+        case Trouble::ReadOnly:
+            connection->Execute("PRAGMA query_only=0");
+            break;
+        }
+    }
+
+    Message complaint() const
+    {
+        const QString file = QDir::toNativeSeparators(company.File());
+        switch (GetParam()) {
+        case Trouble::Locked:
+            return Failed(s("The database is in use by another user. Try again in a moment."));
+        case Trouble::FullDisk:
+            return Failed(s("There is no room left on the disk for '%1'. The change was not saved."
+                            " Make room and try again.")
+                              .arg(file));
+        case Trouble::ReadOnly:
+            return Failed(s("'%1' is read-only. The change was not saved.").arg(file));
+        }
+        return {};
+    }
+
+    /// Pastes the long code, and 2 as what goes out.
+    void enterLongRow()
+    {
+        Paste(It(), longCode);
+        Press(It(), Qt::Key_Return);
+        Enter(s("2"));
+        Enter(QString());
+        Enter(QString());
+    }
+
+    /// All that the clerk sees of the voucher.
+    QStringList screen()
+    {
+        QStringList seen = {It().Title.StateText(), It().DtpDate.Value().toString(Qt::ISODate)};
+        for (Control* control : It().Controls()) {
+            if (const auto* txt = dynamic_cast<Txt*>(control))
+                seen.append(txt->Name() + u'=' + txt->Text());
+            if (const auto* option = dynamic_cast<OptionButton*>(control))
+                seen.append(option->Name() + u'=' + QString::number(option->Value()));
+        }
+        for (int row = 0; row < It().Rows.RowCount(); ++row) {
+            for (const GridColumn& column : It().Rows.Columns())
+                seen.append(It().Rows.Cell(row, column.Name));
+        }
+        return seen;
+    }
+
+    /// Saving says what the trouble is, and the voucher stands on the screen as it was.
+    void expectSaveFails()
+    {
+        const QStringList before = screen();
+        boxes.Expect(complaint());
+        Ctrl(Qt::Key_S);
+        EXPECT_EQ(boxes.Left(), 0) << "no complaint";
+        EXPECT_EQ(screen(), before);
+        EXPECT_TRUE(It().BtnSave.IsEnabled());
+        EXPECT_FALSE(connection->InTransaction());
+    }
+
+private:
+    std::shared_ptr<Connection> other_;
+};
+
+class DeletionTroubleTest : public TroubleTest {};
+
+} // namespace
+
+// ---- Code fields
+
+TEST_F(BadInputTest, AQuoteInACodeIsReportedAndStaysInTheField)
+{
+    Open();
+    const QString typed = s("O'Neil");
+    for (Txt* field : textCodes()) {
+        pasteAsCode(*field, typed, unclosedQuote(typed));
+        EXPECT_EQ(field->Text(), typed) << qPrintable(field->Name());
+    }
+    pasteAsCode(It().TxtBranchID, typed, noNumber(typed));
+    EXPECT_EQ(It().TxtBranchID.Text(), typed);
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, APercentSignInACodeStandsForNoOtherCode)
+{
+    Open();
+    for (Txt* field : textCodes())
+        pasteAsCode(*field, s("%"));
+    expectUnknown(s("%"));
+    pasteAsCode(It().TxtBranchID, s("%"), noNumber(s("%")));
+    expectCode(It().TxtBranchID, It().TxtBranchName, s("%"));
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, ASemicolonInACodeEndsNoStatement)
+{
+    Open();
+    const QString typed = s("1; delete from Staff -- {code}");
+    for (Txt* field : textCodes())
+        pasteAsCode(*field, typed);
+    expectUnknown(typed);
+    pasteAsCode(It().TxtBranchID, typed, noNumber(typed));
+    expectCode(It().TxtBranchID, It().TxtBranchName, typed);
+    EXPECT_EQ(Count(s("Staff")), 7);
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, UrduInACodeIsAnUnknownCode)
+{
+    Open();
+    const QString typed = s("محمد ۲۰۱۴");
+    for (Txt* field : textCodes())
+        pasteAsCode(*field, typed);
+    expectUnknown(typed);
+    pasteAsCode(It().TxtBranchID, typed, noNumber(typed));
+    expectCode(It().TxtBranchID, It().TxtBranchName, typed);
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, LineBreaksPastedIntoACodeBecomeBlanks)
+{
+    Open();
+    const QString shown = s("two lines more");
+    for (Txt* field : textCodes())
+        pasteAsCode(*field, s("two\r\nlines\nmore"));
+    expectUnknown(shown);
+    pasteAsCode(It().TxtBranchID, s("two\r\nlines\nmore"), noNumber(shown));
+    expectCode(It().TxtBranchID, It().TxtBranchName, shown);
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, ACodeCopiedWithTheLineBreakBehindItIsFound)
+{
+    Open();
+    const QList<std::pair<const char*, Txt*>> codes = {{"2014\r\n", &It().TxtDriverCode},
+                                                       {"3107\n", &It().TxtReceivingCode},
+                                                       {"kot\n", &It().TxtAreaCode},
+                                                       {"1\n", &It().TxtBranchID},
+                                                       {"101\n", &It().TxtProductID}};
+    for (const auto& [code, field] : codes) {
+        SCOPED_TRACE(qPrintable(field->Name()));
+        ASSERT_TRUE(HasFocus(*field));
+        Paste(It(), s(code));
+        Press(It(), Qt::Key_Return);
+    }
+    Enter(s("3"));
+    Enter(QString());
+    Enter(QString());
+    Save();
+    OpenStored(1);
+    EXPECT_EQ(It().TxtDriverName.Text(), s("محمد اسلم"));
+    EXPECT_EQ(It().TxtReceivingName.Text(), s("غلام رسول"));
+    EXPECT_EQ(It().TxtAreaName.Text(), s("کوٹ رادھا کشن"));
+    EXPECT_EQ(It().TxtBranchName.Text(), s("قصور"));
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "Name"), s("موٹر سائیکل 125 سی سی"));
+}
+
+TEST_F(BadInputTest, TenThousandCharactersInACodeAreAnUnknownCode)
+{
+    Open();
+    const QString typed(TenThousand, u'7');
+    for (Txt* field : textCodes())
+        pasteAsCode(*field, typed);
+    expectUnknown(typed);
+    pasteAsCode(It().TxtBranchID, typed);
+    // As a product, a branch that is not found is taken away.
+    expectCode(It().TxtBranchID, It().TxtBranchName, QString());
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, LettersInTheBranchAreReportedAndStayThere)
+{
+    Open();
+    pasteAsCode(It().TxtBranchID, s("one"), noNumber(s("one")));
+    expectCode(It().TxtBranchID, It().TxtBranchName, s("one"));
+    const QString many(TenThousand, u'x');
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    pasteAsCode(It().TxtBranchID, many, noNumber(many));
+    expectCode(It().TxtBranchID, It().TxtBranchName, many);
+    expectTheNextSaveWorks();
+}
+
+TEST_F(BadInputTest, CodesThatHoldPercentSignsSemicolonsAndUrduAreStoredAndOpenedAsTheyAre)
+{
+    company.Run(s(
+        "insert into Staff (StaffID, Name, BranchCode, FieldWorker) values"
+        " ('20%;', 'اکبر', 1, 1), ('رسول-7', 'رسول', 1, 0);"
+        "insert into Areas (AreaCode, AreaName, BranchCode) values ('قصور %', 'شہر', 1);"
+        "insert into Products (ProductID, ProductName) values ('1%;{id}', 'A'), ('1x;{id}', 'B');"
+        "insert into StockInBody (StockID, ProductID, Qty) values (1, '1%;{id}', 9),"
+        " (1, '1x;{id}', 9)"));
+    Open();
+    Enter(s("20%;"));
+    Enter(s("رسول-7"));
+    Enter(s("قصور %"));
+    Enter(s("1"));
+    EnterRow(s("1x;{id}"), s("4"));
+    EnterRow(s("1%;{id}"), s("5")); // not the product before it
+    Save();
+    EXPECT_EQ(company.Rows("select DriverCode, ReceivingCode, AreaCode from GatePassHeader"),
+              QList<QVariantList>({{s("20%;"), s("رسول-7"), s("قصور %")}}));
+    EXPECT_EQ(company.Rows("select ProductID, OutNewProducts from GatePassBody order by 2"),
+              QList<QVariantList>({{s("1x;{id}"), 4}, {s("1%;{id}"), 5}}));
+
+    OpenStored(1);
+    EXPECT_EQ(It().TxtDriverCode.Text(), s("20%;"));
+    EXPECT_EQ(It().TxtDriverName.Text(), s("اکبر"));
+    EXPECT_EQ(It().TxtReceivingName.Text(), s("رسول"));
+    EXPECT_EQ(It().TxtAreaName.Text(), s("شہر"));
+    EXPECT_EQ(FilledRows(), 2);
+}
+
+// ---- Quantities
+
+TEST_F(BadInputTest, AQuantityWithAQuoteCountsAsTheNumberAtItsStart)
+{
+    expectQuantityCounts(s("4'5"), s("4'5"), "4");
+}
+
+TEST_F(BadInputTest, AQuantityWithAPercentSignCountsAsTheNumberAtItsStart)
+{
+    expectQuantityCounts(s("4%"), s("4%"), "4");
+}
+
+TEST_F(BadInputTest, AQuantityWithASemicolonCountsAsTheNumberAtItsStart)
+{
+    expectQuantityCounts(s("4; delete from Staff"), s("4; delete from Staff"), "4");
+    EXPECT_EQ(Count(s("Staff")), 7);
+}
+
+TEST_F(BadInputTest, AQuantityInUrduCountsAsZero)
+{
+    expectQuantityCounts(s("چار ۴"), s("چار ۴"), "0");
+}
+
+TEST_F(BadInputTest, AQuantityOfSeveralPastedLinesCountsAsTheFirst)
+{
+    expectQuantityCounts(s("4\r\n5\n6"), s("4 5 6"), "4");
+}
+
+TEST_F(BadInputTest, LettersInAQuantityCountAsZero)
+{
+    expectQuantityCounts(s("four"), s("four"), "0");
+}
+
+TEST_F(BadInputTest, TenThousandLettersInAQuantityCountAsZero)
+{
+    const QString typed(TenThousand, u'x');
+    expectQuantityCounts(typed, typed, "0");
+}
+
+TEST_F(BadInputTest, TenThousandDigitsInAQuantityAreRefusedAndStayInTheField)
+{
+    Open();
+    EnterHeader();
+    const QString typed(TenThousand, u'9');
+    for (Txt* field :
+         {&It().TxtOutNewProducts, &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+        SCOPED_TRACE(qPrintable(field->Name()));
+        Enter(s("101"));
+        // Going out, it is held against the stock as well.
+        if (field == &It().TxtOutNewProducts)
+            boxes.Expect(Failed(s("Overflow")));
+        boxes.Expect(Failed(s("Overflow")));
+        for (Txt* quantity :
+             {&It().TxtOutNewProducts, &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+            ASSERT_TRUE(HasFocus(*quantity)) << qPrintable(quantity->Name());
+            if (quantity == field)
+                Paste(It(), typed);
+            Press(It(), Qt::Key_Return);
+        }
+        EXPECT_EQ(boxes.Left(), 0) << "no complaint";
+        EXPECT_EQ(FilledRows(), 0);
+        EXPECT_EQ(field->Text(), typed);
+        EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+        Press(It(), Qt::Key_Escape);
+        ASSERT_TRUE(HasFocus(It().TxtProductID));
+    }
+    EnterRow(s("101"), s("3"));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
+}
+
+// ---- Dates
+
+TEST_F(BadInputTest, ADateStaysADateWhateverIsTypedOrPasted)
+{
+    Open();
+    Stored();
+    const auto attack = [](Form& window, DTPicker& date) {
+        SCOPED_TRACE(qPrintable(date.Name()));
+        const QString before = date.text();
+        window.ResetFocus(date);
+        for (const QString& text : {s("'"), s("%"), s(";"), s("ابت"), s("one"), s("1'\n2"),
+                                    QString(TenThousand, u'x')}) {
+            SCOPED_TRACE(text.left(20).toStdString());
+            if (text.size() < TenThousand)
+                Type(window, text);
+            Paste(window, text);
+            EXPECT_EQ(date.text(), before);
+            EXPECT_EQ(date.Value(), QDate::fromString(before, s("dd/MM/yyyy")));
+        }
+    };
+    attack(It(), It().DtpDate);
+    dialogs.Expect([&](Form& dialog) {
+        auto& window = dynamic_cast<SearchWindow&>(dialog);
+        attack(window, *window.DtpFrom());
+        attack(window, *window.DtpTo());
+        EXPECT_EQ(window.List().RowCount(), 1);
+        Press(window, Qt::Key_Escape);
+    });
+    Ctrl(Qt::Key_O);
+}
+
+// ---- Narrowing fields
+
+TEST_F(BadNarrowingTest, AQuoteIsReportedAndTheListStands)
+{
+    const QString typed = s("O'Neil");
+    pasteIntoEveryField(typed, typed, unclosedQuote(typed), noNumber(typed));
+}
+
+TEST_F(BadNarrowingTest, APercentSignFitsEveryNameAndNoNumber)
+{
+    pasteIntoEveryField(s("%"), s("%"), QString(), noNumber(s("%")));
+    EXPECT_EQ(RowsLeft[s("SchStaff.TxtName")], 7);
+    EXPECT_EQ(RowsLeft[s("SchGatePass.TxtDriverName")], 2);
+    EXPECT_EQ(RowsLeft[s("SchGatePass.TxtAreaCode")], 0); // compared as a whole
+}
+
+TEST_F(BadNarrowingTest, ASemicolonEndsNoStatement)
+{
+    const QString typed = s("1; delete from Staff -- {Text}");
+    pasteIntoEveryField(typed, typed, QString(), noNumber(typed));
+    EXPECT_EQ(RowsLeft[s("SchStaff.TxtName")], 0);
+    EXPECT_EQ(Count(s("Staff")), 7);
+}
+
+TEST_F(BadNarrowingTest, UrduNarrowsNamesAndIsNoNumber)
+{
+    const QString typed = s("محمد");
+    pasteIntoEveryField(typed, typed, QString(), noNumber(typed));
+    EXPECT_EQ(RowsLeft[s("SchStaff.TxtName")], 3);
+    EXPECT_EQ(RowsLeft[s("SchGatePass.TxtDriverName")], 2);
+    EXPECT_EQ(RowsLeft[s("SchGatePass.TxtReceiving")], 0);
+    EXPECT_EQ(RowsLeft[s("SchProduct.TxtName")], 0);
+}
+
+TEST_F(BadNarrowingTest, PastedLineBreaksBecomeBlanks)
+{
+    const QString shown = s("محمد اسلم");
+    pasteIntoEveryField(s("محمد\r\nاسلم"), shown, QString(), noNumber(shown));
+    EXPECT_EQ(RowsLeft[s("SchStaff.TxtName")], 1);
+    EXPECT_EQ(RowsLeft[s("SchGatePass.TxtDriverName")], 2);
+}
+
+TEST_F(BadNarrowingTest, LettersAreNoNumber)
+{
+    pasteIntoEveryField(s("one"), s("one"), QString(), noNumber(s("one")));
+}
+
+TEST_F(BadNarrowingTest, TenThousandDigitsFitNothing)
+{
+    const QString typed(TenThousand, u'7');
+    pasteIntoEveryField(typed, typed, QString(), QString());
+    EXPECT_EQ(RowsLeft[s("SchStaff.TxtName")], 0);
+}
+
+TEST_F(BadNarrowingTest, TenThousandLettersFitNothing)
+{
+    const QString typed(TenThousand, u'x');
+    pasteIntoEveryField(typed, typed, QString(), noNumber(typed));
+    EXPECT_EQ(RowsLeft[s("SchStaff.TxtName")], 0);
+}
+
+// ---- The database
+
+TEST_P(TroubleTest, ANewPassStaysOnTheScreenAndIsSavedAfterwards)
+{
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    enterLongRow();
+    ASSERT_EQ(FilledRows(), 2);
+
+    beginTrouble();
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        SCOPED_TRACE(attempt);
+        expectSaveFails();
+        EXPECT_EQ(Count(s("GatePassHeader")), 0);
+        EXPECT_EQ(Count(s("GatePassBody")), 0);
+    }
+    endTrouble();
+
+    Save();
+    EXPECT_EQ(It().FormState(), State::New);
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+    EXPECT_EQ(BodyOf(1),
+              QStringList({s("101|3|null|null"), longCode + s("|2|null|null")}));
+}
+
+TEST_P(TroubleTest, AChangedPassKeepsItsStoredRowsUntilItIsSaved)
+{
+    const int id = Stored(s("101"), s("3"));
+    OpenStored(id);
+    Click(It(), It().TxtProductID);
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Up);
+    Press(It(), Qt::Key_Return);
+    ASSERT_TRUE(HasFocus(It().TxtReturnOldProducts));
+    Enter(s("1"));
+    Enter(QString());
+    enterLongRow();
+    It().OptSupply.SetValue(true);
+    ASSERT_EQ(Cell(0, "ReturnOldProducts"), s("1"));
+
+    beginTrouble();
+    for (int attempt = 1; attempt <= 2; ++attempt) {
+        SCOPED_TRACE(attempt);
+        expectSaveFails();
+        EXPECT_EQ(company.Scalar("select Supply from GatePassHeader"), 0);
+        EXPECT_EQ(BodyOf(id), QStringList({s("101|3|null|null")}));
+    }
+    endTrouble();
+
+    Save();
+    EXPECT_EQ(company.Scalar("select Supply from GatePassHeader"), 1);
+    EXPECT_EQ(BodyOf(id), QStringList({s("101|3|1|null"), longCode + s("|2|null|null")}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Database, TroubleTest,
+                         ::testing::Values(Trouble::Locked, Trouble::FullDisk, Trouble::ReadOnly),
+                         ::testing::PrintToStringParamName());
+
+TEST_P(DeletionTroubleTest, APassThatCannotBeDeletedStaysAndIsDeletedAfterwards)
+{
+    const int id = Stored(s("101"), s("3"));
+    OpenStored(id);
+    const Message question{s("Do you want to remove this record?"), MsgIcon::Question,
+                           s("Confirmation"), MsgButtons::YesNo};
+    const QStringList before = screen();
+
+    beginTrouble();
+    boxes.Expect(question, MsgAnswer::Yes);
+    boxes.Expect(complaint());
+    Ctrl(Qt::Key_R);
+    EXPECT_EQ(screen(), before);
+    EXPECT_FALSE(connection->InTransaction());
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+    EXPECT_EQ(BodyOf(id), QStringList({s("101|3|null|null")}));
+    endTrouble();
+
+    boxes.Expect(question, MsgAnswer::Yes);
+    Ctrl(Qt::Key_R);
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+    EXPECT_EQ(Count(s("GatePassBody")), 0);
+}
+
+// A deletion needs no room on the disk.
+INSTANTIATE_TEST_SUITE_P(Database, DeletionTroubleTest,
+                         ::testing::Values(Trouble::Locked, Trouble::ReadOnly),
+                         ::testing::PrintToStringParamName());
+
+TEST_F(BadInputTest, WhileAnotherUserSavesTheClerkTypesOnAndHisOwnSaveWaits)
+{
+    Open();
+    const std::shared_ptr<Connection> other = company.Connect();
+    other->BeginTrans();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EXPECT_EQ(FilledRows(), 1);
+    // The other one's connection belongs to this thread; another takes its place.
+    other->RollbackTrans();
+    std::atomic<bool> isHeld = false;
+    std::thread holder([&] {
+        const std::shared_ptr<Connection> third = company.Connect();
+        third->BeginTrans();
+        isHeld = true;
+        std::this_thread::sleep_for(300ms);
+        third->RollbackTrans();
+    });
+    while (!isHeld)
+        std::this_thread::yield();
+    QElapsedTimer waited;
+    waited.start();
+    Save();
+    EXPECT_GT(waited.elapsed(), 200);
+    holder.join();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
+}
+
+} // namespace tests
