@@ -207,8 +207,10 @@ const QPalette& Palette()
         };
         for (const auto& [role, color] : roles)
             made.setColor(role, color);
-        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
             made.setColor(QPalette::Disabled, role, DisabledText());
+        // What a closed field holds is still to be read.
+        made.setColor(QPalette::Disabled, QPalette::Text, MutedText());
         return made;
     }();
     return palette;
@@ -238,8 +240,7 @@ void PaintField(QPainter& painter, const QRect& rect, FieldState state, bool war
         ground = ClosedBackground();
         break;
     case FieldState::Disabled:
-        ground = Background();
-        frame = BarBackground();
+        ground = BarBackground();
         break;
     }
     if (warning) {

@@ -162,8 +162,9 @@ private:
         result.IsNumeric = IsNumeric(value);
         if (!result.IsQuoted && !result.IsNumeric)
             fail();
+        // A quoted text may read as a number that no double holds; it is compared as text then.
         if (result.IsNumeric)
-            result.Number = Val(value);
+            result.Number = result.IsQuoted ? value.trimmed().toDouble() : Val(value);
         result.Text = value.toUtf8();
         result.Moment = DateTimeFromText(viewOf(result.Text));
         if (result.What == Operator::Like)

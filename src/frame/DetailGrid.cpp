@@ -272,8 +272,15 @@ void DetailGrid::RemoveRow()
 
 void DetailGrid::lastLeft()
 {
-    if (!is_.NotLeft.contains(form_.ActiveControl())) {
+    if (is_.NotLeft.contains(form_.ActiveControl())) {
+        return;
+    }
+    try {
         AddDetailRow();
+    } catch (...) {
+        // Back to the row that could not be added: where the focus was going may empty it.
+        form_.ResetFocus(*is_.Last);
+        throw;
     }
 }
 

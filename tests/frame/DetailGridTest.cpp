@@ -270,6 +270,7 @@ TEST_F(DetailGridTest, ANumberBeyondAllNumbersFailsTheRowAndLosesNothing)
     EXPECT_EQ(FilledRows(), 0);
     EXPECT_EQ(inBody(s("101")), s("none"));
     EXPECT_EQ(It().TxtReturnOldProducts.Text().size(), 400);
+    EXPECT_TRUE(HasFocus(It().TxtReturnNewProducts));
     EXPECT_EQ(It().TxtProductID.Text(), s("101"));
 }
 
@@ -284,6 +285,7 @@ TEST_F(DetailGridTest, AQuoteInTheCodeFailsTheRowAndLosesNothing)
     Press(It(), Qt::Key_Return);
     EXPECT_EQ(FilledRows(), 0);
     EXPECT_EQ(It().TxtReturnNewProducts.Text(), s("4"));
+    EXPECT_TRUE(HasFocus(It().TxtReturnNewProducts));
 }
 
 TEST_F(DetailGridTest, HundredsOfRowsAreStoredAndOpenedInOrder)

@@ -118,8 +118,8 @@ QString shown(const QRectF& rect)
 QString pathOf(const QWidget& widget)
 {
     QStringList path;
-    for (const QWidget* part = &widget; part; part = part->isWindow() ? nullptr
-                                                                      : part->parentWidget()) {
+    for (const QWidget* part = &widget; part;
+         part = part->isWindow() ? nullptr : part->parentWidget()) {
         const QString type = QString::fromLatin1(part->metaObject()->className()).section(u':', -1);
         path.prepend((type + u' ' + part->objectName()).trimmed());
     }
