@@ -233,7 +233,6 @@ void Form::Private::CenterOver(const QWidget* over)
     const QRect room = screen->availableGeometry();
     if (!form.testAttribute(Qt::WA_Resized))
         form.resize(form.sizeHint().expandedTo(form.minimumSizeHint()).boundedTo(room.size()));
-    form.resize(form.size().boundedTo(room.size()));
     const QRect around = over ? over->frameGeometry() : room;
     QPoint corner = around.center() - form.rect().center();
     corner.setX(
