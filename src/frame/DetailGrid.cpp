@@ -139,7 +139,7 @@ void DetailGrid::filterTo(const QString& code)
         Statement(is_.RowFilter).Bind("id", form_.VoucherId()).Bind("code", code));
 }
 
-void DetailGrid::AddDetailRow()
+bool DetailGrid::AddDetailRow()
 {
     const QString code = code_->Text();
     if (code.trimmed().isEmpty()) {
@@ -147,7 +147,7 @@ void DetailGrid::AddDetailRow()
             MsgBox(&form_, is_.NoCode);
             form_.SetFocus(*code_);
         }
-        return;
+        return false;
     }
     // Read before anything is changed: a number that cannot be read must not leave half a row.
     const double id = form_.VoucherId();
@@ -161,13 +161,16 @@ void DetailGrid::AddDetailRow()
             MsgBox(&form_, is_.Duplicate);
             ClearEntryRow();
             form_.SetFocus(*code_);
-            return;
+            return false;
         }
+        // The blank row, wherever a click has put the current one meanwhile.
+        grid_.MoveLast();
         BodyRecordset.AddNew();
         BodyRecordset.Fields(is_.IdColumn).SetValue(id);
         grid_.SetCell(grid_.Row(), codeColumn_, code);
         BodyRecordset.Fields(codeBodyColumn_).SetValue(code);
-    } else if (BodyRecordset.RecordCount() == 0) {
+    } else if (BodyRecordset.RecordCount() == 0
+               || code.compare(currentId(), Qt::CaseInsensitive) != 0) {
         throw Failure(QStringLiteral("%1 is not among the rows of this voucher. Choose the row "
                                      "that you want to correct, or the blank row to add one.")
                           .arg(code));
@@ -194,6 +197,7 @@ void DetailGrid::AddDetailRow()
     BodyRecordset.ClearFilter();
     form_.SetFormState(VoucherForm::State::Edited);
     grid_.SetRedraw(true);
+    return true;
 }
 
 void DetailGrid::ClearEntryRow()
@@ -231,10 +235,11 @@ void DetailGrid::GridChosen()
         IsRowAdd = true;
     } else {
         openCode(false);
+        // Before the focus moves: a field that is left on the way must know what it serves.
+        IsRowAdd = false;
         if (is_.EditFirst->IsEnabled() && is_.EditFirst->IsVisible()) {
             form_.SetFocus(*is_.EditFirst);
         }
-        IsRowAdd = false;
     }
 }
 

@@ -64,8 +64,9 @@ public:
 
     /// Opens BodyRecordset on the voucher whose id is on the form, and fills the grid.
     void LoadDetail();
-    /// Puts the row of the entry controls into the grid and BodyRecordset.
-    void AddDetailRow();
+    /// Puts the row of the entry controls into the grid and BodyRecordset. False where it was
+    /// refused, which the user has been told.
+    bool AddDetailRow();
     void ClearEntryRow();
     /// Copies the grid's current row to the entry controls.
     void ShowGridRow();

@@ -391,8 +391,8 @@ void VoucherForm::clickSave()
     // A row that is entered but for its last field's leaving belongs to the voucher, as it does
     // when the mouse clicks the button.
     if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_ && IsActive(detail_->LastControl())
-        && !detail_->CodeControl().Text().trimmed().isEmpty()) {
-        detail_->AddDetailRow();
+        && !detail_->CodeControl().Text().trimmed().isEmpty() && !detail_->AddDetailRow()) {
+        return;
     }
     BtnSave.Click();
 }
@@ -459,7 +459,8 @@ void VoucherForm::FormKeyDown(KeyPress& key)
         }
         return;
     case Qt::Key_F4:
-        if (LookupCode* lookup = lookupOf(active)) {
+        // Alone: with Alt it is the system's key for closing a window.
+        if (LookupCode* lookup = key.Shift == Qt::NoModifier ? lookupOf(active) : nullptr) {
             key.Swallow();
             lookup->Button().Click();
         }

@@ -288,6 +288,57 @@ TEST_F(DetailGridTest, AQuoteInTheCodeFailsTheRowAndLosesNothing)
     EXPECT_TRUE(HasFocus(It().TxtReturnNewProducts));
 }
 
+TEST_F(DetailGridTest, AClickOnARowThatAddsThePendingOneLeavesTheNextRowItsOwnPlace)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Enter(s("210"));
+    Enter(s("5"));
+    Enter(QString());
+    ClickRow(It(), It().Rows, 0);
+    EXPECT_EQ(FilledRows(), 2);
+    EnterRow(s("233"), s("2"));
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    EXPECT_EQ(Cell(1, "ID"), s("210"));
+    EXPECT_EQ(Cell(2, "ID"), s("233"));
+    EXPECT_EQ(Cell(3, "ID"), s(" "));
+    Save();
+    EXPECT_EQ(BodyOf(1).size(), 3);
+}
+
+TEST_F(DetailGridTest, AnotherRowsCodeTypedWhileCorrectingChangesNeitherRow)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EnterRow(s("210"), s("5"));
+    Press(It(), Qt::Key_Down);
+    Press(It(), Qt::Key_Home, Qt::ControlModifier);
+    Press(It(), Qt::Key_Return);
+    Press(It(), Qt::Key_Escape);
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+    EnterRow(s("210"), s("9"));
+    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
+    EXPECT_EQ(Cell(1, "OutNewProducts"), s("5"));
+    EXPECT_EQ(inBody(s("101")), s("3"));
+    EXPECT_EQ(inBody(s("210")), s("5"));
+}
+
+TEST_F(DetailGridTest, CtrlSOnADuplicateRowSavesNothing)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    Enter(s("101"));
+    Enter(s("7"));
+    Enter(QString());
+    boxes.Expect({s("The Record Already Exist"), MsgIcon::Information, s("Alert")});
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+    EXPECT_EQ(FilledRows(), 1);
+}
+
 TEST_F(DetailGridTest, HundredsOfRowsAreStoredAndOpenedInOrder)
 {
     company.Run(s("with recursive n(i) as (select 1000 union all select i + 1 from n"
