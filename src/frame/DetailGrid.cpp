@@ -171,7 +171,7 @@ bool DetailGrid::AddDetailRow()
         BodyRecordset.Fields(codeBodyColumn_).SetValue(code);
     } else if (BodyRecordset.RecordCount() == 0
                || code.compare(currentId(), Qt::CaseInsensitive) != 0) {
-        throw Failure(QStringLiteral("%1 is not among the rows of this voucher. Choose the row "
+        throw Failure(QStringLiteral("%1 is not the row that is being corrected. Choose the row "
                                      "that you want to correct, or the blank row to add one.")
                           .arg(code));
     }

@@ -101,7 +101,7 @@ TEST_F(DetailGridTest, ARowThatIsNotThereCannotBeCorrectedByTypingItsCode)
     Press(It(), Qt::Key_Return);
     Press(It(), Qt::Key_Escape);
     ASSERT_FALSE(It().Detail.IsRowAdd);
-    boxes.Expect(Failed(s("210 is not among the rows of this voucher. Choose the row that you "
+    boxes.Expect(Failed(s("210 is not the row that is being corrected. Choose the row that you "
                           "want to correct, or the blank row to add one.")));
     EnterRow(s("210"), s("4"));
     EXPECT_EQ(Cell(0, "ID"), s("101"));
