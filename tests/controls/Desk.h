@@ -11,8 +11,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QDate>
-#include <QVBoxLayout>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <ostream>
 

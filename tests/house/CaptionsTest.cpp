@@ -6,6 +6,7 @@
 #include "search/Catalogue.h"
 #include "support/GatePassDesk.h"
 
+#include <QFontDatabase>
 #include <QProcess>
 #include <QtTest>
 
