@@ -37,6 +37,8 @@ public:
 
     /// Whether the control that has the focus is validated before this one gets it.
     bool CausesValidation = true;
+    /// The one control whose validation a step to this one leaves out; null is none.
+    const Control* SparesValidationOf = nullptr;
 
     std::function<void(bool& cancel)> OnValidate;
     std::function<void()> OnGotFocus;

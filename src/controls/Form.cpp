@@ -73,7 +73,7 @@ bool Form::Private::MayLeaveFor(const Control& to)
     from->FinishEdit();
     if (unloaded || ActiveControl() != from)
         return false;
-    if (!to.CausesValidation || !from->OnValidate)
+    if (!to.CausesValidation || to.SparesValidationOf == from || !from->OnValidate)
         return true;
 
     bool cancel = false;

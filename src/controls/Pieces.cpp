@@ -2,6 +2,7 @@
 
 #include "controls/Look.h"
 
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLinearGradient>
 #include <QPainter>
@@ -60,6 +61,45 @@ protected:
 };
 
 } // namespace
+
+Txt& CodeField(QWidget* form, const char* name, const char* accessibleName, bool mandatory)
+{
+    auto& txt = *new Txt(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+    txt.SetMandatory(mandatory);
+    return txt;
+}
+
+Txt& NumberField(QWidget* form, const char* name, const char* accessibleName)
+{
+    auto& txt = *new Txt(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+    txt.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    txt.SetNumberExpected(true);
+    return txt;
+}
+
+UTxt& UrduField(QWidget* form, const char* name, const char* accessibleName)
+{
+    return *new UTxt(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+}
+
+JeweledButton& ListButton(QWidget* form, const char* name, const char* accessibleName)
+{
+    const QString itsName = QString::fromUtf8(name);
+    auto& button = *new JeweledButton(itsName, QStringLiteral("..."), QString(), QString(),
+                                      JeweledButton::Kind::Small, form);
+    button.SetName(itsName, QString::fromUtf8(accessibleName));
+    return button;
+}
+
+OptionButton& OptionField(QWidget* form, const char* name, const char* accessibleName)
+{
+    return *new OptionButton(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+}
+
+Label& TextLabel(QWidget* form, const char* name, const char* text)
+{
+    return *new Label(QString::fromUtf8(name), QString::fromUtf8(text), form);
+}
 
 TitleStrip::TitleStrip(const QString& urdu, const QString& english, QWidget* parent)
     : QWidget(parent), imgExit_(new Image(QStringLiteral("ImgExit"), Image::Kind::Exit)),
@@ -178,6 +218,34 @@ void Strip::paintEvent(QPaintEvent*)
     painter.drawLine(rect().topLeft(), rect().topRight());
     if (entry)
         painter.drawLine(rect().bottomLeft(), rect().bottomRight());
+}
+
+Strip* HeaderStrip(const QList<QWidget*>& cells)
+{
+    auto* strip = new Strip(Strip::Kind::Plain);
+    auto* grid = new QGridLayout(strip);
+    grid->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    grid->setHorizontalSpacing(3 * Look::Space());
+    grid->setVerticalSpacing(Look::Space());
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    for (qsizetype i = 0; i < cells.size(); ++i) {
+        grid->addWidget(cells[i], int(i / 2), int(i % 2));
+    }
+    return strip;
+}
+
+Strip* EntryStrip(QWidget* code, const QList<QWidget*>& fields)
+{
+    auto* strip = new Strip(Strip::Kind::Entry);
+    auto* row = new QHBoxLayout(strip);
+    row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    row->setSpacing(Look::Space());
+    row->addWidget(code, 1);
+    for (QWidget* field : fields) {
+        row->addWidget(field);
+    }
+    return strip;
 }
 
 Strip* ButtonBar(const QList<JeweledButton*>& right, const QList<JeweledButton*>& left)

@@ -10,6 +10,20 @@
 
 namespace TradeForms {
 
+// The controls of a form, which owns them: each with its name and an English accessible name.
+
+/// A code, or other short text in Latin type.
+Txt& CodeField(QWidget* form, const char* name, const char* accessibleName,
+               bool mandatory = false);
+/// A number: aligned at the right, and told where the text is none.
+Txt& NumberField(QWidget* form, const char* name, const char* accessibleName);
+/// Urdu text, or a name beside its code.
+UTxt& UrduField(QWidget* form, const char* name, const char* accessibleName);
+/// The "..." button that brings up a list.
+JeweledButton& ListButton(QWidget* form, const char* name, const char* accessibleName);
+OptionButton& OptionField(QWidget* form, const char* name, const char* accessibleName);
+Label& TextLabel(QWidget* form, const char* name, const char* text);
+
 /// Title at the reader's right hand, a pill that tells the state, ImgMin and ImgExit.
 class TitleStrip : public QWidget {
     Q_OBJECT
@@ -70,6 +84,10 @@ private:
     Kind kind_;
 };
 
+/// The header's fields in two columns, row by row from the reader's right hand.
+Strip* HeaderStrip(const QList<QWidget*>& cells);
+/// The entry row: the code with its name takes the room that the fields leave.
+Strip* EntryStrip(QWidget* code, const QList<QWidget*>& fields);
 /// The bar at the foot: the first group at the right, the second at the left.
 Strip* ButtonBar(const QList<JeweledButton*>& right, const QList<JeweledButton*>& left);
 

@@ -24,6 +24,7 @@ QVariant storedValue(DetailColumn::Stored as, const QString& text)
         return Val(text);
     case DetailColumn::Stored::TextOrNull:
         return text.isEmpty() ? QVariant() : QVariant(text);
+    case DetailColumn::Stored::Text:
     case DetailColumn::Stored::Key:
     case DetailColumn::Stored::Display:
         break;
@@ -51,7 +52,9 @@ DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declarat
 
 void DetailGrid::attach()
 {
-    is_.Last->OnLostFocus = [this] { lastLeft(); };
+    for (const RowEnd& end : is_.Ends) {
+        end.Field->OnLostFocus = [this, &end] { ended(end); };
+    }
     grid_.OnGotFocus = [this] {
         IsGridActive = true;
         openCode(false);
@@ -112,6 +115,7 @@ void DetailGrid::LoadDetail()
 {
     const std::shared_ptr<Connection>& connection = HostContext::Database();
     const double id = form_.VoucherId();
+    rowsId_ = id;
     if (BodyRecordset.IsOpen()) {
         BodyRecordset.Close();
     }
@@ -133,10 +137,27 @@ void DetailGrid::LoadDetail()
     grid_.SetRedraw(true);
 }
 
-void DetailGrid::filterTo(const QString& code)
+Statement DetailGrid::filterOf(const char* filter, const QString& code) const
 {
-    BodyRecordset.SetFilter(
-        Statement(is_.RowFilter).Bind("id", form_.VoucherId()).Bind("code", code));
+    Statement row(filter);
+    row.Bind("id", rowsId_).Bind("code", code);
+    for (const DetailColumn& column : is_.Columns) {
+        if (column.TellsRows) {
+            row.Bind(column.BodyColumn, column.Control->Text());
+        }
+    }
+    return row;
+}
+
+bool DetailGrid::isEntryOf(int row) const
+{
+    return std::all_of(is_.Columns.begin(), is_.Columns.end(), [&](const DetailColumn& column) {
+        const bool tells = column.TellsRows || column.Is == DetailColumn::Stored::Key;
+        return !tells
+            || column.Control->Text().compare(grid_.Cell(row, column.Column.Name),
+                                              Qt::CaseInsensitive)
+                   == 0;
+    });
 }
 
 bool DetailGrid::AddDetailRow()
@@ -149,13 +170,15 @@ bool DetailGrid::AddDetailRow()
         }
         return false;
     }
+    if (IsRowAdd && is_.MayAdd && !is_.MayAdd()) {
+        return false;
+    }
     // Read before anything is changed: a number that cannot be read must not leave half a row.
-    const double id = form_.VoucherId();
     QList<QVariant> values;
     for (const DetailColumn& column : is_.Columns) {
         values.append(storedValue(column.Is, column.Control->Text()));
     }
-    filterTo(code);
+    BodyRecordset.SetFilter(filterOf(is_.EntryFilter ? is_.EntryFilter : is_.RowFilter, code));
     if (IsRowAdd) {
         if (BodyRecordset.RecordCount() > 0) {
             MsgBox(&form_, is_.Duplicate);
@@ -166,11 +189,10 @@ bool DetailGrid::AddDetailRow()
         // The blank row, wherever a click has put the current one meanwhile.
         grid_.MoveLast();
         BodyRecordset.AddNew();
-        BodyRecordset.Fields(is_.IdColumn).SetValue(id);
+        BodyRecordset.Fields(is_.IdColumn).SetValue(rowsId_);
         grid_.SetCell(grid_.Row(), codeColumn_, code);
         BodyRecordset.Fields(codeBodyColumn_).SetValue(code);
-    } else if (BodyRecordset.RecordCount() == 0
-               || code.compare(currentId(), Qt::CaseInsensitive) != 0) {
+    } else if (BodyRecordset.RecordCount() == 0 || !isEntryOf(grid_.Row())) {
         throw Failure(QStringLiteral("%1 is not the row that is being corrected. Choose the row "
                                      "that you want to correct, or the blank row to add one.")
                           .arg(code));
@@ -264,7 +286,7 @@ void DetailGrid::RemoveRow()
     if (isBlank(grid_.Row())) {
         return;
     }
-    filterTo(currentId());
+    BodyRecordset.SetFilter(filterOf(is_.RowFilter, currentId()));
     if (BodyRecordset.RecordCount() > 0) {
         BodyRecordset.Delete();
     }
@@ -275,16 +297,24 @@ void DetailGrid::RemoveRow()
     ShowGridRow();
 }
 
-void DetailGrid::lastLeft()
+bool DetailGrid::AddsWhenLeft(const Control* from, const Control& to) const
 {
-    if (is_.NotLeft.contains(form_.ActiveControl())) {
+    return std::any_of(is_.Ends.begin(), is_.Ends.end(), [&](const RowEnd& end) {
+        return end.Field == from
+            && std::find(end.Unless.begin(), end.Unless.end(), &to) == end.Unless.end();
+    });
+}
+
+void DetailGrid::ended(const RowEnd& end)
+{
+    if (end.Unless.contains(form_.ActiveControl())) {
         return;
     }
     try {
         AddDetailRow();
     } catch (...) {
         // Back to the row that could not be added: where the focus was going may empty it.
-        form_.ResetFocus(*is_.Last);
+        form_.ResetFocus(*end.Field);
         throw;
     }
 }
@@ -295,15 +325,15 @@ int DetailGrid::CountRows()
     return BodyRecordset.RecordCount();
 }
 
-void DetailGrid::StampId()
+void DetailGrid::stampId()
 {
-    const double id = form_.VoucherId();
+    rowsId_ = form_.VoucherId();
     BodyRecordset.ClearFilter();
     if (BodyRecordset.RecordCount() == 0) {
         return;
     }
     for (BodyRecordset.MoveFirst(); !BodyRecordset.Eof(); BodyRecordset.MoveNext()) {
-        BodyRecordset.Fields(is_.IdColumn).SetValue(id);
+        BodyRecordset.Fields(is_.IdColumn).SetValue(rowsId_);
         if (is_.OnStamp) {
             is_.OnStamp(BodyRecordset);
         }
@@ -315,7 +345,7 @@ void DetailGrid::SaveBody()
 {
     // Vouchers count their rows in 16 bits: one with more fails to be saved.
     static_cast<void>(ToInt16(CountRows()));
-    StampId();
+    stampId();
     BodyRecordset.UpdateBatch(3);
 }
 

@@ -21,6 +21,7 @@ struct DetailColumn {
         Display,     ///< not stored
         NumberOrNull,///< Val of the text, or null for an empty one
         Number,      ///< Val of the text
+        Text,        ///< the text
         TextOrNull   ///< the text, or null for an empty one
     };
     GridColumn Column;
@@ -28,6 +29,13 @@ struct DetailColumn {
     const char* Field;      ///< of the display statement
     Stored Is;
     const char* BodyColumn = nullptr;
+    bool TellsRows = false; ///< with the code it tells one row from another
+};
+
+/// A field whose leaving adds the row.
+struct RowEnd {
+    Txt* Field;
+    QList<Control*> Unless; ///< not when the focus goes to one of these
 };
 
 /// What tells the rows of one form from those of another.
@@ -37,11 +45,16 @@ struct DetailDeclaration {
     const char* Body;                       ///< selects the body rows of voucher {id}
     const char* Display;                    ///< the same with the names, for the grid
     const char* RowFilter;                  ///< the row of {code} in voucher {id}
+    /// The row that is entered, where the code alone does not tell it: takes {id}, {code} and
+    /// the names of the columns that tell rows. Null is RowFilter.
+    const char* EntryFilter = nullptr;
+    /// Whether the entry may become a row; where it may not, the user has been told and the
+    /// focus set.
+    std::function<bool()> MayAdd = {};
     Message NoCode = {};                    ///< an empty text says nothing
     Message Duplicate;
     Txt* EditFirst;                         ///< gets the focus for correcting a row
-    Txt* Last;                              ///< leaving it adds the row ...
-    QList<Control*> NotLeft;                ///< ... unless for one of these
+    QList<RowEnd> Ends;
     std::function<void()> OnClearEntryRow = {};  ///< what else is cleared with the entry controls
     std::function<void(Recordset& row)> OnStamp = {}; ///< copies more of the header into a row
 };
@@ -80,15 +93,15 @@ public:
     void EmptyGrid();
     /// A new voucher: the entry controls add rows, and the code is open.
     void StartAdding();
-    /// Puts the voucher's id, and what else the form copies from the header, into each row.
-    void StampId();
     /// Stamps the rows and writes them to the table. Raises OverflowFailure above 32767 rows.
     void SaveBody();
     /// Rows to be saved, whatever filter was left on.
     int CountRows();
 
+    /// Whether leaving a control for another one adds the row.
+    bool AddsWhenLeft(const Control* from, const Control& to) const;
+
     Txt& CodeControl() const { return *code_; }
-    Txt& LastControl() const { return *is_.Last; }
     Grid& Rows() const { return grid_; }
 
 private:
@@ -96,8 +109,11 @@ private:
     bool isBlank(int row) const;
     void appendBlankRow();
     void openCode(bool open);
-    void filterTo(const QString& code);
-    void lastLeft();
+    Statement filterOf(const char* filter, const QString& code) const;
+    bool isEntryOf(int row) const;
+    void ended(const RowEnd& end);
+    /// Puts the voucher's id, and what else the form copies from the header, into each row.
+    void stampId();
     void attach();
 
     VoucherForm& form_;
@@ -106,6 +122,9 @@ private:
     Txt* code_ = nullptr;
     QString codeColumn_;
     const char* codeBodyColumn_ = nullptr;
+    /// The id that the rows carry: the one on the screen may be typed over, or change when
+    /// another user has taken it, and is stamped on them when the voucher is saved.
+    double rowsId_ = 0;
 };
 
 } // namespace TradeForms

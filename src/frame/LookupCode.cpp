@@ -19,7 +19,7 @@ LookupCode::LookupCode(VoucherForm& form, LookupDescription description)
     is_.Button.SetTabStop(false);
     // Asking for the list would otherwise bring it up twice: once to check the field that is
     // left, once for the button.
-    is_.Button.CausesValidation = false;
+    is_.Button.SparesValidationOf = &is_.Code;
 
     is_.Code.OnChange = [this] { changed(); };
     is_.Code.OnValidate = [this](bool& cancel) { validate(cancel); };
@@ -104,6 +104,9 @@ void LookupCode::validate(bool& cancel)
         return;
     }
     if (!is_.EmptyBringsList && is_.Code.Text().trimmed().isEmpty()) {
+        return;
+    }
+    if (is_.TrustsName && !is_.Name.Text().isEmpty()) {
         return;
     }
     cancel = !Lookup(Mode::Check) && !Lookup(Mode::Button);

@@ -36,6 +36,8 @@ struct LookupDescription {
 
     /// Leaving the field empty brings up the list.
     bool EmptyBringsList = false;
+    /// A code whose name is there is not looked up again when the field is left.
+    bool TrustsName = false;
     /// Typing in the field marks the voucher as edited.
     bool ChangeMarksEdited = true;
     /// A found code marks the voucher as edited; a miss does where this is set.

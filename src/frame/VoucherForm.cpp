@@ -5,7 +5,11 @@
 #include "data/Numbers.h"
 #include "data/Recordset.h"
 #include "frame/Authorisation.h"
+#include "controls/Look.h"
 #include "host/HostContext.h"
+#include "search/SearchDialog.h"
+
+#include <QBoxLayout>
 
 namespace TradeForms {
 
@@ -66,10 +70,32 @@ void VoucherForm::attach()
     Title.ImgExit().OnClick = [this] { Unload(); };
 }
 
-void VoucherForm::UseFocus(Control& newVoucher, Control& openedVoucher)
+void VoucherForm::UseFocus(Control* newVoucher, Control* openedVoucher)
 {
-    newFocus_ = &newVoucher;
-    openedFocus_ = &openedVoucher;
+    newFocus_ = newVoucher;
+    openedFocus_ = openedVoucher;
+}
+
+void VoucherForm::Compose(QWidget* header, QWidget* entryRow)
+{
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(1, 1, 1, 1);
+    all->setSpacing(0);
+    all->addWidget(&Title);
+    all->addWidget(header);
+    if (entryRow) {
+        all->addWidget(entryRow);
+    }
+    auto* rows = new QHBoxLayout;
+    rows->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    rows->addWidget(&Rows);
+    all->addLayout(rows, 1);
+    QList<JeweledButton*> work{&BtnSave, &BtnOpen};
+    if (is_.Prints) {
+        work.append(&BtnPrint);
+    }
+    work.append(&BtnDelete);
+    all->addWidget(ButtonBar(work, {&BtnClear, &BtnClose}));
 }
 
 void VoucherForm::FormLoad()
@@ -111,7 +137,9 @@ void VoucherForm::enterNew()
     if (detail_) {
         detail_->StartAdding();
     }
-    ResetFocus(*newFocus_);
+    if (newFocus_) {
+        ResetFocus(*newFocus_);
+    }
     BtnOpen.SetEnabled(true);
     BtnDelete.SetEnabled(false);
     BtnSave.SetEnabled(false);
@@ -133,7 +161,9 @@ void VoucherForm::enterOpened()
     if (detail_) {
         detail_->StartAdding();
     }
-    ResetFocus(*openedFocus_);
+    if (openedFocus_) {
+        ResetFocus(*openedFocus_);
+    }
     BtnOpen.SetEnabled(true);
     BtnDelete.SetEnabled(true);
     BtnClear.SetEnabled(true);
@@ -205,6 +235,18 @@ qint32 VoucherForm::NextVoucherId()
 {
     const Recordset largest = Database().Execute(is_.NextId);
     return ToInt32(largest.ValueAt(0, 0).toDouble() + (is_.NextIdAddsOne ? 1 : 0));
+}
+
+void VoucherForm::OpenVoucher()
+{
+    SearchDialog& vouchers = SearchDialog::Shared(*is_.Vouchers);
+    vouchers.Show(this);
+    const int id = vouchers.ParaOut(is_.ChosenVoucher).toInt();
+    if (id == 0) {
+        return;
+    }
+    id_->SetText(QString::number(id));
+    LoadVoucher();
 }
 
 void VoucherForm::LoadVoucher()
@@ -280,10 +322,6 @@ bool VoucherForm::PassesRaceRule()
     }
     Inform(this, is_.IdTaken, MsgIcon::Stop, alert());
     id_->SetText(QString::number(NextVoucherId()));
-    if (detail_) {
-        // The rows are found by the voucher's id, so they follow it at once.
-        detail_->StampId();
-    }
     return false;
 }
 
@@ -390,7 +428,8 @@ void VoucherForm::clickSave()
 {
     // A row that is entered but for its last field's leaving belongs to the voucher, as it does
     // when the mouse clicks the button.
-    if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_ && IsActive(detail_->LastControl())
+    if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_
+        && detail_->AddsWhenLeft(ActiveControl(), BtnSave)
         && !detail_->CodeControl().Text().trimmed().isEmpty() && !detail_->AddDetailRow()) {
         return;
     }

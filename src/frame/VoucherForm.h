@@ -20,6 +20,7 @@
 namespace TradeForms {
 
 class Connection;
+struct SearchDescription;
 
 /// When the tail of a step that failed rolls the transaction back.
 enum class Rollback {
@@ -42,6 +43,10 @@ struct VoucherDeclaration {
     const char* Race;                 ///< finds a row where the id is taken
     const char* Header;               ///< the header row to write
     QList<const char*> Delete;        ///< the body always first
+
+    // The list of stored vouchers, and the output of it that goes into the id field.
+    const SearchDescription* Vouchers = nullptr;
+    const char* ChosenVoucher = nullptr;
 
     // Messages.
     QString IdTaken = {};
@@ -106,15 +111,19 @@ protected:
     void UseId(Txt& id) { id_ = &id; }
     void UseHeader(VoucherHeader header) { header_ = std::move(header); }
     void UseDetail(DetailGrid& detail) { detail_ = &detail; }
-    /// Focus of a new and of an opened voucher.
-    void UseFocus(Control& newVoucher, Control& openedVoucher);
+    /// Focus of a new and of an opened voucher; null leaves it where it is.
+    void UseFocus(Control* newVoucher, Control* openedVoucher);
+    /// The window: title, header, entry row, the grid and the buttons. No entry row is null.
+    void Compose(QWidget* header, QWidget* entryRow);
 
     // Steps.
     virtual void ClearVoucher();
     virtual qint32 NextVoucherId();
     virtual void LoadVoucher();
     virtual void LoadDetail();
-    virtual void OpenVoucher() = 0;
+    /// Lets the user choose from the list of stored vouchers. Ids are numbers; a form of another
+    /// key opens by its own.
+    virtual void OpenVoucher();
     /// The checks and writes in the form's own order, made of the steps below.
     virtual void SaveVoucher() = 0;
     virtual void DeleteVoucher();

@@ -24,6 +24,16 @@ HeaderField Number(const char* column, Txt& control, HeaderField::Write when)
     return {column, when, [&control] { return QVariant(Val(control.Text())); }, showIn(control)};
 }
 
+HeaderField NumberOrNull(const char* column, Txt& control)
+{
+    return {column, HeaderField::Write::Always,
+            [&control] {
+                const double number = Val(control.Text());
+                return number == 0 ? QVariant() : QVariant(number);
+            },
+            showIn(control)};
+}
+
 HeaderField Text(const char* column, Txt& control)
 {
     return {column, HeaderField::Write::Always, [&control] { return QVariant(control.Text()); },
@@ -36,6 +46,16 @@ HeaderField OptionalText(const char* column, Txt& control)
             [&control] {
                 const QString text = control.Text();
                 return text.trimmed().isEmpty() ? QVariant() : QVariant(text);
+            },
+            showIn(control)};
+}
+
+HeaderField TextOrNull(const char* column, Txt& control)
+{
+    return {column, HeaderField::Write::Always,
+            [&control] {
+                const QString text = control.Text();
+                return text.isEmpty() ? QVariant() : QVariant(text);
             },
             showIn(control)};
 }

@@ -32,10 +32,14 @@ namespace HeaderFields {
 /// A number in a text field, saved as its Val.
 HeaderField Number(const char* column, Txt& control,
                    HeaderField::Write when = HeaderField::Write::Always);
+/// The same, but 0 is saved as null and null loads as the empty text.
+HeaderField NumberOrNull(const char* column, Txt& control);
 /// Text as it stands.
 HeaderField Text(const char* column, Txt& control);
 /// A text that may be left out: blank is saved as null, null loads as the empty text.
 HeaderField OptionalText(const char* column, Txt& control);
+/// Free text: as it stands, blanks and all, only the empty one is saved as null.
+HeaderField TextOrNull(const char* column, Txt& control);
 /// A name that comes with a code and is not saved; null loads as the empty text.
 HeaderField Shown(const char* column, Txt& control);
 HeaderField Date(const char* column, DTPicker& control);

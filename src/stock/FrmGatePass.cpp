@@ -9,10 +9,8 @@
 #include "host/HostContext.h"
 #include "host/UserSecurity.h"
 #include "search/Catalogue.h"
-#include "search/SearchDialog.h"
 
 #include <QBoxLayout>
-#include <QGridLayout>
 
 namespace TradeForms {
 
@@ -43,6 +41,8 @@ VoucherDeclaration gatePass()
         .Header = "select * from GatePassHeader where GatePassID={id}",
         .Delete = {"Delete from GatePassBody where GatePassID = {id}",
                    "Delete from GatePassHeader where GatePassID = {id}"},
+        .Vouchers = &SchGatePass,
+        .ChosenVoucher = "ParaOutGatePassID",
         .IdTaken = QStringLiteral("This Gate Pass ID already exists. A new Gate Psss ID. has been "
                                   "generated. Please try again"),
         .NoRows = {QStringLiteral("Enter atleast one product to save"), MsgIcon::Exclamation,
@@ -64,46 +64,6 @@ constexpr const char* PrintStatement =
     " left outer join Staff r on GatePassHeader.ReceivingCode=r.StaffID"
     " Where GatePassHeader.GatePassID = {id}";
 
-// ---- Short words for the making of controls
-
-Txt& code(QWidget* form, const char* name, const char* accessibleName, bool mandatory = false)
-{
-    auto& txt = *new Txt(utf8(name), utf8(accessibleName), form);
-    txt.SetMandatory(mandatory);
-    return txt;
-}
-
-Txt& quantity(QWidget* form, const char* name, const char* accessibleName)
-{
-    auto& txt = *new Txt(utf8(name), utf8(accessibleName), form);
-    txt.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    txt.SetNumberExpected(true);
-    return txt;
-}
-
-UTxt& name(QWidget* form, const char* itsName, const char* accessibleName)
-{
-    return *new UTxt(utf8(itsName), utf8(accessibleName), form);
-}
-
-JeweledButton& list(QWidget* form, const char* itsName, const char* accessibleName)
-{
-    auto& button = *new JeweledButton(utf8(itsName), QStringLiteral("..."), QString(), QString(),
-                                      JeweledButton::Kind::Small, form);
-    button.SetName(utf8(itsName), utf8(accessibleName));
-    return button;
-}
-
-OptionButton& option(QWidget* form, const char* itsName, const char* accessibleName)
-{
-    return *new OptionButton(utf8(itsName), utf8(accessibleName), form);
-}
-
-Label& label(QWidget* form, const char* itsName, const char* text)
-{
-    return *new Label(utf8(itsName), utf8(text), form);
-}
-
 QVariant usersBranch()
 {
     return HostContext::Security().UserBranchCode();
@@ -112,29 +72,29 @@ QVariant usersBranch()
 } // namespace
 
 FrmGatePass::FrmGatePass()
-    : VoucherForm(gatePass()), TxtGatePassID(code(this, "TxtGatePassID", "Gate pass number")),
-      TxtDriverCode(code(this, "TxtDriverCode", "Driver code")),
-      BtnDriver(list(this, "BtnDriver", "List of drivers")),
-      TxtDriverName(name(this, "TxtDriverName", "Driver name")),
-      TxtReceivingCode(code(this, "TxtReceivingCode", "Receiver code")),
-      BtnReceiving(list(this, "BtnReceiving", "List of receivers")),
-      TxtReceivingName(name(this, "TxtReceivingName", "Receiver name")),
-      TxtAreaCode(code(this, "TxtAreaCode", "Area code", true)),
-      BtnArea(list(this, "BtnArea", "List of areas")),
-      TxtAreaName(name(this, "TxtAreaName", "Area name")),
-      TxtBranchID(code(this, "TxtBranchID", "Branch code", true)),
-      BtnBranch(list(this, "BtnBranch", "List of branches")),
-      TxtBranchName(name(this, "TxtBranchName", "Branch name")),
-      OptSupply(option(this, "OptSupply", "Supply")), OptOrder(option(this, "OptOrder", "Order")),
-      OptSale(option(this, "OptSale", "Sale")), Label12(label(this, "Label12", "سپلائی")),
-      Label13(label(this, "Label13", "آرڈر")), Label8(label(this, "Label8", "سیل")),
-      TxtProductID(code(this, "TxtProductID", "Product code", true)),
-      BtnProduct(list(this, "BtnProduct", "List of products")),
-      TxtProductName(name(this, "TxtProductName", "Product name")),
-      TxtOutNewProducts(quantity(this, "TxtOutNewProducts", "New pieces out")),
-      TxtReturnOldProducts(quantity(this, "TxtReturnOldProducts", "Old pieces returned")),
-      TxtReturnNewProducts(quantity(this, "TxtReturnNewProducts", "New pieces returned")),
-      LblCaption(label(this, "LblCaption", "سٹاک")), LblStock(label(this, "LblStock", "")),
+    : VoucherForm(gatePass()), TxtGatePassID(CodeField(this, "TxtGatePassID", "Gate pass number")),
+      TxtDriverCode(CodeField(this, "TxtDriverCode", "Driver code")),
+      BtnDriver(ListButton(this, "BtnDriver", "List of drivers")),
+      TxtDriverName(UrduField(this, "TxtDriverName", "Driver name")),
+      TxtReceivingCode(CodeField(this, "TxtReceivingCode", "Receiver code")),
+      BtnReceiving(ListButton(this, "BtnReceiving", "List of receivers")),
+      TxtReceivingName(UrduField(this, "TxtReceivingName", "Receiver name")),
+      TxtAreaCode(CodeField(this, "TxtAreaCode", "Area code", true)),
+      BtnArea(ListButton(this, "BtnArea", "List of areas")),
+      TxtAreaName(UrduField(this, "TxtAreaName", "Area name")),
+      TxtBranchID(CodeField(this, "TxtBranchID", "Branch code", true)),
+      BtnBranch(ListButton(this, "BtnBranch", "List of branches")),
+      TxtBranchName(UrduField(this, "TxtBranchName", "Branch name")),
+      OptSupply(OptionField(this, "OptSupply", "Supply")), OptOrder(OptionField(this, "OptOrder", "Order")),
+      OptSale(OptionField(this, "OptSale", "Sale")), Label12(TextLabel(this, "Label12", "سپلائی")),
+      Label13(TextLabel(this, "Label13", "آرڈر")), Label8(TextLabel(this, "Label8", "سیل")),
+      TxtProductID(CodeField(this, "TxtProductID", "Product code", true)),
+      BtnProduct(ListButton(this, "BtnProduct", "List of products")),
+      TxtProductName(UrduField(this, "TxtProductName", "Product name")),
+      TxtOutNewProducts(NumberField(this, "TxtOutNewProducts", "New pieces out")),
+      TxtReturnOldProducts(NumberField(this, "TxtReturnOldProducts", "Old pieces returned")),
+      TxtReturnNewProducts(NumberField(this, "TxtReturnNewProducts", "New pieces returned")),
+      LblCaption(TextLabel(this, "LblCaption", "سٹاک")), LblStock(TextLabel(this, "LblStock", "")),
       Detail(*this, Rows, detail()), LookupDriver(*this, driver()),
       LookupReceiving(*this, receiving()), LookupArea(*this, area()),
       LookupBranch(*this, branch()), LookupProduct(*this, product())
@@ -143,7 +103,7 @@ FrmGatePass::FrmGatePass()
     TxtGatePassID.SetEnabled(false);
     UseId(TxtGatePassID);
     UseDetail(Detail);
-    UseFocus(TxtDriverCode, DtpDate);
+    UseFocus(&TxtDriverCode, &DtpDate);
     declareHeader();
     attachOptions();
     TxtOutNewProducts.OnValidate = [this](bool& cancel) {
@@ -216,8 +176,8 @@ DetailDeclaration FrmGatePass::detail()
         .Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
                       QStringLiteral("Alert")},
         .EditFirst = &TxtReturnOldProducts,
-        .Last = &TxtReturnNewProducts,
-        .NotLeft = {&TxtReturnOldProducts, &TxtOutNewProducts, &TxtProductID, &BtnClose},
+        .Ends = {{&TxtReturnNewProducts,
+                  {&TxtReturnOldProducts, &TxtOutNewProducts, &TxtProductID, &BtnClose}}},
         .OnClearEntryRow = [this] { showStock(false); },
     };
 }
@@ -376,18 +336,6 @@ void FrmGatePass::ClearVoucher()
     OptSale.SetValue(true);
 }
 
-void FrmGatePass::OpenVoucher()
-{
-    SearchDialog& dialog = SearchDialog::Shared(SchGatePass);
-    dialog.Show(this);
-    const int id = dialog.ParaOut("ParaOutGatePassID").toInt();
-    if (id == 0) {
-        return;
-    }
-    TxtGatePassID.SetText(QString::number(id));
-    LoadVoucher();
-}
-
 void FrmGatePass::SaveVoucher()
 {
     if (!PassesPostedRule()) {
@@ -459,24 +407,15 @@ QWidget* FrmGatePass::composeHeader()
     numberRow->addWidget(&TxtGatePassID);
     numberRow->addStretch(1);
 
-    auto* header = new Strip(Strip::Kind::Plain);
-    auto* grid = new QGridLayout(header);
-    grid->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
-    grid->setHorizontalSpacing(3 * Look::Space());
-    grid->setVerticalSpacing(Look::Space());
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
-    grid->addWidget(Labelled(caption("نمبر", "Gate pass no"), number), 0, 0);
-    grid->addWidget(Labelled(caption("تاریخ", "Date"), options), 0, 1);
-    grid->addWidget(
-        CodeSet(caption("ڈرائیور", "Driver"), &TxtDriverCode, &BtnDriver, &TxtDriverName), 1, 0);
-    grid->addWidget(CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
-                            &TxtReceivingName),
-                    1, 1);
-    grid->addWidget(CodeSet(caption("علاقہ", "Area"), &TxtAreaCode, &BtnArea, &TxtAreaName), 2, 0);
-    grid->addWidget(
-        CodeSet(caption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName), 2, 1);
-    return header;
+    return HeaderStrip({
+        Labelled(caption("نمبر", "Gate pass no"), number),
+        Labelled(caption("تاریخ", "Date"), options),
+        CodeSet(caption("ڈرائیور", "Driver"), &TxtDriverCode, &BtnDriver, &TxtDriverName),
+        CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
+                &TxtReceivingName),
+        CodeSet(caption("علاقہ", "Area"), &TxtAreaCode, &BtnArea, &TxtAreaName),
+        CodeSet(caption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName),
+    });
 }
 
 QWidget* FrmGatePass::composeEntryRow()
@@ -500,35 +439,20 @@ QWidget* FrmGatePass::composeEntryRow()
     productColumn->addWidget(stock, 1);
     productColumn->addWidget(CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName));
 
-    auto* strip = new Strip(Strip::Kind::Entry);
-    auto* row = new QHBoxLayout(strip);
-    row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
-    row->setSpacing(Look::Space());
-    row->addWidget(product, 1);
-    row->addWidget(Stacked(new Caption(utf8("باہر"), QStringLiteral("Out")), &TxtOutNewProducts));
-    row->addWidget(Stacked(new Caption(utf8("واپس پرانا"), QStringLiteral("Returned old")),
-                           &TxtReturnOldProducts));
-    row->addWidget(Stacked(new Caption(utf8("واپس نیا"), QStringLiteral("Returned new")),
-                           &TxtReturnNewProducts));
     for (Txt* txt : {&TxtOutNewProducts, &TxtReturnOldProducts, &TxtReturnNewProducts}) {
         txt->setFixedWidth(120);
     }
-    return strip;
+    const auto field = [](const char* urdu, const char* english, Txt& txt) {
+        return Stacked(new Caption(utf8(urdu), utf8(english)), &txt);
+    };
+    return EntryStrip(product, {field("باہر", "Out", TxtOutNewProducts),
+                                field("واپس پرانا", "Returned old", TxtReturnOldProducts),
+                                field("واپس نیا", "Returned new", TxtReturnNewProducts)});
 }
 
 void FrmGatePass::compose()
 {
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(1, 1, 1, 1);
-    all->setSpacing(0);
-    all->addWidget(&Title);
-    all->addWidget(composeHeader());
-    all->addWidget(composeEntryRow());
-    auto* rows = new QHBoxLayout;
-    rows->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
-    rows->addWidget(&Rows);
-    all->addLayout(rows, 1);
-    all->addWidget(ButtonBar({&BtnSave, &BtnOpen, &BtnPrint, &BtnDelete}, {&BtnClear, &BtnClose}));
+    Compose(composeHeader(), composeEntryRow());
     resize(1100, 640);
 }
 

@@ -51,7 +51,6 @@ public:
 
 protected:
     void ClearVoucher() override;
-    void OpenVoucher() override;
     void SaveVoucher() override;
     void PrintVoucher() override;
     bool TypingCounts(const Control& control) const override;

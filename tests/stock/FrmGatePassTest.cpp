@@ -297,4 +297,15 @@ TEST_F(FrmGatePassTest, TheLabelOfTheFocusedOptionIsRed)
     EXPECT_EQ(It().FormState(), VoucherForm::State::New);
 }
 
+TEST_F(FrmGatePassTest, AQuantityAboveTheStockIsNotLeftForAnotherFieldsListEither)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Type(It(), s("99999"));
+    Click(It(), It().BtnBranch);
+    EXPECT_TRUE(HasFocus(It().TxtOutNewProducts));
+    EXPECT_EQ(It().TxtOutNewProducts.Text(), s("99999"));
+}
+
 } // namespace tests
