@@ -518,7 +518,7 @@ void Grid::mousePressEvent(QMouseEvent* event)
 
 void Grid::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+    if (event->button() == Qt::LeftButton)
         Fire(OnDoubleClick);
 }
 

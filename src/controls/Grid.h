@@ -93,6 +93,7 @@ public:
     /// becomes empty.
     std::function<void()> OnRowChange;
     std::function<void()> OnBeforeDelete;
+    /// Anywhere in the grid, below its rows too.
     std::function<void()> OnDoubleClick;
     /// Right mouse button on the grid, or the menu key in it; the row under it is current
     /// by then. The position is in screen coordinates.

@@ -1,13 +1,19 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDate>
 #include <QList>
-#include <QString>
 
 // A search dialog is a description; SearchDialog is the one shell that shows them all.
 // Statements, clauses and criteria hold places {Name}: see Statement.
 
 namespace TradeForms {
+
+/// What stands over a field or a column: Urdu, and the English term small below it.
+struct SearchCaption {
+    const char* Urdu;
+    const char* English;
+};
 
 /// Something that the caller sets before the dialog is shown.
 struct SearchInput {
@@ -19,7 +25,7 @@ struct SearchInput {
     const char* Place;         ///< of the statement, where the clause lands: "BranchFilter"
     Kind Is = Kind::Value;
     const char* Clause = "";   ///< " and BranchCode={ParaInBranchCode}"
-    const char* NoClauseFor = "";///< the value for which there is no clause, beside the empty one
+    const char* NoClauseFor = "";///< the one value for which there is no clause; "" is a blank one
 };
 
 /// Something that the caller reads after the dialog has returned.
@@ -39,37 +45,58 @@ struct SearchField {
     };
     const char* Name;          ///< "TxtID"
     Kind Is;
-    const char* Text;          ///< with a place {Text} for what is typed
+    QByteArray Text;           ///< with a place of the field's name for what is typed
     const char* Place;         ///< of the statement, where a clause lands; null for a jump
-    const char* Urdu;
-    const char* English;
+    SearchCaption Caption;
     bool TypesUrdu = false;
 };
 
-/// A column of the list.
+/// The pickers DtpFrom and DtpTo. A statement takes them in its places {DtpFrom} and {DtpTo},
+/// and the day one month after DtpTo in {MonthAfterDtpTo}.
+struct SearchDates {
+    using Rule = QDate (*)(const QDate& today);
+    Rule From = nullptr;       ///< default; null on dialogs without dates
+    Rule To = nullptr;         ///< default
+    const char* Format = "dd/MM/yyyy";
+    bool QueryAgain = true;    ///< the list is read again when a picker changes
+    bool WholeMonths = false;  ///< before each read the range is widened to whole months
+};
+
+/// A column of the list, or of the lines below it.
 struct SearchColumn {
     const char* Name;          ///< "ID"
     const char* Field;         ///< of the statement: "BranchCode"
-    const char* Urdu;
-    const char* English;
+    SearchCaption Caption;
     int Width;                 ///< pixels at 100 %
-    enum class Kind { Latin, Number, Urdu } Is = Kind::Latin;
+    enum class Kind { Latin, Number, Urdu, Month } Is = Kind::Latin;
     bool Stretch = false;
+};
+
+/// A second list that shows the lines of the current voucher.
+struct SearchLines {
+    QByteArray Statement;      ///< empty on dialogs without lines; {ID} is the column of the list
+    QList<SearchColumn> Columns;
 };
 
 struct SearchDescription {
     const char* Name;          ///< "SchBranch"
-    const char* Urdu;          ///< title
-    const char* English;
-    const char* Statement;     ///< with places {DtpFrom} and {DtpTo} on date-ranged dialogs
-    QList<SearchInput> Inputs;
+    SearchCaption Title;
+    const char* WindowTitle = nullptr; ///< of the task bar; null is the English title
+    QByteArray Statement;
+    QList<SearchInput> Inputs = {};
     QList<SearchResult> Results;
-    QList<SearchField> Fields; ///< the first one gives the list the focus on Down
-    const char* JumpField;     ///< gets what is typed in the list
+    /// From the reader's right hand. The first one has the focus at the start, gives it to the
+    /// list on Down, and gets what is typed in the list.
+    QList<SearchField> Fields;
+    SearchDates Dates = {};
+    bool BtnFilter = false;    ///< whether there is one
+    bool FilterOnF12 = false;  ///< whether F12 clicks it
+    const char* FilterTip = "";
     QList<SearchColumn> Columns;
-    /// The first day of the default range, from today's date; null on dialogs without dates.
-    QDate (*DefaultFrom)(const QDate& today) = nullptr;
-    bool HasFilterButton = false;
+    SearchLines GridDetail = {};
+    /// LblBalance shows the first field of each, for the current row; empty is no such label.
+    QList<QByteArray> LblBalance = {};
+    bool LblTotalCards = false;///< whether there is one, with the record count
     bool MinimizeWorks = true; ///< whether ImgMin has an action
 };
 

@@ -8,8 +8,10 @@
 
 #include <QBoxLayout>
 #include <QLocale>
+#include <QScopedValueRollback>
 
 #include <algorithm>
+#include <numeric>
 #include <stdexcept>
 
 namespace TradeForms {
@@ -21,11 +23,38 @@ QString utf8(const char* text)
     return QString::fromUtf8(text);
 }
 
-DTPicker* datePicker(const char* name, const char* accessibleName)
+Caption* captionOf(const SearchCaption& caption)
 {
-    auto* picker = new DTPicker(utf8(name), utf8(accessibleName));
-    picker->SetCustomFormat(QStringLiteral("dd/MM/yyyy"));
-    return picker;
+    return new Caption(utf8(caption.Urdu), utf8(caption.English));
+}
+
+/// A list of these columns, which begins at the reader's right hand.
+Grid* listOf(const char* name, const QList<SearchColumn>& columns)
+{
+    using Kind = SearchColumn::Kind;
+    auto* grid = new Grid(utf8(name));
+    grid->setLayoutDirection(Qt::RightToLeft);
+    QList<GridColumn> gridColumns;
+    for (const SearchColumn& column : columns) {
+        gridColumns.append(GridColumn{
+            .Name = utf8(column.Name),
+            .Urdu = utf8(column.Caption.Urdu),
+            .English = utf8(column.Caption.English),
+            .Style = column.Is == Kind::Urdu ? StyleSet::ColUrdu : StyleSet::ColEng,
+            .Width = column.Width,
+            .Stretch = column.Stretch,
+            .Number = column.Is == Kind::Number,
+        });
+    }
+    grid->SetColumns(gridColumns);
+    return grid;
+}
+
+int widthOf(const QList<SearchColumn>& columns)
+{
+    return std::accumulate(
+        columns.begin(), columns.end(), 0,
+        [](int width, const SearchColumn& column) { return width + column.Width; });
 }
 
 /// Whether a key typed in the list belongs into the jump field.
@@ -40,42 +69,28 @@ bool jumps(const QString& text)
 
 } // namespace
 
-SearchWindow::SearchWindow(SearchDialog& dialog) : dialog_(dialog), is_(dialog.Description())
+SearchWindow::SearchWindow(SearchDialog& dialog)
+    : dialog_(dialog), is_(dialog.Description()), list_(is_.Columns),
+      lines_(is_.GridDetail.Columns)
 {
     setObjectName(utf8(is_.Name));
-    SetWindowCaption(utf8(is_.English));
+    SetWindowCaption(utf8(is_.WindowTitle ? is_.WindowTitle : is_.Title.English));
     compose();
     attach();
 }
 
 SearchWindow::~SearchWindow()
 {
-    // The list goes before the base class takes the grid down.
+    // The rows go before the base class takes the grids down.
     grid_->SetSource(nullptr);
+    if (gridDetail_) {
+        gridDetail_->SetSource(nullptr);
+    }
 }
 
 void SearchWindow::compose()
 {
-    title_ = new TitleStrip(utf8(is_.Urdu), utf8(is_.English));
-
-    grid_ = new Grid(QStringLiteral("Grid"));
-    grid_->setLayoutDirection(Qt::RightToLeft);
-    QList<GridColumn> columns;
-    int width = 2 * Look::Space();
-    for (const SearchColumn& column : is_.Columns) {
-        columns.append(GridColumn{
-            .Name = utf8(column.Name),
-            .Urdu = utf8(column.Urdu),
-            .English = utf8(column.English),
-            .Style = column.Is == SearchColumn::Kind::Urdu ? StyleSet::ColUrdu : StyleSet::ColEng,
-            .Width = column.Width,
-            .Stretch = column.Stretch,
-            .Number = column.Is == SearchColumn::Kind::Number,
-        });
-        width += column.Width;
-    }
-    grid_->SetColumns(columns);
-
+    title_ = new TitleStrip(utf8(is_.Title.Urdu), utf8(is_.Title.English));
     btnSelect_ = new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"),
                                    QStringLiteral("Select"), QStringLiteral("Enter"),
                                    JeweledButton::Kind::Primary);
@@ -87,12 +102,21 @@ void SearchWindow::compose()
     all->setSpacing(0);
     all->addWidget(title_);
     all->addWidget(composeFields());
-    auto* listFrame = new QHBoxLayout;
-    listFrame->setContentsMargins(2 * Look::Space(), 0, 2 * Look::Space(), 2 * Look::Space());
-    listFrame->addWidget(grid_);
-    all->addLayout(listFrame, 1);
+    all->addLayout(composeLists(), 1);
     all->addWidget(ButtonBar({btnSelect_}, {btnClose_}));
-    resize(std::max(640, width + 6 * Look::Space()), 560);
+
+    QList<Control*> tabOrder;
+    for (const Narrowing& narrowing : narrowings_) {
+        tabOrder << narrowing.Field;
+    }
+    for (Control* control : std::initializer_list<Control*>{dtpFrom_, dtpTo_, btnFilter_, grid_,
+                                                            gridDetail_, btnSelect_, btnClose_}) {
+        if (control) {
+            tabOrder << control;
+        }
+    }
+    SetTabOrderOf(tabOrder);
+    resize(std::max(640, widthOf(is_.Columns) + 8 * Look::Space()), gridDetail_ ? 680 : 560);
 }
 
 QWidget* SearchWindow::composeFields()
@@ -102,35 +126,66 @@ QWidget* SearchWindow::composeFields()
     row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
     row->setSpacing(Look::Space());
 
-    QList<Control*> tabOrder;
     for (const SearchField& field : is_.Fields) {
-        const QString english = utf8(field.English);
+        const QString english = utf8(field.Caption.English);
         Txt* txt = field.TypesUrdu ? new UTxt(utf8(field.Name), english)
                                    : new Txt(utf8(field.Name), english);
         const QString way = field.Is == SearchField::Kind::Jump ? QStringLiteral("jumps")
                                                                 : QStringLiteral("filters");
-        row->addWidget(Stacked(new Caption(utf8(field.Urdu), english + utf8(" · ") + way), txt),
-                       field.TypesUrdu ? 2 : 1);
+        row->addWidget(
+            Stacked(new Caption(utf8(field.Caption.Urdu), english + utf8(" · ") + way), txt),
+            field.TypesUrdu ? 2 : 1);
         narrowings_.push_back({&field, txt});
-        tabOrder.append(txt);
     }
-    if (is_.DefaultFrom) {
-        dtpFrom_ = datePicker("DtpFrom", "From date");
-        dtpTo_ = datePicker("DtpTo", "To date");
+    if (is_.Dates.From) {
+        dtpFrom_ = new DTPicker(QStringLiteral("DtpFrom"), QStringLiteral("From date"));
+        dtpTo_ = new DTPicker(QStringLiteral("DtpTo"), QStringLiteral("To date"));
+        for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
+            picker->SetCustomFormat(utf8(is_.Dates.Format));
+        }
         row->addWidget(
             Stacked(new Caption(utf8("تاریخ سے"), QStringLiteral("From")), dtpFrom_));
         row->addWidget(Stacked(new Caption(utf8("تاریخ تک"), QStringLiteral("To")), dtpTo_));
-        tabOrder << dtpFrom_ << dtpTo_;
     }
-    if (is_.HasFilterButton) {
+    if (is_.BtnFilter) {
         btnFilter_ = new JeweledButton(QStringLiteral("BtnFilter"), utf8("تلاش"),
-                                       QStringLiteral("Search"), QStringLiteral("F12"));
+                                       QStringLiteral("Search"),
+                                       is_.FilterOnF12 ? QStringLiteral("F12") : QString());
+        btnFilter_->setToolTip(utf8(is_.FilterTip));
         row->addWidget(btnFilter_, 0, Qt::AlignBottom);
-        tabOrder << btnFilter_;
     }
-    tabOrder << grid_ << btnSelect_ << btnClose_;
-    SetTabOrderOf(tabOrder);
     return strip;
+}
+
+QLayout* SearchWindow::composeLists()
+{
+    auto* lists = new QVBoxLayout;
+    lists->setContentsMargins(2 * Look::Space(), 0, 2 * Look::Space(), 2 * Look::Space());
+    lists->setSpacing(Look::Space());
+    grid_ = listOf("Grid", is_.Columns);
+    grid_->SetSource(&list_);
+    lists->addWidget(grid_, 3);
+    if (!is_.GridDetail.Statement.isEmpty()) {
+        gridDetail_ = listOf("GridDetail", is_.GridDetail.Columns);
+        gridDetail_->SetSource(&lines_);
+        lists->addWidget(gridDetail_, 2);
+    }
+    if (!is_.LblBalance.isEmpty()) {
+        lblBalance_ = new Label(QStringLiteral("LblBalance"));
+        lists->addWidget(Labelled(captionOf({"بقایا", "Balance"}), lblBalance_));
+    }
+    if (is_.LblTotalCards) {
+        lblTotalCards_ = new Label(QStringLiteral("LblTotalCards"));
+        lists->addWidget(Labelled(captionOf({"کل کارڈ", "Total cards"}), lblTotalCards_));
+    }
+    for (Label* label : {lblBalance_, lblTotalCards_}) {
+        if (label) {
+            label->setFont(Look::UrduFont());
+            label->SetForeColor(Look::Accent());
+            label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
+        }
+    }
+    return lists;
 }
 
 void SearchWindow::attach()
@@ -151,9 +206,8 @@ void SearchWindow::attach()
         btnFilter_->OnClick = [this] { loadList(); };
     }
     grid_->OnRowChange = [this] {
-        if (grid_->Row() >= 0) {
-            list_.MoveToPosition(grid_->Row());
-        }
+        list_.Rows().MoveToPosition(grid_->Row());
+        showRow();
     };
     grid_->OnDoubleClick = [this] {
         if (grid_->RowCount() >= 1) {
@@ -163,8 +217,8 @@ void SearchWindow::attach()
     grid_->OnKeyPress = [this](const QString& text) {
         if (jumps(text)) {
             // The field first, so that typing goes on there with the caret behind the character.
-            SetFocus(jumpField());
-            jumpField().SetText(text);
+            SetFocus(firstField());
+            firstField().SetText(text);
         }
     };
     btnSelect_->OnClick = [this] { select(); };
@@ -185,35 +239,56 @@ Txt& SearchWindow::NarrowingField(const char* name)
     throw std::out_of_range(name);
 }
 
-Txt& SearchWindow::jumpField()
+Txt& SearchWindow::firstField()
 {
-    return NarrowingField(is_.JumpField);
+    return *narrowings_.front().Field;
 }
 
 void SearchWindow::Load()
 {
-    if (is_.DefaultFrom) {
+    if (is_.Dates.From) {
         const QDate today = QDate::currentDate();
-        dtpFrom_->SetValue(is_.DefaultFrom(today));
-        dtpTo_->SetValue(today);
+        dtpFrom_->SetValue(is_.Dates.From(today));
+        dtpTo_->SetValue(is_.Dates.To(today));
+    }
+    if (is_.Dates.From && is_.Dates.QueryAgain) {
         // From here on, so that the defaults do not read the list.
-        dtpFrom_->OnChange = [this] { loadList(); };
-        dtpTo_->OnChange = [this] { loadList(); };
+        for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
+            picker->OnChange = [this] {
+                if (!widening_) {
+                    loadList();
+                }
+            };
+        }
     }
     dialog_.EmptyParaOut(is_.Results.front());
-    ResetFocus(jumpField());
+    ResetFocus(firstField());
     loadList();
+    if (lblBalance_) {
+        lblBalance_->SetText(QString());
+    }
+}
+
+void SearchWindow::widenToWholeMonths()
+{
+    const auto firstOfMonth = [](const QDate& date) {
+        return QDate(date.year(), date.month(), 1);
+    };
+    const QScopedValueRollback<bool> quiet(widening_, true);
+    dtpFrom_->SetValue(firstOfMonth(dtpFrom_->Value()));
+    dtpTo_->SetValue(firstOfMonth(dtpTo_->Value()).addMonths(1).addDays(-1));
 }
 
 Statement SearchWindow::buildStatement() const
 {
-    Statement statement(is_.Statement);
+    Statement statement(is_.Statement.constData());
     for (const SearchInput& input : is_.Inputs) {
-        const QString value = dialog_.ParaIn(input.Name).toString();
+        const QString given = dialog_.ParaIn(input.Name).toString();
+        const QString value = given.trimmed().isEmpty() ? QString() : given;
         Statement clause;
         if (input.Is == SearchInput::Kind::ReadyClause) {
-            clause = Statement(value);
-        } else if (!value.isEmpty() && value != QLatin1String(input.NoClauseFor)) {
+            clause = Statement(given);
+        } else if (value != QLatin1String(input.NoClauseFor)) {
             clause = Statement(input.Clause).Bind(input.Name, value);
         }
         statement.Splice(input.Place, clause);
@@ -226,38 +301,45 @@ Statement SearchWindow::buildStatement() const
         statement.Splice(narrowing.Is->Place,
                          typed.trimmed().isEmpty()
                              ? Statement()
-                             : Statement(narrowing.Is->Text).Bind("Text", typed));
+                             : Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed));
     }
-    if (is_.DefaultFrom) {
-        statement.Bind("DtpFrom", dtpFrom_->Value()).Bind("DtpTo", dtpTo_->Value());
+    if (is_.Dates.From) {
+        statement.Bind("DtpFrom", dtpFrom_->Value())
+            .Bind("DtpTo", dtpTo_->Value())
+            .Bind("MonthAfterDtpTo", dtpTo_->Value().addMonths(1));
     }
     return statement;
 }
 
 void SearchWindow::loadList()
 {
+    if (is_.Dates.WholeMonths) {
+        widenToWholeMonths();
+    }
     const std::shared_ptr<Connection>& connection = HostContext::Database();
     const Statement statement = buildStatement();
     // A new list each time: where it cannot be read, the one on the screen stays.
-    Recordset list;
-    list.Open(statement, connection, CursorType::Static, LockType::ReadOnly);
+    Recordset rows;
+    rows.Open(statement, connection, CursorType::Static, LockType::ReadOnly);
     listStatement_ = statement.Text(connection->Dialect());
 
-    list_ = std::move(list);
-    fieldOfColumn_.clear();
-    for (const SearchColumn& column : is_.Columns) {
-        fieldOfColumn_.push_back(list_.FieldIndex(utf8(column.Field)));
-    }
-    grid_->SetSource(this);
+    list_.Take(std::move(rows));
     grid_->SourceChanged();
     jumpTo(0);
-    title_->SetState(QString(), QStringLiteral("rows ")
-                                    + QLocale(QLocale::English).toString(list_.RecordCount()));
+    if (list_.RowCount() == 0) {
+        showRow();
+    }
+    const int count = list_.Rows().RecordCount();
+    title_->SetState(QString(),
+                     QStringLiteral("rows ") + QLocale(QLocale::English).toString(count));
+    if (lblTotalCards_) {
+        lblTotalCards_->SetText(QString::number(count));
+    }
 }
 
 void SearchWindow::jump(const Narrowing& narrowing)
 {
-    if (!list_.IsOpen()) {
+    if (!list_.Rows().IsOpen()) {
         return;
     }
     const QString typed = narrowing.Field->Text();
@@ -265,8 +347,9 @@ void SearchWindow::jump(const Narrowing& narrowing)
         jumpTo(0);
         return;
     }
-    list_.Find(Statement(narrowing.Is->Text).Bind("Text", typed));
-    jumpTo(list_.Eof() ? list_.RecordCount() - 1 : list_.Position());
+    Recordset& rows = list_.Rows();
+    rows.Find(Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed));
+    jumpTo(rows.Eof() ? rows.RecordCount() - 1 : rows.Position());
 }
 
 void SearchWindow::jumpTo(int row)
@@ -276,8 +359,44 @@ void SearchWindow::jumpTo(int row)
         return;
     }
     grid_->SetRow(row);
-    list_.MoveToPosition(row);
+    list_.Rows().MoveToPosition(row);
     grid_->SelectRow(row);
+}
+
+/// Runs a statement whose places are named after columns of the list or fields of its rows.
+Recordset SearchWindow::readAboutRow(const QByteArray& statement) const
+{
+    Statement about(statement.constData());
+    const Recordset& rows = list_.Rows();
+    const int row = grid_->Row();
+    for (int field = rows.FieldCount() - 1; field >= 0; --field) {
+        about.Bind(rows.FieldName(field).toUtf8(), rows.ValueAt(row, field));
+    }
+    for (int column = 0; column < is_.Columns.size(); ++column) {
+        about.Bind(is_.Columns[column].Name, list_.Text(row, column));
+    }
+    return HostContext::Database()->Execute(about);
+}
+
+/// What stands below the list about its current row.
+void SearchWindow::showRow()
+{
+    const bool none = list_.RowCount() == 0;
+    if (lblBalance_) {
+        QStringList texts;
+        for (const QByteArray& statement : is_.LblBalance) {
+            texts << (none ? QString() : TextOf(readAboutRow(statement).Fields(0).Value()));
+        }
+        lblBalance_->SetText(texts.join(u' '));
+    }
+    if (gridDetail_) {
+        if (none) {
+            lines_.Drop();
+        } else {
+            lines_.Take(readAboutRow(is_.GridDetail.Statement));
+        }
+        gridDetail_->SourceChanged();
+    }
 }
 
 void SearchWindow::select()
@@ -286,7 +405,7 @@ void SearchWindow::select()
         return;
     }
     for (const SearchResult& result : is_.Results) {
-        const QVariant value = list_.Value(result.Field);
+        const QVariant value = list_.Rows().Value(result.Field);
         switch (result.Is) {
         case SearchResult::Kind::Text:
             dialog_.paraOut_[result.Name] = TextOf(value);
@@ -323,13 +442,14 @@ void SearchWindow::FormKeyDown(KeyPress& key)
         select();
         return;
     case Qt::Key_F12:
-        if (btnFilter_) {
+        if (is_.FilterOnF12) {
             key.Swallow();
+            FinishEdit();
             btnFilter_->Click();
         }
         return;
     case Qt::Key_Down:
-        if (IsActive(*narrowings_.front().Field)) {
+        if (IsActive(firstField())) {
             key.Swallow();
             SetFocus(*grid_);
         }
@@ -342,17 +462,6 @@ void SearchWindow::FormKeyDown(KeyPress& key)
 void SearchWindow::HandlerFailed(const std::exception& failure)
 {
     ShowError(this, failure);
-}
-
-int SearchWindow::RowCount() const
-{
-    return list_.IsOpen() ? list_.RecordCount() : 0;
-}
-
-QString SearchWindow::Text(int row, int column) const
-{
-    const int field = fieldOfColumn_[std::size_t(column)];
-    return field < 0 ? QString() : TextOf(list_.ValueAt(row, field));
 }
 
 } // namespace TradeForms

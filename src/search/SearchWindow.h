@@ -6,16 +6,15 @@
 #include "controls/Grid.h"
 #include "controls/Pieces.h"
 #include "controls/Txt.h"
-#include "data/Recordset.h"
+#include "search/BoundRows.h"
 #include "search/SearchDialog.h"
 
-#include <memory>
 #include <vector>
 
 namespace TradeForms {
 
 /// One showing of a search dialog, from its load to its unload.
-class SearchWindow : public Form, private GridSource {
+class SearchWindow : public Form {
     Q_OBJECT
 public:
     explicit SearchWindow(SearchDialog& dialog);
@@ -25,6 +24,9 @@ public:
     void Load();
 
     Grid& List() { return *grid_; }
+    Grid* GridDetail() { return gridDetail_; }
+    Label* LblBalance() { return lblBalance_; }
+    Label* LblTotalCards() { return lblTotalCards_; }
     Txt& NarrowingField(const char* name);
     DTPicker* DtpFrom() { return dtpFrom_; }
     DTPicker* DtpTo() { return dtpTo_; }
@@ -47,27 +49,32 @@ private:
 
     void compose();
     QWidget* composeFields();
+    QLayout* composeLists();
     void attach();
-    Txt& jumpField();
+    Txt& firstField();
+    void widenToWholeMonths();
     Statement buildStatement() const;
     void loadList();
     void jump(const Narrowing& narrowing);
     void jumpTo(int row);
+    Recordset readAboutRow(const QByteArray& statement) const;
+    void showRow();
     void select();
     void leaveEmpty();
 
-    int RowCount() const override;
-    QString Text(int row, int column) const override;
-
     SearchDialog& dialog_;
     const SearchDescription& is_;
-    Recordset list_;
+    BoundRows list_;
+    BoundRows lines_;
     QString listStatement_;
-    std::vector<int> fieldOfColumn_;
+    bool widening_ = false;    ///< the program sets the pickers, on the way to a read
     std::vector<Narrowing> narrowings_;
     DTPicker* dtpFrom_ = nullptr;
     DTPicker* dtpTo_ = nullptr;
     Grid* grid_ = nullptr;
+    Grid* gridDetail_ = nullptr;
+    Label* lblBalance_ = nullptr;
+    Label* lblTotalCards_ = nullptr;
     JeweledButton* btnSelect_ = nullptr;
     JeweledButton* btnClose_ = nullptr;
     JeweledButton* btnFilter_ = nullptr;

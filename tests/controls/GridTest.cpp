@@ -259,11 +259,14 @@ TEST_F(GridTest, DoubleClickOnARow)
     EXPECT_EQ(row, 2);
 }
 
-TEST_F(GridTest, DoubleClickBelowTheRowsIsNone)
+TEST_F(GridTest, DoubleClickBelowTheRowsCountsAndLeavesTheCurrentRow)
 {
-    fill(1);
-    grid.OnDoubleClick = [] { ADD_FAILURE(); };
+    fill(2);
+    grid.SetRow(1);
+    int row = -1;
+    grid.OnDoubleClick = [&] { row = grid.Row(); };
     DoubleClick(desk, grid);
+    EXPECT_EQ(row, 1);
 }
 
 TEST_F(GridTest, RedrawIsSuspendedAndResumed)

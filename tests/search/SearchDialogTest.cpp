@@ -30,6 +30,9 @@ protected:
     SearchDialogTest()
     {
         HostContext::objCN = company.Connect();
+        for (const SearchDescription* description : {&SchArea, &SchBranch}) {
+            SearchDialog::Shared(*description).SetParaIn("ParaInBranchCode", s("0"));
+        }
         owner.resize(200, 100);
         owner.show();
     }
@@ -293,6 +296,25 @@ TEST_F(SearchDialogTest, DoubleClickSelects)
         EXPECT_FALSE(window.isVisible());
     });
     EXPECT_EQ(dialog.ParaOut("ParaOutBranchCode").toString(), third);
+}
+
+TEST_F(SearchDialogTest, DoubleClickBelowTheRowsSelectsTheMarkedOne)
+{
+    SearchDialog& dialog = show(SchBranch, [](SearchWindow& window) {
+        Type(window, s("2"));
+        DoubleClick(window, window.List());
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(dialog.ParaOut("ParaOutBranchCode").toString(), s("2"));
+}
+
+TEST_F(SearchDialogTest, DoubleClickInAnEmptyListDoesNothing)
+{
+    show(SchGatePass, [](SearchWindow& window) {
+        DoubleClick(window, window.List());
+        EXPECT_TRUE(window.isVisible());
+        Press(window, Qt::Key_Escape);
+    });
 }
 
 TEST_F(SearchDialogTest, BtnSelectSelects)

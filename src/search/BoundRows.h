@@ -1,0 +1,33 @@
+#pragma once
+
+#include "controls/Grid.h"
+#include "data/Recordset.h"
+#include "search/SearchDescription.h"
+
+#include <QList>
+#include <QString>
+
+#include <vector>
+
+namespace TradeForms {
+
+/// Rows of a query, as the columns of a list show them. Empty until there are some.
+class BoundRows : public GridSource {
+public:
+    explicit BoundRows(const QList<SearchColumn>& columns) : columns_(columns) {}
+
+    void Take(Recordset rows);
+    void Drop();
+    Recordset& Rows() { return rows_; }
+    const Recordset& Rows() const { return rows_; }
+
+    int RowCount() const override;
+    QString Text(int row, int column) const override;
+
+private:
+    const QList<SearchColumn>& columns_;
+    Recordset rows_;
+    std::vector<int> fieldOfColumn_;
+};
+
+} // namespace TradeForms
