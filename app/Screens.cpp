@@ -11,6 +11,11 @@ using TradeForms::Forms;
 constexpr Screen screens[] = {
     // clang-format off
     {"GatePassForm", "MniGatePass", "گیٹ پاس", "Gate Pass", ScreenGroup::Stock, &Forms::GatePassForm},
+    {"StockInForm", "MniStockIn", "سٹاک آمد", "Stock In", ScreenGroup::Stock, &Forms::StockInForm},
+    {"StockInPriceForm", "MniStockIn", "سٹاک آمد مع قیمت", "Stock In with Prices", ScreenGroup::Stock, &Forms::StockInPriceForm},
+    {"StockInDetailForm", "MniStockInDetail", "سٹاک آمد تفصیل", "Stock In Detail", ScreenGroup::Stock, &Forms::StockInDetailForm},
+    {"StockOutForm", "MniStockOut", "سٹاک روانگی", "Stock Out", ScreenGroup::Stock, &Forms::StockOutForm},
+    {"StockOutPriceForm", "MniStockOut", "سٹاک روانگی مع قیمت", "Stock Out with Prices", ScreenGroup::Stock, &Forms::StockOutPriceForm},
     // clang-format on
 };
 

@@ -268,7 +268,8 @@ Control* Form::ActiveControl() const
 
 bool Form::SetFocus(Control& control)
 {
-    return d->Move(control, Qt::OtherFocusReason);
+    // As Tab does it: what stands in a text field is selected, ready to be typed over.
+    return d->Move(control, Qt::TabFocusReason);
 }
 
 bool Form::ResetFocus(Control& control)

@@ -81,6 +81,13 @@ double Val(QStringView text)
     return number;
 }
 
+double InRange(double number)
+{
+    if (!std::isfinite(number))
+        throw OverflowFailure();
+    return number;
+}
+
 QString GeneralFormat(double number)
 {
     if (!std::isfinite(number))

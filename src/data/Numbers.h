@@ -15,6 +15,9 @@ namespace TradeForms {
 /// Raises OverflowFailure where the number is beyond a double.
 double Val(QStringView text);
 
+/// A number that was worked out, as it is. Raises OverflowFailure where it is beyond a double.
+double InRange(double number);
+
 /// A number in general format: up to 15 significant digits, no trailing zeros, no separators,
 /// and no exponent below 1E+15.
 QString GeneralFormat(double number);

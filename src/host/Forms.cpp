@@ -5,17 +5,31 @@
 #include "host/HostContext.h"
 #include "host/UserSecurity.h"
 #include "stock/FrmGatePass.h"
+#include "stock/FrmStockIn.h"
+#include "stock/FrmStockInDetail.h"
+#include "stock/FrmStockOut.h"
 
 namespace TradeForms {
 
 namespace {
 
 /// A new window on each call. It owns itself from here on.
-template <class NewForm> void showNew()
+template <class NewForm> void show(std::unique_ptr<NewForm> form)
 {
-    auto form = std::make_unique<NewForm>();
     form->FormLoad();
     form.release()->ShowModeless();
+}
+
+template <class NewForm> void showNew()
+{
+    show(std::make_unique<NewForm>());
+}
+
+template <class StockForm> void showNew(bool showPrice)
+{
+    auto form = std::make_unique<StockForm>();
+    form->ParaInShowPrice = showPrice;
+    show(std::move(form));
 }
 
 [[noreturn]] void notBuiltYet(const char* form)
@@ -84,27 +98,27 @@ void Forms::SalaryForm()
 
 void Forms::StockInForm()
 {
-    notBuiltYet("StockInForm");
+    showNew<FrmStockIn>(false);
 }
 
 void Forms::StockInDetailForm()
 {
-    notBuiltYet("StockInDetailForm");
+    showNew<FrmStockInDetail>();
 }
 
 void Forms::StockInPriceForm()
 {
-    notBuiltYet("StockInPriceForm");
+    showNew<FrmStockIn>(true);
 }
 
 void Forms::StockOutForm()
 {
-    notBuiltYet("StockOutForm");
+    showNew<FrmStockOut>(false);
 }
 
 void Forms::StockOutPriceForm()
 {
-    notBuiltYet("StockOutPriceForm");
+    showNew<FrmStockOut>(true);
 }
 
 void Forms::WorkerPartsForm()

@@ -183,7 +183,7 @@ protected:
                 field.Is == Way::NumberJump ? complaintOfNumber : complaintOfText;
             SearchDialog& dialog = SearchDialog::Shared(field.Dialog);
             for (const SearchInput& input : field.Dialog.Inputs)
-                dialog.SetParaIn(input.Name, QString());
+                dialog.SetParaIn(input.Name, s(input.NoClauseFor));
             dialogs.Expect([&](Form& window) {
                 pasteAndEmpty(dynamic_cast<SearchWindow&>(window), field, text, shown, complaint);
             });

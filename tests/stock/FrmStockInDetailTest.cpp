@@ -1,0 +1,356 @@
+// Goods coming in piece by piece, each unit by its engine and chassis number.
+
+#include "stock/FrmStockInDetail.h"
+
+#include "support/FormDesk.h"
+
+#include <QKeyEvent>
+
+namespace tests {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+const Message Known{s("Engine No or Chasis No Already Entered"), MsgIcon::Exclamation,
+                    s("Alert")};
+const Message Duplicate{s("The Record Already Exist"), MsgIcon::Information, s("Alert")};
+
+class FrmStockInDetailTest : public FormDesk<FrmStockInDetail> {
+protected:
+    void EnterHeader()
+    {
+        It().ResetFocus(It().TxtReceivingCode);
+        Enter(s("3107"));
+        Enter(QString());
+    }
+    void EnterUnit(const QString& product, const QString& engine, const QString& chassis)
+    {
+        Enter(product);
+        Enter(engine);
+        Enter(chassis);
+    }
+    int Store(const QString& product, const QString& engine, const QString& chassis)
+    {
+        const int id = It().TxtID.Text().toInt();
+        EnterHeader();
+        EnterUnit(product, engine, chassis);
+        Ctrl(Qt::Key_S);
+        return id;
+    }
+    QStringList Units(int id)
+    {
+        return Lines(s("select ProductID, EngineNo, ChasisNo from StockInDetailBody"
+                       " where StockID = %1 order by rowid")
+                         .arg(id));
+    }
+    QStringList Headers()
+    {
+        return Lines(s("select StockID, ReceivingCode, Description from StockInDetailHeader"
+                       " order by StockID"));
+    }
+    /// Down from the entry row to a row of the grid, and Enter on it.
+    void ChooseRow(int row)
+    {
+        Press(It(), Qt::Key_Down);
+        Press(It(), Qt::Key_Home);
+        for (int i = 0; i < row; ++i) {
+            Press(It(), Qt::Key_Down);
+        }
+        Press(It(), Qt::Key_Return);
+    }
+};
+
+} // namespace
+
+TEST_F(FrmStockInDetailTest, OpensNewWithTheNextNumberTodayAndTheReceiver)
+{
+    Open();
+    EXPECT_EQ(It().windowTitle(), s("Stock In Detail"));
+    EXPECT_EQ(It().TxtID.Text(), s("1"));
+    EXPECT_FALSE(It().TxtID.IsEnabled());
+    EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate());
+    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+}
+
+TEST_F(FrmStockInDetailTest, EnterWalksTheFieldsAndAddsTheUnit)
+{
+    Open();
+    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    Enter(s("3107"));
+    EXPECT_FALSE(It().TxtReceivingName.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().TxtDescription));
+    Enter(QString());
+    Enter(s("101"));
+    EXPECT_TRUE(HasFocus(It().TxtEngineNo));
+    Enter(s("E-1"));
+    EXPECT_TRUE(HasFocus(It().TxtChasisNo));
+    Enter(s("C-1"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    EXPECT_EQ(Cell(0, "EngineNo"), s("E-1"));
+    EXPECT_EQ(Cell(0, "ChasisNo"), s("C-1"));
+    EXPECT_TRUE(It().TxtEngineNo.Text().isEmpty());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Headers(), QStringList(s("1|3107|null")));
+    EXPECT_EQ(Units(1), QStringList(s("101|E-1|C-1")));
+    EXPECT_EQ(It().TxtID.Text(), s("2"));
+    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+}
+
+TEST_F(FrmStockInDetailTest, AStoredUnitIsRefusedOnANewVoucherWithTheDatabaseWideMessage)
+{
+    Open();
+    Store(s("101"), s("E-1"), s("C-1"));
+    EnterHeader();
+    boxes.Expect(Known);
+    EnterUnit(s("101"), s("e-1"), s("c-1"));
+    EXPECT_TRUE(HasFocus(It().TxtEngineNo));
+    EXPECT_EQ(It().TxtEngineNo.Text(), s("e-1"));
+    EXPECT_EQ(It().TxtChasisNo.Text(), s("c-1"));
+    EXPECT_EQ(FilledRows(), 0);
+    // The number is there to be typed over.
+    Enter(s("E-2"));
+    Press(It(), Qt::Key_Return);
+    EXPECT_EQ(Cell(0, "EngineNo"), s("E-2"));
+}
+
+TEST_F(FrmStockInDetailTest, TheSameEngineWithAnotherChassisPasses)
+{
+    Open();
+    Store(s("101"), s("E-1"), s("C-1"));
+    EnterHeader();
+    EnterUnit(s("101"), s("E-1"), s("C-2"));
+    EnterUnit(s("104"), s("E-1"), s("C-1"));
+    EXPECT_EQ(FilledRows(), 2);
+}
+
+TEST_F(FrmStockInDetailTest, AnEditOfAStoredRowSkipsTheDatabaseWideTest)
+{
+    Open();
+    const int id = Store(s("101"), s("E-1"), s("C-1"));
+    OpenStored(id);
+    It().ResetFocus(It().TxtProductID);
+    ChooseRow(0);
+    EXPECT_TRUE(HasFocus(It().TxtEngineNo));
+    EXPECT_FALSE(It().TxtProductID.IsEnabled());
+    Press(It(), Qt::Key_Return);
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(It().IsDirty());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Units(id), QStringList(s("101|E-1|C-1")));
+}
+
+TEST_F(FrmStockInDetailTest, TheNumbersOfAUnitAreNotCorrectedAndTheTypingStays)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    ChooseRow(0);
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+    Enter(s("E-9"));
+    Press(It(), Qt::Key_Return);
+    EXPECT_EQ(It().TxtEngineNo.Text(), s("E-9"));
+    EXPECT_EQ(Cell(0, "EngineNo"), s("E-1"));
+}
+
+TEST_F(FrmStockInDetailTest, TwoUnitsOfOneProductAreAcceptedOnOneVoucher)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    EnterUnit(s("101"), s("E-2"), s("C-2"));
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Units(1), QStringList({s("101|E-1|C-1"), s("101|E-2|C-2")}));
+}
+
+TEST_F(FrmStockInDetailTest, AUnitTwiceOnOneVoucherIsADuplicate)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    boxes.Expect(Duplicate);
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(It().TxtEngineNo.Text().isEmpty());
+    EXPECT_EQ(FilledRows(), 1);
+}
+
+TEST_F(FrmStockInDetailTest, EmptyNumbersAreStoredAsEmptyTextsAndCompareAsSuch)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(s("101"), QString(), QString());
+    boxes.Expect(Duplicate);
+    EnterUnit(s("101"), QString(), QString());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Units(1), QStringList(s("101||")));
+    EnterHeader();
+    boxes.Expect(Known);
+    EnterUnit(s("101"), QString(), QString());
+}
+
+TEST_F(FrmStockInDetailTest, RemovingARowTakesTheFirstRecordOfItsProduct)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    EnterUnit(s("101"), s("E-2"), s("C-2"));
+    ChooseRow(1);
+    It().Detail.RemoveRow();
+    // The grid lost the second unit, the record of the first is gone: seen when it is reopened.
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "EngineNo"), s("E-1"));
+    It().ResetFocus(It().TxtDescription);
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Units(1), QStringList(s("101|E-2|C-2")));
+    OpenStored(1);
+    EXPECT_EQ(Cell(0, "EngineNo"), s("E-2"));
+}
+
+TEST_F(FrmStockInDetailTest, LeavingTheChassisWithoutAProductAddsNothingAndSaysNothing)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(QString(), s("E-1"), s("C-1"));
+    EXPECT_EQ(FilledRows(), 0);
+    EXPECT_EQ(It().TxtEngineNo.Text(), s("E-1"));
+}
+
+TEST_F(FrmStockInDetailTest, TheReceiverIsMandatory)
+{
+    Open();
+    It().ResetFocus(It().TxtDescription);
+    Type(It(), s("x"));
+    boxes.Expect(Message{s("Enter Receiving Code."), MsgIcon::Exclamation, s("Stock In Detail")});
+    Ctrl(Qt::Key_S);
+    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    EXPECT_TRUE(Headers().isEmpty());
+}
+
+TEST_F(FrmStockInDetailTest, AVoucherWithoutUnitsIsSaved)
+{
+    Open();
+    EnterHeader();
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Headers(), QStringList(s("1|3107|null")));
+}
+
+TEST_F(FrmStockInDetailTest, OpeningFillsEveryField)
+{
+    Open();
+    EnterHeader();
+    It().TxtDescription.SetText(s("نوٹ"));
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    Ctrl(Qt::Key_S);
+    OpenStored(1);
+    EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
+    EXPECT_EQ(It().TxtReceivingCode.Text(), s("3107"));
+    EXPECT_FALSE(It().TxtReceivingName.Text().isEmpty());
+    EXPECT_EQ(It().TxtDescription.Text(), s("نوٹ"));
+    EXPECT_EQ(Cell(0, "ChasisNo"), s("C-1"));
+    EXPECT_TRUE(HasFocus(It().DtpDate));
+}
+
+TEST_F(FrmStockInDetailTest, ARaceIsToldAndTheSecondSaveStores)
+{
+    Open();
+    EnterHeader();
+    EnterUnit(s("101"), s("E-1"), s("C-1"));
+    company.Run("insert into StockInDetailHeader (StockID, Date) values (1, '2026-01-01')");
+    boxes.Expect(Message{s("This Stock ID already exists. A new Stock ID. has been generated."
+                           " Please try again"),
+                         MsgIcon::Stop, s("Alert")});
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(It().TxtID.Text(), s("2"));
+    EXPECT_TRUE(Units(1).isEmpty());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Units(2), QStringList(s("101|E-1|C-1")));
+}
+
+TEST_F(FrmStockInDetailTest, RightsAreAskedForAStoredVoucherOnly)
+{
+    user->Modify = false;
+    user->Delete = false;
+    Open();
+    const int id = Store(s("101"), s("E-1"), s("C-1"));
+    EXPECT_EQ(Units(id).size(), 1);
+    OpenStored(id);
+    boxes.Expect(Message{s("Do you want to remove this record?"), MsgIcon::Question,
+                         s("Confirmation"), MsgButtons::YesNo},
+                 MsgAnswer::Yes);
+    boxes.Expect(Refused(s("You are not authorized to Delete a record")));
+    Ctrl(Qt::Key_R);
+    It().ResetFocus(It().TxtDescription);
+    Type(It(), s("x"));
+    boxes.Expect(Refused(s("You are not authorized to modify a record")));
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(user->Asked, QList<QString>({s("MniStockInDetail delete"),
+                                           s("MniStockInDetail modify")}));
+}
+
+TEST_F(FrmStockInDetailTest, F1WalksFromTheReceiverToTheProductToTheEngine)
+{
+    Open();
+    dialogs.Expect(Choose(s("2014")));
+    Press(It(), Qt::Key_F1);
+    EXPECT_EQ(It().TxtReceivingCode.Text(), s("2014"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    dialogs.Expect(Choose(s("104")));
+    Press(It(), Qt::Key_F1);
+    EXPECT_EQ(It().TxtProductID.Text(), s("104"));
+    EXPECT_TRUE(HasFocus(It().TxtEngineNo));
+}
+
+TEST_F(FrmStockInDetailTest, AQuoteInAnEngineNumberIsToldAndStays)
+{
+    Open();
+    EnterHeader();
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+    EnterUnit(s("101"), s("E'1"), s("C-1"));
+    EXPECT_EQ(It().TxtEngineNo.Text(), s("E'1"));
+    EXPECT_EQ(It().TxtChasisNo.Text(), s("C-1"));
+    EXPECT_TRUE(HasFocus(It().TxtChasisNo));
+    EXPECT_EQ(FilledRows(), 0);
+}
+
+TEST_F(FrmStockInDetailTest, ThreeHundredUnitsAtAScannersPaceLoseNothing)
+{
+    Open();
+    EnterHeader();
+    // All keys lie in the queue before the first one is worked on: faster than any scanner.
+    const auto post = [this](int key, const QString& text) {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QCoreApplication::postEvent(It().windowHandle(),
+                                        new QKeyEvent(type, key, Qt::NoModifier, text));
+        }
+    };
+    const auto scan = [&](const QString& code) {
+        for (const QChar c : code) {
+            post(c.toUpper().unicode(), QString(c));
+        }
+        post(Qt::Key_Return, s("\r"));
+    };
+    const auto number = [](const char* kind, int unit) {
+        return s("%1PK%2").arg(QLatin1String(kind)).arg(unit, 17, 10, QLatin1Char('0'));
+    };
+    constexpr int units = 300;
+    QStringList expected;
+    for (int unit = 1; unit <= units; ++unit) {
+        scan(s("101"));
+        scan(number("E", unit));
+        scan(number("C", unit));
+        expected.append(s("101|%1|%2").arg(number("E", unit), number("C", unit)));
+    }
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(FilledRows(), units);
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Units(1), expected);
+}
+
+} // namespace tests

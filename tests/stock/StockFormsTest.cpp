@@ -1,0 +1,604 @@
+// Stock documents: goods in and out, with prices and without. What both kinds do alike is
+// played on each of them.
+
+#include "stock/FrmStockIn.h"
+#include "stock/FrmStockOut.h"
+#include "support/FormDesk.h"
+
+namespace tests {
+
+namespace {
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+const Message Duplicate{s("The Record Already Exist"), MsgIcon::Information, s("Alert")};
+const Message IdTaken{
+    s("This Stock ID already exists. A new Stock ID. has been generated. Please try again"),
+    MsgIcon::Stop, s("Alert")};
+
+/// What tells the two kinds from each other, for the tests.
+template <class TheForm> struct Kind;
+
+template <> struct Kind<FrmStockIn> {
+    static constexpr const char* Title = "Stock In";
+    static constexpr const char* Key = "MniStockIn";
+    static constexpr const char* Header = "StockInHeader";
+    static constexpr const char* Body = "StockInBody";
+    static constexpr const char* Dialog = "SchStockIn";
+};
+
+template <> struct Kind<FrmStockOut> {
+    static constexpr const char* Title = "Stock Out";
+    static constexpr const char* Key = "MniStockOut";
+    static constexpr const char* Header = "StockOutHeader";
+    static constexpr const char* Body = "StockOutBody";
+    static constexpr const char* Dialog = "SchStockOut";
+};
+
+template <class TheForm> class StockFormTest : public FormDesk<TheForm> {
+protected:
+    using Is = Kind<TheForm>;
+    using Desk = FormDesk<TheForm>;
+
+    StockFormTest()
+    {
+        // The documents that brought the stock in are in nobody's way.
+        this->company.Run(s("delete from %1; delete from %2;")
+                              .arg(s(Is::Body), s(Is::Header)));
+    }
+
+    void Prepare(TheForm& window) override { window.ParaInShowPrice = showPrice; }
+
+    void OpenPriced()
+    {
+        showPrice = true;
+        Desk::Open();
+    }
+
+    /// From the date on: branch and account, to the product.
+    void EnterHeader(const QString& branch = s("1"), const QString& account = s("7"))
+    {
+        this->It().ResetFocus(this->It().DtpDate);
+        this->Enter(QString());
+        this->Enter(branch);
+        this->Enter(account);
+        this->Enter(QString());
+    }
+
+    /// A row at the price of the product.
+    void EnterRow(const QString& product, const QString& quantity)
+    {
+        this->Enter(product);
+        this->Enter(quantity);
+        if (showPrice) {
+            this->Enter(QString());
+        }
+    }
+
+    /// Types another number over the one that was given.
+    void TypeNumber(const QString& number)
+    {
+        this->It().ResetFocus(this->It().DtpDate);
+        Press(this->It(), Qt::Key_Backtab);
+        ASSERT_TRUE(this->HasFocus(this->It().TxtID));
+        this->Enter(number);
+    }
+
+    QStringList Headers()
+    {
+        return this->Lines(s("select StockID, BranchCode, AccountNo, Description from %1"
+                             " order by StockID")
+                               .arg(s(Is::Header)));
+    }
+    QStringList BodyOf(int id)
+    {
+        return this->Lines(s("select ProductID, Qty, price, Amount from %1 where StockID = %2"
+                             " order by cast(ProductID as integer)")
+                               .arg(s(Is::Body))
+                               .arg(id));
+    }
+    int Store()
+    {
+        const int id = this->It().TxtID.Text().toInt();
+        EnterHeader();
+        EnterRow(s("101"), s("2"));
+        this->Ctrl(Qt::Key_S);
+        return id;
+    }
+
+    bool showPrice = false;
+};
+
+using BothKinds = ::testing::Types<FrmStockIn, FrmStockOut>;
+
+struct KindName {
+    template <class TheForm> static std::string GetName(int)
+    {
+        return Kind<TheForm>::Dialog + 3;
+    }
+};
+
+TYPED_TEST_SUITE(StockFormTest, BothKinds, KindName);
+
+} // namespace
+
+// Within a template the base's members need their owner's name.
+#define IT this->It()
+
+TYPED_TEST(StockFormTest, OpensNewWithTheNextNumberAndToday)
+{
+    this->Open();
+    EXPECT_EQ(IT.windowTitle(), s(Kind<TypeParam>::Title));
+    EXPECT_EQ(IT.objectName().mid(3), s(Kind<TypeParam>::Dialog).mid(3));
+    EXPECT_EQ(IT.TxtID.Text(), s("1"));
+    EXPECT_TRUE(IT.TxtID.IsEnabled());
+    EXPECT_EQ(IT.DtpDate.Value(), QDate::currentDate());
+    EXPECT_FALSE(IT.BtnSave.IsEnabled());
+    EXPECT_FALSE(IT.BtnPrint.IsVisible());
+    EXPECT_TRUE(this->HasFocus(IT.DtpDate));
+}
+
+TYPED_TEST(StockFormTest, WithoutPricesNoPriceIsShownAnywhere)
+{
+    this->Open();
+    for (const Control* control : {&IT.TxtPrice, &IT.TxtAmount}) {
+        EXPECT_FALSE(control->IsVisible()) << qPrintable(control->Name());
+    }
+    EXPECT_FALSE(IT.Label8.isVisible());
+    EXPECT_FALSE(IT.Label15.isVisible());
+    EXPECT_TRUE(IT.Rows.isColumnHidden(IT.Rows.ColumnIndex(u"Price")));
+    EXPECT_TRUE(IT.Rows.isColumnHidden(IT.Rows.ColumnIndex(u"Amount")));
+    EXPECT_FALSE(IT.Rows.isColumnHidden(IT.Rows.ColumnIndex(u"Qty")));
+}
+
+TYPED_TEST(StockFormTest, WithPricesTheyAreShown)
+{
+    this->OpenPriced();
+    EXPECT_TRUE(IT.TxtPrice.IsVisible());
+    EXPECT_TRUE(IT.TxtAmount.IsVisible());
+    EXPECT_TRUE(IT.Label8.isVisible());
+    EXPECT_TRUE(IT.Label15.isVisible());
+    EXPECT_FALSE(IT.Rows.isColumnHidden(IT.Rows.ColumnIndex(u"Price")));
+    EXPECT_FALSE(IT.Rows.isColumnHidden(IT.Rows.ColumnIndex(u"Amount")));
+}
+
+TYPED_TEST(StockFormTest, RowsWithoutPricesAreStoredWithThePurchaseRateAndTheComputedAmount)
+{
+    const int rate =
+        this->company.Scalar(s("select PurchaseRate from Products where ProductID = '101'"))
+            .toInt();
+    ASSERT_GT(rate, 0);
+    this->Open();
+    this->EnterHeader();
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    this->Enter(s("101"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtQty));
+    this->Enter(s("3"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_EQ(this->FilledRows(), 1);
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList(s("1|1|7|null")));
+    EXPECT_EQ(this->BodyOf(1), QStringList(s("101|3|%1|%2").arg(rate).arg(3 * rate)));
+}
+
+TYPED_TEST(StockFormTest, WithPricesTabFromTheQuantityAddsNothingAndTabOutOfThePriceAdds)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    this->Enter(s("3"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtPrice));
+    EXPECT_EQ(this->FilledRows(), 0);
+    this->Enter(s("10.5"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_EQ(this->Cell(0, "ID"), s("101"));
+    EXPECT_EQ(this->Cell(0, "Qty"), s("3"));
+    EXPECT_EQ(this->Cell(0, "Price"), s("10.5"));
+    EXPECT_EQ(this->Cell(0, "Amount"), s("31.5"));
+    EXPECT_TRUE(IT.TxtAmount.Text().isEmpty());
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->BodyOf(1), QStringList(s("101|3|10.5|31.5")));
+}
+
+TYPED_TEST(StockFormTest, TheAmountFollowsTheQuantityAndThePrice)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    const double rate = IT.TxtPrice.Text().toDouble();
+    Type(IT, s("2"));
+    EXPECT_EQ(IT.TxtAmount.Text().toDouble(), 2 * rate);
+    Type(IT, s("5"));
+    EXPECT_EQ(IT.TxtAmount.Text().toDouble(), 25 * rate);
+    Press(IT, Qt::Key_Return);
+    Type(IT, s("x"));
+    EXPECT_EQ(IT.TxtAmount.Text(), s("0"));
+}
+
+TYPED_TEST(StockFormTest, AnAmountBeyondAllNumbersIsToldAndTheTypingStays)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    this->Enter(s("1E200"));
+    this->boxes.Expect(this->Failed(s("Overflow")));
+    Paste(IT, s("1E200"));
+    EXPECT_EQ(IT.TxtPrice.Text(), s("1E200"));
+    EXPECT_EQ(IT.TxtQty.Text(), s("1E200"));
+}
+
+TYPED_TEST(StockFormTest, AnAccountOfZeroOrNoneStoresNull)
+{
+    this->company.Run("insert into Accounts values ('0', 'کوئی نہیں')");
+    this->Open();
+    this->EnterHeader(s("1"), s("0"));
+    this->EnterRow(s("101"), s("1"));
+    this->Ctrl(Qt::Key_S);
+    this->EnterHeader(s("1"), QString());
+    this->EnterRow(s("101"), s("1"));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList({s("1|1|null|null"), s("2|1|null|null")}));
+}
+
+TYPED_TEST(StockFormTest, LeavingTheQuantityWithoutAProductAddsNothingAndSaysNothing)
+{
+    this->Open();
+    this->EnterHeader();
+    this->Enter(QString());
+    EXPECT_TRUE(this->HasFocus(IT.TxtQty));
+    this->Enter(s("4"));
+    EXPECT_EQ(this->FilledRows(), 0);
+    EXPECT_EQ(IT.TxtQty.Text(), s("4"));
+}
+
+TYPED_TEST(StockFormTest, ADocumentWithABranchAndNoRowsIsSaved)
+{
+    this->Open();
+    this->EnterHeader();
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList(s("1|1|7|null")));
+    EXPECT_TRUE(this->BodyOf(1).isEmpty());
+    EXPECT_EQ(IT.FormState(), VoucherForm::State::New);
+    EXPECT_EQ(IT.TxtID.Text(), s("2"));
+}
+
+TYPED_TEST(StockFormTest, TwoRowsOfOneProductAreRefused)
+{
+    this->Open();
+    this->EnterHeader();
+    this->EnterRow(s("101"), s("2"));
+    this->boxes.Expect(Duplicate);
+    this->EnterRow(s("101"), s("9"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(IT.TxtQty.Text().isEmpty());
+    EXPECT_EQ(this->FilledRows(), 1);
+    EXPECT_EQ(this->Cell(0, "Qty"), s("2"));
+}
+
+TYPED_TEST(StockFormTest, ARowIsStillKnownAfterTheNumberWasTypedOver)
+{
+    this->Open();
+    this->EnterHeader();
+    this->EnterRow(s("101"), s("2"));
+    this->TypeNumber(s("40"));
+    IT.ResetFocus(IT.TxtProductID);
+    this->boxes.Expect(Duplicate);
+    this->EnterRow(s("101"), s("9"));
+    this->EnterRow(s("104"), s("1"));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList(s("40|1|7|null")));
+    EXPECT_EQ(this->BodyOf(40).size(), 2);
+    EXPECT_EQ(IT.TxtID.Text(), s("41"));
+}
+
+TYPED_TEST(StockFormTest, ATakenNumberTypedOverIsToldAndANewOneGiven)
+{
+    this->Open();
+    this->Store();
+    this->EnterHeader();
+    this->EnterRow(s("104"), s("1"));
+    this->TypeNumber(s("1"));
+    this->boxes.Expect(IdTaken);
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(IT.TxtID.Text(), s("2"));
+    EXPECT_TRUE(this->BodyOf(2).isEmpty());
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->BodyOf(1).size(), 1);
+    ASSERT_EQ(this->BodyOf(2).size(), 1);
+    EXPECT_TRUE(this->BodyOf(2).front().startsWith(s("104|1|")));
+}
+
+TYPED_TEST(StockFormTest, ANumberThatAnotherWorkstationTookIsToldAndTheSecondSaveStores)
+{
+    this->Open();
+    this->EnterHeader();
+    this->EnterRow(s("101"), s("1"));
+    this->company.Run(s("insert into %1 (StockID, Date, BranchCode) values (1, '2026-01-01', 2)")
+                          .arg(s(Kind<TypeParam>::Header)));
+    this->boxes.Expect(IdTaken);
+    this->Ctrl(Qt::Key_S);
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList({s("1|2|null|null"), s("2|1|7|null")}));
+    EXPECT_EQ(this->BodyOf(2).size(), 1);
+}
+
+TYPED_TEST(StockFormTest, TheBranchIsMandatory)
+{
+    this->Open();
+    IT.ResetFocus(IT.TxtDescription);
+    Type(IT, s("note"));
+    this->boxes.Expect(Message{s("Enter Branch Code."), MsgIcon::Exclamation,
+                               s(Kind<TypeParam>::Title)});
+    this->Ctrl(Qt::Key_S);
+    EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
+    EXPECT_EQ(IT.TxtDescription.Text(), s("note"));
+    EXPECT_TRUE(this->Headers().isEmpty());
+}
+
+TYPED_TEST(StockFormTest, ADescriptionIsStoredAsItStands)
+{
+    this->Open();
+    this->EnterHeader();
+    IT.TxtDescription.SetText(s(" پرانا مال "));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList(s("1|1|7| پرانا مال ")));
+}
+
+TYPED_TEST(StockFormTest, OpeningFillsEveryFieldAndClosesTheNumber)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    IT.TxtDescription.SetText(s("نوٹ"));
+    this->EnterRow(s("101"), s("2"));
+    this->EnterRow(s("210"), s("5"));
+    this->Ctrl(Qt::Key_S);
+    this->OpenStored(1);
+    EXPECT_EQ(IT.FormState(), VoucherForm::State::Opened);
+    EXPECT_EQ(IT.TxtID.Text(), s("1"));
+    EXPECT_FALSE(IT.TxtID.IsEnabled());
+    EXPECT_TRUE(this->HasFocus(IT.DtpDate));
+    EXPECT_EQ(IT.TxtBranchID.Text(), s("1"));
+    EXPECT_EQ(IT.TxtBranchName.Text(), s("قصور"));
+    EXPECT_EQ(IT.TxtAccountNo.Text(), s("7"));
+    EXPECT_EQ(IT.TxtAccountName.Text(), s("حاجی ٹریڈرز"));
+    EXPECT_EQ(IT.TxtDescription.Text(), s("نوٹ"));
+    EXPECT_EQ(this->FilledRows(), 2);
+    EXPECT_EQ(this->Cell(1, "ID"), s("210"));
+    EXPECT_EQ(this->Cell(1, "Qty"), s("5"));
+    // A new one opens it again.
+    this->Ctrl(Qt::Key_W);
+    EXPECT_TRUE(IT.TxtID.IsEnabled());
+    EXPECT_EQ(IT.TxtID.Text(), s("2"));
+}
+
+TYPED_TEST(StockFormTest, ARowIsCorrectedAndStoredUnderTheSameNumber)
+{
+    this->OpenPriced();
+    const int id = this->Store();
+    this->OpenStored(id);
+    IT.ResetFocus(IT.TxtProductID);
+    Press(IT, Qt::Key_Down);
+    Press(IT, Qt::Key_Home);
+    Press(IT, Qt::Key_Return);
+    EXPECT_TRUE(this->HasFocus(IT.TxtQty));
+    EXPECT_FALSE(IT.TxtProductID.IsEnabled());
+    this->Enter(s("7"));
+    this->Enter(s("100"));
+    EXPECT_EQ(this->Cell(0, "Amount"), s("700"));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->BodyOf(id), QStringList(s("101|7|100|700")));
+}
+
+TYPED_TEST(StockFormTest, DeletingTakesBodyAndHeader)
+{
+    this->Open();
+    const int id = this->Store();
+    this->OpenStored(id);
+    this->boxes.Expect(Message{s("Do you want to remove this record?"), MsgIcon::Question,
+                               s("Confirmation"), MsgButtons::YesNo},
+                       MsgAnswer::Yes);
+    this->Ctrl(Qt::Key_R);
+    EXPECT_TRUE(this->Headers().isEmpty());
+    EXPECT_TRUE(this->BodyOf(id).isEmpty());
+    EXPECT_EQ(this->user->Asked,
+              QList<QString>{s(Kind<TypeParam>::Key) + s(" delete")});
+}
+
+TYPED_TEST(StockFormTest, WithoutTheModifyRightANewDocumentIsStoredAndAStoredOneIsNot)
+{
+    this->user->Modify = false;
+    this->Open();
+    const int id = this->Store();
+    EXPECT_EQ(this->BodyOf(id).size(), 1);
+    EXPECT_TRUE(this->user->Asked.isEmpty());
+    this->OpenStored(id);
+    IT.ResetFocus(IT.TxtDescription);
+    Type(IT, s("x"));
+    this->boxes.Expect(this->Refused(s("You are not authorized to modify a record")));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->user->Asked, QList<QString>{s(Kind<TypeParam>::Key) + s(" modify")});
+    EXPECT_EQ(this->Headers(), QStringList(s("1|1|7|null")));
+}
+
+TYPED_TEST(StockFormTest, AUserOfOneBranchMayTypeAnother)
+{
+    this->user->Branch = s("1");
+    this->Open();
+    this->EnterHeader(s("2"));
+    EXPECT_EQ(IT.TxtBranchName.Text(), s("لاہور"));
+}
+
+TYPED_TEST(StockFormTest, F1WalksFromTheBranchToTheAccountToTheProductToTheQuantity)
+{
+    // The list of products shows those that have moved.
+    this->company.Run("insert into GatePassHeader (GatePassID, GatePassDate, BranchCode)"
+                      " values (1, '2026-01-01', 1); insert into GatePassBody"
+                      " (GatePassID, ProductID, ReturnNewProducts) values (1, '104', 5);");
+    this->Open();
+    IT.ResetFocus(IT.TxtBranchID);
+    this->dialogs.Expect(this->Choose(s("2")));
+    Press(IT, Qt::Key_F1);
+    EXPECT_EQ(IT.TxtBranchID.Text(), s("2"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtAccountNo));
+    this->dialogs.Expect(this->Choose(s("12")));
+    Press(IT, Qt::Key_F1);
+    EXPECT_EQ(IT.TxtAccountName.Text(), s("لاہور موٹرز"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    this->dialogs.Expect(this->Choose(s("104")));
+    Press(IT, Qt::Key_F1);
+    EXPECT_EQ(IT.TxtProductID.Text(), s("104"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtQty));
+}
+
+TYPED_TEST(StockFormTest, TheAccountsButtonGoesOnToTheProductOrBackToTheAccount)
+{
+    this->Open();
+    this->dialogs.Expect(this->Choose(s("7")));
+    Click(IT, IT.BtnSearch);
+    EXPECT_EQ(IT.TxtAccountName.Text(), s("حاجی ٹریڈرز"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    this->dialogs.Expect(this->Cancel());
+    Click(IT, IT.BtnSearch);
+    EXPECT_TRUE(this->HasFocus(IT.TxtAccountNo));
+    EXPECT_EQ(IT.TxtAccountNo.Text(), s("7"));
+}
+
+TYPED_TEST(StockFormTest, AnUnknownAccountBringsUpTheListAndCancellingKeepsTheFocus)
+{
+    this->Open();
+    IT.ResetFocus(IT.TxtAccountNo);
+    this->dialogs.Expect(this->Cancel());
+    this->Enter(s("999"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtAccountNo));
+    EXPECT_EQ(IT.TxtAccountNo.Text(), s("999"));
+    EXPECT_TRUE(IT.TxtAccountName.Text().isEmpty());
+}
+
+TYPED_TEST(StockFormTest, AnAccountWhoseNameIsThereIsNotLookedUpAgain)
+{
+    this->Open();
+    IT.ResetFocus(IT.TxtAccountNo);
+    this->Enter(s("7"));
+    this->company.Run("delete from Accounts where AccountNo = '7'");
+    IT.ResetFocus(IT.TxtAccountNo);
+    Press(IT, Qt::Key_Return);
+    EXPECT_TRUE(this->HasFocus(IT.TxtDescription));
+}
+
+TYPED_TEST(StockFormTest, AnUnknownProductEmptiesCodeNameAndPriceAndMarksTheDocument)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Ctrl(Qt::Key_W);
+    ASSERT_FALSE(IT.IsDirty());
+    IT.ResetFocus(IT.TxtProductID);
+    IT.TxtPrice.SetText(s("55"));
+    this->dialogs.Expect([&](Form& dialog) {
+        EXPECT_TRUE(IT.TxtProductID.Text().isEmpty());
+        EXPECT_TRUE(IT.TxtPrice.Text().isEmpty());
+        Press(dialog, Qt::Key_Escape);
+    });
+    this->Enter(s("9999"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(IT.IsDirty());
+}
+
+TYPED_TEST(StockFormTest, AClickOnSaveAddsThePendingRowFirst)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    this->Enter(s("3"));
+    Type(IT, s("5"));
+    Click(IT, IT.BtnSave);
+    EXPECT_EQ(this->BodyOf(1), QStringList(s("101|3|5|15")));
+}
+
+TYPED_TEST(StockFormTest, CtrlSInTheQuantityAddsThePendingRowFirst)
+{
+    this->Open();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    Type(IT, s("3"));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->BodyOf(1).size(), 1);
+}
+
+TYPED_TEST(StockFormTest, AfterASaveTheFocusStays)
+{
+    this->Open();
+    this->Store();
+    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(IT.TxtBranchID.Text().isEmpty());
+}
+
+TYPED_TEST(StockFormTest, ServerModeTakesTheWritingButtons)
+{
+    HostContext::ServerMode = true;
+    this->Open();
+    EXPECT_FALSE(IT.BtnSave.IsVisible());
+    EXPECT_FALSE(IT.BtnDelete.IsVisible());
+}
+
+TYPED_TEST(StockFormTest, AFailedSaveKeepsTheTypedRowsAndTheNextOneStores)
+{
+    this->Open();
+    this->EnterHeader();
+    this->EnterRow(s("101"), s("2"));
+    this->company.Run(s("create trigger Refuse before insert on %1 begin"
+                        " select raise(abort, 'no room'); end")
+                          .arg(s(Kind<TypeParam>::Body)));
+    this->boxes.Expect(this->Failed(s("The database refuses this record: no room.")));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_FALSE(this->connection->InTransaction());
+    EXPECT_EQ(this->FilledRows(), 1);
+    EXPECT_TRUE(IT.IsDirty());
+    EXPECT_TRUE(this->Headers().isEmpty());
+    this->company.Run("drop trigger Refuse");
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->BodyOf(1).size(), 1);
+}
+
+#undef IT
+
+using FrmStockOutTest = StockFormTest<FrmStockOut>;
+
+TEST_F(FrmStockOutTest, MoreMayGoOutThanIsInStock)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("299"), s("1000"));
+    Ctrl(Qt::Key_S);
+    ASSERT_EQ(BodyOf(1).size(), 1);
+    EXPECT_TRUE(BodyOf(1).front().startsWith(s("299|1000|")));
+}
+
+using FrmStockInTest = StockFormTest<FrmStockIn>;
+
+TEST_F(FrmStockInTest, ADocumentIsInTheStockOfItsBranchAtOnce)
+{
+    Open();
+    EnterHeader(s("3"));
+    EnterRow(s("299"), s("4"));
+    Ctrl(Qt::Key_S);
+    const Recordset stock = connection->Execute(
+        "SELECT * from vuCurrentStock WHERE ProductID='299' and branchcode =3");
+    ASSERT_EQ(stock.RecordCount(), 1);
+    EXPECT_EQ(stock.Value("Stock").toInt(), 4);
+}
+
+TEST_F(FrmStockInTest, InAndOutCountTheirNumbersApart)
+{
+    Open();
+    Store();
+    EXPECT_EQ(It().TxtID.Text(), s("2"));
+    FrmStockOut out;
+    out.FormLoad();
+    EXPECT_EQ(out.TxtID.Text(),
+              QString::number(Count(s("StockOutHeader")) + 1));
+}
+
+} // namespace tests
