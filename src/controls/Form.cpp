@@ -268,8 +268,7 @@ Control* Form::ActiveControl() const
 
 bool Form::SetFocus(Control& control)
 {
-    // As Tab does it: what stands in a text field is selected, ready to be typed over.
-    return d->Move(control, Qt::TabFocusReason);
+    return d->Move(control, Qt::OtherFocusReason);
 }
 
 bool Form::ResetFocus(Control& control)

@@ -52,9 +52,8 @@ public:
     Control* ActiveControl() const;
     bool IsActive(const Control& control) const { return ActiveControl() == &control; }
 
-    /// Moves the focus under rule 1, and selects the text of a text field as Tab does. False
-    /// where the active control's validation refused, or the control cannot take it (disabled or
-    /// hidden).
+    /// Moves the focus under rule 1. False where the active control's validation refused, or
+    /// the control cannot take it (disabled or hidden).
     bool SetFocus(Control& control);
     /// Moves the focus without asking the active control and without its OnLostFocus: for a
     /// program that has just replaced what the fields hold, so that there is nothing to act on.

@@ -261,6 +261,8 @@ void DetailGrid::GridChosen()
         IsRowAdd = false;
         if (is_.EditFirst->IsEnabled() && is_.EditFirst->IsVisible()) {
             form_.SetFocus(*is_.EditFirst);
+            // Ready to be typed over.
+            is_.EditFirst->selectAll();
         }
     }
 }

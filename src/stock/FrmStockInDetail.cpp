@@ -185,6 +185,7 @@ bool FrmStockInDetail::isNewUnit()
     Inform(this, QStringLiteral("Engine No or Chasis No Already Entered"), MsgIcon::Exclamation,
            QStringLiteral("Alert"));
     SetFocus(TxtEngineNo);
+    TxtEngineNo.selectAll();
     return false;
 }
 
