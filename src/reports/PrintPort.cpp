@@ -1,0 +1,4 @@
+#include "reports/PrintPort.h"
+namespace TradeForms {
+PrintPort::~PrintPort() = default;
+}
