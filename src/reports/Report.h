@@ -2,6 +2,7 @@
 
 #include "reports/Document.h"
 #include "reports/ReportDefinition.h"
+#include <TradeForms/Printing.h>
 
 #include <QString>
 
@@ -46,6 +47,10 @@ public:
 
     /// The title with the voucher's key, "Gate Pass 12". Raises Failure where the rows are closed.
     QString Title() const;
+
+    /// What goes to the print port with the document: the printer's three strings, the title, and
+    /// the first parameter as the copy. Raises Failure where the rows are closed.
+    PrintJob Job() const;
 
     /// Fills the header as its section is laid out: the logo's location, or no logo, and the
     /// company's name.
