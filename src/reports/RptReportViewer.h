@@ -1,0 +1,89 @@
+#pragma once
+
+#include "controls/Buttons.h"
+#include "controls/Form.h"
+#include "controls/Pieces.h"
+#include "controls/Txt.h"
+#include "reports/Report.h"
+#include "reports/ReportView.h"
+#include <TradeForms/Printing.h>
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace TradeForms {
+
+/// The one window that shows a report as it will be printed. It is shared: a second report
+/// replaces the first. A form that prints without showing keeps its report here, too.
+class RptReportViewer : public Form {
+    Q_OBJECT
+public:
+    RptReportViewer();
+    ~RptReportViewer() override;
+
+    static RptReportViewer& Shared();
+
+    /// The report that is shown, or printed by a form; null once the window has been closed.
+    std::shared_ptr<TradeForms::Report> Report;
+
+    /// Loads the view with Report and brings the window up; it stays beside the others.
+    /// Raises what laying out the report raises, and Failure where there is no report: then the
+    /// window stays as it was.
+    void Show();
+    /// Takes the colours of all objects of Report away: see TradeForms::RemoveObjectColors.
+    void RemoveObjectColors();
+
+    ReportView& CRViewer1;
+    Txt& TxtSearch;
+    JeweledButton& BtnPreviousHit;
+    JeweledButton& BtnNextHit;
+    Label& LblHits;
+    Txt& TxtPage;
+    Label& LblPages;
+    JeweledButton& BtnZoomOut;
+    JeweledButton& BtnZoomIn;
+    Label& LblZoom;
+    JeweledButton& BtnFitWidth;
+    JeweledButton& BtnPrint;
+    JeweledButton& BtnSavePdf;
+    JeweledButton& BtnClose;
+    Label& LblNote; ///< what the last button has done
+
+    /// Asks the user for the file to write; empty where there is none. Gets the window and a
+    /// suggested path. Tests put their own answer in its place.
+    std::function<QString(QWidget* owner, const QString& suggested)> AskForFile;
+
+    static constexpr int kFirstZoom = 93;
+
+protected:
+    void FormKeyDown(KeyPress& key) override;
+    void HandlerFailed(const std::exception& failure) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void load();
+    void unload();
+    void compose();
+    QWidget* composeTools();
+    void attach();
+    void showPlace();
+    void showHits();
+    void search();
+    void goOn(bool forward);
+    void goToTypedPage();
+    void print();
+    void savePdf();
+    bool pressCtrl(int key);
+    bool pressPaging(int key);
+    bool pressReturn(const KeyPress& key);
+    void toggleMaximized();
+
+    TitleStrip* title_ = nullptr;
+    QWidget* grip_ = nullptr;
+    PrintJob job_; ///< of the report in view
+};
+
+} // namespace TradeForms
