@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QImage>
 #include <QList>
+#include <QPageLayout>
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
@@ -33,6 +34,7 @@ struct TextRun {
     Qt::LayoutDirection Direction = Qt::RightToLeft;
     QColor Color;
     bool Continues = false; ///< the object's text goes on in the run after this one
+    QString PageText;       ///< of a text with page numbers: what it is made from
 
     /// The line from its ascent to its descent, as far as the text reaches.
     QRectF LineBox() const;
@@ -76,7 +78,7 @@ struct Page {
 /// Failure where that has been closed meanwhile.
 class Document {
 public:
-    explicit Document(std::unique_ptr<Paginator> paginator, QSizeF pageSize, QString title);
+    explicit Document(std::unique_ptr<Paginator> paginator);
     ~Document();
     Document(Document&&) noexcept;
     Document& operator=(Document&&) noexcept;
@@ -84,6 +86,8 @@ public:
     QString Title() const;
     /// Of every page.
     QSizeF PageSize() const;
+    /// The same as a sheet and its turn, without margins, for a printer.
+    QPageLayout PageLayout() const;
 
     /// Lays out all pages and counts them; at least 1. Raises Failure.
     int PageCount() const;
@@ -115,8 +119,7 @@ public:
     void WritePdf(QIODevice& device) const;
 
 private:
-    class Pages;
-    std::unique_ptr<Pages> pages_;
+    std::unique_ptr<Paginator> paginator_;
 };
 
 } // namespace TradeForms

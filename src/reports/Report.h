@@ -60,9 +60,9 @@ public:
     /// do not change the document. Raises Failure where it has no rows, or these are closed.
     Document Format();
 
-    /// Lays the report out and gives it to the print port. prompt is for the caller's own dialog
-    /// and is false throughout. Raises Failure where that fails.
-    void PrintOut(bool prompt = false);
+    /// Lays the report out and gives it to the print port. There is no dialog of its own: prompt
+    /// has to be false. Raises Failure where printing fails.
+    void PrintOut(bool prompt);
 
 private:
     ReportDefinition definition_;

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QList>
 #include <QMarginsF>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
@@ -53,7 +55,8 @@ struct ReportSource {
 /// How a value becomes text.
 enum class ValueFormat {
     Plain,  ///< as a field on a screen shows it
-    Amount, ///< 1,234.50: no digit is rounded away; stands by its decimal point
+    Amount, ///< 1,234 or 1,234.50: no digit is rounded away; stands by its decimal point
+    Quantity, ///< 3 or 1.5; stands by its decimal point
     Date,   ///< dd/MM/yyyy
     Month   ///< MMM-yyyy
 };
@@ -77,7 +80,9 @@ struct ReportObject {
     ReportSource Source;                              ///< of a field
     ValueFormat Format = ValueFormat::Plain;          ///< of a field
     QFont Font;                                       ///< its size in pixels is tenths of a mm
-    Qt::Alignment Alignment = Qt::AlignRight;         ///< left, right or centre
+    /// Left, right or centre. The base line is that of the other texts of the same place and size;
+    /// with Qt::AlignVCenter it is the ink that stands in the middle.
+    Qt::Alignment Alignment = Qt::AlignRight;
     Qt::LayoutDirection Direction = Qt::RightToLeft;  ///< of the paragraph
     QColor Color = Qt::black;
     int BackColor = NoColor;
@@ -137,29 +142,24 @@ struct ReportParameter {
     bool Numeric = false;
 };
 
-enum class Paper { A4, A5 };
-enum class Orientation { Portrait, Landscape };
-
 /// One report's design. A Report is made from it and may then be changed by itself.
 struct ReportDefinition {
     QString Name;  ///< of the class, CrpGatePassDetail
     QString Title; ///< in English, for the list of print jobs and the PDF's properties
     /// Names the voucher of a row, behind the title; may be empty.
     ReportSource::Formula Key;
-    Paper Sheet = Paper::A4;
-    Orientation Turn = Orientation::Portrait;
+    QPageSize::PageSizeId Paper = QPageSize::A4;
+    QPageLayout::Orientation Orientation = QPageLayout::Portrait;
     QMarginsF Margins = QMarginsF(100, 100, 100, 100);
     /// The column whose change ends a group; empty where there are no groups.
     QString GroupBy;
     QList<ReportParameter> Parameters;
     QList<ReportSection> Sections;
 
+    /// The sheet and its turn, without the printer's own margins.
+    QPageLayout PageLayout() const;
+    /// A4 upright is 2100 by 2970.
     QSizeF PageSize() const;
-    /// Width between the margins.
-    double Width() const { return PageSize().width() - Margins.left() - Margins.right(); }
 };
-
-/// A4 upright is 2100 by 2970.
-QSizeF SizeOf(Paper paper, Orientation orientation);
 
 } // namespace TradeForms

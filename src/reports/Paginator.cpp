@@ -1,0 +1,523 @@
+#include "reports/Paginator.h"
+
+#include "data/Failure.h"
+#include "reports/ReportText.h"
+
+#include <QLocale>
+
+#include <algorithm>
+#include <type_traits>
+
+namespace TradeForms {
+
+namespace {
+
+/// Parts of a tenth of a millimetre that sums of doubles may be off.
+constexpr double tolerance = 0.01;
+
+constexpr QLatin1String placePage("{Page}");
+constexpr QLatin1String placePages("{Pages}");
+
+QColor colorOf(int number)
+{
+    if (number == NoColor)
+        return QColor();
+    return QColor(number & 0xff, (number >> 8) & 0xff, (number >> 16) & 0xff);
+}
+
+bool keepsWithNext(const ReportSection& section)
+{
+    return section.KeepTogether && section.Kind == SectionKind::GroupHeader;
+}
+
+bool keepsWithLast(const ReportSection& section)
+{
+    return section.KeepTogether
+           && (section.Kind == SectionKind::GroupFooter
+               || section.Kind == SectionKind::ReportFooter);
+}
+
+void moveDown(Primitive& primitive, double by)
+{
+    std::visit(
+        [by](auto& shape) {
+            using Shape = std::decay_t<decltype(shape)>;
+            if constexpr (std::is_same_v<Shape, LineStroke>) {
+                shape.From.ry() += by;
+                shape.To.ry() += by;
+            } else {
+                shape.Place.translate(0, by);
+            }
+            if constexpr (std::is_same_v<Shape, TextRun>)
+                shape.Origin.ry() += by;
+        },
+        primitive);
+}
+
+QRectF boundsOf(const Primitive& primitive)
+{
+    return std::visit(
+        [](const auto& shape) {
+            if constexpr (std::is_same_v<std::decay_t<decltype(shape)>, LineStroke>)
+                return QRectF(shape.From, shape.To).normalized();
+            else
+                return shape.Place;
+        },
+        primitive);
+}
+
+/// A picture for a place on the paper; what printers cannot show is left out of it.
+QImage pictureFor(const ReportObject& object)
+{
+    constexpr double pixelsPerTenth = 600 / 254.0;
+    const QImage image = object.Picture.isEmpty() ? object.DefaultPicture : QImage(object.Picture);
+    const QSize most = (object.Place.size() * pixelsPerTenth).toSize();
+    if (image.width() <= most.width() && image.height() <= most.height())
+        return image;
+    return image.scaled(most, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
+
+Paginator::Paginator(ReportState state)
+    : state_(std::move(state)), rows_(state_.Rows), now_(rows_, state_.Parameters),
+      placed_(rows_, state_.Parameters)
+{
+    for (const ReportSection& section : state_.Definition.Sections) {
+        for (const ReportTotal& total : section.Totals)
+            now_.Totals.insert(total.Name, 0);
+    }
+    placed_.Totals = now_.Totals;
+}
+
+Paginator::~Paginator() = default;
+
+void Paginator::Step()
+{
+    if (!begun_)
+        begin();
+    else if (now_.HasRow())
+        placeRow();
+    else
+        finish();
+}
+
+// ---- Rows
+
+void Paginator::begin()
+{
+    openPage();
+    begun_ = true;
+}
+
+bool Paginator::groupBegins(int row) const
+{
+    const QString& column = state_.Definition.GroupBy;
+    return row == 0
+           || (!column.isEmpty() && rows_.Value(row, column) != rows_.Value(row - 1, column));
+}
+
+bool Paginator::groupEnds(int row) const
+{
+    return row + 1 == rows_.Count() || groupBegins(row + 1);
+}
+
+void Paginator::placeRow()
+{
+    const int row = now_.Row;
+    const bool begins = groupBegins(row);
+    const bool ends = groupEnds(row);
+    if (begins)
+        resetTotals(SectionKind::GroupHeader, SectionKind::GroupFooter);
+    addToTotals();
+    rowIsPlaced_ = false;
+
+    QList<Strip> together;
+    if (begins)
+        together += strips(SectionKind::GroupHeader);
+    together += strips(SectionKind::Details);
+    if (ends)
+        together += strips(SectionKind::GroupFooter);
+    if (row + 1 == rows_.Count())
+        together += strips(SectionKind::ReportFooter);
+    placeKept(together);
+    if (ends)
+        inGroup_ = false;
+    now_.Row = row + 1;
+}
+
+void Paginator::finish()
+{
+    if (rows_.Count() == 0)
+        placeKept(strips(SectionKind::ReportFooter));
+    closePage();
+    fillCounts();
+    atEnd_ = true;
+}
+
+void Paginator::resetTotals(SectionKind header, SectionKind footer)
+{
+    for (const ReportSection& section : std::as_const(state_.Definition.Sections)) {
+        if (section.Kind != header && section.Kind != footer)
+            continue;
+        for (const ReportTotal& total : section.Totals)
+            now_.Totals[total.Name] = 0;
+    }
+}
+
+void Paginator::addToTotals(std::optional<SectionKind> header, std::optional<SectionKind> footer)
+{
+    const bool all = !header;
+    for (const ReportSection& section : std::as_const(state_.Definition.Sections)) {
+        if (!all && section.Kind != header && section.Kind != footer)
+            continue;
+        for (const ReportTotal& total : section.Totals)
+            now_.Totals[total.Name] += now_.Number(total.Column);
+    }
+}
+
+// ---- Sections as strips
+
+bool Paginator::isPlacedHere(const ReportSection& section) const
+{
+    const bool first = pages_.empty();
+    switch (section.On) {
+    case ReportSection::Pages::FirstOnly:
+        return first;
+    case ReportSection::Pages::AfterFirst:
+        return !first;
+    case ReportSection::Pages::Every:
+        break;
+    }
+    return true;
+}
+
+QList<Paginator::Strip> Paginator::strips(SectionKind kind) const
+{
+    QList<Strip> found;
+    for (const ReportSection& section : state_.Definition.Sections) {
+        if (section.Kind == kind && !section.Suppress && isPlacedHere(section))
+            found.append(strip(section));
+    }
+    return found;
+}
+
+Paginator::Strip Paginator::strip(const ReportSection& section) const
+{
+    Strip strip{&section, {}, section.Height};
+    // What a growing text pushes down: everything that begins below it.
+    struct Growth {
+        QRectF Place;
+        double By;
+    };
+    QList<Growth> growths;
+    const auto pushed = [&growths](const QRectF& place) {
+        double by = 0;
+        for (const Growth& growth : growths) {
+            if (place.top() >= growth.Place.bottom() - tolerance)
+                by = std::max(by, growth.By);
+        }
+        return by;
+    };
+    // By how much a box grows round a growing text.
+    const auto within = [&growths](const QRectF& place) {
+        double by = 0;
+        for (const Growth& growth : growths) {
+            if (place.contains(growth.Place))
+                by = std::max(by, growth.By);
+        }
+        return by;
+    };
+    QHash<const ReportObject*, QStringList> lines;
+    for (const ReportObject& object : section.Objects) {
+        if (object.Suppress || (object.Kind != ObjectKind::Text && object.Kind != ObjectKind::Field))
+            continue;
+        const QStringList its = linesOf(object);
+        lines.insert(&object, its);
+        if (its.size() > 1) {
+            const double by = double(its.size() - 1) * ReportText::LinePitch(object.Font);
+            growths.append({object.Place, by + pushed(object.Place)});
+            strip.Height = std::max(strip.Height, section.Height + growths.last().By);
+        }
+    }
+    for (const ReportObject& object : section.Objects) {
+        if (object.Suppress)
+            continue;
+        QRectF place = object.Place.translated(0, pushed(object.Place));
+        switch (object.Kind) {
+        case ObjectKind::Text:
+        case ObjectKind::Field:
+            addText(strip, object, place, lines.value(&object));
+            break;
+        case ObjectKind::Picture:
+            if (const QImage image = pictureFor(object); !image.isNull())
+                strip.Primitives.append(PictureShape{place, image});
+            break;
+        case ObjectKind::Line:
+            strip.Primitives.append(LineStroke{place.topLeft(), place.bottomRight(),
+                                               object.LineWidth, object.Color});
+            break;
+        case ObjectKind::Box:
+            place.setBottom(std::max(place.bottom(), object.Place.bottom() + within(object.Place)));
+            strip.Primitives.append(BoxShape{place, object.LineWidth, object.Radius, object.Color,
+                                             colorOf(object.FillColor)});
+            break;
+        }
+    }
+    return strip;
+}
+
+QString Paginator::withMakings(const QString& pageText) const
+{
+    QString text = pageText;
+    text.replace(QStringLiteral("{Printed}"),
+                 QLocale::c().toString(state_.Printed, QStringLiteral("dd/MM/yyyy HH:mm")));
+    text.replace(QStringLiteral("{User}"), state_.User);
+    return text;
+}
+
+QString Paginator::textOf(const ReportObject& object) const
+{
+    if (object.Kind == ObjectKind::Text)
+        return object.Text;
+    const ReportSource& source = object.Source;
+    switch (source.Kind) {
+    case ReportSource::From::Column:
+        return ReportText::Of(now_.Column(source.Name), object.Format);
+    case ReportSource::From::Total:
+        return ReportText::Of(now_.Total(source.Name), object.Format);
+    case ReportSource::From::Formula:
+        return ReportText::Of(source.Compute(now_), object.Format);
+    case ReportSource::From::PageText:
+        break;
+    }
+    return withMakings(source.Name);
+}
+
+QStringList Paginator::linesOf(const ReportObject& object) const
+{
+    const QString text = textOf(object);
+    if (text.isEmpty())
+        return QStringList();
+    if (object.CanGrow)
+        return ReportText::Wrap(text, object.Font, object.Place.width());
+    return {QString(text).replace(u'\n', u' ')};
+}
+
+void Paginator::addText(Strip& strip, const ReportObject& object, const QRectF& place,
+                        const QStringList& lines) const
+{
+    const double pitch = ReportText::LinePitch(object.Font);
+    const QRectF whole = place.adjusted(0, 0, 0, std::max<qsizetype>(lines.size() - 1, 0) * pitch);
+    if (object.BackColor != NoColor)
+        strip.Primitives.append(BoxShape{whole, 0, 0, QColor(), colorOf(object.BackColor)});
+    if (lines.isEmpty())
+        return;
+    TextRun run;
+    run.Object = object.Name;
+    run.Alignment = object.Alignment;
+    run.Direction = object.Direction;
+    run.Color = object.Color;
+    const bool byPoint =
+        object.Format == ValueFormat::Amount || object.Format == ValueFormat::Quantity;
+    for (qsizetype line = 0; line < lines.size(); ++line) {
+        run.Text = lines.at(line);
+        run.Font = object.Font;
+        run.Place = place.translated(0, double(line) * pitch);
+        run.Continues = line + 1 < lines.size();
+        if (byPoint)
+            ReportText::SetByPoint(run, object.Format);
+        else
+            ReportText::Set(run);
+        if (object.Source.Kind == ReportSource::From::PageText)
+            run.PageText = run.Text;
+        strip.Primitives.append(run);
+    }
+    if (object.Framed) {
+        const double pad = 0.5 * object.Font.pixelSize();
+        strip.Primitives.append(BoxShape{
+            QRectF(QPointF(run.Origin.x() - pad, whole.top()),
+                   QPointF(run.Origin.x() + run.Width + pad, whole.bottom())),
+            object.LineWidth, whole.height() / 2, object.Color, QColor()});
+    }
+}
+
+// ---- Pages
+
+void Paginator::openPage()
+{
+    const ReportDefinition& definition = state_.Definition;
+    page_ = Page();
+    y_ = definition.Margins.top();
+    bottom_ = definition.PageSize().height() - definition.Margins.bottom();
+    for (const ReportSection& section : definition.Sections) {
+        if (section.Kind == SectionKind::PageFooter && !section.Suppress && isPlacedHere(section))
+            bottom_ -= section.Height;
+    }
+    if (pages_.empty()) {
+        for (const Strip& header : strips(SectionKind::ReportHeader))
+            append(header);
+    }
+    for (const Strip& header : strips(SectionKind::PageHeader))
+        append(header);
+    if (inGroup_) {
+        for (const Strip& header : strips(SectionKind::GroupHeader)) {
+            if (header.Section->Repeat)
+                append(header);
+        }
+    }
+    top_ = y_;
+    if (top_ >= bottom_)
+        throw Failure(QStringLiteral("The headers of the report leave no room on its page."));
+}
+
+void Paginator::closePage()
+{
+    // The footer sees the last row of its own page, not the one that has to go to the next.
+    std::swap(now_.Row, placed_.Row);
+    std::swap(now_.Totals, placed_.Totals);
+    y_ = bottom_;
+    for (const Strip& footer : strips(SectionKind::PageFooter))
+        append(footer);
+    std::swap(now_.Row, placed_.Row);
+    std::swap(now_.Totals, placed_.Totals);
+
+    const int number = int(pages_.size()) + 1;
+    for (qsizetype at = 0; at < page_.Primitives.size(); ++at) {
+        auto* run = std::get_if<TextRun>(&page_.Primitives[at]);
+        if (!run || run->PageText.isEmpty())
+            continue;
+        run->PageText.replace(placePage, QString::number(number));
+        if (run->PageText.contains(placePages))
+            counting_.append({number - 1, at});
+        run->Text = QString(run->PageText).replace(placePages, QString(QChar(0x2026)));
+        ReportText::Set(*run);
+    }
+    pages_.push_back(std::move(page_));
+}
+
+void Paginator::nextPage()
+{
+    closePage();
+    resetTotals(SectionKind::PageHeader, SectionKind::PageFooter);
+    if (!rowIsPlaced_)
+        addToTotals(SectionKind::PageHeader, SectionKind::PageFooter);
+    openPage();
+}
+
+bool Paginator::fitsNextPage(double height) const
+{
+    // A page on which no row stands yet will not be better off the next time, but for the first.
+    if (y_ <= top_ && !pages_.empty())
+        return false;
+    const ReportDefinition& definition = state_.Definition;
+    double room =
+        definition.PageSize().height() - definition.Margins.top() - definition.Margins.bottom();
+    for (const ReportSection& section : definition.Sections) {
+        const bool comesAgain = section.Kind == SectionKind::PageHeader
+                                || section.Kind == SectionKind::PageFooter
+                                || (section.Kind == SectionKind::GroupHeader && section.Repeat
+                                    && inGroup_);
+        if (comesAgain && !section.Suppress && section.On != ReportSection::Pages::FirstOnly)
+            room -= section.Height;
+    }
+    return height <= room + tolerance;
+}
+
+void Paginator::placeKept(const QList<Strip>& strips)
+{
+    Block block;
+    for (const Strip& next : strips) {
+        if (!block.isEmpty() && !keepsWithNext(*block.last().Section)
+            && !keepsWithLast(*next.Section)) {
+            placeBlock(block);
+            block.clear();
+        }
+        block.append(next);
+    }
+    placeBlock(block);
+}
+
+void Paginator::placeBlock(const Block& block)
+{
+    double height = 0;
+    for (const Strip& strip : block)
+        height += strip.Height;
+    const bool fits = y_ + height <= bottom_ + tolerance;
+    if (!fits && block.size() > 1 && fitsNextPage(height))
+        nextPage();
+    for (const Strip& strip : block)
+        placeStrip(strip);
+}
+
+void Paginator::placeStrip(const Strip& strip)
+{
+    const bool fits = y_ + strip.Height <= bottom_ + tolerance;
+    if (fits) {
+        if (strip.Section->AtBottom)
+            y_ = bottom_ - strip.Height;
+        append(strip);
+    } else if (strip.Section->KeepTogether && fitsNextPage(strip.Height)) {
+        nextPage();
+        placeStrip(strip);
+    } else {
+        placeParts(strip);
+    }
+    if (strip.Section->Kind == SectionKind::GroupHeader)
+        inGroup_ = true;
+    if (strip.Section->Kind == SectionKind::Details) {
+        rowIsPlaced_ = true;
+        placed_.Row = now_.Row;
+        placed_.Totals = now_.Totals;
+    }
+}
+
+void Paginator::placeParts(const Strip& strip)
+{
+    Strip rest = strip;
+    while (y_ + rest.Height > bottom_ + tolerance) {
+        const double room = bottom_ - y_;
+        Strip here{strip.Section, {}, 0};
+        Strip later{strip.Section, {}, 0};
+        double from = rest.Height;
+        for (const Primitive& primitive : std::as_const(rest.Primitives)) {
+            const bool fits = boundsOf(primitive).bottom() <= room + tolerance;
+            (fits ? here : later).Primitives.append(primitive);
+            if (!fits)
+                from = std::min(from, boundsOf(primitive).top());
+        }
+        const bool stuck = here.Primitives.isEmpty() && y_ <= top_;
+        if (stuck || later.Primitives.isEmpty())
+            break;
+        append(here);
+        for (Primitive& primitive : later.Primitives)
+            moveDown(primitive, -from);
+        later.Height = rest.Height - from;
+        rest = later;
+        nextPage();
+    }
+    append(rest);
+}
+
+void Paginator::append(const Strip& strip)
+{
+    for (Primitive primitive : strip.Primitives) {
+        moveDown(primitive, y_);
+        page_.Primitives.append(std::move(primitive));
+    }
+    y_ += strip.Height;
+}
+
+void Paginator::fillCounts()
+{
+    const QString count = QString::number(pages_.size());
+    for (const Counting& counting : std::as_const(counting_)) {
+        auto& run = std::get<TextRun>(
+            pages_[std::size_t(counting.Page)].Primitives[counting.Primitive]);
+        run.Text = run.PageText.replace(placePages, count);
+        ReportText::Set(run);
+    }
+    counting_.clear();
+}
+
+} // namespace TradeForms
