@@ -71,6 +71,15 @@ QString Report::Title() const
     return definition_.Title + u' ' + TextOf(definition_.Key(first));
 }
 
+PrintJob Report::Job() const
+{
+    return PrintJob{.Driver = driver_,
+                    .PrinterName = printer_,
+                    .Port = port_,
+                    .Title = Title(),
+                    .Copy = parameters_.value(0)};
+}
+
 void Report::ReportHeaderSection1_Format()
 {
     ReportObject& logo = Object(QStringLiteral("PicLogo"));
@@ -94,13 +103,7 @@ void Report::PrintOut(bool prompt)
     if (prompt)
         throw Failure(QStringLiteral("The report %1 is printed without a prompt.").arg(Name()));
     const Document document = Format();
-    PrintPort::Current().Print(document,
-                               PrintJob{.Driver = driver_,
-                                        .PrinterName = printer_,
-                                        .Port = port_,
-                                        .Title = document.Title(),
-                                        .Copy = parameters_.isEmpty() ? QString()
-                                                                      : parameters_.first()});
+    PrintPort::Current().Print(document, Job());
 }
 
 void RemoveObjectColors(Report& report)
