@@ -243,7 +243,8 @@ Paginator::Strip Paginator::strip(const ReportSection& section) const
     for (const ReportObject& object : section.Objects) {
         if (object.Suppress)
             continue;
-        QRectF place = object.Place.translated(0, pushed(object.Place));
+        const QPointF to(state_.Definition.Margins.left(), pushed(object.Place));
+        QRectF place = object.Place.translated(to);
         switch (object.Kind) {
         case ObjectKind::Text:
         case ObjectKind::Field:

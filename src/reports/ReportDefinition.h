@@ -16,7 +16,7 @@
 #include <functional>
 
 // A report as data: what stands where on the paper. One unit of length throughout, for places,
-// margins, lines and type: the tenth of a millimetre, from the left and the top.
+// margins, lines and type: the tenth of a millimetre, from left to right and downwards.
 
 namespace TradeForms {
 
@@ -48,8 +48,8 @@ struct ReportSource {
     using Formula = std::function<QVariant(const ReportValues&)>;
 
     From Kind = From::Column;
-    QString Name;
-    Formula Compute;
+    QString Name = {};
+    Formula Compute = {};
 };
 
 /// How a value becomes text.
@@ -72,7 +72,9 @@ constexpr int White = 16777215;
 struct ReportObject {
     QString Name;
     ObjectKind Kind = ObjectKind::Text;
-    QRectF Place;  ///< within its section; a line goes from the one corner to the other
+    /// From the left margin and the top of its section; a line goes from the one corner to the
+    /// other.
+    QRectF Place;
     bool Suppress = false;
 
     // Text and field
@@ -121,10 +123,10 @@ struct ReportSection {
     enum class Pages { Every, FirstOnly, AfterFirst };
 
     SectionKind Kind = SectionKind::Details;
-    QString Name;
+    QString Name = {};
     double Height = 0;
-    QList<ReportObject> Objects;
-    QList<ReportTotal> Totals;
+    QList<ReportObject> Objects = {}; ///< in the order of drawing
+    QList<ReportTotal> Totals = {};
     bool Suppress = false;
     /// Of a group header: comes again at the top of each page on which its group goes on.
     bool Repeat = false;
@@ -144,22 +146,24 @@ struct ReportParameter {
 
 /// One report's design. A Report is made from it and may then be changed by itself.
 struct ReportDefinition {
-    QString Name;  ///< of the class, CrpGatePassDetail
-    QString Title; ///< in English, for the list of print jobs and the PDF's properties
+    QString Name = {};  ///< of the class, CrpGatePassDetail
+    QString Title = {}; ///< in English, for the list of print jobs and the PDF's properties
     /// Names the voucher of a row, behind the title; may be empty.
-    ReportSource::Formula Key;
+    ReportSource::Formula Key = {};
     QPageSize::PageSizeId Paper = QPageSize::A4;
     QPageLayout::Orientation Orientation = QPageLayout::Portrait;
     QMarginsF Margins = QMarginsF(100, 100, 100, 100);
     /// The column whose change ends a group; empty where there are no groups.
-    QString GroupBy;
-    QList<ReportParameter> Parameters;
-    QList<ReportSection> Sections;
+    QString GroupBy = {};
+    QList<ReportParameter> Parameters = {};
+    QList<ReportSection> Sections = {};
 
     /// The sheet and its turn, without the printer's own margins.
     QPageLayout PageLayout() const;
     /// A4 upright is 2100 by 2970.
     QSizeF PageSize() const;
+    /// Between the margins.
+    double Width() const { return PageSize().width() - Margins.left() - Margins.right(); }
 };
 
 } // namespace TradeForms

@@ -1,0 +1,214 @@
+#include "reports/PaySlip.h"
+
+#include "data/Numbers.h"
+#include "reports/ReportText.h"
+
+#include <algorithm>
+
+namespace TradeForms::PaySlip {
+
+namespace {
+
+using namespace ReportPieces;
+
+const QString totalOfList = QStringLiteral("TotalAmount");
+constexpr double lineHeight = 76;
+constexpr double gapBetween = 60;
+
+QString utf8(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// A formula that is empty where there is no row to compute it from.
+ReportSource::Formula ofRow(std::function<double(const ReportValues&)> compute)
+{
+    return [compute = std::move(compute)](const ReportValues& values) -> QVariant {
+        return values.HasRow() ? QVariant(compute(values)) : QVariant();
+    };
+}
+
+ReportSource::Formula sumOf(const QList<Line>& lines)
+{
+    return ofRow([lines](const ReportValues& values) {
+        double sum = 0;
+        for (const Line& line : lines)
+            sum += line.Amount(values).toDouble();
+        return sum;
+    });
+}
+
+/// What is paid out: the total, as its field shows it, less loan and funds.
+std::function<double(const ReportValues&)>
+remaining(const std::function<double(const ReportValues&)>& totalOf)
+{
+    return [totalOf](const ReportValues& values) {
+        return Val(GeneralFormat(totalOf(values))) - values.Number(QStringLiteral("Recloan"))
+               - values.Number(QStringLiteral("KFFund")) - values.Number(QStringLiteral("GPFund"));
+    };
+}
+
+/// A caption at the right, small English under it, the amount at the left.
+void addLine(ReportSection& section, const Line& line, double left, double width, double top,
+             bool strong)
+{
+    constexpr double amountPart = 0.42;
+    const QFont::Weight weight = strong ? QFont::Bold : QFont::Normal;
+    const QByteArray name(line.Name);
+    const double amountWidth = width * amountPart;
+    const QRectF label(left + amountWidth, top, width - amountWidth, 50);
+    ReportObject urdu = Text("Lbl" + name, label, ReportText::Urdu(36, weight),
+                             utf8(line.Label.Urdu));
+    ReportObject english = Text("LblEnglish" + name, label.translated(0, 45).adjusted(0, 0, 0, -22),
+                                ReportText::Latin(22), utf8(line.Label.English));
+    english.Direction = Qt::LeftToRight;
+    english.Color = QColor(0x55, 0x5d, 0x69);
+    ReportObject amount = Field("Fld" + name, QRectF(left, top, amountWidth, 50),
+                                ReportText::Latin(33, weight), Formula(line.Amount),
+                                ValueFormat::Amount);
+    amount.Direction = Qt::LeftToRight;
+    section.Objects += {urdu, english, amount};
+}
+
+/// A heading, lines, and their sum under a rule.
+double addColumn(ReportSection& section, const Caption& heading, const QList<Line>& lines,
+                 const Line& sum, qsizetype rows, double left, double width, double top)
+{
+    ReportObject urdu = Text("TxtHeading", QRectF(left, top, width, 56),
+                             ReportText::Urdu(37, QFont::Bold), utf8(heading.Urdu));
+    ReportObject english = Text("TxtHeadingEnglish", QRectF(left, top, width, 56),
+                                ReportText::Latin(24), utf8(heading.English));
+    english.Direction = Qt::LeftToRight;
+    english.Alignment = Qt::AlignLeft;
+    english.Color = QColor(0x55, 0x5d, 0x69);
+    section.Objects += {urdu, english, HLine(top + 62, left, left + width)};
+    double y = top + 72;
+    for (const Line& line : lines) {
+        addLine(section, line, left, width, y, false);
+        y += lineHeight;
+    }
+    // The sums of both columns stand on one line.
+    y = top + 72 + double(rows) * lineHeight;
+    section.Objects.append(HLine(y, left, left + width));
+    addLine(section, sum, left, width, y + 8, true);
+    return y + 8 + lineHeight;
+}
+
+ReportSection payAndDeductions(const Design& design, double width)
+{
+    ReportSection section{.Kind = design.List.isEmpty() ? SectionKind::Details
+                                                        : SectionKind::ReportFooter,
+                          .Name = QStringLiteral("PaySection")};
+    const QList<Line> deductions = Deductions();
+    const qsizetype rows = std::max(design.Pay.size(), deductions.size());
+    const double column = (width - gapBetween) / 2;
+    addColumn(section, {"تنخواہ", "Pay"}, design.Pay,
+              {"SumPay", {"کل تنخواہ", "Pay in all"}, sumOf(design.Pay)}, rows,
+              column + gapBetween, column, 10);
+    const double end = addColumn(section, {"کٹوتی", "Deductions"}, deductions,
+                                 {"SumDeductions", {"کل کٹوتی", "Deductions in all"},
+                                  sumOf(deductions)},
+                                 rows, 0, column, 10);
+
+    // The two totals that the screen shows, the latter what is paid out.
+    constexpr double boxHeight = 104;
+    ReportObject box;
+    box.Name = QStringLiteral("BoxTotals");
+    box.Kind = ObjectKind::Box;
+    box.Place = QRectF(0, end + 16, width, boxHeight);
+    box.Radius = 16;
+    box.LineWidth = 3;
+    box.FillColor = 0xf4f2f0;
+    section.Objects.append(box);
+    constexpr double pad = 24;
+    const double top = end + 28;
+    addLine(section,
+            {"Total", {"میزان قبل از قرض و فنڈ", "Total before loan and funds"},
+             ofRow(design.TotalOf)},
+            column + gapBetween - pad, column, top, true);
+    addLine(section, {"Remaining", {"قابل ادائیگی", "Net pay"}, ofRow(remaining(design.TotalOf))},
+            pad, column - pad, top, true);
+    section.Height = end + 16 + boxHeight + 10;
+    return section;
+}
+
+} // namespace
+
+Line ColumnLine(const char* column, const Caption& label)
+{
+    const QString name = utf8(column);
+    return Line{column, label, [name](const ReportValues& values) { return values.Column(name); }};
+}
+
+QList<Line> Deductions()
+{
+    return {ColumnLine("Advance", {"ایڈوانس", "Advance"}),
+            ColumnLine("Less", {"کٹوتی", "Less"}),
+            ColumnLine("Recloan", {"وصولی قرض", "Loan recovered"}),
+            ColumnLine("KFFund", {"کے ایف فنڈ", "KF fund"}),
+            ColumnLine("GPFund", {"جی پی فنڈ", "GP fund"})};
+}
+
+QList<Line> PayWithList(const Caption& list)
+{
+    return {ColumnLine("BasicSalary", {"بنیادی تنخواہ", "Basic pay"}),
+            Line{"ListTotal", list, ofRow([](const ReportValues& values) {
+                     return values.Total(totalOfList);
+                 })},
+            ColumnLine("Other", {"دیگر", "Other"})};
+}
+
+double TotalWithList(const ReportValues& values)
+{
+    return values.Number(QStringLiteral("BasicSalary")) - values.Number(QStringLiteral("Advance"))
+           - values.Number(QStringLiteral("Less")) + values.Total(totalOfList)
+           + values.Number(QStringLiteral("Other"));
+}
+
+ReportDefinition Definition(const Design& design)
+{
+    const QList<Caption> copies = {{"ملازم کاپی", "Employee's copy"},
+                                   {"دفتری کاپی", "Office copy"}};
+    const QList<LabelledField> person = {
+        {"Person", {"نام", "Name"}, Column(design.NameColumn), ValueFormat::Plain, true},
+        {"StaffID", {"کوڈ", "Code"}, Column("StaffID")},
+        {"FName", {"ولدیت", "Father's name"}, Column("FName"), ValueFormat::Plain, true},
+        {"SalaryMonth", {"مہینہ", "Month"}, Column("SalaryMonth"), ValueFormat::Month},
+        {"Designation", {"عہدہ", "Post"}, Column("Designation"), ValueFormat::Plain, true},
+        {"Address", {"پتہ", "Address"}, Column("Address"), ValueFormat::Plain, true},
+    };
+    const auto key = [](const ReportValues& values) -> QVariant {
+        return QString(TextOf(values.Column(QStringLiteral("StaffID"))) + u' '
+                       + ReportText::Of(values.Column(QStringLiteral("SalaryMonth")),
+                                        ValueFormat::Month));
+    };
+
+    ReportDefinition definition{.Name = utf8(design.ReportName),
+                                .Title = utf8(design.Title),
+                                .Key = key,
+                                .Paper = QPageSize::A5,
+                                .Margins = QMarginsF(100, 100, 100, 80),
+                                .Parameters = {CopyParameter()}};
+    const double width = definition.Width();
+    definition.Sections = {Header(design.Heading, copies, width),
+                           Fields("ReportHeaderSection2", person, 2, width),
+                           Continuation(design.Heading, key, width)};
+    if (!design.List.isEmpty()) {
+        definition.Sections += {ListHeads(design.List, width), ListRow(design.List, width),
+                                ListTotals(design.List, width)};
+    }
+    definition.Sections += {payAndDeductions(design, width),
+                            Signatures({{"دستخط ملازم", "Employee"},
+                                        {"دستخط اکاؤنٹنٹ", "Accountant"},
+                                        {"دستخط منیجر", "Manager"}},
+                                       width),
+                            Footer(width)};
+    return definition;
+}
+
+Statement Source(const char* text, const QString& staffId, const QDate& month)
+{
+    return Statement(text).Bind("StaffID", staffId).Bind("month", month);
+}
+
+} // namespace TradeForms::PaySlip

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "reports/ReportDefinition.h"
+
+#include <QList>
+#include <QString>
+
+// The few pieces of which all reports are made, so that they look like one family. Texts are
+// given as literals in UTF-8.
+
+namespace TradeForms::ReportPieces {
+
+/// A caption in both languages.
+struct Caption {
+    const char* Urdu = "";
+    const char* English = "";
+};
+
+// ---- Single objects
+
+ReportSource Column(const char* name);
+ReportSource Total(const char* name);
+ReportSource Formula(ReportSource::Formula compute);
+
+ReportObject Text(const char* name, const QRectF& place, const QFont& font, const QString& text);
+ReportObject Field(const char* name, const QRectF& place, const QFont& font, ReportSource source,
+                   ValueFormat format = ValueFormat::Plain);
+ReportObject HLine(double top, double left, double right, double width = 2);
+
+// ---- What a report begins and ends with
+
+/// The header that Report::ReportHeaderSection1_Format fills: title and copy at the left, the
+/// company's name in the middle, the logo at the right. Copies are named by the numeric first
+/// parameter, from 1.
+ReportSection Header(const Caption& title, const QList<Caption>& copies, double width);
+/// At the top of the pages after the first one: the title with the voucher's key.
+ReportSection Continuation(const Caption& title, const ReportSource::Formula& key, double width);
+/// Lines to sign on, at the bottom of the last page.
+ReportSection Signatures(const QList<Caption>& signers, double width);
+/// Page x of y, date and user of printing.
+ReportSection Footer(double width);
+/// The numeric parameter that all reports have.
+ReportParameter CopyParameter();
+
+// ---- A voucher's data
+
+struct LabelledField {
+    const char* Name = "";
+    Caption Label;
+    ReportSource Source;
+    ValueFormat Format = ValueFormat::Plain;
+    bool Urdu = false;
+};
+
+/// Rows of fields, each with its label at its right; so many stand in a row, from the right.
+ReportSection Fields(const char* name, const QList<LabelledField>& fields, int inRow,
+                     double width);
+
+// ---- A list
+
+struct ListColumn {
+    enum class Holds { Code, Name, Quantity, Amount };
+
+    const char* Column = "";
+    Caption Head;
+    double Left = 0;
+    double Width = 0;
+    Holds What = Holds::Name;
+    bool Totalled = false;
+};
+
+/// The heads of the columns, on each page.
+ReportSection ListHeads(const QList<ListColumn>& columns, double width);
+/// One row of the list; names that are too long take more lines.
+ReportSection ListRow(const QList<ListColumn>& columns, double width);
+/// The totals under their columns; each is named like its column.
+ReportSection ListTotals(const QList<ListColumn>& columns, double width);
+
+} // namespace TradeForms::ReportPieces
