@@ -4,7 +4,6 @@
 #include "reports/Document.h"
 
 #include <QPageLayout>
-#include <QPageSize>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -12,19 +11,6 @@
 #include <algorithm>
 
 namespace TradeForms {
-
-namespace {
-
-/// The whole sheet, without margins: the document brings its own.
-QPageLayout sheetOf(const Document& document)
-{
-    const QSizeF size = document.PageSize() / 10;
-    const bool landscape = size.width() > size.height();
-    return {QPageSize(landscape ? size.transposed() : size, QPageSize::Millimeter),
-            landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()};
-}
-
-} // namespace
 
 SystemPrinters::~SystemPrinters() = default;
 
@@ -84,7 +70,7 @@ void PrinterPort::Print(const Document& document, const PrintJob& job)
     printer->setDocName(job.Copy.isEmpty() ? job.Title
                                            : QStringLiteral("%1 (%2)").arg(job.Title, job.Copy));
     printer->setFullPage(true);
-    printer->setPageLayout(sheetOf(document));
+    printer->setPageLayout(document.PageLayout());
     QPainter painter;
     if (!painter.begin(printer.get())) {
         throw failed(QStringLiteral("does not take the document"));

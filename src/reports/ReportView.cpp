@@ -28,9 +28,7 @@ QColor ground()
 
 QColor hitColor(bool current)
 {
-    QColor color = current ? QColor(0xff, 0x9d, 0x2e) : QColor(0xff, 0xe0, 0x66);
-    color.setAlpha(current ? 150 : 120);
-    return color;
+    return current ? QColor(0xff, 0xb3, 0x4d) : QColor(0xff, 0xee, 0xa0);
 }
 
 int kibOf(const QSize& pixels)
@@ -365,6 +363,8 @@ const QPixmap* ReportView::picture(int index)
 
 void ReportView::paintHits(QPainter& painter, int index)
 {
+    // As a marker on paper: what is black stays black.
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     const auto before = [](const Document::Match& hit, int page) { return hit.Page < page; };
     for (auto it = std::lower_bound(hits_.begin(), hits_.end(), index, before);
          it != hits_.end() && it->Page == index; ++it) {
@@ -373,6 +373,7 @@ void ReportView::paintHits(QPainter& painter, int index)
                              hitColor(it - hits_.begin() == hit_));
         }
     }
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
 // ---- Events

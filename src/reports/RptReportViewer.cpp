@@ -111,17 +111,17 @@ QWidget* RptReportViewer::composeTools()
         return new Caption(utf8(urdu), utf8(english));
     };
     row->addWidget(caption("تلاش", "Search Ctrl+F"));
-    TxtSearch.setMinimumWidth(130);
+    TxtSearch.setMinimumWidth(110);
     row->addWidget(&TxtSearch, 1);
     row->addWidget(&BtnPreviousHit);
     row->addWidget(&BtnNextHit);
-    LblHits.setMinimumWidth(LblHits.fontMetrics().horizontalAdvance(QStringLiteral("0000 / 0000")));
+    LblHits.setMinimumWidth(LblHits.fontMetrics().horizontalAdvance(QStringLiteral("000 / 000")));
     row->addWidget(&LblHits);
     row->addSpacing(Look::Space());
 
     row->addWidget(caption("صفحہ", "Page Ctrl+G"));
     TxtPage.SetMasked(true);
-    TxtPage.setFixedWidth(64);
+    TxtPage.setFixedWidth(56);
     row->addWidget(&TxtPage);
     row->addWidget(&LblPages);
     row->addSpacing(Look::Space());
