@@ -27,6 +27,10 @@ constexpr Argument arguments[] = {
     {"user", "NAME",
      "Log in as NAME. The password is the first line of standard input; a terminal is asked "
      "for it; where there is neither, the login window asks."},
+    {"print-to", "DIR",
+     "Print into a folder: each copy becomes a PDF file of its own. Without it pages go to the "
+     "system's printer, and where there is none, into the folder TradeForms among the user's "
+     "documents."},
     {"open", "SCREEN", "Open a screen right after login, by its name: GatePassForm."},
     {"create-sample", "",
      "Make the sample company where the database does not exist yet. Goes on with --user or "
@@ -83,6 +87,12 @@ Options ReadOptions(const QStringList& words)
     }
 
     options.Database = given("database") ? value("database") : defaultDatabase();
+    if (given("print-to")) {
+        options.PrintTo = value("print-to");
+        if (options.PrintTo.isEmpty()) {
+            return refuse(QStringLiteral("--print-to takes a folder."));
+        }
+    }
     options.UserName = given("user") ? value("user") : value("first-administrator");
     options.CreateSample = given("create-sample");
     if (given("first-administrator")) {

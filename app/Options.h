@@ -24,6 +24,7 @@ struct Options {
     QString Message; ///< for ShowHelp and Refuse
 
     QString Database;
+    QString PrintTo;              ///< folder for printed pages; empty: the system's printer
     QString UserName;             ///< empty: ask
     const Screen* Open = nullptr; ///< the screen to open after login, if any
     bool CreateSample = false;    ///< also with Run: make the company first if it is missing

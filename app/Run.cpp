@@ -11,12 +11,14 @@
 
 #include <TradeForms/Connection.h>
 #include <TradeForms/Failure.h>
+#include <TradeForms/Printing.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 #include <iostream>
 
@@ -46,6 +48,38 @@ int tellFailure(const QString& text)
         QMessageBox::critical(nullptr, QStringLiteral("TradeForms"), text);
     }
     return ExitFailed;
+}
+
+/// Beside the work, not in its way: the copies go on being printed.
+void tellOfFolder(const QString& folder)
+{
+    const QString text = QStringLiteral("There is no printer on this computer. What is printed is "
+                                        "kept as PDF files in the folder %1.")
+                             .arg(QDir::toNativeSeparators(folder));
+    say(text);
+    if (boxesCanBeSeen()) {
+        auto* box = new QMessageBox(QMessageBox::Information, QStringLiteral("TradeForms"), text,
+                                    QMessageBox::Ok);
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setModal(false);
+        box->show();
+    }
+}
+
+/// Where printed pages go. Raises Failure where the folder cannot be made.
+void choosePrinter(const Options& options)
+{
+    if (options.PrintTo.isEmpty()) {
+        const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+        TradeForms::Printing::UsePrinter(documents.filePath(QStringLiteral("TradeForms")),
+                                         tellOfFolder);
+        return;
+    }
+    if (!QDir().mkpath(options.PrintTo)) {
+        throw Failure(QStringLiteral("The folder %1 for printed pages cannot be made.")
+                          .arg(QDir::toNativeSeparators(options.PrintTo)));
+    }
+    TradeForms::Printing::UseFolder(QDir(options.PrintTo).absolutePath());
 }
 
 void makeSample(const Options& options)
@@ -194,6 +228,7 @@ int RunHost(const Options& options)
     // The menu ends the program; that the login window or a form closes does not.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
+        choosePrinter(options);
         return companyIsThere(options) ? runCompany(options) : ExitFailed;
     } catch (const std::exception& failure) {
         return tellFailure(QString::fromUtf8(failure.what()));
