@@ -6,6 +6,8 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 
+#include <stdexcept>
+
 namespace TradeForms {
 
 namespace {
@@ -119,6 +121,14 @@ void SchPrint::attach()
             ParaOutPrint.clear();
         }
     });
+}
+
+OptionButton& SchPrint::Option(int number) const
+{
+    if (number < 1 || number > choices_.size()) {
+        throw std::out_of_range("SchPrint::Option");
+    }
+    return choices_[number - 1].Option;
 }
 
 void SchPrint::Load()

@@ -37,6 +37,8 @@ public:
     /// Shows the dialog modally over the owner and returns when it has been unloaded.
     void Show(QWidget* owner);
 
+    /// Option1 to Option4 by their number. Raises std::out_of_range for another.
+    OptionButton& Option(int number) const;
     OptionButton& Option1; ///< Copy One
     OptionButton& Option2; ///< Copy Two
     OptionButton& Option3; ///< Copy Three
