@@ -2,12 +2,12 @@
 
 #include "controls/Look.h"
 #include "data/Connection.h"
-#include "data/Failure.h"
 #include "data/Numbers.h"
 #include "data/Recordset.h"
 #include "frame/Authorisation.h"
 #include "host/HostContext.h"
 #include "host/UserSecurity.h"
+#include "reports/CrpGatePassDetail.h"
 #include "search/Catalogue.h"
 
 #include <QBoxLayout>
@@ -52,17 +52,11 @@ VoucherDeclaration gatePass()
     };
 }
 
-constexpr const char* PrintStatement =
-    " Select GatePassHeader.*,GatePassBody.ProductID,GatePassBody.OutNewProducts,"
-    "GatePassBody.ReturnOldProducts,GatePassBody.ReturnNewProducts,BranchName,"
-    "Products.ProductName, d.Name, r.name as Receiving "
-    " from GatePassHeader"
-    " inner join GatePassBody on GatePassHeader.GatePassID=GatePassBody.GatePassID"
-    " inner join Branches on GatePassHeader.BranchCode=Branches.BranchCode"
-    " inner join Products on GatePassBody.ProductID=Products.ProductID"
-    " left outer join Staff d on GatePassHeader.DriverCode=d.StaffID"
-    " left outer join Staff r on GatePassHeader.ReceivingCode=r.StaffID"
-    " Where GatePassHeader.GatePassID = {id}";
+/// Option2 and Option3 stay as the last print has left them.
+CopyDeclaration copies()
+{
+    return {.Shown = {4}, .Copies = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}};
+}
 
 QVariant usersBranch()
 {
@@ -367,10 +361,17 @@ void FrmGatePass::SaveVoucher()
 
 void FrmGatePass::PrintVoucher()
 {
-    Recordset report;
-    report.Open(WithId(PrintStatement), HostContext::Database(), CursorType::Static,
-                LockType::ReadOnly, -1);
-    throw Failure(QStringLiteral("The printed gate pass is not built yet. Nothing was printed."));
+    PrintReport.Feed(std::make_shared<CrpGatePassDetail>(),
+                     CrpGatePassDetail::Source(TxtGatePassID.Text()));
+    PrintReport.PrintCopies(copies(), this);
+}
+
+void FrmGatePass::ConfirmClose(bool& cancel)
+{
+    VoucherForm::ConfirmClose(cancel);
+    if (!cancel) {
+        PrintReport.Close();
+    }
 }
 
 bool FrmGatePass::TypingCounts(const Control& control) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "frame/VoucherForm.h"
+#include "reports/FormReport.h"
 
 namespace TradeForms {
 
@@ -49,10 +50,13 @@ public:
     LookupCode LookupBranch;
     LookupCode LookupProduct;
 
+    FormReport PrintReport; ///< what the gate pass in print is fed with
+
 protected:
     void ClearVoucher() override;
     void SaveVoucher() override;
     void PrintVoucher() override;
+    void ConfirmClose(bool& cancel) override;
     bool TypingCounts(const Control& control) const override;
 
 private:

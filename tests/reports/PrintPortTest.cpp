@@ -6,6 +6,7 @@
 #include "reports/PrintPort.h"
 #include "reports/PrinterPort.h"
 #include "reports/SampleReport.h"
+#include "support/Pdf.h"
 
 #include <QDir>
 #include <QFile>

@@ -7,6 +7,7 @@
 #include "reports/SampleReport.h"
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
+#include "support/Pdf.h"
 
 #include <QApplication>
 #include <QScrollBar>

@@ -1,24 +1,10 @@
 #include "reports/SampleReport.h"
 
-#include <QProcess>
-#include <QTemporaryFile>
-
-#include <gtest/gtest.h>
-
 namespace tests {
 
 using namespace TradeForms;
 
 namespace {
-
-QString output(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished(60'000) && process.exitCode() == 0)
-        << qPrintable(program) << ' ' << qPrintable(QString::fromUtf8(process.readAllStandardError()));
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 QFont type()
 {
@@ -112,32 +98,6 @@ std::shared_ptr<Report> SampleReport::Make(const QString& title) const
                           QStringLiteral("LPT1"));
     report->SetParameter(1, QStringLiteral("1"));
     return report;
-}
-
-QString TextOfPdf(const QString& file)
-{
-    return output(QStringLiteral("pdftotext"),
-                  {QStringLiteral("-layout"), file, QStringLiteral("-")});
-}
-
-QString TextOfPdf(const QByteArray& pdf)
-{
-    QTemporaryFile file;
-    EXPECT_TRUE(file.open());
-    file.write(pdf);
-    file.flush();
-    return TextOfPdf(file.fileName());
-}
-
-QString PdfInfo(const QString& file, const QString& name)
-{
-    const QStringList lines = output(QStringLiteral("pdfinfo"), {file}).split(u'\n');
-    for (const QString& line : lines) {
-        if (line.startsWith(name + u':')) {
-            return line.mid(name.size() + 1).trimmed();
-        }
-    }
-    return {};
 }
 
 } // namespace tests

@@ -26,10 +26,4 @@ private:
     std::shared_ptr<TradeForms::Recordset> rows_;
 };
 
-/// What pdftotext reads in a file or in a document's bytes; pages are divided by \f.
-QString TextOfPdf(const QString& file);
-QString TextOfPdf(const QByteArray& pdf);
-/// What pdfinfo tells under a name, "Page size".
-QString PdfInfo(const QString& file, const QString& name);
-
 } // namespace tests

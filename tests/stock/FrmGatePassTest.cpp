@@ -246,33 +246,6 @@ TEST_F(FrmGatePassTest, AChangeOfTheBranchAfterRowsWereEnteredDoesNotRecheckThem
     EXPECT_EQ(BodyOf(1), QStringList({s("101|15|null|null")}));
 }
 
-TEST_F(FrmGatePassTest, PrintingAfterSaveUsesTheIdStillOnTheScreen)
-{
-    Open();
-    EnterHeader();
-    EnterRow(s("101"), s("3"));
-    boxes.Expect(PrintQuestion(), MsgAnswer::Yes);
-    QString idWhilePrinting;
-    boxes.Expect(Failed(s("The printed gate pass is not built yet. Nothing was printed.")),
-                 MsgAnswer::Ok, [&] { idWhilePrinting = It().TxtGatePassID.Text(); });
-    Ctrl(Qt::Key_S);
-    EXPECT_EQ(idWhilePrinting, s("1"));
-    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
-    EXPECT_EQ(Count(s("GatePassHeader")), 1);
-}
-
-TEST_F(FrmGatePassTest, BtnPrintPrintsAnOpenedPass)
-{
-    Open();
-    const int id = Stored();
-    EXPECT_FALSE(It().BtnPrint.IsEnabled());
-    OpenStored(id);
-    EXPECT_TRUE(It().BtnPrint.IsEnabled());
-    boxes.Expect(Failed(s("The printed gate pass is not built yet. Nothing was printed.")));
-    Ctrl(Qt::Key_P);
-    EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
-}
-
 TEST_F(FrmGatePassTest, ClickingAnOptionsLabelSelectsIt)
 {
     Open();
