@@ -130,6 +130,7 @@ QWidget* SearchWindow::composeFields()
         const QString english = utf8(field.Caption.English);
         Txt* txt = field.TypesUrdu ? new UTxt(utf8(field.Name), english)
                                    : new Txt(utf8(field.Name), english);
+        txt->setMinimumWidth(field.TypesUrdu ? 150 : 90);
         const QString way = field.Is == SearchField::Kind::Jump ? QStringLiteral("jumps")
                                                                 : QStringLiteral("filters");
         row->addWidget(
