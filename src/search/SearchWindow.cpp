@@ -386,7 +386,9 @@ void SearchWindow::showRow()
     if (lblBalance_) {
         QStringList texts;
         for (const QByteArray& statement : is_.LblBalance) {
-            texts << (none ? QString() : TextOf(readAboutRow(statement).Fields(0).Value()));
+            if (!none) {
+                texts << TextOf(readAboutRow(statement).Fields(0).Value());
+            }
         }
         lblBalance_->SetText(texts.join(u' '));
     }
