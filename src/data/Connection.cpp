@@ -12,6 +12,11 @@ std::shared_ptr<Connection> Connection::Open(const QString& file, Mode mode)
                                                              : OpenCompanyFile(file));
 }
 
+std::shared_ptr<Connection> Connection::OpenServer(const QString&)
+{
+    throw ProviderFailure(QStringLiteral("This program is not built to reach a server."));
+}
+
 Connection::Connection(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
 
 Connection::~Connection() = default;

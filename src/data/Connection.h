@@ -49,6 +49,14 @@ public:
     /// A company of an older schema version is brought up to date.
     static std::shared_ptr<Connection> Open(const QString& file, Mode mode = Mode::ReadWrite);
 
+    /// Opens the company that a database server holds, by an ODBC connection string:
+    /// "DSN=Company;UID=clerk;PWD=..." or "Driver={...};Server=...;Database=...".
+    ///
+    /// Raises ProviderFailure with a text for the user where there is no such source or driver,
+    /// where the server refuses or cannot be reached (in its own words), and where the database
+    /// holds no company of this library's schema version.
+    static std::shared_ptr<Connection> OpenServer(const QString& connectionString);
+
     explicit Connection(std::unique_ptr<Engine> engine);
     ~Connection();
     Connection(const Connection&) = delete;

@@ -19,6 +19,20 @@ QString Engine::TextOf(const Statement& statement) const
     }
 }
 
+std::shared_ptr<const Snapshot> Engine::Run(const QString& statement, Purpose purpose)
+{
+    std::shared_ptr<Snapshot> snapshot;
+    Scan(
+        statement,
+        [&](const std::shared_ptr<const Shape>& columns) {
+            snapshot = std::make_shared<Snapshot>(columns);
+        },
+        [&](std::string_view row) { snapshot->Append(row); }, purpose);
+    if (snapshot)
+        snapshot->Finish();
+    return snapshot;
+}
+
 void Engine::BeginTrans()
 {
     if (InTransaction())

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace TradeForms {
@@ -47,9 +48,18 @@ public:
     /// Whether a result's rows are to be written back, which takes to know where they come from.
     enum class Purpose { Read, Write };
 
+    using Begin = std::function<void(const std::shared_ptr<const Shape>& columns)>;
+    using Each = std::function<void(std::string_view row)>;
+
+    /// Runs one statement in the server's dialect and hands its rows over as they are read,
+    /// keeping none: `begin` once with the columns, then `each` with the encoded cells of a row,
+    /// which live until it returns. Neither is called where the statement gives no rows at all.
+    /// What they raise ends the reading. Nothing else may be run here meanwhile.
+    virtual void Scan(const QString& statement, const Begin& begin, const Each& each,
+                      Purpose purpose = Purpose::Read) = 0;
+
     /// Runs one statement in the server's dialect. Null where the statement gives no rows.
-    virtual std::shared_ptr<const Snapshot> Run(const QString& statement,
-                                                Purpose purpose = Purpose::Read) = 0;
+    std::shared_ptr<const Snapshot> Run(const QString& statement, Purpose purpose = Purpose::Read);
     /// A writer for the rows of a result that has a base table.
     virtual std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) = 0;
     virtual const TradeForms::Dialect& Dialect() const = 0;

@@ -143,12 +143,13 @@ std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept, Purpose purpose)
     return kept.Columns;
 }
 
-std::shared_ptr<const Snapshot> SqliteEngine::Run(const QString& statement, Purpose purpose)
+void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
+                        Purpose purpose)
 {
     const AdaptedStatement& ready = adapted(statement);
     if (ready.Procedure) {
         Atomically([&] { functions_.Call(ready.Procedure->Name, ready.Procedure->Arguments); });
-        return nullptr;
+        return;
     }
     Kept& kept = keptStatement(ready.Text);
     sqlite3_stmt* compiled = kept.Compiled.get();
@@ -156,16 +157,14 @@ std::shared_ptr<const Snapshot> SqliteEngine::Run(const QString& statement, Purp
     bool hasRow = Step(compiled);
     const int columns = sqlite3_column_count(compiled);
     if (columns == 0)
-        return nullptr;
-    auto snapshot = std::make_shared<Snapshot>(shapeOf(kept, purpose));
+        return;
+    begin(shapeOf(kept, purpose));
     for (; hasRow; hasRow = Step(compiled)) {
         row_.clear();
         for (int column = 0; column < columns; ++column)
             AppendCell(row_, ReadColumn(compiled, column));
-        snapshot->Append(row_);
+        each(row_);
     }
-    snapshot->Finish();
-    return snapshot;
 }
 
 std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const Shape> shape)

@@ -19,8 +19,8 @@ public:
     explicit SqliteEngine(Handle handle);
     ~SqliteEngine() override;
 
-    std::shared_ptr<const Snapshot> Run(const QString& statement,
-                                        Purpose purpose = Purpose::Read) override;
+    void Scan(const QString& statement, const Begin& begin, const Each& each,
+              Purpose purpose = Purpose::Read) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
 
