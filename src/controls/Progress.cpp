@@ -1,0 +1,108 @@
+#include "controls/Progress.h"
+
+#include "controls/Form.h"
+#include "controls/Look.h"
+#include "controls/Pieces.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+#include <QProgressBar>
+#include <QWindow>
+
+namespace TradeForms {
+
+namespace {
+
+const int kPause = 40; ///< milliseconds of work between two looks at the user
+
+} // namespace
+
+class Progress::Box : public Form {
+public:
+    Box(const QString& urdu, const QString& english, int rows)
+    {
+        setObjectName(QStringLiteral("Progress"));
+        SetWindowCaption(english);
+
+        auto* strip = new TitleStrip(urdu, english);
+        strip->ImgMin().SetVisible(false);
+        strip->ImgExit().SetVisible(false);
+
+        Look::Dress(*bar_, Look::LatinFont());
+        bar_->setRange(0, rows);
+        bar_->setAccessibleName(english);
+        bar_->setMinimumWidth(360);
+        auto* room = new QVBoxLayout;
+        room->setContentsMargins(20, 20, 20, 20);
+        room->addWidget(bar_);
+
+        auto* cancel = new JeweledButton(QStringLiteral("BtnCancel"), QStringLiteral("منسوخ"),
+                                         QStringLiteral("Cancel"), QStringLiteral("Esc"));
+        cancel->OnClick = [this] { cancelled_ = true; };
+
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(1, 1, 1, 1);
+        column->setSpacing(0);
+        column->addWidget(strip);
+        column->addLayout(room);
+        column->addWidget(ButtonBar({}, {cancel}));
+    }
+
+    void Show(int row) { bar_->setValue(row); }
+    bool IsCancelled() const { return cancelled_; }
+
+protected:
+    void FormKeyDown(KeyPress& key) override
+    {
+        cancelled_ = cancelled_ || key.Code == Qt::Key_Escape || key.Code == Qt::Key_Return;
+        key.Swallow();
+    }
+
+    // Closing it is a way to stop the work; it goes when that has stopped.
+    void QueryUnload(bool& cancel) override { cancel = cancelled_ = true; }
+
+private:
+    QProgressBar* bar_ = new QProgressBar;
+    bool cancelled_ = false;
+};
+
+Progress::Progress(QWidget* owner, const QString& urdu, const QString& english, int rows)
+    : owner_(owner ? owner->window() : nullptr), rows_(rows)
+{
+    if (rows_ < LongWork)
+        return;
+    box_ = std::make_unique<Box>(urdu, english, rows_);
+    box_->setWindowModality(Qt::ApplicationModal);
+    box_->winId(); // the native window has to exist before it can belong to another
+    box_->windowHandle()->setTransientParent(owner_ ? owner_->windowHandle() : nullptr);
+    box_->ShowOver(owner_);
+    show();
+}
+
+Progress::~Progress()
+{
+    if (!box_)
+        return;
+    box_->hide();
+    if (owner_ && owner_->isVisible())
+        owner_->activateWindow();
+}
+
+void Progress::show()
+{
+    QCoreApplication::processEvents();
+    sinceShown_.start();
+}
+
+bool Progress::Reached(int row)
+{
+    if (!box_)
+        return true;
+    if (sinceShown_.elapsed() >= kPause) {
+        box_->Show(row);
+        show();
+    }
+    return !box_->IsCancelled();
+}
+
+} // namespace TradeForms
