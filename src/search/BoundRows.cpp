@@ -27,13 +27,15 @@ int BoundRows::RowCount() const
     return rows_.IsOpen() ? rows_.RecordCount() : 0;
 }
 
-QString BoundRows::Text(int row, int column) const
+QVariant BoundRows::Value(int row, int column) const
 {
     const int field = fieldOfColumn_[std::size_t(column)];
-    if (field < 0) {
-        return QString();
-    }
-    const QVariant value = rows_.ValueAt(row, field);
+    return field < 0 ? QVariant() : rows_.ValueAt(row, field);
+}
+
+QString BoundRows::Text(int row, int column) const
+{
+    const QVariant value = Value(row, column);
     if (columns_[column].Is == SearchColumn::Kind::Month) {
         return QLocale(QLocale::English).toString(value.toDate(), QStringLiteral("MMM-yyyy"));
     }

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QString>
+#include <QVariant>
 
 #include <vector>
 
@@ -20,6 +21,9 @@ public:
     void Drop();
     Recordset& Rows() { return rows_; }
     const Recordset& Rows() const { return rows_; }
+
+    /// What stands behind the text; invalid for a null and for a column without a field.
+    QVariant Value(int row, int column) const;
 
     int RowCount() const override;
     QString Text(int row, int column) const override;

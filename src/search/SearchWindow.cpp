@@ -71,7 +71,8 @@ bool jumps(const QString& text)
 
 SearchWindow::SearchWindow(SearchDialog& dialog)
     : dialog_(dialog), is_(dialog.Description()), list_(is_.Columns),
-      lines_(is_.GridDetail.Columns)
+      lines_(is_.GridDetail.Columns),
+      menu_(*this, [this] { return exported(); }, [this] { return grid_->Row(); })
 {
     setObjectName(utf8(is_.Name));
     SetWindowCaption(utf8(is_.WindowTitle ? is_.WindowTitle : is_.Title.English));
@@ -221,6 +222,10 @@ void SearchWindow::attach()
             SetFocus(firstField());
             firstField().SetText(text);
         }
+    };
+    grid_->OnRightPress = [this](const QPoint& position) {
+        jumpTo(grid_->Row()); // the row under the mouse is marked, and that one alone
+        menu_.Show(position);
     };
     btnSelect_->OnClick = [this] { select(); };
     btnClose_->OnClick = [this] { leaveEmpty(); };
@@ -432,6 +437,20 @@ void SearchWindow::leaveEmpty()
     Unload();
 }
 
+ExportList SearchWindow::exported() const
+{
+    ExportList list;
+    list.Name = utf8(is_.Title.English);
+    list.Rows = list_.RowCount();
+    for (const SearchColumn& column : is_.Columns) {
+        list.Columns.append(
+            {utf8(column.Caption.Urdu) + utf8(" · ") + utf8(column.Caption.English), column.Width});
+    }
+    list.Value = [this](int row, int column) { return list_.Value(row, column); };
+    list.Text = [this](int row, int column) { return list_.Text(row, column); };
+    return list;
+}
+
 void SearchWindow::FormKeyDown(KeyPress& key)
 {
     switch (key.Code) {
@@ -458,6 +477,11 @@ void SearchWindow::FormKeyDown(KeyPress& key)
         }
         return;
     default:
+        if (key.IsCtrl(Qt::Key_C) && IsActive(*grid_)) {
+            key.Swallow();
+            menu_.CopyRow();
+            return;
+        }
         Form::FormKeyDown(key);
     }
 }

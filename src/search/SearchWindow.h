@@ -7,6 +7,7 @@
 #include "controls/Pieces.h"
 #include "controls/Txt.h"
 #include "search/BoundRows.h"
+#include "search/ListMenu.h"
 #include "search/SearchDialog.h"
 
 #include <vector>
@@ -61,6 +62,7 @@ private:
     void showRow();
     void select();
     void leaveEmpty();
+    ExportList exported() const;
 
     SearchDialog& dialog_;
     const SearchDescription& is_;
@@ -79,6 +81,7 @@ private:
     JeweledButton* btnClose_ = nullptr;
     JeweledButton* btnFilter_ = nullptr;
     TitleStrip* title_ = nullptr;
+    ListMenu menu_;
 };
 
 } // namespace TradeForms
