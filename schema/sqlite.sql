@@ -7,7 +7,7 @@
 -- Columns stand in the order in which `select *` has to give them.
 
 PRAGMA application_id = 1415857773;
-PRAGMA user_version = 1;
+PRAGMA user_version = 2;
 
 -- Masters, kept by the host
 
@@ -116,7 +116,8 @@ CREATE TABLE GatePassBody (
     ReturnOldProducts NUMERIC,
     ReturnNewProducts NUMERIC
 );
-CREATE INDEX GatePassBody_GatePassID ON GatePassBody (GatePassID, ProductID);
+CREATE INDEX GatePassBody_GatePassID
+    ON GatePassBody (GatePassID, ProductID, OutNewProducts, ReturnOldProducts, ReturnNewProducts);
 CREATE INDEX GatePassBody_ProductID
     ON GatePassBody (ProductID, GatePassID, OutNewProducts, ReturnNewProducts);
 
@@ -181,6 +182,17 @@ CREATE INDEX StockInDetailBody_StockID ON StockInDetailBody (StockID, ProductID)
 CREATE INDEX StockInDetailBody_ProductID ON StockInDetailBody (ProductID);
 CREATE INDEX StockInDetailBody_EngineNo ON StockInDetailBody (EngineNo, ChasisNo, ProductID);
 CREATE INDEX StockInDetailBody_ChasisNo ON StockInDetailBody (ChasisNo);
+
+-- How much there is of each product in each branch, and in how many movements it came and went.
+-- The sum over all movements takes the longer the more there have been; this is always at hand.
+-- No statement writes it: the triggers at the end of this script do.
+CREATE TABLE StockLevels (
+    ProductID  TEXT COLLATE CI NOT NULL,
+    BranchCode INTEGER NOT NULL,
+    Stock      NUMERIC NOT NULL,
+    Movements  INTEGER NOT NULL,
+    PRIMARY KEY (ProductID, BranchCode)
+) WITHOUT ROWID;
 
 -- Instalment accounts
 
@@ -319,7 +331,7 @@ CREATE TABLE RecoveryBody (
     ReceiptNo     INTEGER,
     Amount        NUMERIC
 );
-CREATE INDEX RecoveryBody_VoucherID ON RecoveryBody (VoucherID, ReceiptNo);
+CREATE INDEX RecoveryBody_VoucherID ON RecoveryBody (VoucherID, ReceiptNo, Amount);
 CREATE INDEX RecoveryBody_InsCustomerID ON RecoveryBody (InsCustomerID, VoucherDate, Amount);
 CREATE INDEX RecoveryBody_VoucherDate ON RecoveryBody (VoucherDate);
 
@@ -339,7 +351,7 @@ CREATE TABLE ConcessionBody (
     Remarks       TEXT COLLATE CI,
     Amount        NUMERIC
 );
-CREATE INDEX ConcessionBody_VoucherID ON ConcessionBody (VoucherID);
+CREATE INDEX ConcessionBody_VoucherID ON ConcessionBody (VoucherID, Amount);
 CREATE INDEX ConcessionBody_InsCustomerID ON ConcessionBody (InsCustomerID, VoucherDate, Amount);
 
 CREATE TABLE ReturnHeader (
@@ -360,7 +372,7 @@ CREATE TABLE ReturnBody (
     TotalAmount   NUMERIC,
     Amount        NUMERIC
 );
-CREATE INDEX ReturnBody_VoucherID ON ReturnBody (VoucherID);
+CREATE INDEX ReturnBody_VoucherID ON ReturnBody (VoucherID, Amount);
 CREATE INDEX ReturnBody_InsCustomerID ON ReturnBody (InsCustomerID, VoucherDate, Amount);
 
 CREATE TABLE ReturnProducts (
@@ -527,7 +539,7 @@ CREATE TABLE WorkShopPartsBody (
     Qty       NUMERIC,
     Amount    NUMERIC
 );
-CREATE INDEX WorkShopPartsBody_VoucherID ON WorkShopPartsBody (VoucherID, PartID);
+CREATE INDEX WorkShopPartsBody_VoucherID ON WorkShopPartsBody (VoucherID, PartID, Amount);
 CREATE INDEX WorkShopPartsBody_PartID ON WorkShopPartsBody (PartID);
 
 -- Partnership
@@ -621,25 +633,158 @@ CREATE INDEX tempproduct_InsCustomerID ON tempproduct (InsCustomerID);
 
 -- Views
 
--- What came in, went out, and was carried by gate passes: one pass over each. Old pieces and
--- products that a customer returns are not new stock. The conditions on product and name are
--- taken over into the search because the groups are formed byte by byte; the rows of one kind of
--- movement are found by the product, and by nothing for the other two kinds.
+-- What came in, went out, and was carried by gate passes. Old pieces and products that a customer
+-- returns are not new stock.
+CREATE VIEW StockMovements AS
+SELECT b.ProductID AS ProductID, h.BranchCode AS BranchCode, b.Qty AS Qty, 1 AS Movements
+FROM StockInHeader h JOIN StockInBody b ON b.StockID = h.StockID
+UNION ALL
+SELECT b.ProductID, h.BranchCode, -b.Qty, 1
+FROM StockOutHeader h JOIN StockOutBody b ON b.StockID = h.StockID
+UNION ALL
+SELECT b.ProductID, h.BranchCode, ifnull(b.ReturnNewProducts, 0) - ifnull(b.OutNewProducts, 0), 1
+FROM GatePassHeader h JOIN GatePassBody b ON b.GatePassID = h.GatePassID;
+
 CREATE VIEW vuCurrentStock AS
-SELECT p.ProductID AS ProductID, p.ProductName AS ProductName,
-       coalesce(ih.BranchCode, oh.BranchCode, gh.BranchCode) AS BranchCode,
-       round(total(ib.Qty) - total(ob.Qty) - total(gb.OutNewProducts)
-             + total(gb.ReturnNewProducts), 4) AS Stock
-FROM Products p
-CROSS JOIN (SELECT 1 AS Kind UNION ALL SELECT 2 UNION ALL SELECT 3) k
-LEFT JOIN StockInBody ib ON ib.ProductID = CASE k.Kind WHEN 1 THEN p.ProductID END
-LEFT JOIN StockInHeader ih ON ih.StockID = ib.StockID
-LEFT JOIN StockOutBody ob ON ob.ProductID = CASE k.Kind WHEN 2 THEN p.ProductID END
-LEFT JOIN StockOutHeader oh ON oh.StockID = ob.StockID
-LEFT JOIN GatePassBody gb ON gb.ProductID = CASE k.Kind WHEN 3 THEN p.ProductID END
-LEFT JOIN GatePassHeader gh ON gh.GatePassID = gb.GatePassID
-WHERE coalesce(ih.BranchCode, oh.BranchCode, gh.BranchCode) IS NOT NULL
-GROUP BY p.ProductID COLLATE BINARY, p.ProductName COLLATE BINARY,
-         coalesce(ih.BranchCode, oh.BranchCode, gh.BranchCode);
+SELECT p.ProductID AS ProductID, p.ProductName AS ProductName, l.BranchCode AS BranchCode,
+       round(l.Stock, 4) AS Stock
+FROM StockLevels l JOIN Products p ON p.ProductID = l.ProductID
+WHERE l.Movements > 0;
 
 CREATE VIEW vuAccounts AS SELECT * FROM Accounts;
+
+-- What keeps StockLevels. A row inserted into StockMovements is a movement that came; with its
+-- quantity and its count negative, one that is gone.
+
+CREATE TRIGGER StockMovements_Insert INSTEAD OF INSERT ON StockMovements
+WHEN NEW.ProductID IS NOT NULL AND NEW.BranchCode IS NOT NULL BEGIN
+    INSERT INTO StockLevels (ProductID, BranchCode, Stock, Movements)
+    VALUES (NEW.ProductID, NEW.BranchCode, ifnull(NEW.Qty, 0) + 0, NEW.Movements)
+    ON CONFLICT DO UPDATE SET Stock = Stock + excluded.Stock,
+                              Movements = Movements + excluded.Movements;
+END;
+
+CREATE TRIGGER StockInBody_Insert AFTER INSERT ON StockInBody BEGIN
+    INSERT INTO StockMovements
+    SELECT NEW.ProductID, BranchCode, NEW.Qty, 1
+    FROM StockInHeader WHERE StockID = NEW.StockID;
+END;
+CREATE TRIGGER StockInBody_Delete AFTER DELETE ON StockInBody BEGIN
+    INSERT INTO StockMovements
+    SELECT OLD.ProductID, BranchCode, -OLD.Qty, -1
+    FROM StockInHeader WHERE StockID = OLD.StockID;
+END;
+CREATE TRIGGER StockInBody_Update AFTER UPDATE OF StockID, ProductID, Qty
+ON StockInBody BEGIN
+    INSERT INTO StockMovements
+    SELECT OLD.ProductID, BranchCode, -OLD.Qty, -1
+    FROM StockInHeader WHERE StockID = OLD.StockID;
+    INSERT INTO StockMovements
+    SELECT NEW.ProductID, BranchCode, NEW.Qty, 1
+    FROM StockInHeader WHERE StockID = NEW.StockID;
+END;
+CREATE TRIGGER StockInHeader_Insert AFTER INSERT ON StockInHeader BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, NEW.BranchCode, Qty, 1
+    FROM StockInBody WHERE StockID = NEW.StockID;
+END;
+CREATE TRIGGER StockInHeader_Delete AFTER DELETE ON StockInHeader BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, OLD.BranchCode, -Qty, -1
+    FROM StockInBody WHERE StockID = OLD.StockID;
+END;
+CREATE TRIGGER StockInHeader_Update AFTER UPDATE OF StockID, BranchCode ON StockInHeader
+WHEN OLD.StockID IS NOT NEW.StockID OR OLD.BranchCode IS NOT NEW.BranchCode BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, OLD.BranchCode, -Qty, -1
+    FROM StockInBody WHERE StockID = OLD.StockID;
+    INSERT INTO StockMovements
+    SELECT ProductID, NEW.BranchCode, Qty, 1
+    FROM StockInBody WHERE StockID = NEW.StockID;
+END;
+
+CREATE TRIGGER StockOutBody_Insert AFTER INSERT ON StockOutBody BEGIN
+    INSERT INTO StockMovements
+    SELECT NEW.ProductID, BranchCode, -NEW.Qty, 1
+    FROM StockOutHeader WHERE StockID = NEW.StockID;
+END;
+CREATE TRIGGER StockOutBody_Delete AFTER DELETE ON StockOutBody BEGIN
+    INSERT INTO StockMovements
+    SELECT OLD.ProductID, BranchCode, OLD.Qty, -1
+    FROM StockOutHeader WHERE StockID = OLD.StockID;
+END;
+CREATE TRIGGER StockOutBody_Update AFTER UPDATE OF StockID, ProductID, Qty
+ON StockOutBody BEGIN
+    INSERT INTO StockMovements
+    SELECT OLD.ProductID, BranchCode, OLD.Qty, -1
+    FROM StockOutHeader WHERE StockID = OLD.StockID;
+    INSERT INTO StockMovements
+    SELECT NEW.ProductID, BranchCode, -NEW.Qty, 1
+    FROM StockOutHeader WHERE StockID = NEW.StockID;
+END;
+CREATE TRIGGER StockOutHeader_Insert AFTER INSERT ON StockOutHeader BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, NEW.BranchCode, -Qty, 1
+    FROM StockOutBody WHERE StockID = NEW.StockID;
+END;
+CREATE TRIGGER StockOutHeader_Delete AFTER DELETE ON StockOutHeader BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, OLD.BranchCode, Qty, -1
+    FROM StockOutBody WHERE StockID = OLD.StockID;
+END;
+CREATE TRIGGER StockOutHeader_Update AFTER UPDATE OF StockID, BranchCode ON StockOutHeader
+WHEN OLD.StockID IS NOT NEW.StockID OR OLD.BranchCode IS NOT NEW.BranchCode BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, OLD.BranchCode, Qty, -1
+    FROM StockOutBody WHERE StockID = OLD.StockID;
+    INSERT INTO StockMovements
+    SELECT ProductID, NEW.BranchCode, -Qty, 1
+    FROM StockOutBody WHERE StockID = NEW.StockID;
+END;
+
+CREATE TRIGGER GatePassBody_Insert AFTER INSERT ON GatePassBody BEGIN
+    INSERT INTO StockMovements
+    SELECT NEW.ProductID, BranchCode, ifnull(NEW.ReturnNewProducts, 0)
+           - ifnull(NEW.OutNewProducts, 0), 1
+    FROM GatePassHeader WHERE GatePassID = NEW.GatePassID;
+END;
+CREATE TRIGGER GatePassBody_Delete AFTER DELETE ON GatePassBody BEGIN
+    INSERT INTO StockMovements
+    SELECT OLD.ProductID, BranchCode, ifnull(OLD.OutNewProducts, 0)
+           - ifnull(OLD.ReturnNewProducts, 0), -1
+    FROM GatePassHeader WHERE GatePassID = OLD.GatePassID;
+END;
+CREATE TRIGGER GatePassBody_Update AFTER UPDATE OF GatePassID, ProductID, OutNewProducts, ReturnNewProducts
+ON GatePassBody BEGIN
+    INSERT INTO StockMovements
+    SELECT OLD.ProductID, BranchCode, ifnull(OLD.OutNewProducts, 0)
+           - ifnull(OLD.ReturnNewProducts, 0), -1
+    FROM GatePassHeader WHERE GatePassID = OLD.GatePassID;
+    INSERT INTO StockMovements
+    SELECT NEW.ProductID, BranchCode, ifnull(NEW.ReturnNewProducts, 0)
+           - ifnull(NEW.OutNewProducts, 0), 1
+    FROM GatePassHeader WHERE GatePassID = NEW.GatePassID;
+END;
+CREATE TRIGGER GatePassHeader_Insert AFTER INSERT ON GatePassHeader BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, NEW.BranchCode, ifnull(ReturnNewProducts, 0)
+           - ifnull(OutNewProducts, 0), 1
+    FROM GatePassBody WHERE GatePassID = NEW.GatePassID;
+END;
+CREATE TRIGGER GatePassHeader_Delete AFTER DELETE ON GatePassHeader BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, OLD.BranchCode, ifnull(OutNewProducts, 0)
+           - ifnull(ReturnNewProducts, 0), -1
+    FROM GatePassBody WHERE GatePassID = OLD.GatePassID;
+END;
+CREATE TRIGGER GatePassHeader_Update AFTER UPDATE OF GatePassID, BranchCode ON GatePassHeader
+WHEN OLD.GatePassID IS NOT NEW.GatePassID OR OLD.BranchCode IS NOT NEW.BranchCode BEGIN
+    INSERT INTO StockMovements
+    SELECT ProductID, OLD.BranchCode, ifnull(OutNewProducts, 0)
+           - ifnull(ReturnNewProducts, 0), -1
+    FROM GatePassBody WHERE GatePassID = OLD.GatePassID;
+    INSERT INTO StockMovements
+    SELECT ProductID, NEW.BranchCode, ifnull(ReturnNewProducts, 0)
+           - ifnull(OutNewProducts, 0), 1
+    FROM GatePassBody WHERE GatePassID = NEW.GatePassID;
+END;

@@ -56,6 +56,16 @@ bool Connection::InTransaction() const
     return engine_->InTransaction();
 }
 
+void Connection::BeginLoad()
+{
+    Run([&] { engine_->BeginLoad(); });
+}
+
+void Connection::EndLoad(const std::function<void(int, int)>& progress)
+{
+    Run([&] { engine_->EndLoad(progress); });
+}
+
 const TradeForms::Dialect& Connection::Dialect() const
 {
     return engine_->Dialect();

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace TradeForms {
@@ -74,6 +75,14 @@ public:
     void CommitTrans();
     void RollbackTrans();
     bool InTransaction() const;
+
+    /// Fills a new company with a great many rows: rows that are added between the two calls are
+    /// written many times faster. On the embedded engine they are written without indexes, and
+    /// without waiting for the disk; EndLoad makes the indexes and tells how many of how many
+    /// steps are done. A file whose load was not ended cannot be opened: make it anew. Outside of
+    /// a transaction. BeginLoad raises ProviderFailure where the company holds rows already.
+    void BeginLoad();
+    void EndLoad(const std::function<void(int done, int steps)>& progress = {});
 
     const ErrorList& Errors() const { return errors_; }
 

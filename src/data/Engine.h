@@ -70,6 +70,10 @@ public:
     void RollbackTrans();
     bool InTransaction() const { return isBegun_ && isOpenBelow(); }
 
+    /// Prepares an empty database for being filled with a great many rows; see Connection.
+    virtual void BeginLoad() {}
+    virtual void EndLoad(const std::function<void(int done, int steps)>&) {}
+
     /// Runs the work all or none: within the open transaction, or in one of its own.
     void Atomically(const std::function<void()>& work);
 

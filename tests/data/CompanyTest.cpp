@@ -173,25 +173,13 @@ TEST_F(Company, StockIsWhatCameInLessWhatWentOut)
     EXPECT_EQ(sums.ValueAt(1, 2), QVariant(0.0));
 }
 
-TEST_F(Company, StockOfOneProductReadsOnlyThatProductsRows)
+TEST_F(Company, StockOfOneProductReadsItsOneLevel)
 {
     const Recordset plan = connection_->Execute(
         "EXPLAIN QUERY PLAN SELECT * from vuCurrentStock WHERE ProductID='101' and branchcode =1");
-    QStringList bodies;
-    for (int position = 0; position < plan.RecordCount(); ++position) {
-        const QString step = plan.ValueAt(position, 3).toString();
-        if (step.startsWith(QStringLiteral("SCAN"))) {
-            // The three kinds of movement, and the view's own rows.
-            EXPECT_TRUE(step == QStringLiteral("SCAN CONSTANT ROW") ||
-                        step == QStringLiteral("SCAN k") ||
-                        step == QStringLiteral("SCAN vuCurrentStock"))
-                << step.toStdString();
-        }
-        if (step.contains(QStringLiteral("(ProductID=?)")))
-            bodies.append(step.section(u' ', 1, 1));
-    }
-    EXPECT_EQ(bodies, (QStringList{QStringLiteral("p"), QStringLiteral("ib"), QStringLiteral("ob"),
-                                   QStringLiteral("gb")}));
+    ASSERT_EQ(plan.RecordCount(), 2);
+    for (int step = 0; step < 2; ++step)
+        EXPECT_TRUE(plan.ValueAt(step, 3).toString().startsWith(QStringLiteral("SEARCH")));
 }
 
 TEST_F(Company, AccountsAreAllAccounts)

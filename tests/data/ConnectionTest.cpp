@@ -127,7 +127,7 @@ TEST(Open, ADatabaseOfAnotherProgramIsRefusedAndLeftAlone)
 TEST(Open, ACompanyOfANewerVersionIsRefused)
 {
     const TestCompany company;
-    company.Run("PRAGMA user_version=2");
+    company.Run("PRAGMA user_version=3");
     EXPECT_EQ(openFailure(company.File()),
               QStringLiteral("'%1' was made by a newer version of this program. Install that "
                              "version to open it.")

@@ -16,7 +16,7 @@ namespace {
 
 // Both stand in the schema script as well, which writes them into a new file.
 constexpr qint64 applicationId = 0x5464466D;
-constexpr qint64 schemaVersion = 1;
+constexpr qint64 schemaVersion = 2;
 
 [[noreturn]] void raise(const QString& description, const QString& file, int number)
 {
@@ -58,13 +58,6 @@ std::unique_ptr<SqliteEngine> openEngine(const QString& file, std::chrono::milli
     return engine;
 }
 
-/// A commit is on the disk when it returns; readers and a writer do not hinder each other.
-void configure(sqlite3* handle)
-{
-    RunScript(handle, "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL;"
-                      "PRAGMA cache_size = -16384; PRAGMA temp_store = MEMORY;");
-}
-
 void requireCompany(sqlite3* handle, const QString& file)
 {
     const qint64 owner = ReadInteger(handle, "PRAGMA application_id");
@@ -80,6 +73,77 @@ void requireCompany(sqlite3* handle, const QString& file)
     if (sqlite3_db_readonly(handle, "main") != 0)
         raise(QStringLiteral("'%1' is read-only. Nothing could be saved in it."), file,
               SQLITE_READONLY);
+}
+
+/// Something that the schema names: a table, an index, a view or a trigger.
+struct SchemaObject {
+    QByteArray Kind;
+    QByteArray Name;
+    QByteArray Definition;
+};
+
+QByteArray readBytes(sqlite3_stmt* statement, int column)
+{
+    const std::string_view text = ReadColumn(statement, column).Bytes;
+    return QByteArray(text.data(), qsizetype(text.size()));
+}
+
+/// What the schema script makes, in the order in which it can be made. What belongs to a table
+/// without a definition of its own is left out.
+QList<SchemaObject> schemaObjects()
+{
+    sqlite3* raw = nullptr;
+    sqlite3_open(":memory:", &raw);
+    SqliteEngine model{Handle(raw)};
+    RunScript(model.Raw(), SqliteSchemaScript());
+    const PreparedStatement read =
+        Prepare(model.Raw(), "SELECT type, name, sql FROM sqlite_master WHERE sql IS NOT NULL"
+                             " AND name NOT LIKE 'sqlite%' ORDER BY rowid");
+    QList<SchemaObject> objects;
+    while (Step(read.get()))
+        objects.append(
+            {readBytes(read.get(), 0), readBytes(read.get(), 1), readBytes(read.get(), 2)});
+    return objects;
+}
+
+QByteArray definitionOf(sqlite3* handle, const SchemaObject& object)
+{
+    const PreparedStatement read =
+        Prepare(handle, "SELECT sql FROM sqlite_master WHERE type = ?1 AND name = ?2");
+    BindText(read.get(), 1, {object.Kind.constData(), std::size_t(object.Kind.size())});
+    BindText(read.get(), 2, {object.Name.constData(), std::size_t(object.Name.size())});
+    return Step(read.get()) ? readBytes(read.get(), 0) : QByteArray();
+}
+
+/// Makes what an older company lacks, and anew what is defined otherwise by now. Tables that are
+/// there keep their rows and columns, and whatever a host has added stays.
+void makeObjects(sqlite3* handle)
+{
+    for (const SchemaObject& object : schemaObjects()) {
+        const QByteArray present = definitionOf(handle, object);
+        if (present == object.Definition || (!present.isEmpty() && object.Kind == "table"))
+            continue;
+        if (!present.isEmpty())
+            RunScript(handle, ("DROP " + object.Kind + ' ' + object.Name).constData());
+        RunScript(handle, object.Definition.constData());
+    }
+}
+
+/// Brings a company of an older version up to date, all or nothing. Of two who open it at once
+/// the second finds it done.
+void bringUpToDate(SqliteEngine& engine)
+{
+    sqlite3* handle = engine.Raw();
+    const auto isOld = [&] { return ReadInteger(handle, "PRAGMA user_version") < schemaVersion; };
+    if (!isOld())
+        return;
+    engine.Atomically([&] {
+        if (!isOld())
+            return;
+        makeObjects(handle);
+        FillStockLevels(handle);
+        MarkAsCompany(handle);
+    });
 }
 
 } // namespace
@@ -99,7 +163,8 @@ std::unique_ptr<Engine> OpenCompanyFile(const QString& file, std::chrono::millis
 
     auto engine = openEngine(path, lockWait);
     requireCompany(engine->Raw(), path);
-    configure(engine->Raw());
+    ConfigureCompany(engine->Raw());
+    bringUpToDate(*engine);
     return engine;
 }
 
@@ -116,13 +181,35 @@ std::unique_ptr<Engine> CreateCompanyFile(const QString& file)
 
     try {
         auto engine = openEngine(path, customaryLockWait);
-        configure(engine->Raw());
+        ConfigureCompany(engine->Raw());
         engine->Atomically([&] { RunScript(engine->Raw(), SqliteSchemaScript()); });
         return engine;
     } catch (...) {
         QFile::remove(path);
         throw;
     }
+}
+
+void ConfigureCompany(sqlite3* handle)
+{
+    RunScript(handle, "PRAGMA synchronous = FULL; PRAGMA journal_mode = WAL;"
+                      "PRAGMA cache_size = -16384; PRAGMA temp_store = MEMORY;");
+}
+
+void MarkAsCompany(sqlite3* handle)
+{
+    const QByteArray mark = "PRAGMA user_version = " + QByteArray::number(schemaVersion);
+    RunScript(handle, mark.constData());
+}
+
+void FillStockLevels(sqlite3* handle)
+{
+    RunScript(handle, "DELETE FROM StockLevels;"
+                      "INSERT INTO StockLevels (ProductID, BranchCode, Stock, Movements)"
+                      " SELECT ProductID, BranchCode, total(Qty), sum(Movements)"
+                      " FROM StockMovements"
+                      " WHERE ProductID IS NOT NULL AND BranchCode IS NOT NULL"
+                      " GROUP BY ProductID, BranchCode");
 }
 
 } // namespace TradeForms

@@ -7,6 +7,8 @@
 #include <chrono>
 #include <memory>
 
+struct sqlite3;
+
 namespace TradeForms {
 
 /// How long another process that holds a lock is waited for.
@@ -19,5 +21,16 @@ std::unique_ptr<Engine> OpenCompanyFile(const QString& file,
 
 /// Makes a company file, which must not exist, with the schema in it. Raises ProviderFailure.
 std::unique_ptr<Engine> CreateCompanyFile(const QString& file);
+
+/// Sets what a company is worked on with: a commit is on the disk when it returns; readers and a
+/// writer do not hinder each other. All that was written before is on the disk as well then.
+void ConfigureCompany(sqlite3* handle);
+
+/// Marks the file as a whole company of this version.
+void MarkAsCompany(sqlite3* handle);
+
+/// Works out anew how much there is of each product in each branch. The schema's triggers keep
+/// it from then on.
+void FillStockLevels(sqlite3* handle);
 
 } // namespace TradeForms

@@ -172,4 +172,25 @@ std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const Shape> 
     return std::make_unique<SqliteRowWriter>(*this, std::move(shape));
 }
 
+void SqliteEngine::BeginLoad()
+{
+    if (load_)
+        throw ProviderFailure(QStringLiteral("A bulk load has begun already."), SQLITE_MISUSE);
+    if (isOpenBelow())
+        throw ProviderFailure(QStringLiteral("A bulk load cannot begin within a transaction."),
+                              SQLITE_MISUSE);
+    load_.emplace(handle_.get());
+}
+
+void SqliteEngine::EndLoad(const std::function<void(int, int)>& progress)
+{
+    if (!load_)
+        throw ProviderFailure(QStringLiteral("No bulk load has begun."), SQLITE_MISUSE);
+    if (isOpenBelow())
+        throw ProviderFailure(QStringLiteral("A bulk load cannot end within a transaction."),
+                              SQLITE_MISUSE);
+    load_->Finish(progress);
+    load_.reset();
+}
+
 } // namespace TradeForms

@@ -2,6 +2,7 @@
 
 #include "data/Engine.h"
 #include "data/sqlite/Adapter.h"
+#include "data/sqlite/BulkLoad.h"
 #include "data/sqlite/CompanyFunctions.h"
 #include "data/sqlite/Handle.h"
 
@@ -9,6 +10,7 @@
 #include <QElapsedTimer>
 
 #include <chrono>
+#include <optional>
 
 namespace TradeForms {
 
@@ -23,6 +25,9 @@ public:
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
+
+    void BeginLoad() override;
+    void EndLoad(const std::function<void(int done, int steps)>& progress) override;
 
     /// How long another process that holds the lock is waited for; at first not at all.
     void SetLockWait(std::chrono::milliseconds wait) { lockWait_ = wait; }
@@ -62,6 +67,7 @@ private:
     QCache<QString, AdaptedStatement> adapted_;
     QCache<QByteArray, Kept> prepared_;
     CompanyFunctions functions_;
+    std::optional<BulkLoad> load_;
     std::string row_; // of the row being read
 };
 

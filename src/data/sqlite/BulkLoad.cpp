@@ -1,0 +1,73 @@
+#include "data/sqlite/BulkLoad.h"
+
+#include "data/Failure.h"
+#include "data/sqlite/CompanyFile.h"
+
+namespace TradeForms {
+
+namespace {
+
+/// The first column of every row, as text.
+QList<QByteArray> readTexts(sqlite3* handle, const QByteArray& query)
+{
+    const PreparedStatement statement = Prepare(handle, query, false);
+    QList<QByteArray> texts;
+    while (Step(statement.get())) {
+        const std::string_view text = ReadColumn(statement.get(), 0).Bytes;
+        texts.append(QByteArray(text.data(), qsizetype(text.size())));
+    }
+    return texts;
+}
+
+// A sort takes as much memory as the cache, and the rest of it goes to a file: ten million texts
+// would not fit. Failed statements are still undone.
+constexpr const char* loadSettings = "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF;"
+                                     "PRAGMA cache_size = -131072; PRAGMA temp_store = FILE;"
+                                     "PRAGMA user_version = 0;";
+
+} // namespace
+
+BulkLoad::BulkLoad(sqlite3* handle) : handle_(handle)
+{
+    requireEmpty();
+    RunScript(handle_, loadSettings);
+    putAside();
+}
+
+void BulkLoad::requireEmpty() const
+{
+    for (const QByteArray& table :
+         readTexts(handle_, "SELECT name FROM sqlite_master WHERE type = 'table'"
+                            " AND name NOT LIKE 'sqlite%'")) {
+        if (ReadInteger(handle_, "SELECT EXISTS (SELECT 1 FROM [" + table + "])") != 0)
+            throw ProviderFailure(QStringLiteral("Only a new company can be filled in bulk: '%1' "
+                                                 "holds rows.")
+                                      .arg(QString::fromUtf8(table)),
+                                  SQLITE_MISUSE);
+    }
+}
+
+/// Indexes that belong to a key stay: they have no definition of their own.
+void BulkLoad::putAside()
+{
+    const QByteArray kept = " FROM sqlite_master WHERE type IN ('index', 'trigger')"
+                            " AND sql IS NOT NULL ORDER BY type, tbl_name, name";
+    definitions_ = readTexts(handle_, "SELECT sql" + kept);
+    for (const QByteArray& drop :
+         readTexts(handle_, "SELECT 'DROP ' || type || ' [' || name || ']'" + kept))
+        RunScript(handle_, drop.constData());
+}
+
+void BulkLoad::Finish(const std::function<void(int, int)>& progress)
+{
+    for (qsizetype done = 0; done < definitions_.size(); ++done) {
+        RunScript(handle_, definitions_[done].constData());
+        if (progress)
+            progress(int(done) + 1, int(definitions_.size()));
+    }
+    FillStockLevels(handle_);
+    ConfigureCompany(handle_);
+    MarkAsCompany(handle_);
+}
+
+} // namespace TradeForms
