@@ -20,6 +20,10 @@ OverflowFailure::OverflowFailure() : Failure(QStringLiteral("Overflow")) {}
 
 OverflowFailure::~OverflowFailure() = default;
 
+CancelledFailure::CancelledFailure() : Failure(QStringLiteral("Cancelled")) {}
+
+CancelledFailure::~CancelledFailure() = default;
+
 TypeMismatchFailure::TypeMismatchFailure() : Failure(QStringLiteral("Type mismatch")) {}
 
 TypeMismatchFailure::~TypeMismatchFailure() = default;

@@ -45,6 +45,13 @@ public:
     ~OverflowFailure() override;
 };
 
+/// Work that was stopped at the user's wish.
+class TRADEFORMS_EXPORT CancelledFailure : public Failure {
+public:
+    CancelledFailure();
+    ~CancelledFailure() override;
+};
+
 /// A value that cannot be read as the type that is asked for. Its description is "Type mismatch".
 class TRADEFORMS_EXPORT TypeMismatchFailure : public Failure {
 public:

@@ -27,6 +27,7 @@ const QHash<QString, QSet<QString>>& mayInclude()
         {s("entry"),
          {s("data"), s("host"), s("stock"), s("installment"), s("payroll"), s("frame")}},
         {s("app"), {}},
+        {s("tools"), {}},
     };
     return allowed;
 }
@@ -55,7 +56,7 @@ QString publicHeaderRoom(const QString& name)
 QStringList roomViolations(const QString& path, const QString& content)
 {
     const QString room = roomOf(path);
-    const bool isHost = room == QLatin1String("app");
+    const bool isHost = room == QLatin1String("app") || room == QLatin1String("tools");
     QStringList violations;
     static const QRegularExpression include(
         QStringLiteral("^\\s*#\\s*include\\s*[<\"]([^>\"]+)[>\"]"),

@@ -25,7 +25,8 @@ QStringList sources(const QString& folder)
 
 TEST(Rooms, NoFileIncludesARoomAboveItsOwn)
 {
-    const QStringList files = sources(QStringLiteral("src")) + sources(QStringLiteral("app"));
+    const QStringList files = sources(QStringLiteral("src")) +
+                              sources(QStringLiteral("app")) + sources(QStringLiteral("tools"));
     ASSERT_GT(files.size(), 40);
     for (const QString& path : files) {
         QFile file(QStringLiteral(SOURCE_DIR "/") + path);
@@ -48,11 +49,13 @@ TEST(Rooms, TheRuleFires)
     EXPECT_TRUE(broken("src/stock/FrmGatePass.cpp", "#include \"host/Forms.h\"\n"));
     EXPECT_TRUE(broken("src/host/HostContext.cpp", "#include <TradeForms/Forms.h>\n"));
     EXPECT_TRUE(broken("app/MainWindow.cpp", "#include \"data/Connection.h\"\n"));
+    EXPECT_TRUE(broken("tools/backup/main.cpp", "#include \"data/Backup.h\"\n"));
     EXPECT_TRUE(broken("src/data/Numbers.cpp", "#include <QWidget>\n"));
 
     EXPECT_FALSE(broken("src/frame/VoucherForm.cpp", "#include \"data/Numbers.h\"\n"));
     EXPECT_FALSE(broken("src/host/Forms.cpp", "#include \"stock/FrmGatePass.h\"\n"));
     EXPECT_FALSE(broken("app/MainWindow.cpp", "#include <TradeForms/Forms.h>\n"));
+    EXPECT_FALSE(broken("tools/backup/main.cpp", "#include <TradeForms/Backup.h>\n"));
     EXPECT_FALSE(broken("src/data/Connection.h", "#include <TradeForms/Failure.h>\n"));
 }
 

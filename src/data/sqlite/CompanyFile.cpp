@@ -23,39 +23,16 @@ constexpr qint64 schemaVersion = 2;
     throw ProviderFailure(description.arg(QDir::toNativeSeparators(file)), number);
 }
 
-/// Whether this process may write here. An administrator may write to what is marked read-only
-/// as well, and is told all the same: the mark is there for a reason.
-bool isWritable(const QFileInfo& info)
-{
-    // WriteUser would tell what this user can do, as isWritable does.
-    const auto marks = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    return info.isWritable() && (info.permissions() & marks);
-}
-
 void requireWritableFolder(const QFileInfo& info)
 {
     const QFileInfo folder(info.absolutePath());
     if (!folder.isDir())
         raise(QStringLiteral("The folder of '%1' was not found."), info.absoluteFilePath(),
               SQLITE_CANTOPEN);
-    if (!isWritable(folder))
+    if (!IsWritable(folder))
         raise(QStringLiteral("The folder of '%1' is read-only. A company can be kept only where "
                              "files can be written."),
               info.absoluteFilePath(), SQLITE_READONLY_DIRECTORY);
-}
-
-std::unique_ptr<SqliteEngine> openEngine(const QString& file, std::chrono::milliseconds lockWait)
-{
-    sqlite3* raw = nullptr;
-    const int result = sqlite3_open_v2(
-        file.toUtf8().constData(), &raw,
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
-    Handle handle(raw);
-    if (result != SQLITE_OK)
-        raise(QStringLiteral("'%1' could not be opened."), file, result);
-    auto engine = std::make_unique<SqliteEngine>(std::move(handle));
-    engine->SetLockWait(lockWait);
-    return engine;
 }
 
 void requireCompany(sqlite3* handle, const QString& file)
@@ -70,6 +47,10 @@ void requireCompany(sqlite3* handle, const QString& file)
         raise(QStringLiteral("'%1' was made by a newer version of this program. Install that "
                              "version to open it."),
               file, SQLITE_SCHEMA);
+}
+
+void requireWritable(sqlite3* handle, const QString& file)
+{
     if (sqlite3_db_readonly(handle, "main") != 0)
         raise(QStringLiteral("'%1' is read-only. Nothing could be saved in it."), file,
               SQLITE_READONLY);
@@ -146,23 +127,62 @@ void bringUpToDate(SqliteEngine& engine)
     });
 }
 
+void requireFile(const QFileInfo& info)
+{
+    if (!info.exists())
+        raise(QStringLiteral("The company file '%1' was not found."), info.absoluteFilePath(),
+              SQLITE_CANTOPEN);
+    if (info.isDir())
+        raise(QStringLiteral("'%1' is a folder, not a company file."), info.absoluteFilePath(),
+              SQLITE_CANTOPEN);
+}
+
 } // namespace
+
+bool IsWritable(const QFileInfo& info)
+{
+    // WriteUser would tell what this user can do, as isWritable does.
+    const auto marks = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    return info.isWritable() && (info.permissions() & marks);
+}
+
+std::unique_ptr<SqliteEngine> OpenFile(const QString& file, std::chrono::milliseconds lockWait)
+{
+    sqlite3* raw = nullptr;
+    const int result = sqlite3_open_v2(
+        file.toUtf8().constData(), &raw,
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    Handle handle(raw);
+    if (result != SQLITE_OK)
+        raise(QStringLiteral("'%1' could not be opened."), file, result);
+    auto engine = std::make_unique<SqliteEngine>(std::move(handle));
+    engine->SetLockWait(lockWait);
+    return engine;
+}
+
+std::unique_ptr<SqliteEngine> OpenCompanyToRead(const QString& file,
+                                                std::chrono::milliseconds lockWait)
+{
+    const QFileInfo info(file);
+    requireFile(info);
+    auto engine = OpenFile(info.absoluteFilePath(), lockWait);
+    requireCompany(engine->Raw(), info.absoluteFilePath());
+    return engine;
+}
 
 std::unique_ptr<Engine> OpenCompanyFile(const QString& file, std::chrono::milliseconds lockWait)
 {
     const QFileInfo info(file);
     const QString path = info.absoluteFilePath();
-    if (!info.exists())
-        raise(QStringLiteral("The company file '%1' was not found."), path, SQLITE_CANTOPEN);
-    if (info.isDir())
-        raise(QStringLiteral("'%1' is a folder, not a company file."), path, SQLITE_CANTOPEN);
-    if (!isWritable(info))
+    requireFile(info);
+    if (!IsWritable(info))
         raise(QStringLiteral("'%1' is read-only. Nothing could be saved in it."), path,
               SQLITE_READONLY);
     requireWritableFolder(info);
 
-    auto engine = openEngine(path, lockWait);
+    auto engine = OpenFile(path, lockWait);
     requireCompany(engine->Raw(), path);
+    requireWritable(engine->Raw(), path);
     ConfigureCompany(engine->Raw());
     bringUpToDate(*engine);
     return engine;
@@ -180,7 +200,7 @@ std::unique_ptr<Engine> CreateCompanyFile(const QString& file)
         raise(QStringLiteral("'%1' could not be created."), path, SQLITE_CANTOPEN);
 
     try {
-        auto engine = openEngine(path, customaryLockWait);
+        auto engine = OpenFile(path, customaryLockWait);
         ConfigureCompany(engine->Raw());
         engine->Atomically([&] { RunScript(engine->Raw(), SqliteSchemaScript()); });
         return engine;

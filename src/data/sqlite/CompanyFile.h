@@ -2,6 +2,7 @@
 
 #include "data/Engine.h"
 
+#include <QFileInfo>
 #include <QString>
 
 #include <chrono>
@@ -11,6 +12,8 @@ struct sqlite3;
 
 namespace TradeForms {
 
+class SqliteEngine;
+
 /// How long another process that holds a lock is waited for.
 constexpr std::chrono::milliseconds customaryLockWait{5000};
 
@@ -18,6 +21,18 @@ constexpr std::chrono::milliseconds customaryLockWait{5000};
 /// company, of a newer version, read-only or cannot be opened.
 std::unique_ptr<Engine> OpenCompanyFile(const QString& file,
                                         std::chrono::milliseconds lockWait = customaryLockWait);
+
+/// Opens a file as OpenCompanyFile does, but only to read it: it may be read-only, and is left in
+/// the form in which it is.
+std::unique_ptr<SqliteEngine>
+OpenCompanyToRead(const QString& file, std::chrono::milliseconds lockWait = customaryLockWait);
+
+/// Opens a file without asking what is in it. Raises ProviderFailure.
+std::unique_ptr<SqliteEngine> OpenFile(const QString& file, std::chrono::milliseconds lockWait);
+
+/// Whether a file or folder may be written. An administrator may write to what is marked
+/// read-only as well, and is told all the same: the mark is there for a reason.
+bool IsWritable(const QFileInfo& info);
 
 /// Makes a company file, which must not exist, with the schema in it. Raises ProviderFailure.
 std::unique_ptr<Engine> CreateCompanyFile(const QString& file);

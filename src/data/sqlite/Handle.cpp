@@ -37,6 +37,10 @@ QString constraintText(int code, const QString& message)
 QString textFor(sqlite3* handle, int code)
 {
     const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
+    // By whoever restores a backup, for one.
+    if (code == SQLITE_READONLY_DBMOVED)
+        return QStringLiteral("'%1' was replaced while it was open. Open it again.")
+            .arg(fileOf(handle));
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:

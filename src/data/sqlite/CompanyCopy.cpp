@@ -1,0 +1,187 @@
+#include "data/sqlite/CompanyCopy.h"
+
+#include "data/Failure.h"
+
+#include <QDir>
+#include <QStringList>
+
+#include <utility>
+
+namespace TradeForms {
+
+namespace {
+
+/// Of 4 KiB each: some milliseconds' work, so that a user's wish to stop is soon heard.
+constexpr int pagesAtATime = 1024;
+/// Of SQLite's machine, between two questions whether to go on.
+constexpr int instructionsAtATime = 20'000;
+constexpr int listedDamages = 10;
+
+struct FinishBackup {
+    void operator()(sqlite3_backup* backup) const { sqlite3_backup_finish(backup); }
+};
+using Backup = std::unique_ptr<sqlite3_backup, FinishBackup>;
+
+/// Asks now and then, while one statement runs, whether to go on.
+class StatementWatch {
+public:
+    StatementWatch(sqlite3* handle, const OnProgress& onProgress, Progress progress)
+        : handle_(handle), onProgress_(onProgress), progress_(std::move(progress))
+    {
+        if (onProgress_)
+            sqlite3_progress_handler(handle_, instructionsAtATime, ask, this);
+    }
+    ~StatementWatch() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
+    StatementWatch(const StatementWatch&) = delete;
+    StatementWatch& operator=(const StatementWatch&) = delete;
+
+private:
+    static int ask(void* self)
+    {
+        const auto& watch = *static_cast<StatementWatch*>(self);
+        return watch.onProgress_(watch.progress_) ? 0 : 1;
+    }
+
+    sqlite3* handle_;
+    const OnProgress& onProgress_;
+    Progress progress_;
+};
+
+/// Runs work that a StatementWatch may stop.
+template <class Work> auto stoppable(Work work)
+{
+    try {
+        return work();
+    } catch (const ProviderFailure& failure) {
+        if (failure.Number() == SQLITE_INTERRUPT)
+            throw CancelledFailure();
+        throw;
+    }
+}
+
+QStringList tablesOf(SqliteEngine& engine)
+{
+    const PreparedStatement statement =
+        Prepare(engine.Raw(),
+                "SELECT name FROM sqlite_schema WHERE type = 'table'"
+                " AND name NOT LIKE 'sqlite~_%' ESCAPE '~' ORDER BY name COLLATE NOCASE",
+                false);
+    QStringList tables;
+    while (Step(statement.get())) {
+        const std::string_view name = ReadColumn(statement.get(), 0).Bytes;
+        tables.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
+    }
+    return tables;
+}
+
+[[noreturn]] void raiseCopyFailure(int code, SqliteEngine& from, const QString& file)
+{
+    if ((code & 0xFF) == SQLITE_FULL)
+        throw Failure(QStringLiteral("There is no room left on the disk for '%1'. Nothing was "
+                                     "replaced. Make room and try again.")
+                          .arg(QDir::toNativeSeparators(file)));
+    const QString source = QString::fromUtf8(sqlite3_db_filename(from.Raw(), "main"));
+    throw Failure(QStringLiteral("'%1' could not be copied to '%2': %3. Check the disks and try "
+                                 "again.")
+                      .arg(QDir::toNativeSeparators(source), QDir::toNativeSeparators(file),
+                           QString::fromUtf8(sqlite3_errstr(code))));
+}
+
+Handle openEmpty(const QString& file)
+{
+    sqlite3* raw = nullptr;
+    const int result = sqlite3_open_v2(
+        file.toUtf8().constData(), &raw,
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    Handle handle(raw);
+    if (result != SQLITE_OK)
+        RaiseSqlite(raw);
+    // What is not whole is thrown away; there is nothing to roll back to.
+    RunScript(raw, "PRAGMA journal_mode = OFF");
+    return handle;
+}
+
+} // namespace
+
+void Tell(const OnProgress& onProgress, const Progress& progress)
+{
+    if (onProgress && !onProgress(progress))
+        throw CancelledFailure();
+}
+
+ReadTransaction::ReadTransaction(SqliteEngine& engine) : handle_(engine.Raw())
+{
+    RunScript(handle_, "BEGIN");
+    try {
+        ReadInteger(handle_, "SELECT count(*) FROM sqlite_schema");
+    } catch (...) {
+        sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+ReadTransaction::~ReadTransaction()
+{
+    sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onProgress)
+{
+    const Handle to = openEmpty(file);
+    Backup backup(sqlite3_backup_init(to.get(), "main", from.Raw(), "main"));
+    if (!backup)
+        RaiseSqlite(to.get());
+    int result = SQLITE_OK;
+    while (result == SQLITE_OK) {
+        result = sqlite3_backup_step(backup.get(), pagesAtATime);
+        const int all = sqlite3_backup_pagecount(backup.get());
+        Tell(onProgress, {Stage::Copying, {}, all - sqlite3_backup_remaining(backup.get()), all});
+    }
+    backup.reset();
+    if (result != SQLITE_DONE)
+        raiseCopyFailure(result, from, file);
+    // The copy says of itself, as its source does, that a log belongs to it.
+    RunScript(to.get(), "PRAGMA synchronous = FULL; PRAGMA journal_mode = DELETE");
+}
+
+void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& onProgress)
+{
+    const Progress progress{Stage::Checking, {}, 0, 0};
+    Tell(onProgress, progress);
+    const StatementWatch watch(engine.Raw(), onProgress, progress);
+    QStringList damages;
+    stoppable([&] {
+        const PreparedStatement check = Prepare(
+            engine.Raw(), QByteArrayLiteral("PRAGMA integrity_check(") +
+                              QByteArray::number(listedDamages) + ')',
+            false);
+        while (Step(check.get())) {
+            const std::string_view line = ReadColumn(check.get(), 0).Bytes;
+            if (line != "ok")
+                damages.append(QString::fromUtf8(line.data(), qsizetype(line.size())));
+        }
+    });
+    if (!damages.isEmpty())
+        throw ProviderFailure(QStringLiteral("'%1' is damaged: %2")
+                                  .arg(QDir::toNativeSeparators(file),
+                                       damages.join(QLatin1String("; "))),
+                              SQLITE_CORRUPT);
+}
+
+QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress)
+{
+    const QStringList tables = tablesOf(engine);
+    QList<TableCount> counts;
+    for (const QString& table : tables) {
+        const Progress progress{Stage::Counting, table, counts.size(), tables.size()};
+        Tell(onProgress, progress);
+        const StatementWatch watch(engine.Raw(), onProgress, progress);
+        QString name = table;
+        name.replace(QLatin1Char('"'), QLatin1String("\"\""));
+        const QByteArray query = "SELECT count(*) FROM \"" + name.toUtf8() + '"';
+        counts.append({table, stoppable([&] { return ReadInteger(engine.Raw(), query); })});
+    }
+    return counts;
+}
+
+} // namespace TradeForms

@@ -1,0 +1,129 @@
+#include "data/sqlite/PartFile.h"
+
+#include "data/sqlite/CompanyFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QStorageInfo>
+
+#include <filesystem>
+#include <system_error>
+
+namespace TradeForms {
+
+namespace {
+
+[[noreturn]] void raise(const QString& description, const QString& file)
+{
+    throw Failure(description.arg(QDir::toNativeSeparators(file)));
+}
+
+void requireFolder(const QString& place)
+{
+    const QFileInfo folder(QFileInfo(place).absolutePath());
+    if (!folder.isDir())
+        raise(QStringLiteral("The folder '%1' was not found."), folder.filePath());
+    if (!IsWritable(folder))
+        raise(QStringLiteral("Nothing can be written in the folder '%1': it is read-only."),
+              folder.filePath());
+}
+
+QString withoutLinks(const QString& place)
+{
+    const QFileInfo info(place);
+    return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
+}
+
+QString lockOf(const QString& path)
+{
+    return path + QStringLiteral(".lock");
+}
+
+} // namespace
+
+PartFile::PartFile(const QString& place, Existing existing)
+    : place_(withoutLinks(place)), path_(NameFor(place_)), lock_(lockOf(path_)), existing_(existing)
+{
+    const QFileInfo info(place_);
+    if (info.isDir())
+        raise(QStringLiteral("'%1' is a folder. Name a file."), place_);
+    requireFolder(place_);
+    if (existing == Existing::Keep && info.exists())
+        raise(QStringLiteral("'%1' exists already. It was left as it is."), place_);
+    // However long it takes, it is no less alive.
+    lock_.setStaleLockTime(0);
+    if (!lock_.tryLock())
+        raise(QStringLiteral("Another program is writing '%1' just now."), place_);
+    if (!RemoveDatabase(path_))
+        raise(QStringLiteral("'%1', which an earlier attempt has left, cannot be removed."), path_);
+    if (QFile file(path_); !file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        raise(QStringLiteral("'%1' could not be created."), path_);
+}
+
+PartFile::~PartFile()
+{
+    if (!isPlaced_)
+        RemoveDatabase(path_);
+}
+
+void PartFile::RequireRoom(qint64 bytes) const
+{
+    const QString folder = QFileInfo(place_).absolutePath();
+    const qint64 room = QStorageInfo(folder).bytesAvailable();
+    if (room >= 0 && room < bytes) {
+        const QLocale c = QLocale::c();
+        throw Failure(QStringLiteral("There is no room on the disk of '%1': %2 are needed, and %3 "
+                                     "are free.")
+                          .arg(QDir::toNativeSeparators(folder), c.formattedDataSize(bytes),
+                               c.formattedDataSize(room)));
+    }
+}
+
+void PartFile::TakePlace()
+{
+    for (const char* ending : {"-wal", "-journal"}) {
+        const QString log = place_ + QLatin1String(ending);
+        if (QFileInfo::exists(log))
+            raise(QStringLiteral("'%1' is what is left of another company: it would spoil the one "
+                                 "that is to stand there. Move it away."),
+                  log);
+    }
+    if (existing_ == Existing::Replace)
+        ReplaceFile(path_, place_);
+    else if (!QFile::rename(path_, place_))
+        raise(QStringLiteral("'%1' could not be given its name: another file has taken it."),
+              place_);
+    isPlaced_ = true;
+}
+
+bool PartFile::RemoveLeftOver(const QString& path)
+{
+    QLockFile lock(lockOf(path));
+    lock.setStaleLockTime(0);
+    return lock.tryLock() && RemoveDatabase(path);
+}
+
+bool RemoveDatabase(const QString& file)
+{
+    bool isGone = true;
+    for (const char* ending : {"-wal", "-shm", "-journal", ""}) {
+        const QString path = file + QLatin1String(ending);
+        isGone = (!QFile::exists(path) || QFile::remove(path)) && isGone;
+    }
+    return isGone;
+}
+
+void ReplaceFile(const QString& file, const QString& place)
+{
+    std::error_code error;
+    std::filesystem::rename(QFileInfo(file).filesystemAbsoluteFilePath(),
+                            QFileInfo(place).filesystemAbsoluteFilePath(), error);
+    if (error)
+        throw Failure(QStringLiteral("'%1' could not be replaced: %2.")
+                          .arg(QDir::toNativeSeparators(place),
+                               QString::fromLocal8Bit(error.message().c_str())));
+}
+
+} // namespace TradeForms
