@@ -26,6 +26,11 @@ QString utf8(const char* text)
     return QString::fromUtf8(text);
 }
 
+QString notFound()
+{
+    return QStringLiteral("not found");
+}
+
 /// The screen's mouse pointer is the hourglass as long as this lives.
 class Hourglass {
 public:
@@ -111,17 +116,17 @@ QWidget* RptReportViewer::composeTools()
         return new Caption(utf8(urdu), utf8(english));
     };
     row->addWidget(caption("تلاش", "Search Ctrl+F"));
-    TxtSearch.setMinimumWidth(110);
+    TxtSearch.setMinimumWidth(100);
     row->addWidget(&TxtSearch, 1);
     row->addWidget(&BtnPreviousHit);
     row->addWidget(&BtnNextHit);
-    LblHits.setMinimumWidth(LblHits.fontMetrics().horizontalAdvance(QStringLiteral("000 / 000")));
+    LblHits.setMinimumWidth(LblHits.fontMetrics().horizontalAdvance(notFound()) + Look::Space());
     row->addWidget(&LblHits);
     row->addSpacing(Look::Space());
 
     row->addWidget(caption("صفحہ", "Page Ctrl+G"));
     TxtPage.SetMasked(true);
-    TxtPage.setFixedWidth(56);
+    TxtPage.setFixedWidth(50);
     row->addWidget(&TxtPage);
     row->addWidget(&LblPages);
     row->addSpacing(Look::Space());
@@ -141,7 +146,10 @@ void RptReportViewer::compose()
     auto* bar = ButtonBar({&BtnPrint, &BtnSavePdf}, {&BtnClose});
     LblNote.setTextInteractionFlags(Qt::TextSelectableByMouse);
     LblNote.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    static_cast<QBoxLayout*>(bar->layout())->insertWidget(2, &LblNote, 100);
+    auto* row = static_cast<QBoxLayout*>(bar->layout());
+    row->insertWidget(2, &LblNote, 100);
+    row->addWidget(new QSizeGrip(this), 0, Qt::AlignBottom);
+    row->setContentsMargins(18, 10, 4, 10);
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);
@@ -151,17 +159,8 @@ void RptReportViewer::compose()
     all->addWidget(&CRViewer1, 1);
     all->addWidget(bar);
 
-    grip_ = new QSizeGrip(this);
-    grip_->resize(grip_->sizeHint());
     const QSize room = screen()->availableSize();
     resize(std::min(980, room.width()), room.height() - 4 * Look::Space());
-}
-
-void RptReportViewer::resizeEvent(QResizeEvent* event)
-{
-    Form::resizeEvent(event);
-    grip_->move(1, height() - grip_->height() - 1);
-    grip_->raise();
 }
 
 void RptReportViewer::mouseDoubleClickEvent(QMouseEvent* event)
@@ -258,7 +257,7 @@ void RptReportViewer::showHits()
     const int hits = CRViewer1.HitCount();
     LblHits.SetForeColor(searched && hits == 0 ? Look::Warning() : Look::MutedText());
     LblHits.SetText(!searched   ? QString()
-                    : hits == 0 ? QStringLiteral("not found")
+                    : hits == 0 ? notFound()
                                 : QStringLiteral("%1 / %2").arg(CRViewer1.Hit()).arg(hits));
 }
 

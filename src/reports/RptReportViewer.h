@@ -60,7 +60,6 @@ public:
 protected:
     void FormKeyDown(KeyPress& key) override;
     void HandlerFailed(const std::exception& failure) override;
-    void resizeEvent(QResizeEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
@@ -82,7 +81,6 @@ private:
     void toggleMaximized();
 
     TitleStrip* title_ = nullptr;
-    QWidget* grip_ = nullptr;
     PrintJob job_; ///< of the report in view
 };
 

@@ -61,7 +61,7 @@ TEST_F(Program, TellsItsOptions)
 {
     const Ended ended = run({QStringLiteral("--help")});
     EXPECT_EQ(ended.Code, 0);
-    for (const char* option : {"--database", "--user", "--open", "--create-sample", "--accounts",
+    for (const char* option : {"--database", "--user", "--open", "--print-to", "--create-sample", "--accounts",
                                "--until", "--first-administrator", "--version"}) {
         EXPECT_THAT(ended.Out, HasSubstr(option));
     }
@@ -81,6 +81,14 @@ TEST_F(Program, WrongOptionsAreRefused)
     EXPECT_EQ(run({QStringLiteral("--accounts"), QStringLiteral("many")}).Code, 2);
     EXPECT_EQ(run({QStringLiteral("--accounts"), QStringLiteral("-1")}).Code, 2);
     EXPECT_EQ(run({QStringLiteral("--until"), QStringLiteral("tomorrow")}).Code, 2);
+}
+
+TEST_F(Program, AFolderForPrintedPagesThatCannotBeMadeIsTold)
+{
+    const Ended ended = run(database(File) << QStringLiteral("--print-to") << File);
+    EXPECT_EQ(ended.Code, 1);
+    EXPECT_THAT(ended.Error, AllOf(HasSubstr("printed pages"), HasSubstr(File.toStdString())));
+    EXPECT_EQ(run({QStringLiteral("--print-to"), QString()}).Code, 2);
 }
 
 TEST_F(Program, AMissingDatabaseIsToldWithTheWayOut)
@@ -182,6 +190,13 @@ TEST(CommandLine, SampleAloneEndsAndGoesOnWithAUserOrAScreen)
     EXPECT_TRUE(opened.CreateSample);
     ASSERT_NE(opened.Open, nullptr);
     EXPECT_STREQ(opened.Open->Key, "MniGatePass");
+}
+
+TEST(CommandLine, TakesAFolderToPrintTo)
+{
+    EXPECT_EQ(read({QStringLiteral("--print-to"), QStringLiteral("out")}).PrintTo,
+              QStringLiteral("out"));
+    EXPECT_EQ(read({}).PrintTo, QString());
 }
 
 TEST(CommandLine, HasItsDefaults)

@@ -3,6 +3,7 @@
 #include "house/CaptionRules.h"
 
 #include "controls/Look.h"
+#include "reports/RptReportViewer.h"
 #include "search/Catalogue.h"
 #include "support/GatePassDesk.h"
 
@@ -61,6 +62,7 @@ void expectWholeUnder(const QList<std::pair<const char*, QString>>& settings)
         << qPrintable(printed);
     for (const char* ran :
          {"CaptionsTest.OfAnOpenedGatePassAreWhole", "CaptionsTest.OfTheListOfGatePassesAreWhole",
+          "CaptionsTest.OfTheChoiceOfCopiesAreWhole", "CaptionsTest.OfTheReportInViewAreWhole",
           "CaptionRulesTest.FindALabelThatIsTooNarrow"}) {
         EXPECT_TRUE(printed.contains(s("[       OK ] ") + s(ran))) << ran << qPrintable(printed);
     }
@@ -177,6 +179,33 @@ TEST_F(CaptionsTest, OfTheListOfGatePassesAreWhole)
     Open();
     Stored();
     expectNothingClippedIn(SchGatePass);
+}
+
+TEST_F(CaptionsTest, OfTheChoiceOfCopiesAreWhole)
+{
+    Open();
+    OpenStored(Stored());
+    dialogs.Expect([](Form& dialog) {
+        expectNothingClipped(dialog);
+        Press(dialog, Qt::Key_Escape);
+    });
+    Ctrl(Qt::Key_P);
+}
+
+TEST_F(CaptionsTest, OfTheReportInViewAreWhole)
+{
+    Open();
+    OpenStored(Stored());
+    dialogs.Expect(Cancel());
+    Ctrl(Qt::Key_P);
+    RptReportViewer& viewer = RptReportViewer::Shared();
+    viewer.Show();
+    viewer.TxtSearch.SetText(s("Gate"));
+    ASSERT_GT(viewer.CRViewer1.HitCount(), 0);
+    expectNothingClipped(viewer);
+    viewer.TxtSearch.SetText(s("nowhere"));
+    expectNothingClipped(viewer);
+    viewer.Unload();
 }
 
 TEST(CaptionsElsewhere, AreWholeAtOneAndAHalf)

@@ -47,6 +47,9 @@ QString publicHeaderRoom(const QString& name)
     if (name == QLatin1String("Forms.h")) {
         return QStringLiteral("entry");
     }
+    if (name == QLatin1String("Printing.h")) {
+        return QStringLiteral("reports");
+    }
     return name == QLatin1String("UserSecurity.h") ? QStringLiteral("host")
                                                    : QStringLiteral("data");
 }

@@ -1,5 +1,5 @@
-// A clerk's day with gate passes, from the login on, by keyboard alone. Rows are read back from
-// the database after each step. The last part is played by two programs on one database file.
+// A clerk's day with gate passes, from the login on to the printed page, by keyboard alone. Rows
+// are read back from the database after each step, words from the printed files. The last part is played by two programs on one database file.
 //
 // journey [--pictures FOLDER]
 
@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QDate>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -159,9 +160,73 @@ int currentId(Clerk& clerk)
     return clerk.Text(s("TxtGatePassID")).toInt();
 }
 
+/// The printed files of a folder, in the order of their names.
+QStringList printedFiles(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files, QDir::Name);
+}
+
+/// The words of a printed file.
+QString printedText(const QString& folder, const QString& name)
+{
+    QProcess reader;
+    reader.start(s("pdftotext"), {s("-layout"), QDir(folder).filePath(name), s("-")});
+    return reader.waitForFinished(60'000)
+        ? QString::fromUtf8(reader.readAllStandardOutput()).normalized(QString::NormalizationForm_KC)
+        : QString();
+}
+
+// ---- Printing
+
+/// Answers the question after a save with Yes and prints all copies of a pass into the folder;
+/// then prints one copy of the stored pass, and none.
+void printCopies(Clerk& clerk, const Known& known, const QString& folder, int id)
+{
+    clerk.Answer(Saved, Alert, Qt::Key_Y);
+    clerk.See(s("SchPrint"));
+    clerk.ExpectFocus(s("Option4"));
+    clerk.Picture(s("copies"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 1));
+    const QStringList all = printedFiles(folder);
+    clerk.Expect(all.size() == 3, s("three copies in the folder, not %1").arg(all.size()));
+    const QStringList marks = {s("Office copy"), s("Driver's copy"), s("Gate copy")};
+    for (int copy = 0; copy < 3; ++copy) {
+        clerk.Expect(all[copy].startsWith(s("Gate Pass %1 copy %2 ").arg(id).arg(copy + 1)),
+                     s("a file named by its copy, not ") + all[copy]);
+        const QString text = printedText(folder, all[copy]);
+        clerk.Expect(text.contains(marks[copy]) && text.contains(known.Products[1])
+                         && text.contains(known.Products[2]),
+                     s("the marked copy with its products, not ") + text);
+    }
+
+    clerk.Press(Qt::Key_O, Qt::ControlModifier);
+    clerk.See(s("SchGatePass"));
+    clerk.Type(QString::number(id));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.Press(Qt::Key_P, Qt::ControlModifier);
+    clerk.See(s("SchPrint"));
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Down);
+    clerk.ExpectFocus(s("Option2"));
+    clerk.Picture(s("copy-two"));
+    clerk.Press(Qt::Key_Return);
+    clerk.See(s("FrmGatePass"));
+    clerk.Expect(printedFiles(folder).size() == 4, s("one more copy in the folder"));
+    clerk.Press(Qt::Key_P, Qt::ControlModifier);
+    clerk.See(s("SchPrint"));
+    clerk.Press(Qt::Key_Escape);
+    clerk.See(s("FrmGatePass"));
+    clerk.Expect(printedFiles(folder).size() == 4, s("nothing printed after Esc"));
+    clerk.Press(Qt::Key_W, Qt::ControlModifier);
+    clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 1));
+}
+
 // ---- One clerk's day
 
-void day(Clerk& clerk, const QString& file)
+void day(Clerk& clerk, const QString& file, const QString& printTo)
 {
     const Known known(file);
     clerk.Expect(known.Products.size() == 3, s("three products with stock"));
@@ -257,7 +322,7 @@ void day(Clerk& clerk, const QString& file)
                      == s("%1|5|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
                  s("the rows as entered, not ") + body(file, id));
 
-    // Open it again, change a quantity, save.
+    // Open it again, change a quantity, save and print.
     clerk.Press(Qt::Key_O, Qt::ControlModifier);
     clerk.See(s("SchGatePass"));
     clerk.Type(QString::number(id));
@@ -277,7 +342,7 @@ void day(Clerk& clerk, const QString& file)
     clerk.Enter(QString());
     clerk.Enter(QString());
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
-    clerk.Answer(Saved, Alert, Qt::Key_N);
+    printCopies(clerk, known, printTo, id);
     clerk.Expect(body(file, id)
                      == s("%1|6|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
                  s("the changed quantity, not ") + body(file, id));
@@ -395,6 +460,7 @@ int main(int argc, char* argv[])
     options.Database =
         second.isEmpty() ? folder.filePath(QStringLiteral("company.db")) : second;
     options.CreateSample = second.isEmpty();
+    options.PrintTo = folder.filePath(QStringLiteral("printed"));
     options.Until = QDate::currentDate();
 
     // The company first: the clerk looks facts up in it before the program is on the screen.
@@ -405,7 +471,7 @@ int main(int argc, char* argv[])
     const bool done = clerk.Work(
         [&](journeys::Clerk& it) {
             if (second.isEmpty()) {
-                journeys::day(it, options.Database);
+                journeys::day(it, options.Database, options.PrintTo);
             } else {
                 journeys::secondClerk(it, options.Database);
             }

@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <TradeForms/Connection.h>
 #include <TradeForms/Forms.h>
+#include <TradeForms/Printing.h>
 #include <TradeForms/UserSecurity.h>
 
 #include <cstdio>
@@ -26,6 +27,9 @@ int main(int argc, char* argv[])
     forms.InitializeClass(TradeForms::Connection::Open(
         QString::fromLocal8Bit(argv[1]), TradeForms::Connection::Mode::Create));
     forms.InitializeSecurity(std::make_shared<Owner>());
+    TradeForms::Printing::UseReceiver([](const TradeForms::PrintJob& job, const QByteArray& pdf) {
+        std::printf("print: %s, %d bytes\n", qPrintable(job.Title), int(pdf.size()));
+    });
     forms.GatePassForm();
     QTimer::singleShot(200, [] {
         const QWidgetList windows = QApplication::topLevelWidgets();
