@@ -69,8 +69,11 @@ void PrinterPort::Print(const Document& document, const PrintJob& job)
     const std::unique_ptr<QPrinter> printer = system_->Open(name);
     printer->setDocName(job.Copy.isEmpty() ? job.Title
                                            : QStringLiteral("%1 (%2)").arg(job.Title, job.Copy));
-    printer->setFullPage(true);
-    printer->setPageLayout(document.PageLayout());
+    // The document brings its own margins. A printer without paper of its size keeps its own: the
+    // page stands in the left top corner of that.
+    QPageLayout sheet = document.PageLayout();
+    sheet.setMode(QPageLayout::FullPageMode);
+    printer->setPageLayout(sheet);
     QPainter painter;
     if (!painter.begin(printer.get())) {
         throw failed(QStringLiteral("does not take the document"));

@@ -149,7 +149,7 @@ void RptReportViewer::compose()
     auto* row = static_cast<QBoxLayout*>(bar->layout());
     row->insertWidget(2, &LblNote, 100);
     row->addWidget(new QSizeGrip(this), 0, Qt::AlignBottom);
-    row->setContentsMargins(18, 10, 4, 10);
+    row->setContentsMargins(4, 10, 18, 10);
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);

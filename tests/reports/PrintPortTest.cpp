@@ -175,14 +175,19 @@ TEST_F(PrintPortTest, ThePrinterGetsAllPagesOnThePaperOfTheDocument)
     }
 }
 
-TEST_F(PrintPortTest, ThePrinterDrawsInTheSizeOfTheDocument)
+TEST_F(PrintPortTest, ThePrinterDrawsInTheSizeAndTurnOfTheDocument)
 {
-    const SampleReport sample(3);
-    const Document document = sample.Make()->Format();
-    printTo(path("printer.pdf"));
-    printerPort()->Print(document, kJob);
-    document.WritePdf(path("writer.pdf"));
-    EXPECT_EQ(TextOfPdf(path("printer.pdf")), TextOfPdf(path("writer.pdf")));
+    SampleReport sample(3);
+    for (const auto turn : {QPageLayout::Portrait, QPageLayout::Landscape}) {
+        sample.Turn = turn;
+        const Document document = sample.Make()->Format();
+        printTo(path("printer.pdf"));
+        printerPort()->Print(document, kJob);
+        document.WritePdf(path("writer.pdf"));
+        EXPECT_EQ(TextOfPdf(path("printer.pdf")), TextOfPdf(path("writer.pdf")));
+        EXPECT_EQ(PdfInfo(path("printer.pdf"), s("Page size")),
+                  PdfInfo(path("writer.pdf"), s("Page size")));
+    }
 }
 
 TEST_F(PrintPortTest, WhereThereIsNoPrinterThisIsSaid)

@@ -82,6 +82,7 @@ std::shared_ptr<Report> SampleReport::Make(const QString& title) const
     definition.Name = QStringLiteral("CrpSample");
     definition.Title = title;
     definition.Paper = QPageSize::A5;
+    definition.Orientation = Turn;
     definition.Parameters = {{QStringLiteral("Copy"), true}};
     definition.Sections = {
         section(SectionKind::ReportHeader, "ReportHeaderSection1", 200,

@@ -18,6 +18,7 @@ public:
     std::shared_ptr<TradeForms::Report> Make(const QString& title = QStringLiteral("Sample")) const;
     TradeForms::Recordset& Rows() { return *rows_; }
 
+    QPageLayout::Orientation Turn = QPageLayout::Portrait;
     /// Runs while a page's header is laid out, within Format or later.
     std::function<void()> OnLayout;
 
