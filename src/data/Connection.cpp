@@ -2,6 +2,7 @@
 
 #include "data/Engine.h"
 #include "data/RecordsetRows.h"
+#include "data/odbc/CompanyServer.h"
 #include "data/sqlite/CompanyFile.h"
 
 namespace TradeForms {
@@ -12,9 +13,9 @@ std::shared_ptr<Connection> Connection::Open(const QString& file, Mode mode)
                                                              : OpenCompanyFile(file));
 }
 
-std::shared_ptr<Connection> Connection::OpenServer(const QString&)
+std::shared_ptr<Connection> Connection::OpenServer(const QString& connectionString)
 {
-    throw ProviderFailure(QStringLiteral("This program is not built to reach a server."));
+    return std::make_shared<Connection>(OpenCompanyServer(connectionString));
 }
 
 Connection::Connection(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}

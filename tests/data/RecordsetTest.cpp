@@ -2,7 +2,7 @@
 
 #include "data/Connection.h"
 #include "data/Failure.h"
-#include "support/TestCompany.h"
+#include "support/Engines.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ QStringList codes(const Recordset& rows, int field = 0)
     return read;
 }
 
-class Records : public testing::Test {
+class Records : public tests::OnEngine {
 protected:
     Recordset open(const char* statement, LockType lock = LockType::ReadOnly)
     {
@@ -28,14 +28,13 @@ protected:
         rows.Open(Statement(statement), connection_, CursorType::Static, lock, noOptions);
         return rows;
     }
-
-    TestCompany company_;
-    std::shared_ptr<Connection> connection_ = company_.Connect();
 };
 
 } // namespace
 
-TEST_F(Records, AreClosedUntilOpened)
+ON_EACH_ENGINE(Records);
+
+TEST_P(Records, AreClosedUntilOpened)
 {
     Recordset rows;
     EXPECT_EQ(rows.State(), RecordsetState::Closed);
@@ -50,7 +49,7 @@ TEST_F(Records, AreClosedUntilOpened)
     EXPECT_EQ(rows.RecordCount(), 3);
 }
 
-TEST_F(Records, StandBetweenTheirEnds)
+TEST_P(Records, StandBetweenTheirEnds)
 {
     Recordset rows = open("select * from Sectors order by SectorID");
     EXPECT_FALSE(rows.Bof());
@@ -73,7 +72,7 @@ TEST_F(Records, StandBetweenTheirEnds)
     EXPECT_EQ(rows.Value("SectorID"), QVariant(1));
 }
 
-TEST_F(Records, AreAtBothEndsWhereThereAreNone)
+TEST_P(Records, AreAtBothEndsWhereThereAreNone)
 {
     Recordset rows = open("select * from Sectors where 1=0");
     for (int i = 0; i < 3; ++i) {
@@ -85,7 +84,7 @@ TEST_F(Records, AreAtBothEndsWhereThereAreNone)
     EXPECT_THROW(rows.Value("SectorID"), Failure);
 }
 
-TEST_F(Records, AreFoundAgainByBookmark)
+TEST_P(Records, AreFoundAgainByBookmark)
 {
     Recordset rows = open("select * from Sectors order by SectorID");
     rows.MoveNext();
@@ -102,7 +101,7 @@ TEST_F(Records, AreFoundAgainByBookmark)
     EXPECT_THROW(rows.MoveTo(-1), Failure);
 }
 
-TEST_F(Records, CanBeReadAnywhereWithoutMoving)
+TEST_P(Records, CanBeReadAnywhereWithoutMoving)
 {
     Recordset rows = open("select * from Sectors order by SectorID");
     EXPECT_EQ(rows.ValueAt(2, 0), QVariant(3));
@@ -115,7 +114,7 @@ TEST_F(Records, CanBeReadAnywhereWithoutMoving)
     EXPECT_THROW(rows.MoveToPosition(3), Failure);
 }
 
-TEST_F(Records, KnowTheirFieldsInAnyCase)
+TEST_P(Records, KnowTheirFieldsInAnyCase)
 {
     Recordset rows = open("select s.*, b.BranchName, b.BranchCode as Name from Staff s "
                           "join Branches b on b.BranchCode=s.BranchCode where StaffID='2014'");
@@ -133,7 +132,7 @@ TEST_F(Records, KnowTheirFieldsInAnyCase)
     EXPECT_THROW(rows.FieldName(-1), Failure);
 }
 
-TEST_F(Records, GiveEachColumnItsType)
+TEST_P(Records, GiveEachColumnItsType)
 {
     company_.Run("insert into GatePassHeader values (7, '2026-03-09 14:05:06', 1, '2026-03-09', "
                  "'2014', null, 'Kot', 1, 1, 0, 0, 3)");
@@ -158,9 +157,11 @@ TEST_F(Records, GiveEachColumnItsType)
     EXPECT_FALSE(rows.Value("Empty").isValid());
 }
 
-TEST_F(Records, KeepEveryTextAndNumberWhole)
+TEST_P(Records, KeepEveryTextAndNumberWhole)
 {
-    const QString longText = QString(70000, u'ق') + QStringLiteral("'\"%;--") + QChar(u'\0');
+    // The driver ends a text at a zero.
+    const QString longText = QString(70000, u'ق') + QStringLiteral("'\"%;--") +
+                             (isOdbc() ? QString() : QString(QChar(u'\0')));
     const QList<QVariant> numbers{0LL,
                                   1LL,
                                   -1LL,
@@ -193,7 +194,7 @@ TEST_F(Records, KeepEveryTextAndNumberWhole)
     }
 }
 
-TEST_F(Records, OpenedForReadingCannotBeChanged)
+TEST_P(Records, OpenedForReadingCannotBeChanged)
 {
     Recordset rows = open("select * from Sectors");
     EXPECT_THROW(rows.Fields(1).SetValue(QStringLiteral("x")), Failure);
@@ -205,7 +206,7 @@ TEST_F(Records, OpenedForReadingCannotBeChanged)
     EXPECT_THROW(executed.Requery(), Failure);
 }
 
-TEST_F(Records, OfSeveralTablesCannotBeChanged)
+TEST_P(Records, OfSeveralTablesCannotBeChanged)
 {
     Recordset joined = open("select s.*, BranchName from Staff s "
                             "join Branches b on b.BranchCode=s.BranchCode",
@@ -215,7 +216,7 @@ TEST_F(Records, OfSeveralTablesCannotBeChanged)
     EXPECT_THROW(computed.Fields("One").SetValue(2), Failure);
 }
 
-TEST_F(Records, AreWrittenAtEachUpdate)
+TEST_P(Records, AreWrittenAtEachUpdate)
 {
     Recordset rows = open("select * from RecoveryHeader where VoucherID=7", LockType::Pessimistic);
     EXPECT_TRUE(rows.Bof());
@@ -244,7 +245,7 @@ TEST_F(Records, AreWrittenAtEachUpdate)
     EXPECT_EQ(rows.RecordCount(), 0);
 }
 
-TEST_F(Records, AreWrittenWhenMovedOffOrFiltered)
+TEST_P(Records, AreWrittenWhenMovedOffOrFiltered)
 {
     Recordset rows = open("select * from Sectors order by SectorID", LockType::Optimistic);
     rows.Fields("SectorName").SetValue(QStringLiteral("a"));
@@ -261,7 +262,7 @@ TEST_F(Records, AreWrittenWhenMovedOffOrFiltered)
               QStringLiteral("c"));
 }
 
-TEST_F(Records, ARefusedUpdateLeavesTheRecordToBeCorrected)
+TEST_P(Records, ARefusedUpdateLeavesTheRecordToBeCorrected)
 {
     Recordset rows = open("select * from Sectors order by SectorID", LockType::Optimistic);
     rows.AddNew();
@@ -274,7 +275,7 @@ TEST_F(Records, ARefusedUpdateLeavesTheRecordToBeCorrected)
     EXPECT_EQ(company_.Scalar("select count(*) from Sectors where SectorID=9"), QVariant(1));
 }
 
-TEST_F(Records, ChangedByAnotherSinceTheyWereReadAreNotOverwritten)
+TEST_P(Records, ChangedByAnotherSinceTheyWereReadAreNotOverwritten)
 {
     Recordset rows = open("select * from Sectors where SectorID=1", LockType::Optimistic);
     company_.Run("update Sectors set SectorName='theirs' where SectorID=1");
@@ -291,7 +292,7 @@ TEST_F(Records, ChangedByAnotherSinceTheyWereReadAreNotOverwritten)
               QStringLiteral("mine"));
 }
 
-TEST_F(Records, CancelUpdateTakesTheChangeBack)
+TEST_P(Records, CancelUpdateTakesTheChangeBack)
 {
     Recordset rows = open("select * from Sectors order by SectorID", LockType::BatchOptimistic);
     rows.MoveNext();
@@ -307,7 +308,7 @@ TEST_F(Records, CancelUpdateTakesTheChangeBack)
     EXPECT_FALSE(rows.HasPendingChanges());
 }
 
-TEST_F(Records, RequeryReadsTheTableAgainAndDropsChanges)
+TEST_P(Records, RequeryReadsTheTableAgainAndDropsChanges)
 {
     Recordset rows = open("select * from Sectors order by SectorID", LockType::BatchOptimistic);
     rows.Fields("SectorName").SetValue(QStringLiteral("x"));
@@ -320,7 +321,7 @@ TEST_F(Records, RequeryReadsTheTableAgainAndDropsChanges)
     EXPECT_EQ(rows.Value("SectorName"), QStringLiteral("سیکٹر الف"));
 }
 
-TEST_F(Records, AFieldTakesWhatItCanHold)
+TEST_P(Records, AFieldTakesWhatItCanHold)
 {
     Recordset rows = open("select * from InsCustomerHeader", LockType::BatchOptimistic);
     rows.AddNew();
@@ -360,7 +361,7 @@ TEST_F(Records, AFieldTakesWhatItCanHold)
     EXPECT_THROW(rows.Fields("PromiseDate").SetValue(1e30), OverflowFailure);
 }
 
-TEST_F(Records, AMovedRecordsetKeepsItsRows)
+TEST_P(Records, AMovedRecordsetKeepsItsRows)
 {
     Recordset first = open("select * from Sectors", LockType::BatchOptimistic);
     first.AddNew();

@@ -1,9 +1,7 @@
 #include "data/sqlite/Adapter.h"
 
 #include "data/Failure.h"
-#include "data/sqlite/Tokens.h"
-
-#include <sqlite3.h>
+#include "data/Tokens.h"
 
 #include <algorithm>
 
@@ -19,7 +17,7 @@ QString quotedForUser(std::string_view text)
 [[noreturn]] void raiseSyntax(std::string_view near)
 {
     throw ProviderFailure(QStringLiteral("Incorrect syntax near '%1'.").arg(quotedForUser(near)),
-                          SQLITE_ERROR);
+                          BadStatement);
 }
 
 /// A function that SQLite does not have, or whose result must be told how it compares: a text
@@ -82,9 +80,7 @@ public:
 
     AdaptedStatement Adapt()
     {
-        dropEnd();
-        if (tokens_.empty())
-            throw ProviderFailure(QStringLiteral("There is no statement to run."), SQLITE_ERROR);
+        text_ = DropEnd(text_, tokens_);
         const Token& first = tokens_.front();
         AdaptedStatement result;
         if (isOneOf(first, {"exec", "execute"}))
@@ -111,20 +107,6 @@ private:
     bool isSignAt(std::size_t index, char sign) const
     {
         return index < tokens_.size() && tokens_[index].IsSign(sign);
-    }
-
-    /// Takes the semicolon off; nothing may follow it.
-    void dropEnd()
-    {
-        const auto end = std::find_if(tokens_.begin(), tokens_.end(),
-                                      [](const Token& token) { return token.IsSign(';'); });
-        if (std::any_of(end, tokens_.end(), [](const Token& token) { return !token.IsSign(';'); }))
-            throw ProviderFailure(QStringLiteral("Only one statement can be run at a time: there "
-                                                 "is more after its end."),
-                                  SQLITE_ERROR);
-        if (end != tokens_.end())
-            text_ = text_.substr(0, std::size_t(end->Text.data() - text_.data()));
-        tokens_.erase(end, tokens_.end());
     }
 
     AdaptedStatement::Call readCall()

@@ -1,6 +1,7 @@
 #include "data/sqlite/CompanyFile.h"
 
 #include "data/Failure.h"
+#include "data/SchemaVersion.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <QDir>
@@ -14,9 +15,8 @@ const char* SqliteSchemaScript();
 
 namespace {
 
-// Both stand in the schema script as well, which writes them into a new file.
+// Stands in the schema script as well, which writes it into a new file.
 constexpr qint64 applicationId = 0x5464466D;
-constexpr qint64 schemaVersion = 2;
 
 [[noreturn]] void raise(const QString& description, const QString& file, int number)
 {

@@ -25,8 +25,15 @@ struct Token {
     bool IsWord(std::string_view word) const;
 };
 
+/// The number of a failure for a statement that is turned down before the database sees it.
+inline constexpr int BadStatement = 1;
+
 /// Takes a statement apart. The tokens point into the text. Raises ProviderFailure where a
 /// literal, a quoted name or a comment does not end.
 std::vector<Token> ReadTokens(std::string_view text);
+
+/// Takes the semicolon off, of the tokens and of the text that is returned. Raises
+/// ProviderFailure where anything follows it, and where there is no statement at all.
+std::string_view DropEnd(std::string_view text, std::vector<Token>& tokens);
 
 } // namespace TradeForms

@@ -1,8 +1,6 @@
-#include "data/sqlite/Tokens.h"
+#include "data/Tokens.h"
 
 #include "data/Failure.h"
-
-#include <sqlite3.h>
 
 #include <algorithm>
 
@@ -35,7 +33,7 @@ char smallLetter(char letter)
 
 [[noreturn]] void raise(const QString& description)
 {
-    throw ProviderFailure(description, SQLITE_ERROR);
+    throw ProviderFailure(description, BadStatement);
 }
 
 class TokenReader {
@@ -151,10 +149,25 @@ bool Token::IsWord(std::string_view word) const
 
 std::vector<Token> ReadTokens(std::string_view text)
 {
-    // SQLite would take it for the end of the statement.
+    // Databases take it for the end of the statement.
     if (text.find('\0') != std::string_view::npos)
         raise(QStringLiteral("The statement holds a character that cannot be used."));
     return TokenReader(text).Read();
+}
+
+std::string_view DropEnd(std::string_view text, std::vector<Token>& tokens)
+{
+    const auto end = std::find_if(tokens.begin(), tokens.end(),
+                                  [](const Token& token) { return token.IsSign(';'); });
+    if (std::any_of(end, tokens.end(), [](const Token& token) { return !token.IsSign(';'); }))
+        raise(QStringLiteral("Only one statement can be run at a time: there is more after its "
+                             "end."));
+    if (end != tokens.end())
+        text = text.substr(0, std::size_t(end->Text.data() - text.data()));
+    tokens.erase(end, tokens.end());
+    if (tokens.empty())
+        raise(QStringLiteral("There is no statement to run."));
+    return text;
 }
 
 } // namespace TradeForms

@@ -1,0 +1,297 @@
+#include "data/odbc/OdbcEngine.h"
+
+#include "data/Failure.h"
+#include "data/odbc/OdbcRowWriter.h"
+#include "data/odbc/ResultReader.h"
+#include "data/odbc/SimpleSource.h"
+
+#include <algorithm>
+#include <map>
+
+namespace TradeForms {
+
+namespace {
+
+constexpr int keptStatements = 64;
+
+QString textOf(const Cell& cell)
+{
+    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+}
+
+/// A number, which some drivers give as text in what they tell of tables.
+int numberOf(const Cell& cell)
+{
+    return cell.Kind == Cell::Type::Text ? textOf(cell).toInt() : int(cell.Integer);
+}
+
+bool isSame(const QString& first, const QString& second)
+{
+    return first.compare(second, Qt::CaseInsensitive) == 0;
+}
+
+/// Columns of what drivers tell, by their places.
+namespace Told {
+constexpr int Table = 2;
+constexpr int Column = 3;
+constexpr int Type = 4;
+constexpr int Size = 6;
+constexpr int Decimals = 8;
+constexpr int Nullable = 10;
+constexpr int IndexName = 5;
+constexpr int IndexColumn = 8;
+constexpr int IndexCondition = 12;
+} // namespace Told
+
+} // namespace
+
+OdbcEngine::OdbcEngine(const QString& connectionString)
+    : link_(connectionString), server_(Server::Named(link_.Info(SQL_DBMS_NAME))),
+      prepared_(keptStatements)
+{
+    run(server_->Settings());
+}
+
+OdbcEngine::~OdbcEngine() = default;
+
+void OdbcEngine::run(const QStringList& statements)
+{
+    for (const QString& statement : statements)
+        link_.Run(statement);
+}
+
+void OdbcEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
+                      Purpose purpose)
+{
+    const QByteArray bytes = statement.toUtf8();
+    const std::string_view view(bytes.constData(), std::size_t(bytes.size()));
+    std::vector<Token> tokens = ReadTokens(view);
+    DropEnd(view, tokens);
+    server_->RequireOneStatement(tokens);
+
+    Guarded([&] {
+        const QString text = serverText(statement);
+        const OdbcStatement handle = link_.NewStatement();
+        link_.Check(SQLExecDirectW(handle.Get(), OdbcText(text), SQLINTEGER(text.size())), handle);
+        bool isBegun = false;
+        do {
+            // A procedure may give the counts of what it changed before its rows.
+            ResultReader reader(link_, *server_, handle);
+            if (isBegun || reader.Count() == 0)
+                continue;
+            isBegun = true;
+            begin(shapeOf(reader.Describe(purpose), statement, purpose));
+            reader.Read(each);
+        } while (link_.Check(SQLMoreResults(handle.Get()), handle));
+    });
+}
+
+/// Where the driver names no table for rows that are to be written, the statement may tell.
+std::shared_ptr<const Shape> OdbcEngine::shapeOf(std::vector<Column> columns,
+                                                 const QString& statement, Purpose purpose) const
+{
+    const bool isUnknown = std::all_of(columns.begin(), columns.end(),
+                                       [](const Column& column) { return column.Table.isEmpty(); });
+    if (purpose == Purpose::Write && isUnknown) {
+        const QString table = TableOfSimpleQuery(statement);
+        for (Column& column : columns) {
+            column.Table = table;
+            column.Field = table.isEmpty() ? QString() : column.Name;
+        }
+    }
+    return std::make_shared<const Shape>(std::move(columns));
+}
+
+std::unique_ptr<RowWriter> OdbcEngine::WriterFor(std::shared_ptr<const Shape> shape)
+{
+    return std::make_unique<OdbcRowWriter>(*this, std::move(shape));
+}
+
+void OdbcEngine::beginBelow()
+{
+    link_.SetAutocommit(false);
+    isOpen_ = true;
+    try {
+        link_.Run(server_->TakeLock());
+    } catch (const ProviderFailure&) {
+        rollbackBelow();
+        throw;
+    }
+}
+
+/// Each statement is a transaction of its own again.
+void OdbcEngine::endedBelow()
+{
+    isOpen_ = false;
+    try {
+        link_.SetAutocommit(true);
+    } catch (const ProviderFailure&) {
+        // Whatever was done next would be lost in a transaction that no one ends.
+        link_.GiveUp();
+    }
+}
+
+void OdbcEngine::commitBelow()
+{
+    try {
+        Guarded([&] { link_.EndTransaction(SQL_COMMIT); });
+    } catch (const ProviderFailure& failure) {
+        if (!link_.IsLost())
+            throw;
+        throw ProviderFailure(
+            QStringLiteral("The connection to the database was lost while the change was being "
+                           "saved. It is not known whether it was: look it up before it is "
+                           "entered again. (%1)")
+                .arg(failure.Description()),
+            failure.Number());
+    }
+    endedBelow();
+}
+
+/// A server undoes the transaction of a session that broke off by itself.
+void OdbcEngine::rollbackBelow()
+{
+    try {
+        link_.EndTransaction(SQL_ROLLBACK);
+    } catch (const ProviderFailure&) {
+        if (!link_.IsLost())
+            throw;
+    }
+    endedBelow();
+}
+
+void OdbcEngine::markBelow()
+{
+    Guarded([&] { link_.Run(server_->SetMark()); });
+}
+
+void OdbcEngine::releaseMarkBelow()
+{
+    Guarded([&] { run(server_->ReleaseMark()); });
+}
+
+void OdbcEngine::rollbackToMarkBelow()
+{
+    Guarded([&] { run(server_->RollbackToMark()); });
+}
+
+/// A server may undo the transaction when a statement fails, as it does to one of two that wait
+/// for each other. What is done next must not begin a new one unseen.
+void OdbcEngine::noteFailure()
+{
+    if (!isOpenBelow())
+        return;
+    try {
+        if (!server_->IsTransactionOpen(link_))
+            rollbackBelow();
+    } catch (const ProviderFailure&) {
+        // The failure that led here is the one to report; this one will come again.
+    }
+}
+
+const OdbcStatement& OdbcEngine::Prepared(const QString& text)
+{
+    if (const OdbcStatement* known = prepared_.object(text); known && !link_.IsLost())
+        return *known;
+    auto made = std::make_unique<OdbcStatement>(link_.NewStatement());
+    link_.Check(SQLPrepareW(made->Get(), OdbcText(text), SQLINTEGER(text.size())), *made);
+    const OdbcStatement& statement = *made;
+    prepared_.insert(text, made.release());
+    return statement;
+}
+
+const ServerTable& OdbcEngine::Table(const QString& name)
+{
+    const QString known = name.toLower();
+    const auto found = tables_.constFind(known);
+    if (found != tables_.constEnd())
+        return *found;
+    ServerTable table;
+    readColumns(name, table);
+    if (table.Columns.empty())
+        throw ProviderFailure(
+            QStringLiteral("The database does not tell the columns of '%1'.").arg(name));
+    readPrimaryKey(name, table);
+    if (table.Keys.isEmpty())
+        readUniqueIndex(name, table);
+    return *tables_.insert(known, std::move(table));
+}
+
+namespace {
+
+/// A name for a catalogue function: null where there is none.
+struct CatalogueName {
+    explicit CatalogueName(const QString& name)
+        : Text(name.isEmpty() ? nullptr : OdbcText(name)), Length(SQLSMALLINT(name.size()))
+    {
+    }
+    SQLWCHAR* Text;
+    SQLSMALLINT Length;
+};
+
+} // namespace
+
+void OdbcEngine::readColumns(const QString& name, ServerTable& table)
+{
+    const OdbcStatement handle = link_.NewStatement();
+    const QString schemaName = server_->Schema();
+    const CatalogueName schema(schemaName);
+    const CatalogueName wanted(name);
+    link_.Check(SQLColumnsW(handle.Get(), nullptr, 0, schema.Text, schema.Length, wanted.Text,
+                            wanted.Length, nullptr, 0),
+                handle);
+    ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
+        const auto cell = [&](int place) { return CellAt(row.data(), place); };
+        // A line under is any letter here.
+        if (!isSame(textOf(cell(Told::Table)), name))
+            return;
+        table.Columns.push_back({textOf(cell(Told::Column)), numberOf(cell(Told::Type)),
+                                 numberOf(cell(Told::Size)), numberOf(cell(Told::Decimals)),
+                                 numberOf(cell(Told::Nullable)) != SQL_NO_NULLS});
+    });
+}
+
+void OdbcEngine::readPrimaryKey(const QString& name, ServerTable& table)
+{
+    const OdbcStatement handle = link_.NewStatement();
+    const QString schemaName = server_->Schema();
+    const CatalogueName schema(schemaName);
+    const CatalogueName wanted(name);
+    link_.Check(SQLPrimaryKeysW(handle.Get(), nullptr, 0, schema.Text, schema.Length, wanted.Text,
+                                wanted.Length),
+                handle);
+    ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
+        table.Keys.append(textOf(CellAt(row.data(), Told::Column)));
+    });
+}
+
+/// Without a primary key, a unique index on columns that are never null tells rows apart.
+void OdbcEngine::readUniqueIndex(const QString& name, ServerTable& table)
+{
+    const OdbcStatement handle = link_.NewStatement();
+    const QString schemaName = server_->Schema();
+    const CatalogueName schema(schemaName);
+    const CatalogueName wanted(name);
+    link_.Check(SQLStatisticsW(handle.Get(), nullptr, 0, schema.Text, schema.Length, wanted.Text,
+                               wanted.Length, SQL_INDEX_UNIQUE, SQL_QUICK),
+                handle);
+    std::map<QString, QStringList> indexes;
+    ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
+        const auto cell = [&](int place) { return CellAt(row.data(), place); };
+        // One row tells of the table itself, and an index may hold but some of the rows.
+        if (!cell(Told::IndexName).IsNull() && cell(Told::IndexCondition).IsNull())
+            indexes[textOf(cell(Told::IndexName))].append(textOf(cell(Told::IndexColumn)));
+    });
+    const auto isNeverNull = [&](const QString& column) {
+        const ServerColumn* found = table.Find(column);
+        return found && !found->IsNullable;
+    };
+    for (const auto& [index, columns] : indexes) {
+        if (std::all_of(columns.begin(), columns.end(), isNeverNull)) {
+            table.Keys = columns;
+            return;
+        }
+    }
+}
+
+} // namespace TradeForms

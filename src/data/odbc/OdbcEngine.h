@@ -1,0 +1,75 @@
+#pragma once
+
+#include "data/Engine.h"
+#include "data/Failure.h"
+#include "data/odbc/OdbcLink.h"
+#include "data/odbc/Server.h"
+
+#include <QCache>
+#include <QHash>
+
+namespace TradeForms {
+
+/// A database server, through the ODBC C API.
+class OdbcEngine : public Engine {
+public:
+    /// Connects. Raises ProviderFailure.
+    explicit OdbcEngine(const QString& connectionString);
+    ~OdbcEngine() override;
+
+    void Scan(const QString& statement, const Begin& begin, const Each& each,
+              Purpose purpose = Purpose::Read) override;
+    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
+    const TradeForms::Dialect& Dialect() const override { return server_->Dialect(); }
+
+    const Server& Words() const { return *server_; }
+    OdbcLink& Link() { return link_; }
+
+    /// A statement with question marks for its values, prepared once and kept for the next time.
+    /// It lives until the next call.
+    const OdbcStatement& Prepared(const QString& text);
+    /// What the server says of a table; asked once.
+    const ServerTable& Table(const QString& name);
+
+    /// Does what may fail in the server's hands, and sees to it afterwards what became of the
+    /// transaction.
+    template <class Operation> auto Guarded(Operation operation) -> decltype(operation())
+    {
+        try {
+            return operation();
+        } catch (const ProviderFailure&) {
+            noteFailure();
+            throw;
+        }
+    }
+
+protected:
+    /// A statement as this server takes it: on SQL Server as it stands.
+    virtual QString serverText(const QString& statement) const { return statement; }
+
+private:
+    bool isOpenBelow() const override { return isOpen_ && !link_.IsLost(); }
+    void beginBelow() override;
+    void commitBelow() override;
+    void rollbackBelow() override;
+    void markBelow() override;
+    void releaseMarkBelow() override;
+    void rollbackToMarkBelow() override;
+
+    void run(const QStringList& statements);
+    void endedBelow();
+    void noteFailure();
+    std::shared_ptr<const Shape> shapeOf(std::vector<Column> columns, const QString& statement,
+                                         Purpose purpose) const;
+    void readColumns(const QString& name, ServerTable& table);
+    void readPrimaryKey(const QString& name, ServerTable& table);
+    void readUniqueIndex(const QString& name, ServerTable& table);
+
+    OdbcLink link_;
+    std::unique_ptr<Server> server_;
+    bool isOpen_ = false; // a transaction, as far as this side knows
+    QCache<QString, OdbcStatement> prepared_;
+    QHash<QString, ServerTable> tables_;
+};
+
+} // namespace TradeForms

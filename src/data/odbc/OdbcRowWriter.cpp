@@ -1,0 +1,183 @@
+#include "data/odbc/OdbcRowWriter.h"
+
+#include "data/Failure.h"
+#include "data/odbc/Parameters.h"
+#include "data/odbc/ResultReader.h"
+
+#include <QStringList>
+
+namespace TradeForms {
+
+namespace {
+
+/// Leaves a statement ready for the next time, however its run ended.
+class CloseAtEnd {
+public:
+    explicit CloseAtEnd(const OdbcStatement& statement) : handle_(statement.Get()) {}
+    ~CloseAtEnd()
+    {
+        SQLFreeStmt(handle_, SQL_CLOSE);
+        SQLFreeStmt(handle_, SQL_RESET_PARAMS);
+    }
+    CloseAtEnd(const CloseAtEnd&) = delete;
+    CloseAtEnd& operator=(const CloseAtEnd&) = delete;
+
+private:
+    SQLHANDLE handle_;
+};
+
+/// Runs a kept statement with its values; `use` takes what it gives.
+template <class Use>
+void execute(OdbcEngine& engine, const QString& text, Parameters& values, Use use)
+{
+    engine.Guarded([&] {
+        OdbcLink& link = engine.Link();
+        const OdbcStatement& statement = engine.Prepared(text);
+        const CloseAtEnd close(statement);
+        values.Bind(link, statement);
+        link.Check(SQLExecute(statement.Get()), statement);
+        use(link, statement);
+        link.Finish(statement);
+    });
+}
+
+qint64 rowsChangedBy(OdbcEngine& engine, const QString& text, Parameters& values)
+{
+    SQLLEN rows = 0;
+    execute(engine, text, values, [&](OdbcLink& link, const OdbcStatement& statement) {
+        link.Check(SQLRowCount(statement.Get(), &rows), statement);
+    });
+    return rows;
+}
+
+std::string rowGivenBy(OdbcEngine& engine, const QString& text, Parameters& values)
+{
+    std::string given;
+    execute(engine, text, values, [&](OdbcLink& link, const OdbcStatement& statement) {
+        ResultReader(link, engine.Words(), statement).Read([&](std::string_view row) {
+            given = row;
+        });
+    });
+    return given;
+}
+
+QString list(const QStringList& parts)
+{
+    return parts.join(QLatin1String(", "));
+}
+
+} // namespace
+
+OdbcRowWriter::OdbcRowWriter(OdbcEngine& engine, std::shared_ptr<const Shape> shape)
+    : engine_(engine), shape_(std::move(shape)), table_(QuotedName(shape_->BaseTable())),
+      columns_(engine_.Table(shape_->BaseTable()))
+{
+}
+
+const ServerColumn& OdbcRowWriter::serverColumn(int index) const
+{
+    const ServerColumn* found = columns_.Find(shape_->At(index).Field);
+    if (!found)
+        throw ProviderFailure(QStringLiteral("The table '%1' has no column '%2'.")
+                                  .arg(shape_->BaseTable(), shape_->At(index).Field));
+    return *found;
+}
+
+/// Of rows that are alike in everything any one will do.
+bool OdbcRowWriter::findsOneOfMany() const
+{
+    return columns_.Keys.isEmpty() && shape_->Count() == int(columns_.Columns.size());
+}
+
+const OdbcRowWriter::Search& OdbcRowWriter::searchFor(const char* original)
+{
+    const int count = shape_->Count();
+    std::vector<bool> nulls;
+    const char* at = original;
+    for (int index = 0; index < count; ++index)
+        nulls.push_back(ReadCell(at).IsNull());
+    if (nulls == search_.Nulls)
+        return search_;
+
+    search_ = {nulls, {}, {}};
+    QStringList conditions;
+    for (int index = 0; index < count; ++index) {
+        const ServerColumn& column = serverColumn(index);
+        if (nulls[std::size_t(index)]) {
+            conditions.append(QuotedName(column.Name) + QLatin1String(" is null"));
+            continue;
+        }
+        // A key is compared as the table compares it, which an index serves.
+        const Server::Condition condition = columns_.IsKey(column.Name)
+                                                ? engine_.Words().Equals(column)
+                                                : engine_.Words().IsExactly(column);
+        conditions.append(condition.Text);
+        search_.Columns.insert(search_.Columns.end(), std::size_t(condition.Values), index);
+    }
+    search_.Text = conditions.join(QLatin1String(" and "));
+    return search_;
+}
+
+std::string OdbcRowWriter::Insert(const char* row, const std::vector<bool>& touched)
+{
+    QStringList all;
+    QStringList chosen;
+    QStringList marks;
+    Parameters values;
+    const char* at = row;
+    for (int index = 0; index < shape_->Count(); ++index) {
+        const ServerColumn& column = serverColumn(index);
+        const Cell cell = ReadCell(at);
+        all.append(QuotedName(column.Name));
+        if (!touched[std::size_t(index)])
+            continue;
+        chosen.append(all.last());
+        marks.append(QStringLiteral("?"));
+        values.Add(cell, column);
+    }
+    // What was left out the table fills in: defaults and numbers of its own.
+    const QStringList given = chosen.size() == all.size() ? QStringList() : all;
+    const Server::Insertion insertion =
+        engine_.Words().InsertStatement(table_, list(chosen), list(marks), given);
+    if (given.isEmpty() || !insertion.ReadBack.isEmpty())
+        rowsChangedBy(engine_, insertion.Text, values);
+    else
+        return rowGivenBy(engine_, insertion.Text, values);
+    Parameters none;
+    return insertion.ReadBack.isEmpty() ? std::string()
+                                        : rowGivenBy(engine_, insertion.ReadBack, none);
+}
+
+qint64 OdbcRowWriter::Update(const char* original, const char* row,
+                             const std::vector<bool>& touched)
+{
+    const Search& search = searchFor(original);
+    QStringList settings;
+    Parameters values;
+    for (int index = 0; index < shape_->Count(); ++index) {
+        const Cell cell = ReadCell(row);
+        if (!touched[std::size_t(index)])
+            continue;
+        const ServerColumn& column = serverColumn(index);
+        settings.append(QuotedName(column.Name) + QLatin1String(" = ?"));
+        values.Add(cell, column);
+    }
+    for (const int index : search.Columns)
+        values.Add(CellAt(original, index), serverColumn(index));
+    return rowsChangedBy(
+        engine_,
+        engine_.Words().UpdateStatement(table_, list(settings), search.Text, findsOneOfMany()),
+        values);
+}
+
+qint64 OdbcRowWriter::Delete(const char* original)
+{
+    const Search& search = searchFor(original);
+    Parameters values;
+    for (const int index : search.Columns)
+        values.Add(CellAt(original, index), serverColumn(index));
+    return rowsChangedBy(
+        engine_, engine_.Words().DeleteStatement(table_, search.Text, findsOneOfMany()), values);
+}
+
+} // namespace TradeForms

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "data/Statement.h"
+#include "data/Tokens.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace TradeForms {
+
+class OdbcLink;
+
+/// What a table's column is on the server.
+struct ServerColumn {
+    QString Name;
+    int Type = 0; ///< SQL_VARCHAR and the like
+    int Size = 0; ///< letters or digits; 0 without a limit
+    int Decimals = 0;
+    bool IsNullable = true;
+};
+
+/// A table, as far as a writer of its rows must know it.
+struct ServerTable {
+    std::vector<ServerColumn> Columns;
+    QStringList Keys; ///< columns that tell its rows apart; empty where there are none
+
+    /// By name, without regard to case; null for none.
+    const ServerColumn* Find(const QString& name) const;
+    bool IsKey(const QString& name) const;
+};
+
+/// A name as it may stand in any statement.
+QString QuotedName(const QString& name);
+
+/// What differs from one database system to another.
+class Server {
+public:
+    virtual ~Server();
+
+    /// The words for a system by the name that its driver tells.
+    static std::unique_ptr<Server> Named(const QString& system);
+
+    const TradeForms::Dialect& Dialect() const { return dialect_; }
+    /// The schema in which the company's tables stand; empty where there are no schemas.
+    virtual QString Schema() const { return QString(); }
+
+    /// Statements that a new connection begins with.
+    virtual QStringList Settings() const = 0;
+    /// A query for the version of the company's schema: no row, or failure, where there is none.
+    virtual QString VersionQuery() const = 0;
+
+    /// A statement with which a transaction begins and which takes the company's write lock.
+    virtual QString TakeLock() const = 0;
+    virtual QString SetMark() const = 0;
+    /// Empty where marks go by themselves.
+    virtual QStringList ReleaseMark() const = 0;
+    virtual QStringList RollbackToMark() const = 0;
+    /// Whether the transaction that was begun is open still, asked after a failure: a server
+    /// may have undone it by itself.
+    virtual bool IsTransactionOpen(OdbcLink& link) const = 0;
+
+    /// Whether a column that comes from no table is of the type that the driver tells. Where it
+    /// is not, each value tells its own.
+    virtual bool TypesExpressions() const = 0;
+
+    /// Raises ProviderFailure where a second statement begins without any sign between them.
+    virtual void RequireOneStatement(const std::vector<Token>& tokens) const = 0;
+
+    // Parts of a writer's statements. Values stand as question marks.
+
+    /// The condition that a column has a value, and how often it takes that value.
+    struct Condition {
+        QString Text;
+        int Values = 1;
+    };
+    virtual Condition Equals(const ServerColumn& column) const = 0;
+    /// The same to the byte: a change of case alone is a change.
+    virtual Condition IsExactly(const ServerColumn& column) const = 0;
+
+    virtual QString UpdateStatement(const QString& table, const QString& settings,
+                                    const QString& where, bool isOfOneRow) const = 0;
+    virtual QString DeleteStatement(const QString& table, const QString& where,
+                                    bool isOfOneRow) const = 0;
+    /// Adds a row and gives the columns of the row as the table then holds it. Where one
+    /// statement cannot do both, `readBack` is the second.
+    struct Insertion {
+        QString Text;
+        QString ReadBack;
+    };
+    virtual Insertion InsertStatement(const QString& table, const QString& columns,
+                                      const QString& values, const QStringList& given) const = 0;
+
+protected:
+    explicit Server(TradeForms::Dialect dialect) : dialect_(std::move(dialect)) {}
+
+private:
+    TradeForms::Dialect dialect_;
+};
+
+} // namespace TradeForms

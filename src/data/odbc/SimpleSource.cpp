@@ -1,0 +1,121 @@
+#include "data/odbc/SimpleSource.h"
+
+#include "data/Tokens.h"
+
+#include <algorithm>
+
+namespace TradeForms {
+
+namespace {
+
+/// Goes through the tokens of a query.
+class QueryReader {
+public:
+    explicit QueryReader(const std::vector<Token>& tokens) : tokens_(tokens) {}
+
+    std::string_view Table()
+    {
+        if (!takeWord("select") || !takeColumns() || !takeWord("from"))
+            return {};
+        std::string_view table = takeName();
+        while (takeSign('.'))
+            table = takeName();
+        takeAlias();
+        return isPlainTail() ? table : std::string_view();
+    }
+
+private:
+    bool isAtEnd() const { return at_ == tokens_.size(); }
+
+    bool takeWord(std::string_view word)
+    {
+        const bool isIt = !isAtEnd() && tokens_[at_].IsWord(word);
+        at_ += isIt;
+        return isIt;
+    }
+
+    bool takeSign(char sign)
+    {
+        const bool isIt = !isAtEnd() && tokens_[at_].IsSign(sign);
+        at_ += isIt;
+        return isIt;
+    }
+
+    std::string_view takeName()
+    {
+        if (isAtEnd() || isKeyword(tokens_[at_]) ||
+            (tokens_[at_].What != Token::Kind::Word && tokens_[at_].What != Token::Kind::Quoted))
+            return {};
+        return tokens_[at_++].Text;
+    }
+
+    static bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
+    {
+        return std::any_of(words.begin(), words.end(),
+                           [&](std::string_view word) { return token.IsWord(word); });
+    }
+
+    static bool isKeyword(const Token& token)
+    {
+        return isOneOf(token, {"from",     "where",     "order", "group", "having", "union",
+                               "distinct", "all",       "top",   "null",  "case",   "join",
+                               "inner",    "left",      "right", "full",  "cross",  "outer",
+                               "except",   "intersect", "for",   "with"});
+    }
+
+    /// Columns as they are: *, T.*, a, T.a, [a b].
+    bool takeColumns()
+    {
+        do {
+            bool isColumn = takeSign('*') || !takeName().empty();
+            while (isColumn && takeSign('.'))
+                isColumn = takeSign('*') || !takeName().empty();
+            if (!isColumn)
+                return false;
+        } while (takeSign(','));
+        return true;
+    }
+
+    void takeAlias()
+    {
+        takeWord("as");
+        takeName();
+    }
+
+    /// Whether nothing follows but a condition and an order.
+    bool isPlainTail() const
+    {
+        if (isAtEnd())
+            return true;
+        if (!isOneOf(tokens_[at_], {"where", "order"}))
+            return false;
+        int depth = 0;
+        for (std::size_t at = at_; at < tokens_.size(); ++at) {
+            depth += int(tokens_[at].IsSign('(')) - int(tokens_[at].IsSign(')'));
+            if (depth == 0 &&
+                isOneOf(tokens_[at], {"group", "having", "union", "except", "intersect", "for"}))
+                return false;
+        }
+        return true;
+    }
+
+    const std::vector<Token>& tokens_;
+    std::size_t at_ = 0;
+};
+
+} // namespace
+
+QString TableOfSimpleQuery(const QString& statement)
+{
+    const QByteArray text = statement.toUtf8();
+    std::vector<Token> tokens =
+        ReadTokens(std::string_view(text.constData(), std::size_t(text.size())));
+    if (!tokens.empty() && tokens.back().IsSign(';'))
+        tokens.pop_back();
+    std::string_view table = QueryReader(tokens).Table();
+    if (!table.empty() && (table.front() == '[' || table.front() == '"' || table.front() == '`'))
+        table = table.substr(1, table.size() - 2);
+    return QString::fromUtf8(table.data(), qsizetype(table.size()));
+}
+
+} // namespace TradeForms

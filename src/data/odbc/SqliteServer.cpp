@@ -1,0 +1,110 @@
+#include "data/odbc/SqliteServer.h"
+
+#include "data/Failure.h"
+#include "data/odbc/OdbcLink.h"
+
+namespace TradeForms {
+
+namespace {
+
+QString oneRow(const QString& table, const QString& where)
+{
+    return QStringLiteral("rowid = (select rowid from %1 where %2 limit 1)").arg(table, where);
+}
+
+} // namespace
+
+SqliteServer::SqliteServer() : Server(TradeForms::Dialect()) {}
+
+QStringList SqliteServer::Settings() const
+{
+    return {QStringLiteral("pragma synchronous = full")};
+}
+
+/// The first is the mark of a company file, which its schema script sets.
+QString SqliteServer::VersionQuery() const
+{
+    return QStringLiteral("select user_version from pragma_user_version "
+                          "where user_version > 0 "
+                          "and (select application_id from pragma_application_id) = 1415857773");
+}
+
+/// A statement that writes takes the lock when it begins, also where it finds nothing to write.
+QString SqliteServer::TakeLock() const
+{
+    return QStringLiteral("delete from InstallmentBalances where 1=0");
+}
+
+QString SqliteServer::SetMark() const
+{
+    return QStringLiteral("savepoint mark");
+}
+
+QStringList SqliteServer::ReleaseMark() const
+{
+    return {QStringLiteral("release mark")};
+}
+
+QStringList SqliteServer::RollbackToMark() const
+{
+    return {QStringLiteral("rollback to mark"), QStringLiteral("release mark")};
+}
+
+/// It cannot be asked, but begins no transaction within another.
+bool SqliteServer::IsTransactionOpen(OdbcLink& link) const
+{
+    try {
+        link.Run(QStringLiteral("begin"));
+        return false;
+    } catch (const ProviderFailure&) {
+        return true;
+    }
+}
+
+/// Here nothing can follow a statement but what a semicolon parts from it.
+void SqliteServer::RequireOneStatement(const std::vector<Token>&) const {}
+
+Server::Condition SqliteServer::Equals(const ServerColumn& column) const
+{
+    return {QuotedName(column.Name) + QStringLiteral(" = ?")};
+}
+
+Server::Condition SqliteServer::IsExactly(const ServerColumn& column) const
+{
+    const bool isText =
+        column.Type == SQL_LONGVARCHAR || column.Type == SQL_VARCHAR || column.Type == SQL_CHAR;
+    if (!isText)
+        return Equals(column);
+    return {QStringLiteral("%1 = ? and %1 collate binary = ?").arg(QuotedName(column.Name)), 2};
+}
+
+QString SqliteServer::UpdateStatement(const QString& table, const QString& settings,
+                                      const QString& where, bool isOfOneRow) const
+{
+    return QStringLiteral("update %1 set %2 where %3")
+        .arg(table, settings, isOfOneRow ? oneRow(table, where) : where);
+}
+
+QString SqliteServer::DeleteStatement(const QString& table, const QString& where,
+                                      bool isOfOneRow) const
+{
+    return QStringLiteral("delete from %1 where %2")
+        .arg(table, isOfOneRow ? oneRow(table, where) : where);
+}
+
+Server::Insertion SqliteServer::InsertStatement(const QString& table, const QString& columns,
+                                                const QString& values,
+                                                const QStringList& given) const
+{
+    Insertion insertion;
+    insertion.Text =
+        columns.isEmpty()
+            ? QStringLiteral("insert into %1 default values").arg(table)
+            : QStringLiteral("insert into %1 (%2) values (%3)").arg(table, columns, values);
+    if (!given.isEmpty())
+        insertion.ReadBack = QStringLiteral("select %1 from %2 where rowid = last_insert_rowid()")
+                                 .arg(given.join(QLatin1String(", ")), table);
+    return insertion;
+}
+
+} // namespace TradeForms

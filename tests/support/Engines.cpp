@@ -1,0 +1,44 @@
+#include "support/Engines.h"
+
+#include "data/odbc/OdbcEngine.h"
+#include "data/sqlite/Adapter.h"
+#include "data/sqlite/CompanyFile.h"
+
+using namespace TradeForms;
+
+namespace tests {
+
+namespace {
+
+class AdaptingEngine : public OdbcEngine {
+public:
+    using OdbcEngine::OdbcEngine;
+
+private:
+    QString serverText(const QString& statement) const override
+    {
+        const AdaptedStatement adapted = AdaptStatement(statement.toUtf8());
+        // A procedure is the embedded engine's own; the driver will say that there is none.
+        return adapted.Procedure ? statement : QString::fromUtf8(adapted.Text);
+    }
+};
+
+} // namespace
+
+QString OdbcString(const TestCompany& company, std::chrono::milliseconds lockWait)
+{
+    return QStringLiteral("Driver=SQLite3;Database=%1;LoadExt=" COMPANY_EXTENSION ";Timeout=%2")
+        .arg(company.File())
+        .arg(lockWait.count());
+}
+
+std::shared_ptr<Connection> ConnectThrough(EngineKind engine, const TestCompany& company,
+                                           std::chrono::milliseconds lockWait)
+{
+    if (engine == EngineKind::Embedded)
+        return std::make_shared<Connection>(OpenCompanyFile(company.File(), lockWait));
+    return std::make_shared<Connection>(
+        std::make_unique<AdaptingEngine>(OdbcString(company, lockWait)));
+}
+
+} // namespace tests
