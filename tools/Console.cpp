@@ -47,6 +47,8 @@ QString textOf(const Progress& progress)
         return QStringLiteral("Counting rows");
     case Stage::Copying:
         return QStringLiteral("Copying") + of;
+    case Stage::Indexing:
+        return QStringLiteral("Making indexes");
     case Stage::Checking:
         return QStringLiteral("Checking the copy");
     case Stage::Comparing:
@@ -165,8 +167,8 @@ void ProgressLine::draw(const QString& text, int percent)
         const QString number = QStringLiteral("%1 %").arg(percent, 3);
         const int filled = width * percent / 100;
         line = isTerminal_ ? QLatin1Char('[') + QString(filled, QLatin1Char('#')) +
-                                 QString(width - filled, QLatin1Char('.')) +
-                                 QStringLiteral("] ") + number + QStringLiteral("  ") + text
+                                 QString(width - filled, QLatin1Char('.')) + QStringLiteral("] ") +
+                                 number + QStringLiteral("  ") + text
                            : text + QStringLiteral(" ") + number.trimmed();
     }
     if (!isTerminal_) {

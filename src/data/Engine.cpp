@@ -33,6 +33,16 @@ std::shared_ptr<const Snapshot> Engine::Run(const QString& statement, Purpose pu
     return snapshot;
 }
 
+QStringList Engine::TableNames()
+{
+    throw ProviderFailure(QStringLiteral("This database does not tell its tables."));
+}
+
+void Engine::BeginReading()
+{
+    throw ProviderFailure(QStringLiteral("This database cannot be read as at one moment."));
+}
+
 void Engine::BeginTrans()
 {
     if (InTransaction())

@@ -4,6 +4,7 @@
 #include "data/Statement.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -62,7 +63,22 @@ public:
     std::shared_ptr<const Snapshot> Run(const QString& statement, Purpose purpose = Purpose::Read);
     /// A writer for the rows of a result that has a base table.
     virtual std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) = 0;
+    /// A writer that only adds rows, and with them also the numbers that the database gives
+    /// otherwise. While it lives there is none for another table.
+    virtual std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const Shape> shape)
+    {
+        return WriterFor(std::move(shape));
+    }
     virtual const TradeForms::Dialect& Dialect() const = 0;
+
+    /// The tables whose rows are the company, by their names. What the database keeps up by
+    /// itself, from their rows or for its own ends, is left out.
+    virtual QStringList TableNames();
+
+    /// Until EndReading whatever is read is as it stood at one moment, and nothing is written.
+    /// Outside of a transaction.
+    virtual void BeginReading();
+    virtual void EndReading() noexcept {}
 
     void BeginTrans();
     void CommitTrans();
@@ -94,6 +110,18 @@ private:
 
     bool isBegun_ = false;
     std::vector<std::function<void()>> undos_;
+};
+
+/// Reads as at one moment while it lives.
+class ReadTransaction {
+public:
+    explicit ReadTransaction(Engine& engine) : engine_(engine) { engine_.BeginReading(); }
+    ~ReadTransaction() { engine_.EndReading(); }
+    ReadTransaction(const ReadTransaction&) = delete;
+    ReadTransaction& operator=(const ReadTransaction&) = delete;
+
+private:
+    Engine& engine_;
 };
 
 } // namespace TradeForms

@@ -11,6 +11,7 @@ namespace TradeForms {
 enum class Stage {
     Counting, ///< rows of the tables, on both sides
     Copying,
+    Indexing,  ///< what a new company is searched by
     Checking,  ///< a copied file, page by page
     Comparing, ///< what was copied with what it was copied from, row by row
     Balances   ///< what each account owes, on both sides
@@ -27,5 +28,8 @@ struct Progress {
 /// Told how far the work has come, many times a second. The answer false stops the work, which
 /// then raises CancelledFailure. It must raise nothing itself.
 using OnProgress = std::function<bool(const Progress&)>;
+
+/// Tells it, if there is anyone to tell. Raises CancelledFailure.
+void Tell(const OnProgress& onProgress, const Progress& progress);
 
 } // namespace TradeForms

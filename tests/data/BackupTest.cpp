@@ -155,9 +155,8 @@ TEST_F(Backups, ACompanyInUseIsNotReplacedByABackup)
 {
     const TestCompany other;
     const auto clerk = other.Connect();
-    EXPECT_THAT(
-        failureOf([&] { BackUpCompany(company_.File(), other.File(), Existing::Replace); }),
-        HasSubstr("is in use"));
+    EXPECT_THAT(failureOf([&] { BackUpCompany(company_.File(), other.File(), Existing::Replace); }),
+                HasSubstr("is in use"));
     EXPECT_EQ(clerk->Execute("select * from Areas").RecordCount(), 3);
 }
 
@@ -337,11 +336,10 @@ TEST_F(Backups, ARestoreThatIsStoppedLeavesTheCompany)
     ASSERT_TRUE(QFile::copy(company_.File(), place("company.db")));
     Connection::Open(place("company.db"))->Execute("delete from Areas");
     const auto before = ContentsOf(place("company.db"));
-    EXPECT_THROW(RestoreCompany(place("copy.db"), place("company.db"),
-                                [](const Progress& progress) {
-                                    return progress.At != Stage::Copying;
-                                }),
-                 CancelledFailure);
+    EXPECT_THROW(
+        RestoreCompany(place("copy.db"), place("company.db"),
+                       [](const Progress& progress) { return progress.At != Stage::Copying; }),
+        CancelledFailure);
     EXPECT_EQ(ContentsOf(place("company.db")), before);
     EXPECT_EQ(files(), (QStringList{QStringLiteral("company.db"), QStringLiteral("copy.db")}));
 }

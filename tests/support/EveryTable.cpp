@@ -97,10 +97,10 @@ void FillEveryTable(const TestCompany& company, int rows)
                 const QVariantList& column = columns[place];
                 const bool isKey = column[2].toInt() != 0;
                 const bool mayBeNull = !isKey && column[3].toInt() == 0;
-                values.append(mayBeNull && (row + place) % 5 == 4 && place > 0
-                                  ? text("null")
-                                  : valueFor(column[0].toString(), column[1].toString(), isKey,
-                                             row, place));
+                values.append(
+                    mayBeNull && (row + place) % 5 == 4 && place > 0
+                        ? text("null")
+                        : valueFor(column[0].toString(), column[1].toString(), isKey, row, place));
             }
             company.Run(text("insert into %1 values (%2)").arg(table, values.join(u',')));
         }
@@ -119,9 +119,8 @@ std::vector<std::string> ContentsOf(const QString& file)
             SQLITE_OK)
             ADD_FAILURE() << sqlite3_errmsg(handle) << " in " << sql.toStdString();
         while (sqlite3_step(statement) == SQLITE_ROW)
-            found.emplace_back(
-                reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)),
-                std::size_t(sqlite3_column_bytes(statement, 0)));
+            found.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)),
+                               std::size_t(sqlite3_column_bytes(statement, 0)));
         sqlite3_finalize(statement);
         return found;
     };

@@ -27,10 +27,7 @@ protected:
     QString place(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
     QStringList files() const { return QDir(folder_.path()).entryList(QDir::Files, QDir::Name); }
 
-    static Ended run(const QStringList& arguments)
-    {
-        return RunProgram(BACKUP_PROGRAM, arguments);
-    }
+    static Ended run(const QStringList& arguments) { return RunProgram(BACKUP_PROGRAM, arguments); }
     QStringList toPlace(const QString& place) const
     {
         return {QStringLiteral("--database"), company_.File(), QStringLiteral("--to"), place};
@@ -57,8 +54,8 @@ TEST_F(BackupProgram, TellsItsOptionsAndVersion)
 {
     const Ended help = run({QStringLiteral("--help")});
     EXPECT_EQ(help.Code, 0);
-    for (const char* option : {"--database", "--to", "--replace", "--keep", "--restore",
-                               "--verify", "--quiet", "--version"})
+    for (const char* option : {"--database", "--to", "--replace", "--keep", "--restore", "--verify",
+                               "--quiet", "--version"})
         EXPECT_THAT(help.Out, HasSubstr(option));
     const Ended version = run({QStringLiteral("--version")});
     EXPECT_EQ(version.Code, 0);

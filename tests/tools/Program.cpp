@@ -57,8 +57,8 @@ std::string RunOnTerminal(const char* program, const QStringList& arguments)
     for (const QString& argument : arguments)
         command += QStringLiteral(" '%1'").arg(argument);
     QProcess process;
-    process.start(QStringLiteral("script"), {QStringLiteral("-qefc"), command,
-                                             QStringLiteral("/dev/null")});
+    process.start(QStringLiteral("script"),
+                  {QStringLiteral("-qefc"), command, QStringLiteral("/dev/null")});
     return endOf(process).Out;
 }
 

@@ -112,8 +112,7 @@ Options read(const QCommandLineParser& parser)
 QString told(const VerifiedCompany& company)
 {
     return QStringLiteral("%1: %2 in %3, %4")
-        .arg(QDir::toNativeSeparators(company.File),
-             Tools::Counted(company.Rows(), "row", "rows"),
+        .arg(QDir::toNativeSeparators(company.File), Tools::Counted(company.Rows(), "row", "rows"),
              Tools::Counted(company.Tables.size(), "table", "tables"),
              QLocale(QLocale::English).formattedDataSize(company.Bytes));
 }
@@ -122,12 +121,11 @@ QStringList backUp(const Options& options, const OnProgress& onProgress)
 {
     const QFileInfo target(options.Backup);
     if (!target.isDir()) {
-        return {QStringLiteral("Backup ") + told(BackUpCompany(options.Company, options.Backup,
-                                                               options.IfThere, onProgress))};
+        return {QStringLiteral("Backup ") +
+                told(BackUpCompany(options.Company, options.Backup, options.IfThere, onProgress))};
     }
     const QDir folder(options.Backup);
-    const QString file =
-        folder.filePath(BackupName(options.Company, QDateTime::currentDateTime()));
+    const QString file = folder.filePath(BackupName(options.Company, QDateTime::currentDateTime()));
     QStringList lines{QStringLiteral("Backup ") +
                       told(BackUpCompany(options.Company, file, options.IfThere, onProgress))};
     if (options.Keep > 0) {

@@ -197,9 +197,8 @@ VerifiedCompany verifyInPlace(const QString& company, const QList<TableCount>& e
     OpenCompanyFile(company);
     const auto engine = OpenCompanyToRead(company);
     const VerifiedCompany restored{company, QFileInfo(company).size(), CountRows(*engine, {})};
-    const bool isWhole = std::ranges::all_of(expected, [&](const TableCount& table) {
-        return restored.Tables.contains(table);
-    });
+    const bool isWhole = std::ranges::all_of(
+        expected, [&](const TableCount& table) { return restored.Tables.contains(table); });
     if (!isWhole)
         raise(QStringLiteral("'%1' has other rows than the backup after it was put in its place."),
               company);

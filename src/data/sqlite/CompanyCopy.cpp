@@ -59,21 +59,6 @@ template <class Work> auto stoppable(Work work)
     }
 }
 
-QStringList tablesOf(SqliteEngine& engine)
-{
-    const PreparedStatement statement =
-        Prepare(engine.Raw(),
-                "SELECT name FROM sqlite_schema WHERE type = 'table'"
-                " AND name NOT LIKE 'sqlite~_%' ESCAPE '~' ORDER BY name COLLATE NOCASE",
-                false);
-    QStringList tables;
-    while (Step(statement.get())) {
-        const std::string_view name = ReadColumn(statement.get(), 0).Bytes;
-        tables.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
-    }
-    return tables;
-}
-
 [[noreturn]] void raiseCopyFailure(int code, SqliteEngine& from, const QString& file)
 {
     if ((code & 0xFF) == SQLITE_FULL)
@@ -90,40 +75,20 @@ QStringList tablesOf(SqliteEngine& engine)
 Handle openEmpty(const QString& file)
 {
     sqlite3* raw = nullptr;
-    const int result = sqlite3_open_v2(
-        file.toUtf8().constData(), &raw,
-        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+    const int result = sqlite3_open_v2(file.toUtf8().constData(), &raw,
+                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE |
+                                           SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE,
+                                       nullptr);
     Handle handle(raw);
     if (result != SQLITE_OK)
-        RaiseSqlite(raw);
+        throw Failure(
+            QStringLiteral("'%1' could not be created.").arg(QDir::toNativeSeparators(file)));
     // What is not whole is thrown away; there is nothing to roll back to.
     RunScript(raw, "PRAGMA journal_mode = OFF");
     return handle;
 }
 
 } // namespace
-
-void Tell(const OnProgress& onProgress, const Progress& progress)
-{
-    if (onProgress && !onProgress(progress))
-        throw CancelledFailure();
-}
-
-ReadTransaction::ReadTransaction(SqliteEngine& engine) : handle_(engine.Raw())
-{
-    RunScript(handle_, "BEGIN");
-    try {
-        ReadInteger(handle_, "SELECT count(*) FROM sqlite_schema");
-    } catch (...) {
-        sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
-        throw;
-    }
-}
-
-ReadTransaction::~ReadTransaction()
-{
-    sqlite3_exec(handle_, "ROLLBACK", nullptr, nullptr, nullptr);
-}
 
 void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onProgress)
 {
@@ -151,10 +116,10 @@ void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& 
     const StatementWatch watch(engine.Raw(), onProgress, progress);
     QStringList damages;
     stoppable([&] {
-        const PreparedStatement check = Prepare(
-            engine.Raw(), QByteArrayLiteral("PRAGMA integrity_check(") +
-                              QByteArray::number(listedDamages) + ')',
-            false);
+        const PreparedStatement check = Prepare(engine.Raw(),
+                                                QByteArrayLiteral("PRAGMA integrity_check(") +
+                                                    QByteArray::number(listedDamages) + ')',
+                                                false);
         while (Step(check.get())) {
             const std::string_view line = ReadColumn(check.get(), 0).Bytes;
             if (line != "ok")
@@ -162,15 +127,15 @@ void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& 
         }
     });
     if (!damages.isEmpty())
-        throw ProviderFailure(QStringLiteral("'%1' is damaged: %2")
-                                  .arg(QDir::toNativeSeparators(file),
-                                       damages.join(QLatin1String("; "))),
-                              SQLITE_CORRUPT);
+        throw ProviderFailure(
+            QStringLiteral("'%1' is damaged: %2")
+                .arg(QDir::toNativeSeparators(file), damages.join(QLatin1String("; "))),
+            SQLITE_CORRUPT);
 }
 
 QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress)
 {
-    const QStringList tables = tablesOf(engine);
+    const QStringList tables = engine.TableNames();
     QList<TableCount> counts;
     for (const QString& table : tables) {
         const Progress progress{Stage::Counting, table, counts.size(), tables.size()};

@@ -137,6 +137,28 @@ void requireFile(const QFileInfo& info)
               SQLITE_CANTOPEN);
 }
 
+std::unique_ptr<Engine> create(const QString& file, const QByteArray& script)
+{
+    const QFileInfo info(file);
+    const QString path = info.absoluteFilePath();
+    if (info.exists())
+        raise(QStringLiteral("'%1' exists already."), path, SQLITE_CANTOPEN);
+    requireWritableFolder(info);
+    // Whoever comes second, of two who make the same file at once, is refused here.
+    if (QFile place(path); !place.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        raise(QStringLiteral("'%1' could not be created."), path, SQLITE_CANTOPEN);
+
+    try {
+        auto engine = OpenFile(path, customaryLockWait);
+        ConfigureCompany(engine->Raw());
+        engine->Atomically([&] { RunScript(engine->Raw(), script.constData()); });
+        return engine;
+    } catch (...) {
+        QFile::remove(path);
+        throw;
+    }
+}
+
 } // namespace
 
 bool IsWritable(const QFileInfo& info)
@@ -190,24 +212,22 @@ std::unique_ptr<Engine> OpenCompanyFile(const QString& file, std::chrono::millis
 
 std::unique_ptr<Engine> CreateCompanyFile(const QString& file)
 {
-    const QFileInfo info(file);
-    const QString path = info.absoluteFilePath();
-    if (info.exists())
-        raise(QStringLiteral("'%1' exists already."), path, SQLITE_CANTOPEN);
-    requireWritableFolder(info);
-    // Whoever comes second, of two who make the same file at once, is refused here.
-    if (QFile place(path); !place.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        raise(QStringLiteral("'%1' could not be created."), path, SQLITE_CANTOPEN);
+    return create(file, SqliteSchemaScript());
+}
 
-    try {
-        auto engine = OpenFile(path, customaryLockWait);
-        ConfigureCompany(engine->Raw());
-        engine->Atomically([&] { RunScript(engine->Raw(), SqliteSchemaScript()); });
-        return engine;
-    } catch (...) {
-        QFile::remove(path);
-        throw;
-    }
+std::unique_ptr<Engine> CreateCompanyFileLike(SqliteEngine& model, const QString& file)
+{
+    QByteArray script = "PRAGMA application_id = " + QByteArray::number(applicationId) +
+                        "; PRAGMA user_version = " + QByteArray::number(schemaVersion) + ';';
+    const PreparedStatement read =
+        Prepare(model.Raw(),
+                "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL"
+                " AND name NOT LIKE 'sqlite~_%' ESCAPE '~'"
+                " ORDER BY CASE type WHEN 'table' THEN 1 WHEN 'view' THEN 2 ELSE 3 END, rowid",
+                false);
+    while (Step(read.get()))
+        script += readBytes(read.get(), 0) + ";\n";
+    return create(file, script);
 }
 
 void ConfigureCompany(sqlite3* handle)

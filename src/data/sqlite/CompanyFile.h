@@ -36,6 +36,8 @@ bool IsWritable(const QFileInfo& info);
 
 /// Makes a company file, which must not exist, with the schema in it. Raises ProviderFailure.
 std::unique_ptr<Engine> CreateCompanyFile(const QString& file);
+/// The same with the schema that another file has, a host's own tables included.
+std::unique_ptr<Engine> CreateCompanyFileLike(SqliteEngine& model, const QString& file);
 
 /// Sets what a company is worked on with: a commit is on the disk when it returns; readers and a
 /// writer do not hinder each other. All that was written before is on the disk as well then.

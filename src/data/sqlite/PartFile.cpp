@@ -58,8 +58,6 @@ PartFile::PartFile(const QString& place, Existing existing)
         raise(QStringLiteral("Another program is writing '%1' just now."), place_);
     if (!RemoveDatabase(path_))
         raise(QStringLiteral("'%1', which an earlier attempt has left, cannot be removed."), path_);
-    if (QFile file(path_); !file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        raise(QStringLiteral("'%1' could not be created."), path_);
 }
 
 PartFile::~PartFile()

@@ -12,7 +12,8 @@ namespace TradeForms {
 /// next one for the same place removes what it left.
 class PartFile {
 public:
-    /// Takes the name, and makes sure that the place can be taken. Raises Failure where the place
+    /// Takes the name, under which the file is still to be made, and makes sure that the place can
+    /// be taken. Raises Failure where the place
     /// is taken and to be kept, where nothing can be written there, and where another program is
     /// at work on the same place.
     PartFile(const QString& place, Existing existing);

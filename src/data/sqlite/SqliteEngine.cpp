@@ -172,6 +172,38 @@ std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const Shape> 
     return std::make_unique<SqliteRowWriter>(*this, std::move(shape));
 }
 
+QStringList SqliteEngine::TableNames()
+{
+    sqlite3_stmt* statement =
+        Prepared("SELECT name FROM sqlite_schema WHERE type = 'table'"
+                 " AND name NOT LIKE 'sqlite~_%' ESCAPE '~' AND name <> 'StockLevels'"
+                 " ORDER BY name COLLATE NOCASE");
+    const ResetAtEnd reset(statement);
+    QStringList names;
+    while (Step(statement)) {
+        const std::string_view name = ReadColumn(statement, 0).Bytes;
+        names.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
+    }
+    return names;
+}
+
+void SqliteEngine::BeginReading()
+{
+    run("BEGIN");
+    try {
+        // The first reading is what fixes the moment.
+        run("SELECT count(*) FROM sqlite_schema");
+    } catch (...) {
+        EndReading();
+        throw;
+    }
+}
+
+void SqliteEngine::EndReading() noexcept
+{
+    sqlite3_exec(handle_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
 void SqliteEngine::BeginLoad()
 {
     if (load_)

@@ -25,6 +25,9 @@ public:
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
+    QStringList TableNames() override;
+    void BeginReading() override;
+    void EndReading() noexcept override;
 
     void BeginLoad() override;
     void EndLoad(const std::function<void(int done, int steps)>& progress) override;

@@ -1,0 +1,403 @@
+#include "data/Transfer.h"
+
+#include "data/Connection.h"
+#include "data/Engine.h"
+#include "data/TableProof.h"
+#include "data/sqlite/CompanyFile.h"
+#include "data/sqlite/PartFile.h"
+#include "data/sqlite/SqliteEngine.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QStringList>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace TradeForms {
+
+namespace {
+
+/// Between two questions whether to go on.
+constexpr qint64 rowsAtATime = 1000;
+/// Accounts whose balances are asked of the target in one statement.
+constexpr qsizetype accountsAtATime = 500;
+/// Balances that differ and are listed.
+constexpr qsizetype listedBalances = 20;
+
+/// A table of the company, as it stands on both sides: the source's columns in their order.
+struct CarriedTable {
+    QString Name;
+    std::shared_ptr<const Shape> Source;
+    std::shared_ptr<const Shape> Target;
+    qint64 Rows = 0;
+};
+
+QString bracketed(const QString& name)
+{
+    return u'[' + name + u']';
+}
+
+QString textOf(const Cell& cell)
+{
+    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+}
+
+QString quoted(QString text)
+{
+    return u'\'' + text.replace(u'\'', QLatin1String("''")) + u'\'';
+}
+
+QString selectFrom(const QString& table, const Shape& columns)
+{
+    QStringList names;
+    for (int index = 0; index < columns.Count(); ++index)
+        names.append(bracketed(columns.At(index).Name));
+    return QStringLiteral("select %1 from %2")
+        .arg(names.join(QStringLiteral(", ")), bracketed(table));
+}
+
+std::shared_ptr<const Shape> shapeOf(Engine& engine, const QString& select)
+{
+    return engine.Run(select + QStringLiteral(" where 1=0"), Engine::Purpose::Write)->SharedShape();
+}
+
+qint64 countOf(Engine& engine, const QString& table)
+{
+    const auto counted =
+        engine.Run(QStringLiteral("select count(*) as N from ") + bracketed(table));
+    return CellAt(counted->Row(0), 0).Integer;
+}
+
+/// Balances of accounts, as a database's own function works them out.
+QString balancesOf(const QString& condition = {})
+{
+    return QStringLiteral("select InsCustomerID, dbo.FunCurrentBalance(InsCustomerID) as Balance "
+                          "from InsCustomerHeader") +
+           condition;
+}
+
+QString balanceText(const Cell& cell)
+{
+    return cell.IsNull() ? QStringLiteral("no balance") : AmountSum::Of(cell).Text();
+}
+
+void ignoreColumns(const std::shared_ptr<const Shape>&) {}
+
+/// A file that was made for the company can be filled in a way that others must not see.
+enum class TargetKind { Present, NewFile };
+
+/// Ends a reading that has shown what there was to show.
+struct Enough {};
+
+/// One company on its way into another database.
+class Transfer {
+public:
+    Transfer(Engine& from, Engine& to, const TransferOptions& options)
+        : from_(from), to_(to), options_(options)
+    {
+    }
+
+    TransferReport Run(TargetKind target)
+    {
+        const ReadTransaction moment(from_);
+        plan();
+        const std::vector<TableProof> proofs = options_.VerifyOnly ? readAll() : copyAll(target);
+        const ReadTransaction targetMoment(to_);
+        compare(proofs);
+        return report_;
+    }
+
+private:
+    void plan();
+    void requireEmpty();
+    void empty(const QStringList& tables);
+    std::vector<TableProof> copyAll(TargetKind target);
+    std::vector<TableProof> readAll();
+    TableProof copy(const CarriedTable& table);
+
+    using Side = std::shared_ptr<const Shape> CarriedTable::*;
+    TableProof proofOf(Engine& engine, const CarriedTable& table, Side here, Side there);
+    void compare(const std::vector<TableProof>& proofs);
+    void compareBalances();
+    using Balances = QHash<QString, QString>; ///< by account
+    void compareWithTarget(const Balances& expected);
+
+    /// Reads a table's rows from one side.
+    void read(Engine& engine, const CarriedTable& table, Stage stage, const Engine::Each& each);
+
+    Engine& from_;
+    Engine& to_;
+    const TransferOptions& options_;
+    std::vector<CarriedTable> tables_;
+    TransferReport report_;
+};
+
+/// Finds each table and column of the source in the target. Raises Failure with all that is
+/// missing.
+void Transfer::plan()
+{
+    const QStringList there = to_.TableNames();
+    QStringList missing;
+    const QStringList here = from_.TableNames();
+    for (const QString& name : here) {
+        Tell(options_.Tell, {Stage::Counting, name, qint64(tables_.size()), here.size()});
+        if (!there.contains(name, Qt::CaseInsensitive)) {
+            missing.append(name);
+            continue;
+        }
+        CarriedTable table{name, shapeOf(from_, QStringLiteral("select * from ") + bracketed(name)),
+                           shapeOf(to_, QStringLiteral("select * from ") + bracketed(name)),
+                           countOf(from_, name)};
+        QStringList columns;
+        for (int index = 0; index < table.Source->Count(); ++index) {
+            const QString& column = table.Source->At(index).Name;
+            if (table.Target->IndexOf(column) < 0)
+                columns.append(name + u'.' + column);
+        }
+        missing += columns;
+        if (columns.isEmpty())
+            table.Target = shapeOf(to_, selectFrom(name, *table.Source));
+        tables_.push_back(std::move(table));
+    }
+    if (!missing.isEmpty())
+        throw Failure(QStringLiteral("The target lacks tables or columns that the company has: %1. "
+                                     "Nothing was written. What is a host's own, the host has to "
+                                     "make there first.")
+                          .arg(missing.join(QStringLiteral(", "))));
+}
+
+void Transfer::requireEmpty()
+{
+    QStringList full;
+    QStringList names;
+    for (const CarriedTable& table : tables_) {
+        if (const qint64 rows = countOf(to_, table.Name); rows > 0) {
+            names.append(table.Name);
+            full.append(QStringLiteral("%1 (%2 rows)").arg(table.Name).arg(rows));
+        }
+    }
+    if (full.isEmpty())
+        return;
+    if (!options_.Replace)
+        throw Failure(QStringLiteral("The target is not empty: %1. Nothing was written.")
+                          .arg(full.join(QStringLiteral(", "))));
+    empty(names);
+}
+
+void Transfer::empty(const QStringList& tables)
+{
+    to_.Atomically([&] {
+        for (const QString& table : tables)
+            to_.Run(QStringLiteral("delete from ") + bracketed(table));
+    });
+}
+
+void Transfer::read(Engine& engine, const CarriedTable& table, Stage stage,
+                    const Engine::Each& each)
+{
+    qint64 done = 0;
+    const auto tell = [&] { Tell(options_.Tell, {stage, table.Name, done, table.Rows}); };
+    tell();
+    engine.Scan(selectFrom(table.Name, *table.Source), ignoreColumns, [&](std::string_view row) {
+        each(row);
+        if (++done % rowsAtATime == 0)
+            tell();
+    });
+}
+
+/// Copies a table in one transaction; what was read is what the copy has to prove to be.
+TableProof Transfer::copy(const CarriedTable& table)
+{
+    TableProof proof(*table.Source, *table.Target);
+    try {
+        to_.Atomically([&] {
+            const auto writer = to_.LoaderFor(table.Target);
+            const std::vector<bool> all(std::size_t(table.Target->Count()), true);
+            read(from_, table, Stage::Copying, [&](std::string_view row) {
+                writer->Insert(row.data(), all);
+                proof.Add(row);
+            });
+        });
+    } catch (const ProviderFailure& failure) {
+        throw ProviderFailure(QStringLiteral("%1, after %2 rows: %3 The target's table is as it "
+                                             "was before.")
+                                  .arg(table.Name)
+                                  .arg(proof.Rows())
+                                  .arg(failure.Description()),
+                              failure.Number());
+    }
+    return proof;
+}
+
+TableProof Transfer::proofOf(Engine& engine, const CarriedTable& table, Side here, Side there)
+{
+    TableProof proof(*(table.*here), *(table.*there));
+    read(engine, table, Stage::Comparing, [&](std::string_view row) { proof.Add(row); });
+    return proof;
+}
+
+std::vector<TableProof> Transfer::copyAll(TargetKind target)
+{
+    requireEmpty();
+    if (target == TargetKind::NewFile)
+        to_.BeginLoad();
+    std::vector<TableProof> proofs;
+    for (const CarriedTable& table : tables_)
+        proofs.push_back(copy(table));
+    if (target == TargetKind::NewFile)
+        to_.EndLoad([this](int done, int steps) {
+            Tell(options_.Tell, {Stage::Indexing, {}, done, steps});
+        });
+    return proofs;
+}
+
+std::vector<TableProof> Transfer::readAll()
+{
+    std::vector<TableProof> proofs;
+    for (const CarriedTable& table : tables_)
+        proofs.push_back(proofOf(from_, table, &CarriedTable::Source, &CarriedTable::Target));
+    return proofs;
+}
+
+void Transfer::compare(const std::vector<TableProof>& proofs)
+{
+    for (std::size_t index = 0; index < tables_.size(); ++index) {
+        const CarriedTable& table = tables_[index];
+        const TableProof target = proofOf(to_, table, &CarriedTable::Target, &CarriedTable::Source);
+        report_.Differences = proofs[index].Compare(target, table.Name);
+        if (!report_.Differences.isEmpty())
+            return;
+        report_.Rounded += proofs[index].RoundedIn(target, table.Name);
+        report_.Tables.append({table.Name, target.Rows()});
+    }
+    compareBalances();
+}
+
+/// Each account's balance, the source's one after the other and the target's for some of them at
+/// a time: what order a database keeps its accounts in is its own matter.
+void Transfer::compareBalances()
+{
+    const auto header = std::ranges::find_if(tables_, [](const CarriedTable& table) {
+        return table.Name.compare(QLatin1String("InsCustomerHeader"), Qt::CaseInsensitive) == 0;
+    });
+    const qint64 all = header == tables_.end() ? 0 : header->Rows;
+    Balances expected;
+    const auto compareExpected = [&] {
+        Tell(options_.Tell, {Stage::Balances, {}, report_.Accounts, all});
+        compareWithTarget(expected);
+        if (!report_.IsProven())
+            throw Enough();
+        report_.Accounts += expected.size();
+        expected.clear();
+    };
+    try {
+        from_.Scan(balancesOf(), ignoreColumns, [&](std::string_view row) {
+            expected.insert(textOf(CellAt(row.data(), 0)), balanceText(CellAt(row.data(), 1)));
+            if (expected.size() == accountsAtATime)
+                compareExpected();
+        });
+        compareExpected();
+    } catch (const Enough&) {
+    }
+}
+
+void Transfer::compareWithTarget(const Balances& expected)
+{
+    if (expected.isEmpty())
+        return;
+    QStringList accounts;
+    for (auto account = expected.keyBegin(); account != expected.keyEnd(); ++account)
+        accounts.append(quoted(*account));
+    Balances found;
+    to_.Scan(balancesOf(QStringLiteral(" where InsCustomerID in (%1)").arg(accounts.join(u','))),
+             ignoreColumns, [&](std::string_view row) {
+                 found.insert(textOf(CellAt(row.data(), 0)), balanceText(CellAt(row.data(), 1)));
+             });
+    for (auto here = expected.cbegin(); here != expected.cend(); ++here) {
+        const QString there = found.value(here.key(), QStringLiteral("no such account"));
+        if (here.value() != there && report_.Differences.size() < listedBalances)
+            report_.Differences.append({{}, {}, here.key(), here.value(), there});
+    }
+    std::ranges::sort(report_.Differences, {}, &TransferDifference::Account);
+}
+
+/// A place, opened.
+std::shared_ptr<Connection> open(const QString& place)
+{
+    return IsConnectionString(place) ? Connection::OpenServer(place) : Connection::Open(place);
+}
+
+bool isSamePlace(const QString& first, const QString& second)
+{
+    std::error_code error;
+    return first == second ||
+           std::filesystem::equivalent(QFileInfo(first).filesystemAbsoluteFilePath(),
+                                       QFileInfo(second).filesystemAbsoluteFilePath(), error);
+}
+
+/// The target's new file, with the tables of the source where that is a file as well.
+std::shared_ptr<Connection> createFor(Connection& from, const QString& file)
+{
+    auto* const model = dynamic_cast<SqliteEngine*>(&from.engine());
+    return std::make_shared<Connection>(model ? CreateCompanyFileLike(*model, file)
+                                              : CreateCompanyFile(file));
+}
+
+TransferReport transfer(Connection& from, Connection& to, const TransferOptions& options,
+                        TargetKind target)
+{
+    if (options.Prepare && !options.VerifyOnly)
+        options.Prepare(to);
+    return Transfer(from.engine(), to.engine(), options).Run(target);
+}
+
+} // namespace
+
+QString TransferDifference::Text() const
+{
+    QString subject = Account.isEmpty() ? QStringLiteral("Table %1").arg(Table)
+                                        : QStringLiteral("Balance of account %1").arg(Account);
+    if (!Column.isEmpty())
+        subject += QStringLiteral(", column %1").arg(Column);
+    return QStringLiteral("%1: source %2, target %3").arg(subject, Source, Target);
+}
+
+qint64 TransferReport::Rows() const
+{
+    qint64 rows = 0;
+    for (const TableCount& table : Tables)
+        rows += table.Rows;
+    return rows;
+}
+
+bool IsConnectionString(const QString& place)
+{
+    return place.contains(u'=') && !QFileInfo::exists(place);
+}
+
+TransferReport TransferCompany(Connection& from, Connection& to, const TransferOptions& options)
+{
+    return transfer(from, to, options, TargetKind::Present);
+}
+
+TransferReport TransferCompany(const QString& from, const QString& to,
+                               const TransferOptions& options)
+{
+    if (isSamePlace(from, to))
+        throw Failure(QStringLiteral("'%1' is the company itself. Name another place.").arg(to));
+    const auto source = open(from);
+    const bool isNew = !IsConnectionString(to) && !QFileInfo::exists(to) && !options.VerifyOnly;
+    if (!isNew)
+        return TransferCompany(*source, *open(to), options);
+
+    PartFile part(to, Existing::Keep);
+    const TransferReport report =
+        transfer(*source, *createFor(*source, part.Path()), options, TargetKind::NewFile);
+    if (report.IsProven())
+        part.TakePlace();
+    return report;
+}
+
+} // namespace TradeForms
