@@ -20,7 +20,10 @@
 #include <QMessageBox>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <cstdint>
 #include <iostream>
+#include <string>
 
 namespace Host {
 
@@ -82,10 +85,32 @@ void choosePrinter(const Options& options)
     TradeForms::Printing::UseFolder(QDir(options.PrintTo).absolutePath());
 }
 
+/// Says how far a large sample is, at every tenth of each of its parts.
+class SampleProgress {
+public:
+    void operator()(const char* what, int done, int of)
+    {
+        const int tenth = int(std::int64_t(done) * 10 / std::max(1, of));
+        if (what_ == what && tenth_ == tenth) {
+            return;
+        }
+        what_ = what;
+        tenth_ = tenth;
+        say(QStringLiteral("%1 %2 %").arg(QLatin1String(what)).arg(10 * tenth));
+    }
+
+private:
+    std::string what_;
+    int tenth_ = -1;
+};
+
 void makeSample(const Options& options)
 {
+    constexpr int madeAtOnce = 1000;
     QDir().mkpath(QFileInfo(options.Database).absolutePath());
-    SampleCompany::Create(options.Database, options.Accounts, options.Until);
+    SampleCompany::Create(options.Database, options.Accounts, options.Until,
+                          options.Accounts > madeAtOnce ? SampleCompany::Progress(SampleProgress())
+                                                        : SampleCompany::Progress());
 }
 
 std::shared_ptr<Connection> openCompany(const QString& database)

@@ -1,7 +1,7 @@
 #include "SampleCompany.h"
 
 #include "HostSchema.h"
-#include "sample/SampleFacts.h"
+#include "sample/PayBook.h"
 #include "sample/SampleParts.h"
 #include "sample/TableWriter.h"
 
@@ -24,7 +24,7 @@ void writeCompanyInfo(const Sample::Setting& setting)
 
 QDate Sample::Setting::Day(int day) const
 {
-    return LastDay.addDays(day - (Days - 1));
+    return LastDay.addDays(day - (Extent.Days() - 1));
 }
 
 QString SampleCompany::Password()
@@ -32,19 +32,27 @@ QString SampleCompany::Password()
     return QStringLiteral("sample");
 }
 
-void SampleCompany::Create(const QString& file, int accounts, QDate until)
+void SampleCompany::Create(const QString& file, int accounts, QDate until, const Progress& progress)
 {
     using TradeForms::Connection;
-    Sample::Setting setting{Connection::Open(file, Connection::Mode::Create), until};
+    const Progress tell = progress ? progress : [](const char*, int, int) {};
+    Sample::Setting setting{Connection::Open(file, Connection::Mode::Create), until,
+                            Sample::Extent(accounts), tell};
     try {
-        EnsureHostSchema(*setting.Connection);
-        setting.Connection->BeginTrans();
+        Connection& company = *setting.Connection;
+        EnsureHostSchema(company);
+        company.BeginLoad();
+        company.BeginTrans();
         writeCompanyInfo(setting);
-        Sample::WriteMasters(setting);
+        const std::vector<Sample::StaffMember> staff = Sample::WriteMasters(setting);
         Sample::WriteUsers(setting);
-        Sample::WriteStock(setting);
-        Sample::WriteAccounts(setting, accounts);
-        setting.Connection->CommitTrans();
+        Sample::PayBook earned(setting);
+        Sample::WriteWorkshop(setting, earned);
+        Sample::WriteStock(setting, earned);
+        Sample::WriteAccounts(setting, earned);
+        Sample::WritePay(setting, staff, earned);
+        company.CommitTrans();
+        company.EndLoad([&tell](int done, int of) { tell("indexes", done, of); });
     } catch (...) {
         setting.Connection.reset();
         for (const char* ending : {"", "-journal", "-wal", "-shm"}) {

@@ -10,28 +10,33 @@ namespace {
 
 /// Each week a quarter of an area's accounts is visited, so that each is visited every four
 /// weeks.
-constexpr int visits = 26;
 constexpr int visitGroups = 4;
-constexpr int months = 6;
+constexpr int workdays = 6;
+constexpr int sunday = 6;
 constexpr int daysOfMonth = 30;
 /// One account in ten is an old one.
 constexpr int oldEvery = 10;
-
-int areaCount()
-{
-    return int(Areas().size());
-}
 
 int roundUp(int amount, int step)
 {
     return (amount + step - 1) / step * step;
 }
 
-/// Cards of old accounts are unique over all areas: a letter and up to four digits.
-QString oldCard(int ordinal)
+/// Cards that are typed by hand are unique over all areas: a letter and up to four digits.
+QString typedCard(char16_t firstLetter, int ordinal)
 {
     constexpr int perLetter = 9999;
-    return QChar(u'A' + ordinal / perLetter) + QString::number(ordinal % perLetter + 1);
+    return QChar(char16_t(firstLetter + ordinal / perLetter)) +
+           QString::number(ordinal % perLetter + 1);
+}
+
+// The first and the step of the accounts that were converted.
+constexpr int firstConverted = 31;
+constexpr int convertedEvery = 49;
+
+bool isOld(int rank)
+{
+    return rank % oldEvery == oldEvery - 1;
 }
 
 std::vector<SaleLine> chooseLines(SampleRandom& random)
@@ -65,22 +70,6 @@ int payment(SampleRandom& random, int installment)
     return draw < 25 ? 2 * installment : installment;
 }
 
-/// A slot of the area in one of the months whose voucher is later than the day, if any is.
-std::optional<int> slotAfter(int day, std::size_t area, SampleRandom& random, int (*dayOf)(int))
-{
-    std::vector<int> later;
-    for (int month = 0; month < months; ++month) {
-        const int slot = month * areaCount() + int(area);
-        if (dayOf(slot) > day) {
-            later.push_back(slot);
-        }
-    }
-    if (later.empty()) {
-        return std::nullopt;
-    }
-    return random.Pick(later);
-}
-
 } // namespace
 
 int VoucherBook::Number()
@@ -94,111 +83,241 @@ int VoucherBook::Number()
     return last;
 }
 
-AccountPlanner::AccountPlanner(int count)
+AccountPlanner::AccountPlanner(const Extent& extent) : extent_(extent)
 {
-    const int perArea = std::max(1, (count + areaCount() - 1) / areaCount());
-    newCards_ = perArea - perArea / oldEvery;
-    const int perVisit = (perArea + visitGroups - 1) / visitGroups;
-    blocks_ = (perVisit + ReceiptsPerVoucher - 1) / ReceiptsPerVoucher;
+    // Vouchers of a small company are of one size.
+    constexpr int turns[] = {250, 125, 420, 625};
+    constexpr int smallTurns = 60;
+    constexpr int townTurns = 250; // of each of the two quarters that a Sunday finds
+
+    const int areas = extent_.AreaCount();
+    for (int area = 0; area < areas; ++area) {
+        const int accounts = accountsSoldIn(std::size_t(area));
+        const bool town = isTown(std::size_t(area));
+        Round round{};
+        round.NewCards = accounts - accounts / oldEvery;
+        round.Weekday = town ? sunday : area * workdays / areas;
+        round.Turns = town ? townTurns : extent_.IsLarge() ? turns[area % 4] : smallTurns;
+        const int perVisit = (accounts + visitGroups - 1) / visitGroups;
+        round.Blocks = (perVisit + round.Turns - 1) / round.Turns;
+        rounds_.push_back(round);
+    }
+    // The slots of a week stand in the order of its days: the town's come last.
+    const int first = extent_.IsLarge() ? 1 : 0;
+    for (int turn = 0; turn < areas; ++turn) {
+        const auto area = std::size_t((first + turn) % areas);
+        rounds_[area].Offset = int(slotAreas_.size());
+        slotAreas_.insert(slotAreas_.end(), std::size_t(rounds_[area].Blocks), area);
+    }
+}
+
+int AccountPlanner::accountsSoldIn(std::size_t area) const
+{
+    if (isTown(area)) {
+        return extent_.Town();
+    }
+    const int areas = extent_.AreaCount() - (extent_.IsLarge() ? 1 : 0);
+    return std::max(1, (extent_.Sold() - extent_.Town() + areas - 1) / areas);
+}
+
+/// Accounts were sold in all areas at once, in the order of their numbers.
+Place AccountPlanner::placeOf(int account) const
+{
+    if (!extent_.IsLarge()) {
+        const int areas = extent_.AreaCount();
+        return {std::size_t(account % areas), account / areas};
+    }
+    const auto townBefore = [this](int number) {
+        return int(std::int64_t(number) * extent_.Town() / extent_.Sold());
+    };
+    const int town = townBefore(account);
+    if (townBefore(account + 1) > town) {
+        return {0, town};
+    }
+    const int others = extent_.AreaCount() - 1;
+    return {std::size_t(1 + (account - town) % others), (account - town) / others};
+}
+
+std::optional<int> AccountPlanner::conversionOf(int account) const
+{
+    const int turn = (account - firstConverted) / convertedEvery;
+    if (account < firstConverted || (account - firstConverted) % convertedEvery != 0 ||
+        turn >= extent_.Converted()) {
+        return std::nullopt;
+    }
+    return extent_.Sold() + turn;
+}
+
+int AccountPlanner::ConvertedFrom(int account) const
+{
+    return firstConverted + (account - extent_.Sold()) * convertedEvery;
+}
+
+/// An account moves to the area after its own.
+std::size_t AccountPlanner::AreaOf(int account) const
+{
+    if (account < extent_.Sold()) {
+        return placeOf(account).Area;
+    }
+    return (placeOf(ConvertedFrom(account)).Area + 1) % std::size_t(extent_.AreaCount());
+}
+
+QString AccountPlanner::CardOf(int account) const
+{
+    if (account >= extent_.Sold()) {
+        return typedCard(u'N', account - extent_.Sold());
+    }
+    const Place place = placeOf(account);
+    if (isOld(place.Rank)) {
+        return typedCard(u'A', place.Rank / oldEvery * extent_.AreaCount() + int(place.Area));
+    }
+    return QString::number(place.Rank - place.Rank / oldEvery + 1);
+}
+
+QString AccountPlanner::IdOf(int account) const
+{
+    return extent_.Areas()[AreaOf(account)].Code + QLatin1Char(' ') + CardOf(account);
 }
 
 AccountPlan AccountPlanner::Plan(int account) const
 {
     SampleRandom random(3'000'000'000U + std::uint64_t(account));
-    const int rank = account / areaCount();
+    const auto [area, rank] = placeOf(account);
     AccountPlan plan;
-    plan.Area = std::size_t(account % areaCount());
-    plan.Old = rank % oldEvery == oldEvery - 1;
+    plan.Area = area;
+    plan.Old = isOld(rank);
+    plan.CardNo = CardOf(account);
     if (plan.Old) {
-        plan.CardNo = oldCard(rank / oldEvery * areaCount() + int(plan.Area));
         plan.SaleDay = -random.Between(30, 360);
     } else {
         const int card = rank - rank / oldEvery;
-        plan.CardNo = QString::number(card + 1);
-        plan.SaleDay = int(std::int64_t(card) * Days / newCards_);
+        plan.SaleDay = int(std::int64_t(card) * extent_.Days() / rounds_[area].NewCards);
     }
 
     plan.Lines = chooseLines(random);
     for (const SaleLine& line : plan.Lines) {
         plan.Total += line.Quantity * line.Price;
     }
-    plan.Installment = roundUp(plan.Total / 12, 100);
+    plan.Installment = roundUp(plan.Total / extent_.Instalments(), 100);
     if (plan.Old) {
         const int paid = -plan.SaleDay / daysOfMonth * plan.Installment;
         plan.PaidBefore = std::min(paid, plan.Total * 4 / 5);
     }
 
     int owing = plan.Total - plan.PaidBefore;
-    int lastDay = Days;
-    if (rank % 25 == 7) {
-        if (const auto slot = slotAfter(plan.SaleDay, plan.Area, random, ConcessionDay)) {
+    int lastDay = extent_.Days();
+    if (const auto converted = conversionOf(account)) {
+        const int soon = std::max(0, plan.SaleDay) + random.Between(40, 160);
+        plan.Conversion = {*converted, std::min(soon, extent_.Days() - 1)};
+    } else if (rank % 25 == 7) {
+        if (const auto slot = slotAfter(plan.SaleDay, area, 24, random)) {
             plan.Concession = {*slot, roundUp(plan.Total / 20, 100)};
             owing -= plan.Concession->Amount;
         }
     } else if (rank % 30 == 13) {
-        if (const auto slot = slotAfter(plan.SaleDay + 40, plan.Area, random, ReturnDay)) {
+        if (const auto slot = slotAfter(plan.SaleDay + 40, area, 27, random)) {
             plan.Return = {*slot, 0, 0};
             lastDay = ReturnDay(*slot);
         }
     }
+    planReceipts(plan, rank, owing, lastDay, random);
+    return plan;
+}
 
-    const int turn = rank / visitGroups;
-    const int block = turn / ReceiptsPerVoucher;
-    const int position = turn % ReceiptsPerVoucher;
-    for (int visit = rank % visitGroups; visit < visits; visit += visitGroups) {
-        const int slot = (visit * areaCount() + int(plan.Area)) * blocks_ + block;
+void AccountPlanner::planReceipts(AccountPlan& plan, int rank, int owing, int lastDay,
+                                  SampleRandom& random) const
+{
+    for (int week = rank % visitGroups; week < extent_.Weeks(); week += visitGroups) {
+        const int visit = recoverySlot(plan.Area, rank, week);
+        const bool isOnNewAccount = plan.Conversion && RecoveryDay(visit) > plan.Conversion->Day;
+        const int slot =
+            isOnNewAccount ? recoverySlot(AreaOf(plan.Conversion->Account), rank, week) : visit;
         const int day = RecoveryDay(slot);
-        if (day < plan.SaleDay + 20 || day >= lastDay) {
+        if (day < plan.SaleDay + 20 || day >= lastDay ||
+            (isOnNewAccount && day <= plan.Conversion->Day)) {
             continue;
         }
-        const int amount = std::min(owing, payment(random, plan.Installment));
-        if (amount > 0) {
-            plan.Receipts.push_back({slot, position, amount});
-            owing -= amount;
+        // An account that is paid off is not converted.
+        const bool keepsOwing = plan.Conversion && !isOnNewAccount;
+        const int mostly = keepsOwing ? owing - plan.Installment : owing;
+        const int amount = std::min(mostly, payment(random, plan.Installment));
+        if (amount <= 0) {
+            continue;
+        }
+        plan.Receipts.push_back({slot, amount, isOnNewAccount});
+        owing -= amount;
+        if (keepsOwing) {
+            plan.Conversion->LastReceipt = day;
+            plan.Conversion->Paid += amount;
         }
     }
-    if (plan.Return) {
+    if (plan.Conversion) {
+        plan.Conversion->Paid += plan.PaidBefore;
+    }
+    if (plan.Return && owing > 0) {
         // What is still owed is waived for the goods; what was paid stays paid.
         plan.Return->Amount = owing;
         plan.Return->Recovered = plan.Total - owing;
+    } else {
+        plan.Return.reset(); // nobody brings back what is his
     }
-    return plan;
+}
+
+/// The voucher on which an account is collected. In the town two weeks' quarters pay on one day.
+int AccountPlanner::recoverySlot(std::size_t area, int rank, int week) const
+{
+    const Round& round = rounds_[area];
+    const int block = rank / visitGroups / round.Turns % round.Blocks;
+    const int visit = isTown(area) ? week | 1 : week;
+    return visit * int(slotAreas_.size()) + round.Offset + block;
 }
 
 int AccountPlanner::RecoverySlots() const
 {
-    return visits * areaCount() * blocks_;
+    return extent_.Weeks() * int(slotAreas_.size());
 }
 
 std::size_t AccountPlanner::RecoveryArea(int slot) const
 {
-    return std::size_t(slot / blocks_ % areaCount());
+    return slotAreas_[std::size_t(slot) % slotAreas_.size()];
 }
 
 int AccountPlanner::RecoveryDay(int slot) const
 {
-    const int visit = slot / blocks_ / areaCount();
-    return 7 * visit + int(RecoveryArea(slot)) / 2;
+    return 7 * (slot / int(slotAreas_.size())) + rounds_[RecoveryArea(slot)].Weekday;
 }
 
-int AccountPlanner::MonthlySlots()
+int AccountPlanner::MonthlySlots() const
 {
-    return months * areaCount();
+    return extent_.Months() * extent_.AreaCount();
 }
 
-std::size_t AccountPlanner::MonthlyArea(int slot)
+std::size_t AccountPlanner::MonthlyArea(int slot) const
 {
-    return std::size_t(slot % areaCount());
+    return std::size_t(slot % extent_.AreaCount());
 }
 
-int AccountPlanner::ConcessionDay(int slot)
+int AccountPlanner::monthlyDay(int slot, int dayOfMonth) const
 {
-    return slot / areaCount() * daysOfMonth + 24 + slot % areaCount() / 4;
+    const int areas = extent_.AreaCount();
+    return slot / areas * daysOfMonth + dayOfMonth + slot % areas * 3 / areas;
 }
 
-int AccountPlanner::ReturnDay(int slot)
+/// A slot of the area in one of the months after the day, if any is left.
+std::optional<int> AccountPlanner::slotAfter(int day, std::size_t area, int dayOfMonth,
+                                             SampleRandom& random) const
 {
-    return slot / areaCount() * daysOfMonth + 27 + slot % areaCount() / 4;
+    constexpr int choice = 8;
+    int first = 0;
+    const auto slotOf = [&](int month) { return month * extent_.AreaCount() + int(area); };
+    while (first < extent_.Months() && monthlyDay(slotOf(first), dayOfMonth) <= day) {
+        ++first;
+    }
+    const int left = std::min(choice, extent_.Months() - first);
+    if (left == 0) {
+        return std::nullopt;
+    }
+    return slotOf(first + random.Below(left));
 }
 
 } // namespace Host::Sample

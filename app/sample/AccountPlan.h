@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SampleFacts.h"
+#include "Extent.h"
 
 #include <QString>
 
@@ -10,6 +10,10 @@
 
 // What happens to each instalment account of the sample, worked out from its number alone: any
 // account can be planned at any time, so that a great many need no room in memory.
+
+namespace Host {
+class SampleRandom;
+}
 
 namespace Host::Sample {
 
@@ -37,9 +41,9 @@ struct SaleLine {
 };
 
 struct PlannedReceipt {
-    int Slot;     ///< of the book of recoveries
-    int Position; ///< in the voucher, from 0
+    int Slot; ///< of the book of recoveries
     int Amount;
+    bool IsOnNewAccount; ///< was received after the account had been converted
 };
 
 struct PlannedConcession {
@@ -51,6 +55,19 @@ struct PlannedReturn {
     int Slot;
     int Recovered;
     int Amount;
+};
+
+struct PlannedConversion {
+    int Account; ///< the number of the new account
+    int Day;
+    int Paid = 0;                        ///< on the old account until then
+    std::optional<int> LastReceipt = {}; ///< day of the last of them
+};
+
+/// Where an account lives.
+struct Place {
+    std::size_t Area;
+    int Rank; ///< within the area
 };
 
 struct AccountPlan {
@@ -65,30 +82,59 @@ struct AccountPlan {
     std::vector<PlannedReceipt> Receipts;
     std::optional<PlannedConcession> Concession;
     std::optional<PlannedReturn> Return;
+    std::optional<PlannedConversion> Conversion;
 };
 
+/// Accounts are numbered from 0: first those that were sold, then those that others were
+/// converted into.
 class AccountPlanner {
 public:
-    /// Most receipts of one voucher.
-    static constexpr int ReceiptsPerVoucher = 60;
+    explicit AccountPlanner(const Extent& extent);
 
-    explicit AccountPlanner(int count);
-
-    /// The account of that number, from 0.
+    /// An account that was sold.
     AccountPlan Plan(int account) const;
+    /// The sold account that was converted into this one.
+    int ConvertedFrom(int account) const;
+
+    /// Of any account.
+    std::size_t AreaOf(int account) const;
+    QString CardOf(int account) const;
+    /// `{AreaCode} {CardNo}`
+    QString IdOf(int account) const;
 
     int RecoverySlots() const;
     std::size_t RecoveryArea(int slot) const;
     int RecoveryDay(int slot) const;
 
-    static int MonthlySlots();
-    static std::size_t MonthlyArea(int slot);
-    static int ConcessionDay(int slot);
-    static int ReturnDay(int slot);
+    int MonthlySlots() const;
+    std::size_t MonthlyArea(int slot) const;
+    int ConcessionDay(int slot) const { return monthlyDay(slot, 24); }
+    int ReturnDay(int slot) const { return monthlyDay(slot, 27); }
 
 private:
-    int newCards_; ///< of the area that has most
-    int blocks_;   ///< vouchers that an area needs for one visit
+    /// How an area's accounts are collected.
+    struct Round {
+        int NewCards; ///< accounts that are no old ones
+        int Weekday;
+        int Turns;  ///< accounts that a voucher has room for, of those that one visit finds
+        int Blocks; ///< vouchers that a visit takes
+        int Offset; ///< of the first of them among the slots of a week
+    };
+
+    Place placeOf(int account) const;
+    bool isTown(std::size_t area) const { return extent_.IsLarge() && area == 0; }
+    int accountsSoldIn(std::size_t area) const;
+    int recoverySlot(std::size_t area, int rank, int week) const;
+    int monthlyDay(int slot, int dayOfMonth) const;
+    std::optional<int> slotAfter(int day, std::size_t area, int dayOfMonth,
+                                 SampleRandom& random) const;
+    std::optional<int> conversionOf(int account) const;
+    void planReceipts(AccountPlan& plan, int rank, int owing, int lastDay,
+                      SampleRandom& random) const;
+
+    const Extent& extent_;
+    std::vector<Round> rounds_;          // by area
+    std::vector<std::size_t> slotAreas_; // of the slots of a week
 };
 
 } // namespace Host::Sample

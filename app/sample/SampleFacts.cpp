@@ -1,8 +1,20 @@
 #include "SampleFacts.h"
 
+#include <vector>
+
 namespace Host::Sample {
 
 namespace {
+
+/// An area as it is written down here.
+struct AreaFact {
+    const char* Code;
+    const char* Name;
+    int BranchCode;
+    const char* Manager;
+    const char* Secretary;
+    const char* Collector;
+};
 
 constexpr Branch branches[] = {
     {1, "قصور"},
@@ -10,7 +22,7 @@ constexpr Branch branches[] = {
     {3, "پتوکی"},
 };
 
-constexpr Area areas[] = {
+constexpr AreaFact areas[] = {
     {"Kot", "کوٹ رادھا کشن", 1, "6201", "6301", "3101"},
     {"Khudian", "کھڈیاں خاص", 1, "6202", "6301", "3102"},
     {"Mustafa", "مصطفیٰ آباد", 1, "6203", "6302", "3103"},
@@ -84,6 +96,13 @@ constexpr ProductGroup productGroups[] = {
     {5, 12, 10}, {6, 10, 8},  {7, 15, 15}, {8, 10, 12},
 };
 
+int commission(const Product& product, int percentOfRate)
+{
+    const ProductGroup& group = productGroups[product.Group - 1];
+    const int full = InstallmentRate(product) * group.CommissionPerMille / 1000;
+    return (full * percentOfRate / 100 + 9) / 10 * 10;
+}
+
 } // namespace
 
 std::span<const Branch> Branches()
@@ -91,9 +110,19 @@ std::span<const Branch> Branches()
     return branches;
 }
 
-std::span<const Area> Areas()
+std::span<const Area> HomeAreas()
 {
-    return areas;
+    static const std::vector<Area> made = [] {
+        std::vector<Area> list;
+        for (const AreaFact& fact : areas) {
+            list.push_back({QString::fromUtf8(fact.Code), QString::fromUtf8(fact.Name),
+                            fact.BranchCode, QString::fromUtf8(fact.Manager),
+                            QString::fromUtf8(fact.Secretary), QString::fromUtf8(fact.Collector),
+                            QString(), QString()});
+        }
+        return list;
+    }();
+    return made;
 }
 
 std::span<const StaffGroup> StaffGroups()
@@ -115,6 +144,21 @@ int InstallmentRate(const Product& product)
 {
     const int withMarkup = product.PurchaseRate * 138 / 100;
     return (withMarkup + 99) / 100 * 100;
+}
+
+Rates RatesOf(const Product& product)
+{
+    return {commission(product, 40),  commission(product, 100), commission(product, 60),
+            commission(product, 150), commission(product, 30),  commission(product, 50),
+            commission(product, 80),  commission(product, 50),  commission(product, 30),
+            commission(product, 120)};
+}
+
+std::array<PrizeBand, 2> PrizeBands(const ProductGroup& group)
+{
+    constexpr int unreachable = 9999;
+    return {{{group.Dearest / 2, group.Dearest - 1, 1500, 1000, 2000, 1200},
+             {group.Dearest, unreachable, 4000, 2500, 5000, 3000}}};
 }
 
 } // namespace Host::Sample

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QString>
+
+#include <array>
 #include <span>
 
 // What the sample company is made of: the few lists that its vouchers draw on. Texts are UTF-8.
@@ -12,12 +15,14 @@ struct Branch {
 };
 
 struct Area {
-    const char* Code; ///< proper case, no blank: it is the first half of every account's key
-    const char* Name;
+    QString Code; ///< proper case, no blank: it is the first half of every account's key
+    QString Name;
     int BranchCode;
-    const char* Manager; ///< staff ids
-    const char* Secretary;
-    const char* Collector; ///< the field worker who brings the instalments in
+    QString Manager; ///< staff ids
+    QString Secretary;
+    QString Collector; ///< the field worker who brings the instalments in
+    QString Driver;    ///< of its own; empty where the company's drivers take turns
+    QString Franchise; ///< its franchise holder; empty where the company's take turns
 };
 
 enum class Post {
@@ -57,13 +62,43 @@ struct ProductGroup {
 };
 
 std::span<const Branch> Branches();
-std::span<const Area> Areas();
+/// The twelve areas that the smallest company has.
+std::span<const Area> HomeAreas();
 std::span<const StaffGroup> StaffGroups();
 std::span<const Product> Products();
 std::span<const ProductGroup> ProductGroups();
 
 /// Price on instalments, to the next hundred.
 int InstallmentRate(const Product& product);
+
+/// What a sold or ordered piece earns for those who stand on the account.
+struct Rates {
+    int SaleDriver;
+    int SaleManager;
+    int SaleSecretary;
+    int SaleFranchise;
+    int OrderDriverSmall;
+    int OrderDriverLarge;
+    int OrderManager;
+    int OrderSecretary;
+    int OrderCheckingManager;
+    int OrderFranchise;
+};
+Rates RatesOf(const Product& product);
+
+/// What is paid for a month's pieces of a group from Less to More.
+struct PrizeBand {
+    int Less;
+    int More;
+    int Sale; ///< to each role alike
+    int OrderDriver;
+    int OrderManager;
+    int OrderSecretary;
+};
+std::array<PrizeBand, 2> PrizeBands(const ProductGroup& group);
+
+/// For each piece that a driver takes out on a supply.
+inline constexpr int SupplyRate = 25;
 
 /// The area managers' chief, who stands on every account that a franchise holder brings in.
 inline constexpr const char* FranchiseManager = "6210";
@@ -82,8 +117,5 @@ inline constexpr int Parts = 20;
 inline constexpr const char* OpeningAccount = "1001";
 inline constexpr int FirstSupplier = 2001;
 inline constexpr int Suppliers = 6;
-
-/// How many days of vouchers there are; the last one is the company's last day.
-inline constexpr int Days = 181;
 
 } // namespace Host::Sample

@@ -1,9 +1,14 @@
+#include "PayBook.h"
 #include "SampleFacts.h"
 #include "SampleNames.h"
 #include "SampleParts.h"
+#include "SampleRandom.h"
 #include "TableWriter.h"
 
 #include <TradeForms/Connection.h>
+
+#include <algorithm>
+#include <tuple>
 
 namespace Host::Sample {
 
@@ -52,9 +57,8 @@ void writeBranchesAndAreas(const Setting& setting)
 
     TableWriter areas(setting.Connection, "Areas",
                       {"AreaCode", "AreaName", "AMStaffID", "SAMStaffID", "BranchCode"});
-    for (const Area& area : Areas()) {
-        areas.Row({utf8(area.Code), utf8(area.Name), utf8(area.Manager), utf8(area.Secretary),
-                   area.BranchCode});
+    for (const Area& area : setting.Extent.Areas()) {
+        areas.Row({area.Code, area.Name, area.Manager, area.Secretary, area.BranchCode});
     }
     areas.Finish();
 
@@ -66,19 +70,71 @@ void writeBranchesAndAreas(const Setting& setting)
 }
 
 /// The manager, secretary and collector of an area work in its branch.
-int homeBranch(const QString& staffId, int turn)
+int homeBranch(const Setting& setting, const QString& staffId, int turn)
 {
-    for (const Area& area : Areas()) {
-        for (const char* id : {area.Manager, area.Secretary, area.Collector}) {
-            if (staffId == QLatin1String(id)) {
-                return area.BranchCode;
-            }
+    for (const Area& area : setting.Extent.Areas()) {
+        if (staffId == area.Manager || staffId == area.Secretary || staffId == area.Collector) {
+            return area.BranchCode;
         }
     }
     return Branches()[std::size_t(turn) % Branches().size()].Code;
 }
 
-void writeStaff(const Setting& setting)
+/// The people that further areas need, beside those of the smallest company.
+std::vector<StaffGroup> furtherStaff(const Extent& extent)
+{
+    const int areas = extent.FurtherAreas();
+    const std::pair<int, int> firstIds[] = {
+        {FurtherDrivers, areas},
+        {FurtherCollectors, areas},
+        {FurtherManagers, areas},
+        {FurtherSecretaries, areas},
+        {FurtherFranchises, extent.FurtherFranchiseHolders()},
+        {FurtherMechanicIds, extent.FurtherMechanics()},
+    };
+    constexpr Post posts[] = {Post::Driver,    Post::Collector,       Post::AreaManager,
+                              Post::Secretary, Post::FranchiseHolder, Post::Mechanic};
+    std::vector<StaffGroup> further;
+    for (std::size_t i = 0; i < std::size(posts); ++i) {
+        StaffGroup group = *std::ranges::find(StaffGroups(), posts[i], &StaffGroup::Role);
+        std::tie(group.FirstId, group.Count) = firstIds[i];
+        further.push_back(group);
+    }
+    return further;
+}
+
+StaffMember hire(const StaffGroup& group, int turn, SampleRandom& random)
+{
+    const bool franchise = group.Role == Post::FranchiseHolder;
+    const bool hasLoan = !franchise && random.Percent(20);
+    const int salary = group.BasicSalary == 0 ? 0 : group.BasicSalary + 500 * random.Below(9);
+    return {QString::number(group.FirstId + turn),
+            group.Role,
+            salary,
+            salary / 50,
+            franchise ? 0 : 200,
+            hasLoan ? 2000 : 0,
+            {},
+            {}};
+}
+
+/// Draws what the person is lent and what cheques he gets, in each half year.
+void lend(StaffMember& person, int days, SampleRandom& random)
+{
+    constexpr int halfYear = 181;
+    for (int day = 0; day + halfYear <= days; day += halfYear) {
+        if (person.MonthlyRecovery > 0) {
+            const int lent = day + random.Between(0, 90);
+            person.Loans.push_back({lent, 5000 * random.Between(2, 8)});
+        }
+        if (random.Percent(12)) {
+            const int drawn = day + random.Between(60, 170);
+            person.Cheques.push_back({drawn, 1000 * random.Between(3, 15)});
+        }
+    }
+}
+
+std::vector<StaffMember> writeStaff(const Setting& setting)
 {
     SampleRandom random(1001);
     TableWriter staff(setting.Connection, "Staff",
@@ -87,29 +143,31 @@ void writeStaff(const Setting& setting)
                        "KFFund"});
     TableWriter loans(setting.Connection, "StaffAdvance", {"StaffID", "AdvanceDate", "Amount"});
     TableWriter cheques(setting.Connection, "cheque", {"ChequeDate", "staffid", "amount"});
-    for (const StaffGroup& group : StaffGroups()) {
+    std::vector<StaffMember> people;
+    const auto addGroup = [&](const StaffGroup& group) {
         for (int i = 0; i < group.Count; ++i) {
-            const QString id = QString::number(group.FirstId + i);
-            const bool franchise = group.Role == Post::FranchiseHolder;
-            const bool hasLoan = !franchise && random.Percent(20);
-            const int salary =
-                group.BasicSalary == 0 ? 0 : group.BasicSalary + 500 * random.Below(9);
-            staff.Row({id, GivenName(random), GivenName(random), HomeAddress(random),
-                       utf8(group.Designation), homeBranch(id, i), group.FieldWorker, franchise,
-                       group.Role == Post::Mechanic, salary, hasLoan ? 2000 : 0, salary / 50,
-                       franchise ? 0 : 200});
-            if (hasLoan) {
-                loans.Row({id, setting.Day(random.Between(0, 90)), 5000 * random.Between(2, 8)});
+            StaffMember person = hire(group, i, random);
+            staff.Row({person.Id, GivenName(random), GivenName(random), HomeAddress(random),
+                       utf8(group.Designation), homeBranch(setting, person.Id, i),
+                       group.FieldWorker, group.Role == Post::FranchiseHolder,
+                       group.Role == Post::Mechanic, person.BasicSalary, person.MonthlyRecovery,
+                       person.GPFund, person.KFFund});
+            lend(person, setting.Extent.Days(), random);
+            for (const DatedAmount& loan : person.Loans) {
+                loans.Row({person.Id, setting.Day(loan.Day), loan.Amount});
             }
-            if (random.Percent(12)) {
-                cheques.Row(
-                    {setting.Day(random.Between(60, 170)), id, 1000 * random.Between(3, 15)});
+            for (const DatedAmount& cheque : person.Cheques) {
+                cheques.Row({setting.Day(cheque.Day), person.Id, cheque.Amount});
             }
+            people.push_back(person);
         }
-    }
+    };
+    std::ranges::for_each(StaffGroups(), addGroup);
+    std::ranges::for_each(furtherStaff(setting.Extent), addGroup);
     staff.Finish();
     loans.Finish();
     cheques.Finish();
+    return people;
 }
 
 void writeProducts(const Setting& setting)
@@ -148,13 +206,6 @@ void writeAccountsAndParties(const Setting& setting)
     parties.Finish();
 }
 
-int commission(const Product& product, int percentOfRate)
-{
-    const ProductGroup& group = ProductGroups()[std::size_t(product.Group - 1)];
-    const int full = InstallmentRate(product) * group.CommissionPerMille / 1000;
-    return (full * percentOfRate / 100 + 9) / 10 * 10;
-}
-
 void writeCommissions(const Setting& setting)
 {
     TableWriter sale(setting.Connection, "SaleCommission",
@@ -164,10 +215,11 @@ void writeCommissions(const Setting& setting)
                        "CheckingManager", "Frenchiser"});
     for (const Product& product : Products()) {
         const QString id = utf8(product.Id);
-        sale.Row({id, commission(product, 40), commission(product, 100), commission(product, 60),
-                  commission(product, 150)});
-        order.Row({id, commission(product, 30), commission(product, 50), commission(product, 80),
-                   commission(product, 50), commission(product, 30), commission(product, 120)});
+        const Rates rates = RatesOf(product);
+        sale.Row(
+            {id, rates.SaleDriver, rates.SaleManager, rates.SaleSecretary, rates.SaleFranchise});
+        order.Row({id, rates.OrderDriverSmall, rates.OrderDriverLarge, rates.OrderManager,
+                   rates.OrderSecretary, rates.OrderCheckingManager, rates.OrderFranchise});
     }
     sale.Finish();
     order.Finish();
@@ -175,22 +227,21 @@ void writeCommissions(const Setting& setting)
 
 void writePrizes(const Setting& setting)
 {
-    constexpr int unreachable = 9999;
     TableWriter sale(setting.Connection, "SalePrize", {"GroupID", "Less", "More", "Driver"});
     TableWriter order(setting.Connection, "OrderPrize",
                       {"GroupID", "Less", "More", "Driver", "AreaManager", "SAreaManager"});
     for (const ProductGroup& group : ProductGroups()) {
-        const int lower = group.Dearest / 2;
-        sale.Row({group.Id, lower, group.Dearest - 1, 1500});
-        sale.Row({group.Id, group.Dearest, unreachable, 4000});
-        order.Row({group.Id, lower, group.Dearest - 1, 1000, 2000, 1200});
-        order.Row({group.Id, group.Dearest, unreachable, 2500, 5000, 3000});
+        for (const PrizeBand& band : PrizeBands(group)) {
+            sale.Row({group.Id, band.Less, band.More, band.Sale});
+            order.Row({group.Id, band.Less, band.More, band.OrderDriver, band.OrderManager,
+                       band.OrderSecretary});
+        }
     }
     sale.Finish();
     order.Finish();
 
     TableWriter perItem(setting.Connection, "RecoveryCommissionHeader", {"PerItem"});
-    perItem.Row({25});
+    perItem.Row({SupplyRate});
     perItem.Finish();
 
     const std::initializer_list<const char*> bands = {"Less", "More", "AreaManager",
@@ -206,17 +257,34 @@ void writePrizes(const Setting& setting)
     prizeBands.Finish();
 }
 
-void writeWorkshop(const Setting& setting)
+} // namespace
+
+std::vector<StaffMember> WriteMasters(const Setting& setting)
+{
+    writeBranchesAndAreas(setting);
+    std::vector<StaffMember> staff = writeStaff(setting);
+    writeProducts(setting);
+    writeAccountsAndParties(setting);
+    writeCommissions(setting);
+    writePrizes(setting);
+    return staff;
+}
+
+void WriteWorkshop(const Setting& setting, PayBook& earned)
 {
     SampleRandom random(1002);
     TableWriter headers(setting.Connection, "WorkShopPartsHeader",
                         {"VoucherID", "VoucherDate", "StaffID", "TotalAmount"});
     TableWriter bodies(setting.Connection, "WorkShopPartsBody",
                        {"VoucherID", "PartID", "Rate", "Qty", "Amount"});
-    int voucher = 0;
-    for (int day = 3; day < Days; day += 6) {
-        const int mechanic = FirstMechanic + voucher % Mechanics;
-        ++voucher;
+    const int all = Mechanics + setting.Extent.FurtherMechanics();
+    const int vouchersOfADay = all / Mechanics;
+    const int vouchers = (setting.Extent.Days() - 3 + 5) / 6 * vouchersOfADay;
+    for (int voucher = 1; voucher <= vouchers; ++voucher) {
+        const int day = 3 + (voucher - 1) / vouchersOfADay * 6;
+        const int turn = (voucher - 1) % all;
+        const QString mechanic = QString::number(
+            turn < Mechanics ? FirstMechanic + turn : FurtherMechanicIds + turn - Mechanics);
         const int lines = random.Between(1, 5);
         int total = 0;
         for (int line = 0; line < lines; ++line) {
@@ -225,25 +293,13 @@ void writeWorkshop(const Setting& setting)
             const int quantity = random.Between(1, 3);
             const int amount = partFacts[part].Rate * quantity;
             bodies.Row({voucher, part + 1, partFacts[part].Rate, quantity, amount});
+            earned.AddPart(day, mechanic, part + 1, amount);
             total += amount;
         }
-        headers.Row({voucher, setting.Day(day), QString::number(mechanic), total});
+        headers.Row({voucher, setting.Day(day), mechanic, total});
     }
     headers.Finish();
     bodies.Finish();
-}
-
-} // namespace
-
-void WriteMasters(const Setting& setting)
-{
-    writeBranchesAndAreas(setting);
-    writeStaff(setting);
-    writeProducts(setting);
-    writeAccountsAndParties(setting);
-    writeCommissions(setting);
-    writePrizes(setting);
-    writeWorkshop(setting);
 }
 
 } // namespace Host::Sample

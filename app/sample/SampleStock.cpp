@@ -1,3 +1,4 @@
+#include "PayBook.h"
 #include "SampleFacts.h"
 #include "SampleParts.h"
 #include "SampleRandom.h"
@@ -17,8 +18,9 @@ namespace {
 /// product in every branch, so that no day sends out what is not there.
 class StockHistory {
 public:
-    explicit StockHistory(const Setting& setting)
-        : setting_(setting), inHeaders_(setting.Connection, "StockInHeader", stockHeader),
+    StockHistory(const Setting& setting, PayBook& earned)
+        : setting_(setting), earned_(earned), trade_(setting.Extent.Trade()),
+          inHeaders_(setting.Connection, "StockInHeader", stockHeader),
           inBodies_(setting.Connection, "StockInBody", stockBody),
           outHeaders_(setting.Connection, "StockOutHeader", stockHeader),
           outBodies_(setting.Connection, "StockOutBody", stockBody),
@@ -29,13 +31,19 @@ public:
           passBodies_(setting.Connection, "GatePassBody",
                       {"GatePassID", "ProductID", "OutNewProducts", "ReturnOldProducts",
                        "ReturnNewProducts"}),
+          areas_(Branches().size()),
           stock_(Branches().size(), std::vector<int>(Products().size(), 0))
     {
+        for (const Area& area : setting.Extent.Areas()) {
+            areas_[std::size_t(area.BranchCode - 1)].push_back(&area);
+        }
     }
 
     void Play()
     {
-        for (int day = 0; day < Days; ++day) {
+        const int days = setting_.Extent.Days();
+        for (int day = 0; day < days; ++day) {
+            setting_.Progress("stock", day, days);
             for (std::size_t branch = 0; branch < Branches().size(); ++branch) {
                 playDay(day, branch);
             }
@@ -62,7 +70,7 @@ private:
         }
         const bool closed = day % 7 == 6;
         if (!closed) {
-            for (int passes = random_.Below(3); passes > 0; --passes) {
+            for (int passes = random_.Below(2 * trade_ + 1); passes > 0; --passes) {
                 sendOut(day, branch);
             }
         }
@@ -80,7 +88,7 @@ private:
     {
         std::vector<Quantity> all;
         for (std::size_t i = 0; i < Products().size(); ++i) {
-            all.push_back({i, 2 * Products()[i].Demand + 4});
+            all.push_back({i, trade_ * (2 * Products()[i].Demand + 4)});
         }
         receive(0, branch, QString::fromUtf8(OpeningAccount), QString::fromUtf8("ابتدائی سٹاک"),
                 all);
@@ -93,8 +101,8 @@ private:
         for (std::size_t i = 0; i < Products().size(); ++i) {
             const int demand = Products()[i].Demand;
             const int held = stock_[branch][i];
-            if (held < 2 + demand / 4) {
-                scarce.push_back({i, demand + 4 - held});
+            if (held < trade_ * (2 + demand / 4)) {
+                scarce.push_back({i, trade_ * (demand + 4) - held});
             }
         }
         if (!scarce.empty()) {
@@ -133,7 +141,8 @@ private:
             return;
         }
         ++lastPass_;
-        writePassHeader(day, branch);
+        const auto [isSupply, driver] = writePassHeader(day, branch);
+        int pieces = 0;
         for (const std::size_t product : chosen) {
             const Product& fact = Products()[product];
             int& held = stock_[branch][product];
@@ -142,20 +151,28 @@ private:
             const int backNew = random_.Percent(12) ? random_.Between(1, out) : 0;
             passBodies_.Row({lastPass_, QString::fromUtf8(fact.Id), out, backOld, backNew});
             held += backNew - out;
+            pieces += out;
+        }
+        if (isSupply) {
+            earned_.AddSupply(day, driver, pieces);
         }
     }
 
-    void writePassHeader(int day, std::size_t branch)
+    struct Carrier {
+        bool IsSupply;
+        QString Driver;
+    };
+
+    Carrier writePassHeader(int day, std::size_t branch)
     {
         const int branchCode = Branches()[branch].Code;
-        // Four areas and four drivers belong to each branch.
-        const Area& area = Areas()[branch * 4 + std::size_t(random_.Below(4))];
-        const int driver = FirstDriver + int(branch) + int(Branches().size()) * random_.Below(4);
-        const QVariant driverCode =
-            random_.Percent(92) ? QVariant(QString::number(driver)) : QVariant();
-        const QVariant receiver =
-            random_.Percent(80) ? QVariant(QString::fromUtf8(area.Collector)) : QVariant();
-        const bool posted = day < Days - 45 && random_.Percent(80);
+        const Area& area = *random_.Pick(areas_[branch]);
+        // Four of the drivers who take turns belong to each branch.
+        const int turn = FirstDriver + int(branch) + int(Branches().size()) * random_.Below(4);
+        const QString driver = area.Driver.isEmpty() ? QString::number(turn) : area.Driver;
+        const QVariant driverCode = random_.Percent(92) ? QVariant(driver) : QVariant();
+        const QVariant receiver = random_.Percent(80) ? QVariant(area.Collector) : QVariant();
+        const bool posted = day < setting_.Extent.Days() - 45 && random_.Percent(80);
         const int kind = random_.Below(100);
         const bool supply = kind < 30;
         const bool order = kind >= 75;
@@ -163,8 +180,8 @@ private:
         const QDate date = setting_.Day(day);
         const QTime time(random_.Between(9, 18), random_.Below(60));
         passHeaders_.Row({lastPass_, QDateTime(date, time), posted, date, driverCode, receiver,
-                          QString::fromUtf8(area.Code), branchCode, supply, !supply && !order,
-                          order, user});
+                          area.Code, branchCode, supply, !supply && !order, order, user});
+        return {supply && driverCode.isValid(), driver};
     }
 
     /// A stock out voucher: one or two damaged pieces go back to their supplier.
@@ -201,6 +218,8 @@ private:
     }
 
     const Setting& setting_;
+    PayBook& earned_;
+    int trade_;
     SampleRandom random_{2001};
     TableWriter inHeaders_;
     TableWriter inBodies_;
@@ -208,7 +227,8 @@ private:
     TableWriter outBodies_;
     TableWriter passHeaders_;
     TableWriter passBodies_;
-    std::vector<std::vector<int>> stock_; ///< by branch and product
+    std::vector<std::vector<const Area*>> areas_; ///< by branch
+    std::vector<std::vector<int>> stock_;         ///< by branch and product
     int lastIn_ = 0;
     int lastOut_ = 0;
     int lastPass_ = 0;
@@ -230,10 +250,10 @@ void writeNumberedUnits(const Setting& setting)
                        {"StockID", "ProductID", "EngineNo", "ChasisNo"});
     int stockId = 0;
     int serial = 100000;
-    for (int day = 4; day < Days; day += 11) {
+    for (int day = 4; day < setting.Extent.Days(); day += 11) {
         headers.Row({++stockId, setting.Day(day), QString::number(FirstStoreKeeper),
                      QString::fromUtf8("نئی گاڑیاں")});
-        for (int units = random.Between(4, 8); units > 0; --units) {
+        for (int units = setting.Extent.Trade() * random.Between(4, 8); units > 0; --units) {
             ++serial;
             bodies.Row({stockId, QString::fromUtf8(random.Pick(numbered)->Id),
                         QStringLiteral("E%1").arg(serial), QStringLiteral("C%1").arg(serial)});
@@ -245,9 +265,9 @@ void writeNumberedUnits(const Setting& setting)
 
 } // namespace
 
-void WriteStock(const Setting& setting)
+void WriteStock(const Setting& setting, PayBook& earned)
 {
-    StockHistory(setting).Play();
+    StockHistory(setting, earned).Play();
     writeNumberedUnits(setting);
 }
 

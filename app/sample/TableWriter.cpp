@@ -20,7 +20,7 @@ TableWriter::TableWriter(std::shared_ptr<TradeForms::Connection> connection, con
     }
 }
 
-void TableWriter::Row(std::initializer_list<QVariant> values)
+void TableWriter::Row(std::span<const QVariant> values)
 {
     Q_ASSERT(qsizetype(values.size()) == fields_.size());
     rows_.AddNew();

@@ -7,6 +7,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <span>
 
 namespace TradeForms {
 class Connection;
@@ -21,7 +22,8 @@ public:
                 std::initializer_list<const char*> columns);
 
     /// One row, its values in the order of the columns; an invalid one is a null.
-    void Row(std::initializer_list<QVariant> values);
+    void Row(std::initializer_list<QVariant> values) { Row(std::span(values)); }
+    void Row(std::span<const QVariant> values);
     void Finish();
 
 private:

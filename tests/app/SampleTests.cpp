@@ -160,9 +160,12 @@ TEST_F(Sample, AccountsAreWhatTheirLinesAndCardsSay)
     EXPECT_EQ(Count("select count(*) from (select CardNo from InsCustomerHeader where Old = 1 "
                     "group by CardNo having count(*) > 1) twice"),
               0);
-    EXPECT_EQ(Count("select count(*) from (select EngineNo from InsCustomerBody where "
-                    "EngineNo is not null group by EngineNo having count(*) > 1) twice"),
-              0);
+    EXPECT_EQ(Count("select count(*) from (select EngineNo from InsCustomerBody b inner join "
+                    "InsCustomerHeader h on h.InsCustomerID = b.InsCustomerID where "
+                    "EngineNo is not null and h.ChangeDate is null "
+                    "group by EngineNo having count(*) > 1) twice"),
+              0)
+        << "a converted account keeps the units of the old one, and no other has them";
 }
 
 TEST_F(Sample, NoAccountIsPaidBeyondItsTotal)
@@ -243,19 +246,54 @@ TEST(SampleSizes, NoAccountsAndOneAccountWork)
 
 TEST(AccountPlans, CardNumbersFitAndAreUniqueInTheLargestSample)
 {
-    const Host::Sample::AccountPlanner planner(Host::SampleCompany::MostAccounts);
+    const Host::Sample::Extent extent(Host::SampleCompany::MostAccounts);
+    const Host::Sample::AccountPlanner planner(extent);
     QSet<QString> cards;
-    QSet<QString> oldCards;
+    QSet<QString> typedCards;
     int longest = 0;
-    for (int account = 0; account < Host::SampleCompany::MostAccounts; account += 7) {
-        const Host::Sample::AccountPlan plan = planner.Plan(account);
-        longest = std::max(longest, int(plan.CardNo.size()));
-        (plan.Old ? oldCards : cards)
-            .insert(plan.Old ? plan.CardNo
-                             : QStringLiteral("%1 %2").arg(plan.Area).arg(plan.CardNo));
+    for (int account = 0; account < extent.Accounts(); ++account) {
+        const QString card = planner.CardOf(account);
+        longest = std::max(longest, int(card.size()));
+        if (card.front().isLetter()) {
+            typedCards.insert(card);
+        } else {
+            cards.insert(planner.IdOf(account));
+        }
     }
     EXPECT_LE(longest, 5);
-    EXPECT_EQ(cards.size() + oldCards.size(), (Host::SampleCompany::MostAccounts + 6) / 7);
+    EXPECT_EQ(cards.size() + typedCards.size(), extent.Accounts());
+}
+
+TEST(AccountPlans, AnAreaHoldsNoMoreThanFiveThousandSoldAccountsAtAnySize)
+{
+    for (const int accounts : {1'001, 10'000, 100'000, 1'000'000}) {
+        const Host::Sample::Extent extent(accounts);
+        const Host::Sample::AccountPlanner planner(extent);
+        std::vector<int> held(std::size_t(extent.AreaCount()));
+        for (int account = 0; account < extent.Sold(); ++account) {
+            ++held[planner.AreaOf(account)];
+        }
+        EXPECT_LE(*std::max_element(held.begin(), held.end()), 5000) << accounts;
+        EXPECT_GT(*std::min_element(held.begin(), held.end()), 0) << accounts;
+        EXPECT_EQ(held.front(), extent.Town());
+    }
+}
+
+TEST(AccountPlans, AMillionAccountsHaveTenReceiptsEachOnAverage)
+{
+    const Host::Sample::Extent extent(Host::SampleCompany::MostAccounts);
+    const Host::Sample::AccountPlanner planner(extent);
+    constexpr int step = 997;
+    int planned = 0;
+    std::size_t receipts = 0;
+    for (int account = 0; account < extent.Sold(); account += step) {
+        receipts += planner.Plan(account).Receipts.size();
+        ++planned;
+    }
+    // The accounts that others were converted into share the receipts of those.
+    const double perAccount = double(receipts) / planned * extent.Sold() / extent.Accounts();
+    EXPECT_GT(perAccount, 9.9);
+    EXPECT_LT(perAccount, 10.5);
 }
 
 TEST(SampleRandomTest, IsTheSameEverywhere)

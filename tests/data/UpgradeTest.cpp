@@ -29,7 +29,7 @@ protected:
                                  });
         QFile script(QStringLiteral(SOURCE_DIR "/tests/data/company-1.sql"));
         EXPECT_TRUE(script.open(QIODevice::ReadOnly));
-        run(handle, script.readAll());
+        run(handle, "begin;" + script.readAll() + "commit");
         run(handle, "insert into Products (ProductID, ProductName) values ('101', 'x'), "
                     "('102', 'y');"
                     "insert into StockInHeader (StockID, BranchCode) values (1, 1), (2, 2);"

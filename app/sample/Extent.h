@@ -1,0 +1,63 @@
+#pragma once
+
+#include "SampleFacts.h"
+
+#include <vector>
+
+namespace Host::Sample {
+
+/// How large the company is, which its number of accounts settles.
+///
+/// Up to a thousand accounts it has twelve areas of one size and half a year of vouchers. A
+/// larger one has traded for four years, in which an account has ten receipts on average. Its
+/// first area, the town, holds up to five thousand accounts and is collected on every other
+/// Sunday, when all else is closed; the other accounts live in as many areas as it takes for
+/// none to hold more than five thousand either.
+class Extent {
+public:
+    explicit Extent(int accounts);
+
+    int Accounts() const { return accounts_; }
+    bool IsLarge() const { return isLarge_; }
+    /// Accounts that were sold. The other ones are conversions of some of these.
+    int Sold() const { return sold_; }
+    int Converted() const { return accounts_ - sold_; }
+    /// Accounts sold in the town of a large company.
+    int Town() const { return town_; }
+
+    /// How many days of vouchers there are; the last one is the company's last day.
+    int Days() const { return isLarge_ ? 1456 : 181; }
+    int Weeks() const { return (Days() + 6) / 7; }
+    /// Over how many months a new account is to be paid.
+    int Instalments() const { return isLarge_ ? 13 : 12; }
+    /// Thirty days each.
+    int Months() const { return Days() / 30; }
+
+    std::span<const Area> Areas() const { return areas_; }
+    int AreaCount() const { return int(areas_.size()); }
+    /// Areas that a company of the smallest kind does not have.
+    int FurtherAreas() const { return AreaCount() - int(HomeAreas().size()); }
+
+    /// Mechanics beside those of the smallest company.
+    int FurtherMechanics() const { return (FurtherAreas() + 9) / 10; }
+    int FurtherFranchiseHolders() const { return (FurtherAreas() + 2) / 3; }
+    /// How many times the goods of the smallest company pass through the stock.
+    int Trade() const;
+
+private:
+    int accounts_;
+    int sold_;
+    bool isLarge_;
+    int town_;
+    std::vector<Area> areas_;
+};
+
+// Staff of the further areas, by the first id of each post.
+inline constexpr int FurtherManagers = 20001;
+inline constexpr int FurtherSecretaries = 30001;
+inline constexpr int FurtherCollectors = 40001;
+inline constexpr int FurtherDrivers = 50001;
+inline constexpr int FurtherFranchises = 60001;
+inline constexpr int FurtherMechanicIds = 70001;
+
+} // namespace Host::Sample

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+
+struct sqlite3;
+
+/// The tables of vouchers that a statement reads from end to end, by their plain names in order.
+/// Tables of masters and work tables do not count: they stay small.
+QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement);
+
+/// Every statement that the connection holds prepared: what its functions and procedures run, as
+/// well as what it was asked to run.
+QList<QByteArray> PreparedStatements(sqlite3* handle);
