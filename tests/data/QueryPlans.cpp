@@ -7,6 +7,8 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr const char* voucherTables[] = {
@@ -96,7 +98,8 @@ QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement)
             cursors.insert(cursor, tables.value(operation[3]));
         else if (code.startsWith(QStringLiteral("Open")))
             cursors.remove(cursor);
-        else if (code == QStringLiteral("Rewind") || code == QStringLiteral("Last"))
+        else if (code == QStringLiteral("Rewind") || code == QStringLiteral("Last") ||
+                 code == QStringLiteral("Count"))
             scanned.insert(cursors.value(cursor));
     }
     QStringList found;
@@ -105,6 +108,14 @@ QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement)
             found.append(QString::fromUtf8(table));
     }
     return found;
+}
+
+bool ReadsIndexAlone(sqlite3* handle, const QByteArray& statement, const QString& table)
+{
+    const QList<QStringList> plan = rowsOf(handle, "EXPLAIN QUERY PLAN " + statement);
+    return std::any_of(plan.begin(), plan.end(), [&](const QStringList& step) {
+        return step[3].startsWith(QStringLiteral("SCAN %1 USING COVERING INDEX").arg(table));
+    });
 }
 
 QList<QByteArray> PreparedStatements(sqlite3* handle)

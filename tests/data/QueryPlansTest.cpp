@@ -9,26 +9,50 @@
 #include <gmock/gmock.h>
 
 #include <QFile>
+#include <QSet>
 
 using namespace TradeForms;
 
 namespace {
 
-/// A statement that may read a voucher table from end to end, by what stands in it, and why.
+/// A statement that may read a voucher table from end to end.
 struct Exception {
-    const char* Part;
+    const char* Part; ///< what stands in it
+    const char* Table;
     const char* Reason;
+    bool ReadsIndexAlone; ///< and not the rows themselves
 };
+
+// The engine makes the sums of all vouchers before it joins them to the headers of the dates that
+// were asked for: it cannot carry the join into a grouped subquery. An index that holds the sums'
+// columns is read instead of the rows.
+constexpr const char* groupedBeforeJoined = "the sums are made before the join";
 
 constexpr Exception exceptions[] = {
-    {"@none@", ""},
+    {"FROM GatePassBody GROUP BY GatePassID", "GatePassBody", groupedBeforeJoined, true},
+    {"FROM InsCustomerBody GROUP BY InsCustomerBody.InsCustomerID", "InsCustomerBody",
+     groupedBeforeJoined, true},
+    {"FROM RecoveryBody GROUP BY VoucherID", "RecoveryBody", groupedBeforeJoined, true},
+    {"FROM ConcessionBody GROUP BY VoucherID", "ConcessionBody", groupedBeforeJoined, true},
+    {"FROM ReturnBody GROUP BY VoucherID", "ReturnBody", groupedBeforeJoined, true},
+    {"FROM WorkShopPartsBody GROUP BY VoucherID", "WorkShopPartsBody", groupedBeforeJoined, true},
+    {"from FrenchiserSalaryBody group by staffid", "FrenchiserSalaryBody", groupedBeforeJoined,
+     true},
+    {"from WorkShopSalaryBody group by staffid", "WorkShopSalaryBody", groupedBeforeJoined, true},
+    {"where left(frominscustomerid,PATINDEX('% %',frominscustomerid)-1) = ", "ConvertArea",
+     "an index on the parts of the key would need functions that no other program has", false},
+    {"select * from FrenchiserSalaryBody", "FrenchiserSalaryBody",
+     "asks for all rows, to add to them", false},
+    {"select * from WorkShopSalaryBody", "WorkShopSalaryBody", "asks for all rows, to add to them",
+     false},
 };
 
-const char* reasonFor(const QString& statement)
+const Exception* exceptionFor(const QString& statement, const QStringList& tables)
 {
     for (const Exception& exception : exceptions) {
-        if (statement.contains(QString::fromUtf8(exception.Part)))
-            return exception.Reason;
+        if (statement.contains(QString::fromUtf8(exception.Part)) &&
+            tables == QStringList(QString::fromUtf8(exception.Table)))
+            return &exception;
     }
     return nullptr;
 }
@@ -63,14 +87,99 @@ protected:
 TEST_F(QueryPlans, NoStatementReadsAVoucherTableFromEndToEndWhereAnIndexCanServe)
 {
     int examined = 0;
+    QSet<const Exception*> used;
     for (const QString& statement : libraryStatements()) {
         const AdaptedStatement adapted = AdaptStatement(statement.toUtf8());
         if (adapted.Procedure)
             continue;
         ++examined;
         const QStringList tables = ScannedVoucherTables(handle(), adapted.Text);
-        EXPECT_TRUE(tables.isEmpty() || reasonFor(statement))
-            << "Scans " << tables.join(u' ').toStdString() << "\n  in " << statement.toStdString();
+        if (tables.isEmpty())
+            continue;
+        const Exception* exception = exceptionFor(statement, tables);
+        ASSERT_TRUE(exception) << "Reads all of " << tables.join(u' ').toStdString() << "\n  in "
+                               << statement.toStdString();
+        EXPECT_EQ(ReadsIndexAlone(handle(), adapted.Text, tables.first()),
+                  exception->ReadsIndexAlone)
+            << exception->Reason << "\n  in " << statement.toStdString();
+        used.insert(exception);
     }
     EXPECT_GT(examined, 200);
+    EXPECT_EQ(used.size(), qsizetype(std::size(exceptions))) << "an exception is not needed";
+}
+
+TEST_F(QueryPlans, FunctionsAndProceduresFindTheirRowsByIndexes)
+{
+    for (const char* statement :
+         {"select dbo.FunCurrentBalance('Kot 1'), dbo.FunGetProduct('Kot 1'), "
+          "dbo.FunGetCustomer('E1'), dbo.FunCurrentAdvance('2014')",
+          "exec SPInstallmentBalances '2026-01-05'", "exec spRecoveryPrize 'Kot','2026-01-05'"})
+        connection_->Execute(statement);
+    int read = 0;
+    for (const QByteArray& statement : PreparedStatements(handle())) {
+        const bool isQuestion = statement.contains("SELECT") || statement.contains("select");
+        if (!isQuestion || statement.contains("sqlite_master"))
+            continue;
+        ++read;
+        EXPECT_EQ(ScannedVoucherTables(handle(), statement), QStringList())
+            << statement.toStdString();
+    }
+    EXPECT_GE(read, 7);
+}
+
+TEST_F(QueryPlans, SavedRowsAreFoundByIndexes)
+{
+    company_.Run("insert into RecoveryHeader (VoucherID, VoucherDate) values (1, '2026-01-05');"
+                 "insert into RecoveryBody values (1, '2026-01-05', 'Kot 1', '1', 1, 500),"
+                 " (1, '2026-01-05', 'Kot 2', '2', 2, 500)");
+    Recordset rows;
+    rows.Open(Statement("Select * from RecoveryBody where VoucherID=1"), connection_,
+              CursorType::Static, LockType::BatchOptimistic);
+    rows.Fields("Amount").SetValue(700);
+    rows.MoveNext();
+    rows.Delete();
+    rows.UpdateBatch();
+    int written = 0;
+    for (const QByteArray& statement : PreparedStatements(handle())) {
+        if (!statement.startsWith("UPDATE") && !statement.startsWith("DELETE"))
+            continue;
+        ++written;
+        EXPECT_EQ(ScannedVoucherTables(handle(), statement), QStringList())
+            << statement.toStdString();
+    }
+    EXPECT_EQ(written, 2);
+}
+
+// The examination itself: what it has to find, and what it has to let pass.
+
+TEST_F(QueryPlans, AConditionThatNoIndexServesIsFound)
+{
+    EXPECT_EQ(scanned("select * from RecoveryBody where Amount > 5"),
+              QStringList(QStringLiteral("RecoveryBody")));
+    EXPECT_EQ(scanned("select * from RecoveryBody b where month(b.VoucherDate) = 1"),
+              QStringList(QStringLiteral("RecoveryBody")))
+        << "an alias does not hide it, nor does a function around an indexed column";
+    EXPECT_EQ(scanned("select count(*) from InsCustomerHeader"),
+              QStringList(QStringLiteral("InsCustomerHeader")))
+        << "all of an index is as long as all of the table";
+    EXPECT_EQ(scanned("delete from ReturnBody where Remarks = 'x'"),
+              QStringList(QStringLiteral("ReturnBody")));
+    EXPECT_EQ(scanned("select * from vuAccounts a join InsCustomerHeader h on h.City = "
+                      "a.AccountName"),
+              QStringList(QStringLiteral("InsCustomerHeader")));
+}
+
+TEST_F(QueryPlans, AnIndexMadeForOneStatementIsFound)
+{
+    EXPECT_EQ(scanned("select * from RecoveryHeader h join ConcessionBody c on c.Amount = "
+                      "h.UserNo where h.VoucherID = 1 or h.VoucherID = 2"),
+              QStringList(QStringLiteral("ConcessionBody")));
+}
+
+TEST_F(QueryPlans, MastersAndLargestNumbersPass)
+{
+    EXPECT_EQ(scanned("SELECT * FROM Sectors"), QStringList());
+    EXPECT_EQ(scanned("Select isnull(max(VoucherID),0) from RecoveryHeader"), QStringList());
+    EXPECT_EQ(scanned("select * from RecoveryBody where VoucherID = 1 order by Amount"),
+              QStringList());
 }
