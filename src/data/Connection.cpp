@@ -75,6 +75,7 @@ const TradeForms::Dialect& Connection::Dialect() const
 void Connection::Report(const ProviderFailure& failure)
 {
     errors_.errors_.append({failure.Number(), failure.Description()});
+    engine_->Settle();
 }
 
 } // namespace TradeForms

@@ -47,8 +47,7 @@ void Engine::BeginTrans()
 {
     if (InTransaction())
         throw ProviderFailure(QStringLiteral("A transaction is open already."));
-    if (isBegun_)
-        undo();
+    Settle();
     isBegun_ = false;
     beginBelow();
     isBegun_ = true;
@@ -74,6 +73,12 @@ void Engine::RollbackTrans()
         rollbackBelow();
     isBegun_ = false;
     undo();
+}
+
+void Engine::Settle()
+{
+    if (isBegun_ && !isOpenBelow())
+        undo();
 }
 
 void Engine::Atomically(const std::function<void()>& work)

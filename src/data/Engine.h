@@ -85,6 +85,9 @@ public:
     /// Ends quietly where the database has rolled back by itself already.
     void RollbackTrans();
     bool InTransaction() const { return isBegun_ && isOpenBelow(); }
+    /// After an operation that failed: where the database has undone the transaction by itself,
+    /// what was to be done then is done at once, before the user goes on.
+    void Settle();
 
     /// Prepares an empty database for being filled with a great many rows; see Connection.
     virtual void BeginLoad() {}

@@ -26,6 +26,12 @@ const QString& alert()
     return title;
 }
 
+/// The number of a new voucher was stored by another between the race rule and the lock.
+class NumberTaken : public Failure {
+public:
+    using Failure::Failure;
+};
+
 JeweledButton& button(QWidget* form, const char* name, const char* urdu, const char* english,
                       const char* shortcut, JeweledButton::Kind kind = JeweledButton::Kind::Plain)
 {
@@ -135,6 +141,7 @@ void VoucherForm::enterNew()
     DtpDate.SetValue(QDate::currentDate());
     LoadDetail();
     if (detail_) {
+        dropRowsOfAnother();
         detail_->StartAdding();
     }
     if (newFocus_) {
@@ -146,6 +153,21 @@ void VoucherForm::enterNew()
     BtnPrint.SetEnabled(false);
     BtnClear.SetEnabled(true);
     IsNew = true;
+}
+
+/// Another may have stored a voucher under the number between its reading and that of the rows,
+/// which are the other's then. Rows that no voucher holds leave the number as it is.
+void VoucherForm::dropRowsOfAnother()
+{
+    while (detail_->CountRows() > 0) {
+        const QString next = QString::number(NextVoucherId());
+        if (next == id_->Text()) {
+            return;
+        }
+        id_->SetText(next);
+        detail_->EmptyGrid();
+        LoadDetail();
+    }
 }
 
 void VoucherForm::enterEdited()
@@ -273,6 +295,10 @@ void VoucherForm::runWriting(const std::function<void()>& step, Rollback tail)
     try {
         step();
         return;
+    } catch (const NumberTaken&) {
+        Rows.SetRedraw(true);
+        Database().RollbackTrans();
+        giveNewNumber();
     } catch (const std::exception& failure) {
         Rows.SetRedraw(true);
         const Connection* connection = HostContext::objCN.get();
@@ -320,9 +346,14 @@ bool VoucherForm::PassesRaceRule()
     if (!IsNew || Database().Execute(WithId(is_.Race)).RecordCount() == 0) {
         return true;
     }
+    giveNewNumber();
+    return false;
+}
+
+void VoucherForm::giveNewNumber()
+{
     Inform(this, is_.IdTaken, MsgIcon::Stop, alert());
     id_->SetText(QString::number(NextVoucherId()));
-    return false;
 }
 
 bool VoucherForm::HasRows()
@@ -346,6 +377,9 @@ void VoucherForm::SaveHeader()
     header.Open(WithId(is_.Header), HostContext::Database(), CursorType::Static,
                 LockType::Pessimistic);
     const bool isNew = header.Bof();
+    if (IsNew && !isNew && is_.Race) {
+        throw NumberTaken(is_.IdTaken);
+    }
     if (isNew) {
         header.AddNew();
     }

@@ -142,7 +142,8 @@ protected:
     bool PassesRaceRule();
     bool HasRows();
     void BeginTrans();
-    /// Writes the header row, adding it where there is none.
+    /// Writes the header row, adding it where there is none. A new voucher whose number is stored
+    /// by now ends the save as the race rule does, with nothing written.
     void SaveHeader();
     /// Stamps the rows with the id and writes them.
     void SaveBody();
@@ -160,11 +161,14 @@ protected:
 private:
     void attach();
     void enterNew();
+    void dropRowsOfAnother();
     void enterEdited();
     void enterOpened();
     void showState();
     /// Runs a step that writes, with its tail.
     void runWriting(const std::function<void()>& step, Rollback tail);
+    /// Says that the number is taken, and takes the next one.
+    void giveNewNumber();
     bool pressCtrl(int key);
     void clickSave();
     LookupCode* lookupOf(const Control* control) const;

@@ -154,7 +154,8 @@ std::unique_ptr<Engine> create(const QString& file, const QByteArray& script)
         engine->Atomically([&] { RunScript(engine->Raw(), script.constData()); });
         return engine;
     } catch (...) {
-        QFile::remove(path);
+        for (const char* part : {"", "-journal", "-wal", "-shm"})
+            QFile::remove(path + QLatin1String(part));
         throw;
     }
 }
