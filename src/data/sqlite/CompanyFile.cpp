@@ -2,6 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/SchemaVersion.h"
+#include "data/sqlite/CompanySchema.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <QDir>
@@ -35,6 +36,16 @@ void requireWritableFolder(const QFileInfo& info)
               info.absoluteFilePath(), SQLITE_READONLY_DIRECTORY);
 }
 
+/// Without a log to complete it, a file consists of whole pages.
+void requireWholePages(sqlite3* handle, const QFileInfo& info)
+{
+    const qint64 pageSize = ReadInteger(handle, "PRAGMA page_size");
+    if (pageSize > 0 && info.size() % pageSize != 0)
+        throw ProviderFailure(DamagedText(QDir::toNativeSeparators(info.absoluteFilePath()),
+                                          QStringLiteral("its last page breaks off")),
+                              SQLITE_CORRUPT);
+}
+
 void requireCompany(sqlite3* handle, const QString& file)
 {
     const qint64 owner = ReadInteger(handle, "PRAGMA application_id");
@@ -47,6 +58,9 @@ void requireCompany(sqlite3* handle, const QString& file)
         raise(QStringLiteral("'%1' was made by a newer version of this program. Install that "
                              "version to open it."),
               file, SQLITE_SCHEMA);
+    // One of an older version is looked at when it has been brought up to date.
+    if (version == schemaVersion)
+        RequireCompanySchema(handle, QDir::toNativeSeparators(file));
 }
 
 void requireWritable(sqlite3* handle, const QString& file)
@@ -112,7 +126,7 @@ void makeObjects(sqlite3* handle)
 
 /// Brings a company of an older version up to date, all or nothing. Of two who open it at once
 /// the second finds it done.
-void bringUpToDate(SqliteEngine& engine)
+void bringUpToDate(SqliteEngine& engine, const QString& file)
 {
     sqlite3* handle = engine.Raw();
     const auto isOld = [&] { return ReadInteger(handle, "PRAGMA user_version") < schemaVersion; };
@@ -122,6 +136,7 @@ void bringUpToDate(SqliteEngine& engine)
         if (!isOld())
             return;
         makeObjects(handle);
+        RequireCompanySchema(handle, QDir::toNativeSeparators(file));
         FillStockLevels(handle);
         MarkAsCompany(handle);
     });
@@ -203,11 +218,14 @@ std::unique_ptr<Engine> OpenCompanyFile(const QString& file, std::chrono::millis
               SQLITE_READONLY);
     requireWritableFolder(info);
 
+    const bool hasLog = QFileInfo(path + QStringLiteral("-wal")).size() > 0;
     auto engine = OpenFile(path, lockWait);
     requireCompany(engine->Raw(), path);
+    if (!hasLog)
+        requireWholePages(engine->Raw(), info);
     requireWritable(engine->Raw(), path);
     ConfigureCompany(engine->Raw());
-    bringUpToDate(*engine);
+    bringUpToDate(*engine, path);
     return engine;
 }
 

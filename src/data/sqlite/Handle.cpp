@@ -60,8 +60,7 @@ QString textFor(sqlite3* handle, int code)
     case SQLITE_NOTADB:
         return QStringLiteral("'%1' is not a company file.").arg(fileOf(handle));
     case SQLITE_CORRUPT:
-        return QStringLiteral("'%1' is damaged: %2. Restore it from a backup.")
-            .arg(fileOf(handle), message);
+        return DamagedText(fileOf(handle), message);
     case SQLITE_CONSTRAINT:
         return constraintText(code, message);
     default:
@@ -85,6 +84,11 @@ bool isBlank(sqlite3* handle, const char* text, const char* end)
 }
 
 } // namespace
+
+QString DamagedText(const QString& file, const QString& damage)
+{
+    return QStringLiteral("'%1' is damaged: %2. Restore it from a backup.").arg(file, damage);
+}
 
 void RaiseSqlite(sqlite3* handle)
 {

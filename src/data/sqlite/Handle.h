@@ -40,6 +40,9 @@ private:
     sqlite3_stmt* statement_;
 };
 
+/// The words for the user about a file that is damaged in the way told.
+QString DamagedText(const QString& file, const QString& damage);
+
 /// Raises ProviderFailure with words for the user for what the handle last reported.
 [[noreturn]] void RaiseSqlite(sqlite3* handle);
 
