@@ -1,68 +1,23 @@
 // A clerk's day with gate passes, from the login on to the printed page, by keyboard alone. Rows
-// are read back from the database after each step, words from the printed files. The last part is played by two programs on one database file.
-//
-// journey [--pictures FOLDER]
+// are read back from the database after each step, words from the printed files. The last part is
+// played by two programs on one database file.
 
-#include "Clerk.h"
+#include "Journeys.h"
 
-#include "Options.h"
-#include "Run.h"
 #include "SampleCompany.h"
 
 #include <QApplication>
-#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTextStream>
-
-#include <sqlite3.h>
-
-#include <cstdio>
 
 namespace journeys {
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 const QString Saved = s("Do you want to print this GatePass");
 const QString Alert = s("Alert");
-
-/// The rows of a query, read through a connection of its own; cells joined by '|'.
-QStringList rows(const QString& file, const QString& sql)
-{
-    sqlite3* database = nullptr;
-    sqlite3_open_v2(QFile::encodeName(file).constData(), &database, SQLITE_OPEN_READONLY, nullptr);
-    sqlite3_busy_timeout(database, 5000);
-    // The company's text columns name it; for what is read here any order will do.
-    sqlite3_create_collation(database, "CI", SQLITE_UTF8, nullptr,
-                             [](void*, int aSize, const void* a, int bSize, const void* b) {
-                                 return qstrcmp(QByteArray(static_cast<const char*>(a), aSize),
-                                                QByteArray(static_cast<const char*>(b), bSize));
-                             });
-    sqlite3_stmt* statement = nullptr;
-    QStringList found;
-    if (sqlite3_prepare_v2(database, sql.toUtf8().constData(), -1, &statement, nullptr)
-        != SQLITE_OK) {
-        found.append(QString::fromUtf8(sqlite3_errmsg(database)));
-    }
-    while (statement && sqlite3_step(statement) == SQLITE_ROW) {
-        QStringList cells;
-        for (int i = 0; i < sqlite3_column_count(statement); ++i) {
-            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
-            cells.append(text ? QString::fromUtf8(text) : s("null"));
-        }
-        found.append(cells.join(QLatin1Char('|')));
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
-    return found;
-}
 
 QString header(const QString& file, int id)
 {
@@ -117,14 +72,6 @@ struct Known {
         }
     }
 };
-
-void logIn(Clerk& clerk, const QString& user)
-{
-    clerk.See(s("LoginWindow"));
-    clerk.Enter(user);
-    clerk.Enter(Host::SampleCompany::Password());
-    clerk.See(s("MainWindow"));
-}
 
 void openGatePass(Clerk& clerk)
 {
@@ -224,9 +171,11 @@ void printCopies(Clerk& clerk, const Known& known, const QString& folder, int id
     clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 1));
 }
 
+} // namespace
+
 // ---- One clerk's day
 
-void day(Clerk& clerk, const QString& file, const QString& printTo)
+void GatePassDay(Clerk& clerk, const QString& file, const QString& printTo)
 {
     const Known known(file);
     clerk.Expect(known.Products.size() == 3, s("three products with stock"));
@@ -424,7 +373,7 @@ void day(Clerk& clerk, const QString& file, const QString& printTo)
 }
 
 /// The other program's clerk: enters a pass, tells its number, and saves when told to.
-void secondClerk(Clerk& clerk, const QString& file)
+void SecondGatePassClerk(Clerk& clerk, const QString& file)
 {
     const Known known(file);
     logIn(clerk, s("admin"));
@@ -442,47 +391,4 @@ void secondClerk(Clerk& clerk, const QString& file)
     clerk.Press(Qt::Key_Q, Qt::ControlModifier);
 }
 
-} // namespace
 } // namespace journeys
-
-int main(int argc, char* argv[])
-{
-    QApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const auto after = [&arguments](const char* option) {
-        const qsizetype at = arguments.indexOf(QLatin1String(option));
-        return at < 0 ? QString() : arguments.value(at + 1);
-    };
-
-    Host::Options options;
-    const QString second = after("--second-clerk");
-    QTemporaryDir folder;
-    options.Database =
-        second.isEmpty() ? folder.filePath(QStringLiteral("company.db")) : second;
-    options.CreateSample = second.isEmpty();
-    options.PrintTo = folder.filePath(QStringLiteral("printed"));
-    options.Until = QDate::currentDate();
-
-    // The company first: the clerk looks facts up in it before the program is on the screen.
-    if (options.CreateSample && Host::CreateSampleCompany(options) != Host::ExitDone) {
-        return 1;
-    }
-    journeys::Clerk clerk(after("--pictures"));
-    const bool done = clerk.Work(
-        [&](journeys::Clerk& it) {
-            if (second.isEmpty()) {
-                journeys::day(it, options.Database, options.PrintTo);
-            } else {
-                journeys::secondClerk(it, options.Database);
-            }
-        },
-        [&options] { Host::RunHost(options); });
-    if (!done) {
-        std::fprintf(stderr, "journey: not finished\n");
-        return 1;
-    }
-    if (second.isEmpty()) {
-        std::puts("journey: done");
-    }
-    return 0;
-}
