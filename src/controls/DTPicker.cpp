@@ -59,6 +59,7 @@ void DTPicker::SetCustomFormat(const QString& format)
 void DTPicker::FinishEdit()
 {
     typedDay_ = 0;
+    typing_ = false;
     if (currentSection() == YearSection) {
         bool ok = false;
         const int year = sectionText(YearSection).toInt(&ok);
@@ -117,6 +118,7 @@ void DTPicker::keyPressEvent(QKeyEvent* event)
         break;
     default:
         typedDay_ = 0;
+        typing_ = false;
         QDateEdit::keyPressEvent(event);
         break;
     }
@@ -126,6 +128,7 @@ void DTPicker::keyPressEvent(QKeyEvent* event)
 // over has 30 days.
 void DTPicker::TypeDigit(QKeyEvent* event)
 {
+    typing_ = true;
     const Section section = currentSection();
     const int most = section == YearSection ? 4 : 2;
     if (sectionText(section).size() >= most)
@@ -181,6 +184,7 @@ QRect DTPicker::ArrowRect() const
 // The base opens its calendar on a press of the arrow and has no other way.
 void DTPicker::OpenCalendar()
 {
+    typing_ = false;
     const QPointF arrow = ArrowRect().center();
     QMouseEvent press(QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton,
                       Qt::LeftButton, Qt::NoModifier);

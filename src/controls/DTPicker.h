@@ -21,6 +21,9 @@ public:
     /// Raises std::invalid_argument for a date that is none, or outside the years above.
     void SetValue(const QDate& date);
     void SetCustomFormat(const QString& format);
+    /// Whether digits have been typed into the date and it has not been left since: a date that
+    /// the program sets now would break into the typing.
+    bool IsBeingTyped() const { return typing_; }
 
 protected:
     void FinishEdit() override;
@@ -40,6 +43,7 @@ private:
     void SelectPart(int index);
 
     int typedDay_ = 0;      ///< the day as typed, which may wait for its month; 0 is none
+    bool typing_ = false;
     bool advanced_ = false; ///< the last digit has completed a part and gone to the next
 };
 

@@ -261,10 +261,11 @@ void SearchWindow::Load()
         // From here on, so that the defaults do not read the list.
         for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
             picker->OnChange = [this] {
-                if (!widening_) {
+                if (!showingRange_) {
                     loadList();
                 }
             };
+            picker->OnLostFocus = [this] { showRange(); };
         }
     }
     dialog_.EmptyParaOut(is_.Results.front());
@@ -275,14 +276,28 @@ void SearchWindow::Load()
     }
 }
 
-void SearchWindow::widenToWholeMonths()
+SearchWindow::DateRange SearchWindow::range() const
 {
-    const auto firstOfMonth = [](const QDate& date) {
-        return QDate(date.year(), date.month(), 1);
+    const QDate from = dtpFrom_->Value();
+    const QDate to = dtpTo_->Value();
+    if (!is_.Dates.WholeMonths) {
+        return {from, to};
+    }
+    return {QDate(from.year(), from.month(), 1), QDate(to.year(), to.month(), to.daysInMonth())};
+}
+
+/// Sets the pickers to the range that is read.
+void SearchWindow::showRange()
+{
+    const QScopedValueRollback<bool> quiet(showingRange_, true);
+    const DateRange dates = range();
+    const auto set = [](DTPicker& picker, const QDate& date) {
+        if (!picker.IsBeingTyped() && picker.Value() != date) {
+            picker.SetValue(date);
+        }
     };
-    const QScopedValueRollback<bool> quiet(widening_, true);
-    dtpFrom_->SetValue(firstOfMonth(dtpFrom_->Value()));
-    dtpTo_->SetValue(firstOfMonth(dtpTo_->Value()).addMonths(1).addDays(-1));
+    set(*dtpFrom_, dates.From);
+    set(*dtpTo_, dates.To);
 }
 
 Statement SearchWindow::buildStatement() const
@@ -310,17 +325,18 @@ Statement SearchWindow::buildStatement() const
                              : Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed));
     }
     if (is_.Dates.From) {
-        statement.Bind("DtpFrom", dtpFrom_->Value())
-            .Bind("DtpTo", dtpTo_->Value())
-            .Bind("MonthAfterDtpTo", dtpTo_->Value().addMonths(1));
+        const DateRange dates = range();
+        statement.Bind("DtpFrom", dates.From)
+            .Bind("DtpTo", dates.To)
+            .Bind("MonthAfterDtpTo", dates.To.addMonths(1));
     }
     return statement;
 }
 
 void SearchWindow::loadList()
 {
-    if (is_.Dates.WholeMonths) {
-        widenToWholeMonths();
+    if (is_.Dates.From) {
+        showRange();
     }
     const std::shared_ptr<Connection>& connection = HostContext::Database();
     const Statement statement = buildStatement();

@@ -43,6 +43,10 @@ protected:
     void HandlerFailed(const std::exception& failure) override;
 
 private:
+    struct DateRange {
+        QDate From;
+        QDate To;
+    };
     struct Narrowing {
         const SearchField* Is;
         Txt* Field;
@@ -53,7 +57,8 @@ private:
     QLayout* composeLists();
     void attach();
     Txt& firstField();
-    void widenToWholeMonths();
+    DateRange range() const;
+    void showRange();
     Statement buildStatement() const;
     void loadList();
     void jump(const Narrowing& narrowing);
@@ -69,7 +74,7 @@ private:
     BoundRows list_;
     BoundRows lines_;
     QString listStatement_;
-    bool widening_ = false;    ///< the program sets the pickers, on the way to a read
+    bool showingRange_ = false;///< the program sets the pickers, on the way to a read
     std::vector<Narrowing> narrowings_;
     DTPicker* dtpFrom_ = nullptr;
     DTPicker* dtpTo_ = nullptr;

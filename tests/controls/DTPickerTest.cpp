@@ -54,6 +54,19 @@ TEST_F(DTPickerTest, IsTypedAsAClerkWritesADate)
     EXPECT_GT(changes, 0);
 }
 
+TEST_F(DTPickerTest, IsBeingTypedFromADigitUntilAnotherKeyOrUntilItIsLeft)
+{
+    EXPECT_FALSE(desk.Date.IsBeingTyped());
+    Type(desk, "05/");
+    EXPECT_TRUE(desk.Date.IsBeingTyped());
+    Press(desk, Qt::Key_Up);
+    EXPECT_FALSE(desk.Date.IsBeingTyped());
+    Type(desk, "1");
+    EXPECT_TRUE(desk.Date.IsBeingTyped());
+    desk.SetFocus(desk.A);
+    EXPECT_FALSE(desk.Date.IsBeingTyped());
+}
+
 TEST_F(DTPickerTest, DayThatTheMonthDoesNotHaveBecomesItsLast)
 {
     Type(desk, "31022027");

@@ -421,18 +421,35 @@ TEST_F(VoucherListsTest, ProfitsAreReadForWholeMonthsWhateverDaysAreChosen)
     });
 }
 
-TEST_F(VoucherListsTest, ProfitsOfLastMonthComeWithADateTypedIntoThePicker)
+TEST_F(VoucherListsTest, ProfitsAreReadWhileADateIsTypedWhichBecomesAWholeMonthWhenItIsLeft)
 {
-    Look(SchPartnershipProfit, [this](SearchWindow& window) {
-        window.SetFocus(*window.DtpFrom());
-        Press(window, Qt::Key_Home);
-        Type(window, month.addDays(-1).toString(s("dd/MM/yyyy")));
-        EXPECT_EQ(window.DtpFrom()->Value(), month.addMonths(-1));
-        EXPECT_EQ(Column(window, "ID"), s("3 1 2"));
+    for (const char* format : {"dd/MM/yyyy", "ddMMyyyy"}) {
+        Look(SchPartnershipProfit, [&](SearchWindow& window) {
+            const QDate typed = month.addDays(-1);
+            window.SetFocus(*window.DtpFrom());
+            Press(window, Qt::Key_Home);
+            Type(window, typed.toString(s(format)));
+            EXPECT_EQ(Column(window, "ID"), s("3 1 2"));
+            EXPECT_EQ(window.DtpFrom()->Value(), typed); // nothing breaks into the typing
+            Press(window, Qt::Key_Tab);
+            EXPECT_EQ(window.DtpFrom()->Value(), month.addMonths(-1));
+            Type(window, QDate(2024, 2, 15).toString(s(format)));
+            EXPECT_TRUE(Read(window, s("AND '2024-02-29'")));
+            Press(window, Qt::Key_Tab);
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 29));
+        });
+    }
+}
+
+TEST_F(VoucherListsTest, ProfitsShowTheWholeMonthAtOnceWhereADateIsChangedByArrow)
+{
+    Look(SchPartnershipProfit, [](SearchWindow& window) {
+        window.DtpTo()->SetValue(QDate(2024, 2, 10));
         window.SetFocus(*window.DtpTo());
-        Press(window, Qt::Key_Home);
-        Type(window, s("15/02/2024"));
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 29));
+        Press(window, Qt::Key_Right); // the month
+        Press(window, Qt::Key_Up);
+        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 3, 31));
+        EXPECT_TRUE(Read(window, s("AND '2024-03-31'")));
     });
 }
 
