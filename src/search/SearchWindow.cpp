@@ -318,11 +318,11 @@ Statement SearchWindow::buildStatement() const
         if (!narrowing.Is->Place) {
             continue;
         }
-        const QString typed = narrowing.Field->Text();
-        statement.Splice(narrowing.Is->Place,
-                         typed.trimmed().isEmpty()
-                             ? Statement()
-                             : Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed));
+        Statement clause;
+        if (const QString typed = narrowing.Field->Text(); !typed.trimmed().isEmpty()) {
+            clause = Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed);
+        }
+        statement.Splice(narrowing.Is->Place, clause);
     }
     if (is_.Dates.From) {
         const DateRange dates = range();
@@ -391,6 +391,7 @@ Recordset SearchWindow::readAboutRow(const QByteArray& statement) const
     Statement about(statement.constData());
     const Recordset& rows = list_.Rows();
     const int row = grid_->Row();
+    // Backwards, so that of two fields of one name the first counts.
     for (int field = rows.FieldCount() - 1; field >= 0; --field) {
         about.Bind(rows.FieldName(field).toUtf8(), rows.ValueAt(row, field));
     }

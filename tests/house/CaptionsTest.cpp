@@ -4,8 +4,8 @@
 
 #include "controls/Look.h"
 #include "reports/RptReportViewer.h"
-#include "search/Catalogue.h"
 #include "support/GatePassDesk.h"
+#include "support/SearchDesk.h"
 
 #include <QFontDatabase>
 #include <QProcess>
@@ -55,13 +55,14 @@ void expectWholeUnder(const QList<std::pair<const char*, QString>>& settings)
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QCoreApplication::applicationFilePath(),
-                  {s("--gtest_filter=CaptionsTest.*:CaptionRulesTest.*")});
+                  {s("--gtest_filter=CaptionsTest.*:CaptionRulesTest.*:Of/SearchCaptionsTest.*")});
     ASSERT_TRUE(process.waitForFinished(120'000));
     const QString printed = QString::fromUtf8(process.readAll());
     EXPECT_TRUE(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
         << qPrintable(printed);
     for (const char* ran :
-         {"CaptionsTest.OfAnOpenedGatePassAreWhole", "CaptionsTest.OfTheListOfGatePassesAreWhole",
+         {"CaptionsTest.OfAnOpenedGatePassAreWhole",
+          "Of/SearchCaptionsTest.AreWhole/SchInsCustomer",
           "CaptionsTest.OfTheChoiceOfCopiesAreWhole", "CaptionsTest.OfTheReportInViewAreWhole",
           "CaptionRulesTest.FindALabelThatIsTooNarrow"}) {
         EXPECT_TRUE(printed.contains(s("[       OK ] ") + s(ran))) << ran << qPrintable(printed);
@@ -76,17 +77,13 @@ protected:
         const QString font = Look::UrduFont().families().constFirst();
         ASSERT_EQ(font, qEnvironmentVariable(UrduFontVariable, font)) << qPrintable(font);
     }
-
-    void expectNothingClippedIn(const SearchDescription& description)
-    {
-        dialogs.Expect([](Form& dialog) {
-            EXPECT_GT(dynamic_cast<SearchWindow&>(dialog).List().RowCount(), 0);
-            expectNothingClipped(dialog);
-            Press(dialog, Qt::Key_Escape);
-        });
-        SearchDialog::Shared(description).Show(form.get());
-    }
 };
+
+class SearchCaptionsTest : public SearchDesk,
+                           public ::testing::WithParamInterface<const SearchDescription*> {};
+
+INSTANTIATE_TEST_SUITE_P(Of, SearchCaptionsTest, ::testing::ValuesIn(AllSearchDialogs()),
+                         NameOfDialog);
 
 /// A window on which a test places what it likes.
 class CaptionRulesTest : public ::testing::Test {
@@ -150,35 +147,14 @@ TEST_F(CaptionsTest, OfAnOpenedGatePassAreWhole)
     expectNothingClipped(It());
 }
 
-TEST_F(CaptionsTest, OfTheListOfAreasAreWhole)
+TEST_P(SearchCaptionsTest, AreWhole)
 {
-    Open();
-    expectNothingClippedIn(SchArea);
-}
-
-TEST_F(CaptionsTest, OfTheListOfBranchesAreWhole)
-{
-    Open();
-    expectNothingClippedIn(SchBranch);
-}
-
-TEST_F(CaptionsTest, OfTheListOfProductsAreWhole)
-{
-    Open();
-    expectNothingClippedIn(SchProduct);
-}
-
-TEST_F(CaptionsTest, OfTheListOfStaffAreWhole)
-{
-    Open();
-    expectNothingClippedIn(SchStaff);
-}
-
-TEST_F(CaptionsTest, OfTheListOfGatePassesAreWhole)
-{
-    Open();
-    Stored();
-    expectNothingClippedIn(SchGatePass);
+    Look(*GetParam(), [](SearchWindow& window) {
+        EXPECT_GT(window.List().RowCount(), 0);
+        Press(window, Qt::Key_Down);
+        Press(window, Qt::Key_Down); // what tells of the current row stands there
+        expectNothingClipped(window);
+    });
 }
 
 TEST_F(CaptionsTest, OfTheChoiceOfCopiesAreWhole)

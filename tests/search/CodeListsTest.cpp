@@ -120,7 +120,9 @@ TEST_F(CodeListsTest, ProductsAreReadAgainByAnyPartOfTheirName)
 
 TEST_F(CodeListsTest, StaffJumpByTheBeginningOfTheirCode)
 {
-    ExpectJumps(SchStaff, {{"TxtID", "31", "3107"}, {"TxtID", "3108", "3108"}, {"TxtID", "1", "5002"}});
+    ExpectJumps(SchStaff, {{"TxtID", "31", "3107"},
+                           {"TxtID", "3108", "3108"},
+                           {"TxtID", "1", "5002"}});
 }
 
 TEST_F(CodeListsTest, StaffWithAFranchiseClauseListsFranchiseHoldersAndItLandsBehindTheName)
