@@ -21,6 +21,8 @@ QLabel* plainLabel(const QString& text, const QFont& font, const QColor& color)
     palette.setColor(QPalette::WindowText, color);
     label->setPalette(palette);
     label->setTextFormat(Qt::PlainText);
+    // The hint is cut to whole pixels, and the text with it.
+    label->setMinimumWidth(label->sizeHint().width() + 1);
     label->setVisible(!text.isEmpty());
     return label;
 }
