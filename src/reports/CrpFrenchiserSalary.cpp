@@ -18,7 +18,7 @@ PaySlip::Design frenchiserSalary()
                  {"Commision", {"کمیشن", "Commission"}, 235, 180, Holds::Amount},
                  {"Qty", {"تعداد", "Quantity"}, 430, 130, Holds::Quantity, true},
                  {"Type", {"قسم", "Kind"}, 575, 130, Holds::Name},
-                 {"ProductName", {"مال", "Product"}, 720, 430, Holds::Name},
+                 {"ProductName", {"مال", "Product"}, 735, 415, Holds::Name},
                  {"ProductID", {"کوڈ", "Code"}, 1165, 105, Holds::Code}},
         .Pay = PaySlip::PayWithList({"کمیشن", "Commission"}),
         .TotalOf = PaySlip::TotalWithList,

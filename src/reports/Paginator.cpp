@@ -27,12 +27,12 @@ QColor colorOf(int number)
 
 bool keepsWithNext(const ReportSection& section)
 {
-    return section.KeepTogether && section.Kind == SectionKind::GroupHeader;
+    return section.KeepWithRows && section.Kind == SectionKind::GroupHeader;
 }
 
 bool keepsWithLast(const ReportSection& section)
 {
-    return section.KeepTogether
+    return section.KeepWithRows
            && (section.Kind == SectionKind::GroupFooter
                || section.Kind == SectionKind::ReportFooter);
 }
@@ -401,7 +401,9 @@ void Paginator::nextPage()
 {
     closePage();
     resetTotals(SectionKind::PageHeader, SectionKind::PageFooter);
-    if (!rowIsPlaced_)
+    if (rowIsPlaced_)
+        placed_.Totals = now_.Totals;
+    else
         addToTotals(SectionKind::PageHeader, SectionKind::PageFooter);
     openPage();
 }

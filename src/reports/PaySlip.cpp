@@ -12,7 +12,7 @@ namespace {
 using namespace ReportPieces;
 
 const QString totalOfList = QStringLiteral("TotalAmount");
-constexpr double lineHeight = 76;
+constexpr double lineHeight = 80;
 constexpr double gapBetween = 60;
 
 QString utf8(const char* text)
@@ -52,14 +52,13 @@ remaining(const std::function<double(const ReportValues&)>& totalOf)
 void addLine(ReportSection& section, const Line& line, double left, double width, double top,
              bool strong)
 {
-    constexpr double amountPart = 0.42;
+    constexpr double amountWidth = 250;
     const QFont::Weight weight = strong ? QFont::Bold : QFont::Normal;
     const QByteArray name(line.Name);
-    const double amountWidth = width * amountPart;
     const QRectF label(left + amountWidth, top, width - amountWidth, 50);
     ReportObject urdu = Text("Lbl" + name, label, ReportText::Urdu(36, weight),
                              utf8(line.Label.Urdu));
-    ReportObject english = Text("LblEnglish" + name, label.translated(0, 45).adjusted(0, 0, 0, -22),
+    ReportObject english = Text("LblEnglish" + name, label.translated(0, 48).adjusted(0, 0, 0, -22),
                                 ReportText::Latin(22), utf8(line.Label.English));
     english.Direction = Qt::LeftToRight;
     english.Color = QColor(0x55, 0x5d, 0x69);
@@ -88,7 +87,7 @@ double addColumn(ReportSection& section, const Caption& heading, const QList<Lin
         y += lineHeight;
     }
     // The sums of both columns stand on one line.
-    y = top + 72 + double(rows) * lineHeight;
+    y = top + 80 + double(rows) * lineHeight;
     section.Objects.append(HLine(y, left, left + width));
     addLine(section, sum, left, width, y + 8, true);
     return y + 8 + lineHeight;
@@ -96,9 +95,11 @@ double addColumn(ReportSection& section, const Caption& heading, const QList<Lin
 
 ReportSection payAndDeductions(const Design& design, double width)
 {
+    // Under a long list it may go to a page of its own.
     ReportSection section{.Kind = design.List.isEmpty() ? SectionKind::Details
                                                         : SectionKind::ReportFooter,
-                          .Name = QStringLiteral("PaySection")};
+                          .Name = QStringLiteral("PaySection"),
+                          .KeepWithRows = false};
     const QList<Line> deductions = Deductions();
     const qsizetype rows = std::max(design.Pay.size(), deductions.size());
     const double column = (width - gapBetween) / 2;
@@ -111,7 +112,7 @@ ReportSection payAndDeductions(const Design& design, double width)
                                  rows, 0, column, 10);
 
     // The two totals that the screen shows, the latter what is paid out.
-    constexpr double boxHeight = 104;
+    constexpr double boxHeight = 110;
     ReportObject box;
     box.Name = QStringLiteral("BoxTotals");
     box.Kind = ObjectKind::Box;
@@ -123,11 +124,11 @@ ReportSection payAndDeductions(const Design& design, double width)
     constexpr double pad = 24;
     const double top = end + 28;
     addLine(section,
-            {"Total", {"میزان قبل از قرض و فنڈ", "Total before loan and funds"},
+            {"Total", {"میزان", "Total before loan and funds"},
              ofRow(design.TotalOf)},
-            column + gapBetween - pad, column, top, true);
+            column + gapBetween, column - pad, top, true);
     addLine(section, {"Remaining", {"قابل ادائیگی", "Net pay"}, ofRow(remaining(design.TotalOf))},
-            pad, column - pad, top, true);
+            0, column, top, true);
     section.Height = end + 16 + boxHeight + 10;
     return section;
 }

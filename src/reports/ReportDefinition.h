@@ -82,9 +82,7 @@ struct ReportObject {
     ReportSource Source;                              ///< of a field
     ValueFormat Format = ValueFormat::Plain;          ///< of a field
     QFont Font;                                       ///< its size in pixels is tenths of a mm
-    /// Left, right or centre. The base line is that of the other texts of the same place and size;
-    /// with Qt::AlignVCenter it is the ink that stands in the middle.
-    Qt::Alignment Alignment = Qt::AlignRight;
+    Qt::Alignment Alignment = Qt::AlignRight;         ///< left, right or centre
     Qt::LayoutDirection Direction = Qt::RightToLeft;  ///< of the paragraph
     QColor Color = Qt::black;
     int BackColor = NoColor;
@@ -130,9 +128,11 @@ struct ReportSection {
     bool Suppress = false;
     /// Of a group header: comes again at the top of each page on which its group goes on.
     bool Repeat = false;
-    /// Not split over two pages where it fits on one; a header stays with the row after it, a
-    /// footer with the row before it.
+    /// Not split over two pages where it fits on one.
     bool KeepTogether = true;
+    /// Where they fit on one page, a group's header stays with the row after it, a footer of a
+    /// group or of the report with what stands before it.
+    bool KeepWithRows = true;
     /// Of a report footer: stands at the bottom of its page.
     bool AtBottom = false;
     /// Of a page's header or footer: where it is left out.

@@ -12,7 +12,7 @@ namespace TradeForms::ReportPieces {
 namespace {
 
 // Sizes of type
-constexpr int companySize = 66;
+constexpr int companySize = 72;
 constexpr int titleSize = 46;
 constexpr int urduSize = 37;
 constexpr int latinSize = 33;
@@ -190,8 +190,8 @@ ReportSection Header(const Caption& title, const QList<Caption>& copies, double 
     logo.DefaultPicture = defaultLogo();
 
     ReportObject company = Text("TxtNameUrdu", QRectF(sides, 0, width - 2 * sides, logoSide),
-                                ReportText::Display(companySize), QString());
-    company.Alignment = Qt::AlignHCenter | Qt::AlignVCenter;
+                                ReportText::Urdu(companySize, QFont::Bold), QString());
+    company.Alignment = Qt::AlignHCenter;
 
     ReportObject urduTitle = Text("TxtTitleUrdu", QRectF(0, 0, sides, 68),
                                   ReportText::Urdu(titleSize, QFont::Bold), utf8(title.Urdu));
@@ -213,7 +213,7 @@ ReportSection Continuation(const Caption& title, const ReportSource::Formula& ke
 {
     ReportSection section{.Kind = SectionKind::PageHeader,
                           .Name = QStringLiteral("PageHeaderSection1"),
-                          .Height = 76,
+                          .Height = 66,
                           .On = ReportSection::Pages::AfterFirst};
     const auto titled = [key](const QString& text) {
         return [key, text](const ReportValues& values) -> QVariant {
@@ -228,7 +228,7 @@ ReportSection Continuation(const Caption& title, const ReportSource::Formula& ke
     englishTitle.Alignment = Qt::AlignLeft;
     englishTitle.Direction = Qt::LeftToRight;
     englishTitle.Color = muted;
-    section.Objects = {urduTitle, englishTitle, HLine(62, 0, width, 4)};
+    section.Objects = {urduTitle, englishTitle};
     return section;
 }
 
@@ -314,6 +314,7 @@ ReportSection Fields(const char* name, const QList<LabelledField>& fields, int i
                   QRectF(right - step + gap, top, step - label - 2 * gap, 54),
                   field.Urdu ? urduBold() : latinBold(), field.Source, field.Format);
         value.Direction = field.Urdu ? Qt::RightToLeft : Qt::LeftToRight;
+        value.CanGrow = field.Urdu;
         section.Objects += {urduLabel, englishLabel, value};
     }
     return section;

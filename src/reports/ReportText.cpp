@@ -4,7 +4,6 @@
 #include "data/Numbers.h"
 #include "reports/Document.h"
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QLocale>
 #include <QTextLayout>
@@ -83,10 +82,7 @@ void shrink(TextRun& run, double factor)
 
 double baseLine(const TextRun& run)
 {
-    const double middle = run.Place.center().y();
-    if (!(run.Alignment & Qt::AlignVCenter))
-        return middle + baseLineUnderMiddle * run.Font.pixelSize();
-    return middle - QFontMetricsF(run.Font).tightBoundingRect(run.Text).center().y();
+    return run.Place.center().y() + baseLineUnderMiddle * run.Font.pixelSize();
 }
 
 } // namespace
@@ -99,15 +95,6 @@ QFont Latin(int size, QFont::Weight weight)
 QFont Urdu(int size, QFont::Weight weight)
 {
     return type(Look::UrduFont().families(), size, weight);
-}
-
-QFont Display(int size)
-{
-    const QString nastaliq = QStringLiteral("Noto Nastaliq Urdu");
-    QStringList families = Look::UrduFont().families();
-    if (QFontDatabase::hasFamily(nastaliq))
-        families.prepend(nastaliq);
-    return type(families, size, QFont::Normal);
 }
 
 QString Of(const QVariant& value, ValueFormat format)

@@ -17,8 +17,6 @@ namespace ReportText {
 // Type
 QFont Latin(int size, QFont::Weight weight = QFont::Normal);
 QFont Urdu(int size, QFont::Weight weight = QFont::Normal);
-/// Nastaliq where it is installed, for the company's name.
-QFont Display(int size);
 
 /// A value as text; a null is empty.
 QString Of(const QVariant& value, ValueFormat format);

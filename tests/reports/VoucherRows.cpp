@@ -20,7 +20,7 @@ void StoreGatePassLines(const TestCompany& company, int count)
                     " INSERT INTO Products (ProductID, ProductName, PurchaseRate, InstallmentRate,"
                     " GroupID) SELECT 1000 + i, 'مال نمبر ' || i, 1, 1, 1 FROM n;"
                     "INSERT INTO GatePassBody (GatePassID, ProductID, OutNewProducts)"
-                    " SELECT 7, ProductID, 2 FROM Products WHERE ProductID > 1000")
+                    " SELECT 7, ProductID, 2 FROM Products WHERE CAST(ProductID AS INTEGER) > 1000")
                     .arg(count));
 }
 
