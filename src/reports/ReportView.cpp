@@ -20,6 +20,7 @@ const int kCacheKiB = 96 * 1024;
 const int kLargestPictureKiB = 24 * 1024; ///< larger pages are painted as far as they are seen
 const int kZoomSteps[] = {25, 33, 50, 67, 75, 93, 100, 125, 150, 200, 300, 400};
 const int kWheelStep = 120;
+const qreal kSameLine = 12; ///< between base lines of one line of words, in tenths of a millimetre
 
 QColor ground()
 {
@@ -244,6 +245,32 @@ void ReportView::ScrollPage(int direction)
 {
     QScrollBar& bar = *verticalScrollBar();
     bar.setValue(bar.value() + direction * bar.pageStep());
+}
+
+QString ReportView::PageText() const
+{
+    if (PageCount() == 0) {
+        return {};
+    }
+    QList<TextRun> runs = document_->PageAt(Page() - 1).Texts();
+    std::stable_sort(runs.begin(), runs.end(), [](const TextRun& a, const TextRun& b) {
+        return a.Origin.y() < b.Origin.y();
+    });
+    QStringList lines;
+    for (auto line = runs.begin(); line != runs.end();) {
+        const auto next = std::find_if(line, runs.end(), [line](const TextRun& run) {
+            return run.Origin.y() > line->Origin.y() + kSameLine;
+        });
+        std::stable_sort(line, next, [](const TextRun& a, const TextRun& b) {
+            return a.Origin.x() > b.Origin.x();
+        });
+        QStringList texts;
+        for (; line != next; ++line) {
+            texts.append(line->Text);
+        }
+        lines.append(texts.join(u'\t'));
+    }
+    return lines.join(u'\n');
 }
 
 // ---- Search

@@ -55,6 +55,10 @@ public:
     /// Scrolls by what the view shows at once, forward (1) or back (-1).
     void ScrollPage(int direction);
 
+    /// The words of the page in view: a line of text for each on the paper, read from the right,
+    /// with tabs between what stands apart.
+    QString PageText() const;
+
     /// Marks all texts that hold these words, whatever their case, and goes to the first from
     /// the page in view on. Empty words take the marks away. Gives the number of hits.
     int Search(const QString& words);

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QClipboard>
 #include <QDir>
 #include <QFileDialog>
 #include <QMouseEvent>
@@ -195,9 +196,10 @@ void RptReportViewer::load()
     }
     const Hourglass hourglass;
     auto document = std::make_shared<Document>(Report->Format());
+    PrintJob job = Report->Job();
     CRViewer1.SetDocument(document);
     CRViewer1.SetZoom(kFirstZoom);
-    job_ = Report->Job();
+    job_ = std::move(job);
     TxtSearch.SetText(QString());
     LblNote.SetText(QString());
 }
@@ -321,6 +323,13 @@ bool RptReportViewer::pressCtrl(int key)
     case Qt::Key_G:
         SetFocus(TxtPage);
         TxtPage.selectAll();
+        return true;
+    case Qt::Key_C:
+        if (dynamic_cast<Txt*>(ActiveControl())) {
+            return false;
+        }
+        QGuiApplication::clipboard()->setText(CRViewer1.PageText());
+        LblNote.SetText(QStringLiteral("Copied the page"));
         return true;
     case Qt::Key_P:
         BtnPrint.Click();

@@ -312,7 +312,7 @@ void FrmGatePass::attachOptions()
 {
     const QColor black(0, 0, 0);
     const QColor red(255, 0, 0);
-    const auto pair = [this, black, red](OptionButton& button, Label& caption) {
+    const auto pair = [black, red](OptionButton& button, Label& caption) {
         caption.OnClick = [&button] { button.SetValue(true); };
         button.OnGotFocus = [&caption, red] { caption.SetForeColor(red); };
         button.OnLostFocus = [&caption, black] { caption.SetForeColor(black); };

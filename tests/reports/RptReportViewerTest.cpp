@@ -10,6 +10,7 @@
 #include "support/Pdf.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QWindow>
@@ -457,6 +458,22 @@ TEST_F(RptReportViewerTest, WhatIsNotFoundIsSaid)
     Press(It(), Qt::Key_F3);
     EXPECT_EQ(View().Hit(), 0);
     EXPECT_EQ(View().Page(), 1);
+}
+
+TEST_F(RptReportViewerTest, CtrlCCopiesThePageAndInAFieldItsOwnText)
+{
+    const SampleReport sample(100);
+    show(sample);
+    ctrl(Qt::Key_End);
+    ctrl(Qt::Key_C);
+    const QStringList lines = QGuiApplication::clipboard()->text().split(u'\n');
+    EXPECT_EQ(lines.first(), s("copy 1"));
+    EXPECT_EQ(lines.last(), s("P00100"));
+    ctrl(Qt::Key_F);
+    Type(It(), "P0009");
+    ctrl(Qt::Key_A);
+    ctrl(Qt::Key_C);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), s("P0009"));
 }
 
 // ---- Print and save
