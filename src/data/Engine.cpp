@@ -8,6 +8,8 @@ namespace TradeForms {
 
 RowWriter::~RowWriter() = default;
 
+Cursor::~Cursor() = default;
+
 Engine::~Engine() = default;
 
 QString Engine::TextOf(const Statement& statement) const
@@ -17,6 +19,11 @@ QString Engine::TextOf(const Statement& statement) const
     } catch (const Failure& failure) {
         throw ProviderFailure(failure.Description());
     }
+}
+
+std::unique_ptr<Cursor> Engine::OpenCursor(const QString&)
+{
+    return nullptr;
 }
 
 std::shared_ptr<const Snapshot> Engine::Run(const QString& statement, Purpose purpose)

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,24 @@ public:
                           const std::vector<bool>& touched) = 0;
     /// Returns the number of rows found.
     virtual qint64 Delete(const char* original) = 0;
+};
+
+/// The rows of one statement, one by one. Other statements may be run between two of them.
+class Cursor {
+public:
+    Cursor() = default;
+    virtual ~Cursor();
+    Cursor(const Cursor&) = delete;
+    Cursor& operator=(const Cursor&) = delete;
+
+    /// The next row's encoded cells, which live until the next call; none after the last row.
+    /// Raises ProviderFailure.
+    virtual std::optional<std::string_view> Next() = 0;
+    /// The columns; known after the first Next.
+    virtual std::shared_ptr<const Shape> Columns() const = 0;
+    /// What the database has done for it so far, in small steps of its own. It is no time: the
+    /// same rows cost the same, however busy the machine is.
+    virtual qint64 Work() const = 0;
 };
 
 /// What a connection asks of a database. Everything raises ProviderFailure where the database
@@ -58,6 +77,10 @@ public:
     /// What they raise ends the reading. Nothing else may be run here meanwhile.
     virtual void Scan(const QString& statement, const Begin& begin, const Each& each,
                       Purpose purpose = Purpose::Read) = 0;
+
+    /// A query that is read a row at a time, each when it is asked for. Null where this database
+    /// can only read it in one go.
+    virtual std::unique_ptr<Cursor> OpenCursor(const QString& statement);
 
     /// Runs one statement in the server's dialect. Null where the statement gives no rows.
     std::shared_ptr<const Snapshot> Run(const QString& statement, Purpose purpose = Purpose::Read);

@@ -130,6 +130,7 @@ public:
 private:
     friend class Field;
     friend class Connection;
+    friend class Reading;
     class Rows;
 
     explicit Recordset(std::unique_ptr<Rows> rows);

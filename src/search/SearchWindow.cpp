@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <numeric>
 #include <stdexcept>
+#include <utility>
 
 namespace TradeForms {
 
@@ -71,7 +72,7 @@ bool jumps(const QString& text)
 
 SearchWindow::SearchWindow(SearchDialog& dialog)
     : dialog_(dialog), is_(dialog.Description()), list_(is_.Columns),
-      lines_(is_.GridDetail.Columns),
+      lines_(is_.GridDetail.Columns), reader_(*this),
       menu_(*this, [this] { return exported(); }, [this] { return grid_->Row(); })
 {
     setObjectName(utf8(is_.Name));
@@ -207,12 +208,26 @@ void SearchWindow::attach()
     if (btnFilter_) {
         btnFilter_->OnClick = [this] { loadList(); };
     }
+    reader_.OnBegin = [this] {
+        if (is_.Dates.From) {
+            showRange();
+        }
+        return buildStatement();
+    };
+    reader_.OnRead = [this](Recordset rows, const QString& statement) {
+        showList(std::move(rows), statement);
+    };
+    reader_.OnState = [this] { showCount(); };
+    connect(this, &Form::Unloaded, &reader_, &ListReader::Abandon);
     grid_->OnRowChange = [this] {
         list_.Rows().MoveToPosition(grid_->Row());
         showRow();
     };
     grid_->OnDoubleClick = [this] {
-        if (grid_->RowCount() >= 1) {
+        // The row under the mouse goes with the list that is being replaced.
+        if (reader_.IsReading()) {
+            reader_.Finish();
+        } else if (grid_->RowCount() >= 1) {
             select();
         }
     };
@@ -224,6 +239,7 @@ void SearchWindow::attach()
         }
     };
     grid_->OnRightPress = [this](const QPoint& position) {
+        reader_.Finish();
         jumpTo(grid_->Row()); // the row under the mouse is marked, and that one alone
         menu_.Show(position);
     };
@@ -270,10 +286,8 @@ void SearchWindow::Load()
     }
     dialog_.EmptyParaOut(is_.Results.front());
     ResetFocus(firstField());
-    loadList();
-    if (lblBalance_) {
-        lblBalance_->SetText(QString());
-    }
+    loading_ = true;
+    reader_.Read();
 }
 
 SearchWindow::DateRange SearchWindow::range() const
@@ -335,32 +349,52 @@ Statement SearchWindow::buildStatement() const
 
 void SearchWindow::loadList()
 {
-    if (is_.Dates.From) {
-        showRange();
-    }
-    const std::shared_ptr<Connection>& connection = HostContext::Database();
-    const Statement statement = buildStatement();
-    // A new list each time: where it cannot be read, the one on the screen stays.
-    Recordset rows;
-    rows.Open(statement, connection, CursorType::Static, LockType::ReadOnly);
-    listStatement_ = statement.Text(connection->Dialect());
+    loading_ = false;
+    owedJump_.reset();
+    reader_.Read();
+}
 
+void SearchWindow::showList(Recordset rows, const QString& statement)
+{
+    listStatement_ = statement;
     list_.Take(std::move(rows));
     grid_->SourceChanged();
     jumpTo(0);
     if (list_.RowCount() == 0) {
         showRow();
     }
-    const int count = list_.Rows().RecordCount();
-    title_->SetState(QString(),
-                     QStringLiteral("rows ") + QLocale(QLocale::English).toString(count));
+    showCount();
     if (lblTotalCards_) {
-        lblTotalCards_->SetText(QString::number(count));
+        lblTotalCards_->SetText(QString::number(list_.RowCount()));
+    }
+    if (loading_ && lblBalance_) {
+        lblBalance_->SetText(QString());
+    }
+    if (const auto owed = std::exchange(owedJump_, std::nullopt)) {
+        jump(*owed);
+    }
+}
+
+void SearchWindow::showCount()
+{
+    const auto count = [](const char* what, int rows) {
+        return utf8(what) + QLocale(QLocale::English).toString(rows);
+    };
+    if (reader_.IsReading()) {
+        title_->SetState(utf8("پڑھا جا رہا ہے"), count("reading ", reader_.RowCount()));
+    } else if (list_.Rows().IsOpen()) {
+        title_->SetState(QString(), count("rows ", list_.RowCount()));
+    } else {
+        title_->SetState(QString(), QString());
     }
 }
 
 void SearchWindow::jump(const Narrowing& narrowing)
 {
+    if (reader_.IsReading()) {
+        owedJump_ = narrowing;
+        return;
+    }
     if (!list_.Rows().IsOpen()) {
         return;
     }
@@ -426,6 +460,7 @@ void SearchWindow::showRow()
 
 void SearchWindow::select()
 {
+    reader_.Finish();
     if (grid_->RowCount() == 0) {
         return;
     }
@@ -470,6 +505,12 @@ ExportList SearchWindow::exported() const
 
 void SearchWindow::FormKeyDown(KeyPress& key)
 {
+    const bool goesIntoList = key.Code == Qt::Key_Down && IsActive(firstField());
+    const bool actsOnList =
+        goesIntoList || (IsActive(*grid_) && key.Code != Qt::Key_Escape && !jumps(key.Text));
+    if (actsOnList) {
+        reader_.Finish();
+    }
     switch (key.Code) {
     case Qt::Key_Escape:
         key.Swallow();
@@ -488,7 +529,7 @@ void SearchWindow::FormKeyDown(KeyPress& key)
         }
         return;
     case Qt::Key_Down:
-        if (IsActive(firstField())) {
+        if (goesIntoList) {
             key.Swallow();
             SetFocus(*grid_);
         }

@@ -8,8 +8,10 @@
 #include "controls/Txt.h"
 #include "search/BoundRows.h"
 #include "search/ListMenu.h"
+#include "search/ListReader.h"
 #include "search/SearchDialog.h"
 
+#include <optional>
 #include <vector>
 
 namespace TradeForms {
@@ -21,7 +23,7 @@ public:
     explicit SearchWindow(SearchDialog& dialog);
     ~SearchWindow() override;
 
-    /// Reads the list and empties the result.
+    /// Reads the list, or begins to where it is a long one, and empties the result.
     void Load();
 
     Grid& List() { return *grid_; }
@@ -35,6 +37,8 @@ public:
     JeweledButton& BtnClose() { return *btnClose_; }
     JeweledButton* BtnFilter() { return btnFilter_; }
     TitleStrip& Title() { return *title_; }
+    /// Whether a long list is still being read; the one on the screen is the one before.
+    bool IsReading() const { return reader_.IsReading(); }
     /// The text of the statement that was read last.
     const QString& ListStatement() const { return listStatement_; }
 
@@ -61,6 +65,8 @@ private:
     void showRange();
     Statement buildStatement() const;
     void loadList();
+    void showList(Recordset rows, const QString& statement);
+    void showCount();
     void jump(const Narrowing& narrowing);
     void jumpTo(int row);
     Recordset readAboutRow(const QByteArray& statement) const;
@@ -74,6 +80,8 @@ private:
     BoundRows list_;
     BoundRows lines_;
     QString listStatement_;
+    bool loading_ = false;     ///< the list is the first one of this showing
+    std::optional<Narrowing> owedJump_; ///< to be made in the list that is being read
     bool showingRange_ = false;///< the program sets the pickers, on the way to a read
     std::vector<Narrowing> narrowings_;
     DTPicker* dtpFrom_ = nullptr;
@@ -86,6 +94,7 @@ private:
     JeweledButton* btnClose_ = nullptr;
     JeweledButton* btnFilter_ = nullptr;
     TitleStrip* title_ = nullptr;
+    ListReader reader_;
     ListMenu menu_;
 };
 

@@ -63,6 +63,51 @@ Column describeColumn(sqlite3_stmt* statement, int index, Engine::Purpose purpos
     return column;
 }
 
+std::shared_ptr<const Shape> describe(sqlite3_stmt* statement, Engine::Purpose purpose)
+{
+    std::vector<Column> columns;
+    for (int index = 0; index < sqlite3_column_count(statement); ++index)
+        columns.push_back(describeColumn(statement, index, purpose));
+    return std::make_shared<const Shape>(std::move(columns));
+}
+
+/// Encodes the row on which a statement stands.
+void encodeRow(std::string& row, sqlite3_stmt* statement, int columns)
+{
+    row.clear();
+    for (int column = 0; column < columns; ++column)
+        AppendCell(row, ReadColumn(statement, column));
+}
+
+/// Its statement is its own: those that the engine keeps live only until the next call.
+class SqliteCursor : public Cursor {
+public:
+    explicit SqliteCursor(PreparedStatement statement) : statement_(std::move(statement)) {}
+
+    std::optional<std::string_view> Next() override
+    {
+        const bool hasRow = Step(statement_.get());
+        if (!columns_)
+            columns_ = describe(statement_.get(), Engine::Purpose::Read);
+        if (!hasRow)
+            return std::nullopt;
+        encodeRow(row_, statement_.get(), columns_->Count());
+        return row_;
+    }
+
+    std::shared_ptr<const Shape> Columns() const override { return columns_; }
+
+    qint64 Work() const override
+    {
+        return sqlite3_stmt_status(statement_.get(), SQLITE_STMTSTATUS_VM_STEP, 0);
+    }
+
+private:
+    PreparedStatement statement_;
+    std::shared_ptr<const Shape> columns_;
+    std::string row_;
+};
+
 } // namespace
 
 SqliteEngine::SqliteEngine(Handle handle)
@@ -133,10 +178,7 @@ std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept, Purpose purpose)
     sqlite3_stmt* statement = kept.Compiled.get();
     const int preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
     if (!kept.Columns || preparations != kept.Preparations || purpose != kept.For) {
-        std::vector<Column> columns;
-        for (int index = 0; index < sqlite3_column_count(statement); ++index)
-            columns.push_back(describeColumn(statement, index, purpose));
-        kept.Columns = std::make_shared<const Shape>(std::move(columns));
+        kept.Columns = describe(statement, purpose);
         kept.For = purpose;
         kept.Preparations = preparations;
     }
@@ -160,11 +202,17 @@ void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each
         return;
     begin(shapeOf(kept, purpose));
     for (; hasRow; hasRow = Step(compiled)) {
-        row_.clear();
-        for (int column = 0; column < columns; ++column)
-            AppendCell(row_, ReadColumn(compiled, column));
+        encodeRow(row_, compiled, columns);
         each(row_);
     }
+}
+
+std::unique_ptr<Cursor> SqliteEngine::OpenCursor(const QString& statement)
+{
+    const AdaptedStatement& ready = adapted(statement);
+    if (ready.Procedure)
+        return nullptr;
+    return std::make_unique<SqliteCursor>(Prepare(handle_.get(), ready.Text, false));
 }
 
 std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const Shape> shape)

@@ -23,6 +23,7 @@ public:
 
     void Scan(const QString& statement, const Begin& begin, const Each& each,
               Purpose purpose = Purpose::Read) override;
+    std::unique_ptr<Cursor> OpenCursor(const QString& statement) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
     QStringList TableNames() override;

@@ -1,0 +1,124 @@
+#include "search/ListReader.h"
+
+#include "controls/Form.h"
+#include "host/HostContext.h"
+
+#include <QGuiApplication>
+#include <QTimerEvent>
+
+#include <utility>
+
+namespace TradeForms {
+
+namespace {
+
+constexpr int firstRows = 4096;           ///< read at once
+constexpr int rowsOfPiece = 256;          ///< between two looks at the clock
+constexpr int timeOfPiece = 12;           ///< milliseconds in which no key is heard
+constexpr int pauseOfState = 100;         ///< milliseconds between two words about the state
+constexpr qint64 longWork = 5'000'000;    ///< a good tenth of a second
+
+/// While it lives the mouse says that the program does not listen.
+class Hourglass {
+public:
+    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+} // namespace
+
+template <class Step> void ListReader::orAbandon(Step step)
+{
+    try {
+        step();
+    } catch (...) {
+        Abandon();
+        throw;
+    }
+}
+
+void ListReader::Read()
+{
+    reading_.reset();
+    if (wasLong_ || IsReading()) {
+        goOnLater();
+        return;
+    }
+    orAbandon([this] {
+        begin();
+        if (reading_->ReadOn(firstRows))
+            publish();
+        else
+            goOnLater();
+    });
+}
+
+void ListReader::Finish()
+{
+    if (!IsReading())
+        return;
+    const Hourglass hourglass;
+    orAbandon([this] { readFor(-1); });
+}
+
+void ListReader::Abandon()
+{
+    reading_.reset();
+    if (!IsReading())
+        return;
+    timer_.stop();
+    tell();
+}
+
+void ListReader::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == timer_.timerId())
+        form_.Guard([this] { orAbandon([this] { readFor(timeOfPiece); }); });
+}
+
+void ListReader::begin()
+{
+    reading_.emplace(OnBegin(), HostContext::Database());
+}
+
+void ListReader::readFor(int milliseconds)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    if (!reading_)
+        begin();
+    while (!reading_->ReadOn(rowsOfPiece)) {
+        if (milliseconds >= 0 && elapsed.elapsed() >= milliseconds) {
+            if (told_.elapsed() >= pauseOfState)
+                tell();
+            return;
+        }
+    }
+    publish();
+}
+
+void ListReader::publish()
+{
+    timer_.stop();
+    wasLong_ = reading_->RowCount() > firstRows || reading_->Work() > longWork;
+    const QString text = reading_->Text();
+    Recordset rows = reading_->Take();
+    reading_.reset();
+    OnRead(std::move(rows), text);
+}
+
+void ListReader::goOnLater()
+{
+    timer_.start(0, this);
+    tell();
+}
+
+void ListReader::tell()
+{
+    told_.start();
+    OnState();
+}
+
+} // namespace TradeForms
