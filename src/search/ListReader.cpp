@@ -15,6 +15,7 @@ namespace {
 constexpr int firstRows = 4096;           ///< read at once
 constexpr int rowsOfPiece = 256;          ///< between two looks at the clock
 constexpr int timeOfPiece = 12;           ///< milliseconds in which no key is heard
+constexpr int typingPause = 200;          ///< milliseconds after which no key is about to come
 constexpr int pauseOfState = 100;         ///< milliseconds between two words about the state
 constexpr qint64 longWork = 5'000'000;    ///< a good tenth of a second
 
@@ -43,7 +44,7 @@ void ListReader::Read()
 {
     reading_.reset();
     if (wasLong_ || IsReading()) {
-        goOnLater();
+        goOnAfter(typingPause);
         return;
     }
     orAbandon([this] {
@@ -51,7 +52,7 @@ void ListReader::Read()
         if (reading_->ReadOn(firstRows))
             publish();
         else
-            goOnLater();
+            goOnAfter(0);
     });
 }
 
@@ -87,8 +88,10 @@ void ListReader::readFor(int milliseconds)
 {
     QElapsedTimer elapsed;
     elapsed.start();
-    if (!reading_)
+    if (!reading_) {
         begin();
+        timer_.start(0, this);
+    }
     while (!reading_->ReadOn(rowsOfPiece)) {
         if (milliseconds >= 0 && elapsed.elapsed() >= milliseconds) {
             if (told_.elapsed() >= pauseOfState)
@@ -109,9 +112,9 @@ void ListReader::publish()
     OnRead(std::move(rows), text);
 }
 
-void ListReader::goOnLater()
+void ListReader::goOnAfter(int milliseconds)
 {
-    timer_.start(0, this);
+    timer_.start(milliseconds, this);
     tell();
 }
 

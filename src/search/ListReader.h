@@ -19,9 +19,10 @@ class Form;
 ///
 /// A list of some thousand rows is there when Read returns. Of a longer one the rest is read in
 /// pieces, for each of which the event loop finds time when no key is waiting; a Read that comes
-/// meanwhile gives it up and begins anew. After a long list the next one begins in the event loop
-/// too, so that of several keys that were typed ahead only the last reads. Who needs the list that
-/// belongs to what is typed calls Finish. Until it is whole nobody sees anything of it.
+/// meanwhile gives it up. After a list that was long, or long in the making, the next one waits
+/// for a pause in the typing, since the database cannot be stopped between two rows that lie far
+/// apart. Who needs the list that belongs to what is typed calls Finish. Until it is whole nobody
+/// sees anything of it.
 class ListReader : public QObject {
     Q_OBJECT
 public:
@@ -54,7 +55,7 @@ private:
     /// Reads on until the list is whole or the time is over; -1 is no limit.
     void readFor(int milliseconds);
     void publish();
-    void goOnLater();
+    void goOnAfter(int milliseconds);
     template <class Step> void orAbandon(Step step);
     void tell();
 

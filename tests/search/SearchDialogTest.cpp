@@ -476,7 +476,7 @@ TEST_F(SearchDialogTest, ALongListIsShownWholeAndJumpsAtOnce)
                   " where i < 100000) insert into Branches (BranchCode, BranchName)"
                   " select 10 + i, 'B' || i from n"));
     show(SchBranch, [](SearchWindow& window) {
-        EXPECT_EQ(window.List().RowCount(), 100003);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 100003; }, 60'000));
         Type(window, s("100010"));
         EXPECT_EQ(cell(window, window.List().Row(), "Name"), s("B100000"));
         Press(window, Qt::Key_Escape);
