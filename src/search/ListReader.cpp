@@ -12,12 +12,12 @@ namespace TradeForms {
 
 namespace {
 
-constexpr int firstRows = 4096;           ///< read at once
-constexpr int rowsOfPiece = 256;          ///< between two looks at the clock
-constexpr int timeOfPiece = 12;           ///< milliseconds in which no key is heard
-constexpr int typingPause = 200;          ///< milliseconds after which no key is about to come
-constexpr int pauseOfState = 100;         ///< milliseconds between two words about the state
-constexpr qint64 longWork = 5'000'000;    ///< a good tenth of a second
+constexpr int firstRows = 20'000;      ///< read at once: some hundredths of a second
+constexpr int rowsOfPiece = 256;       ///< between two looks at the clock
+constexpr int timeOfPiece = 12;        ///< milliseconds in which no key is heard
+constexpr int typingPause = 200;       ///< milliseconds; keys that follow each other come sooner
+constexpr int pauseOfState = 100;      ///< milliseconds between two words about the state
+constexpr qint64 longWork = 5'000'000; ///< a good tenth of a second
 
 /// While it lives the mouse says that the program does not listen.
 class Hourglass {
@@ -44,7 +44,9 @@ void ListReader::Read()
 {
     reading_.reset();
     if (wasLong_ || IsReading()) {
-        goOnAfter(typingPause);
+        const bool isTyping = asked_.isValid() && asked_.elapsed() < typingPause;
+        asked_.start();
+        goOnAfter(isTyping ? typingPause : 0);
         return;
     }
     orAbandon([this] {

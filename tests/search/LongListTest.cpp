@@ -143,7 +143,7 @@ TEST_F(LongListTest, ComesUpAtOnceAndSaysThatItIsBeingRead)
     SearchWindow window(SearchDialog::Shared(SchSlow));
     window.Load();
     EXPECT_TRUE(window.IsReading());
-    EXPECT_EQ(window.Title().StateText(), s("پڑھا جا رہا ہے · reading 4,096"));
+    EXPECT_EQ(window.Title().StateText(), s("پڑھا جا رہا ہے · reading 20,000"));
     EXPECT_EQ(window.List().RowCount(), 0);
     window.ShowModeless(false);
     waitForList(window);
