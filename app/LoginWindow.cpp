@@ -1,10 +1,10 @@
 #include "LoginWindow.h"
 
+#include "Options.h"
 #include "HostLook.h"
 
 #include <TradeForms/Failure.h>
 
-#include <QDir>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -100,7 +100,7 @@ void LoginWindow::build(const QString& companyName, const QString& database)
     fields->addWidget(lblMessage_, 3, 0, 1, 2);
     fields->setColumnStretch(1, 1);
 
-    auto* place = new QLabel(QDir::toNativeSeparators(database), this);
+    auto* place = new QLabel(ShownDatabase(database), this);
     place->setFont(Look::SmallLatin());
     place->setStyleSheet(QStringLiteral("color: %1").arg(Look::MutedText().name()));
     place->setLayoutDirection(Qt::LeftToRight);

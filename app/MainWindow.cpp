@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 
+#include "Options.h"
 #include "HelpWindow.h"
 #include "HostLook.h"
 #include "Screens.h"
@@ -7,7 +8,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -133,7 +133,7 @@ void MainWindow::build(const QString& database)
     auto* exit = new CaptionButton(QString::fromUtf8("بند"), QStringLiteral("Exit Ctrl+Q"), this);
     exit->setObjectName(QStringLiteral("BtnExit"));
 
-    auto* place = new QLabel(QDir::toNativeSeparators(database), this);
+    auto* place = new QLabel(ShownDatabase(database), this);
     place->setObjectName(QStringLiteral("LblDatabase"));
     place->setFont(Look::SmallLatin());
     place->setStyleSheet(QStringLiteral("color: %1").arg(Look::MutedText().name()));

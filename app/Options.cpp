@@ -2,6 +2,8 @@
 
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 namespace Host {
@@ -23,7 +25,8 @@ struct Argument {
 
 constexpr Argument arguments[] = {
     {"database", "FILE",
-     "The company's database. Without it: company.db among the user's own data."},
+     "The company's database: a file, or the ODBC connection string of a server, such as "
+     "\"DSN=Company\". Without it: company.db among the user's own data."},
     {"user", "NAME",
      "Log in as NAME. The password is the first line of standard input; a terminal is asked "
      "for it; where there is neither, the login window asks."},
@@ -55,6 +58,23 @@ Options refuse(const QString& message)
 }
 
 } // namespace
+
+bool IsOnServer(const QString& database)
+{
+    return database.contains(QLatin1Char('=')) && !QFileInfo::exists(database);
+}
+
+QString ShownDatabase(const QString& database)
+{
+    if (!IsOnServer(database)) {
+        return QDir::toNativeSeparators(database);
+    }
+    // A value in braces may hold a semicolon, and a closing brace twice.
+    static const QRegularExpression password(
+        QStringLiteral(R"(\b(pwd|password)\s*=\s*(\{(?:[^}]|\}\})*\}|[^;]*))"),
+        QRegularExpression::CaseInsensitiveOption);
+    return QString(database).replace(password, QStringLiteral("\\1=***"));
+}
 
 Options ReadOptions(const QStringList& words)
 {
@@ -95,6 +115,9 @@ Options ReadOptions(const QStringList& words)
     }
     options.UserName = given("user") ? value("user") : value("first-administrator");
     options.CreateSample = given("create-sample");
+    if (options.CreateSample && IsOnServer(options.Database)) {
+        return refuse(QStringLiteral("--create-sample makes a file, not a company on a server."));
+    }
     if (given("first-administrator")) {
         options.Wanted = Options::Action::AddAdministrator;
     } else if (options.CreateSample && !given("user") && !given("open")) {

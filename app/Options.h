@@ -23,7 +23,7 @@ struct Options {
     Action Wanted = Action::Run;
     QString Message; ///< for ShowHelp and Refuse
 
-    QString Database;
+    QString Database;             ///< a file, or an ODBC connection string
     QString PrintTo;              ///< folder for printed pages; empty: the system's printer
     QString UserName;             ///< empty: ask
     const Screen* Open = nullptr; ///< the screen to open after login, if any
@@ -31,6 +31,12 @@ struct Options {
     int Accounts = SampleCompany::DefaultAccounts;
     QDate Until;
 };
+
+/// Whether the company is on a server: told by a connection string, and not as a file.
+bool IsOnServer(const QString& database);
+/// Where the company is, as it may be shown: a file's path, or a connection string without its
+/// password.
+QString ShownDatabase(const QString& database);
 
 /// Reads the arguments, the program's name first.
 Options ReadOptions(const QStringList& arguments);

@@ -115,6 +115,10 @@ void makeSample(const Options& options)
 
 std::shared_ptr<Connection> openCompany(const QString& database)
 {
+    if (IsOnServer(database)) {
+        // The script that makes the company there makes this host's tables as well.
+        return Connection::OpenServer(database);
+    }
     std::shared_ptr<Connection> connection = Connection::Open(database);
     EnsureHostSchema(*connection);
     return connection;
@@ -123,7 +127,7 @@ std::shared_ptr<Connection> openCompany(const QString& database)
 /// Sees to it that there is a company to open; returns whether there is.
 bool companyIsThere(const Options& options)
 {
-    if (QFileInfo::exists(options.Database)) {
+    if (IsOnServer(options.Database) || QFileInfo::exists(options.Database)) {
         return true;
     }
     if (options.CreateSample) {

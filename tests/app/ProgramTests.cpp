@@ -120,6 +120,39 @@ TEST_F(Program, ACompanyOfANewerVersionIsTold)
     EXPECT_THAT(ended.Error, HasSubstr("newer version"));
 }
 
+TEST_F(Program, ReachesACompanyThroughADriverAsWellAsAsAFile)
+{
+    const QString driver = QStringLiteral("Driver=SQLite3;Database=%1").arg(File);
+    // The wrong password is told by the same login as that of a file.
+    const Ended wrong =
+        run(database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "wrong\n");
+    EXPECT_EQ(wrong.Code, 1);
+    EXPECT_THAT(wrong.Error, HasSubstr("Wrong user name or password"));
+
+    // The right one leads on to what the library says of the user.
+    Connection->Execute("update Users set UserNo = 256 where UserName = 'clerk'");
+    const Ended in =
+        run(database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "sample\n");
+    EXPECT_EQ(in.Code, 1);
+    EXPECT_THAT(in.Error, AllOf(HasSubstr("clerk"), HasSubstr("256"), HasSubstr("255")));
+}
+
+TEST_F(Program, AServerThatIsNotThereIsToldInTheDriversWords)
+{
+    const Ended ended = run(database(QStringLiteral("DSN=NoSuchSource;PWD=secret")));
+    EXPECT_EQ(ended.Code, 1);
+    EXPECT_THAT(ended.Error, AllOf(HasSubstr("could not be opened: Data source name not found"),
+                                   Not(HasSubstr("secret"))));
+}
+
+TEST_F(Program, ADatabaseWithoutACompanyIsToldWithTheWayOut)
+{
+    const QString other = Folder.filePath(QStringLiteral("other.db"));
+    const Ended ended = run(database(QStringLiteral("Driver=SQLite3;Database=%1").arg(other)));
+    EXPECT_EQ(ended.Code, 1);
+    EXPECT_THAT(ended.Error, AllOf(HasSubstr("holds no company"), HasSubstr("schema script")));
+}
+
 TEST_F(Program, AWrongPasswordOnStandardInputEndsIt)
 {
     const QStringList asClerk = database(File)
@@ -197,6 +230,30 @@ TEST(CommandLine, TakesAFolderToPrintTo)
     EXPECT_EQ(read({QStringLiteral("--print-to"), QStringLiteral("out")}).PrintTo,
               QStringLiteral("out"));
     EXPECT_EQ(read({}).PrintTo, QString());
+}
+
+TEST(CommandLine, TellsAServerFromAFile)
+{
+    EXPECT_TRUE(Host::IsOnServer(QStringLiteral("DSN=Company")));
+    EXPECT_TRUE(Host::IsOnServer(QStringLiteral("Driver={SQL Server};Server=a;Database=b")));
+    EXPECT_FALSE(Host::IsOnServer(QStringLiteral("company.db")));
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("a=b.db")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(Host::IsOnServer(file.fileName()));
+    const Options sample = read({QStringLiteral("--database"), QStringLiteral("DSN=Company"),
+                                 QStringLiteral("--create-sample")});
+    EXPECT_EQ(sample.Wanted, Options::Action::Refuse);
+}
+
+TEST(CommandLine, ShowsNoPassword)
+{
+    const auto shown = [](const char* given) {
+        return text(Host::ShownDatabase(QString::fromLatin1(given)));
+    };
+    EXPECT_EQ(shown("DSN=Company;UID=clerk;PWD=geheim"), "DSN=Company;UID=clerk;PWD=***");
+    EXPECT_EQ(shown("DSN=Company;password = {a;b}}c};UID=x"), "DSN=Company;password=***;UID=x");
+    EXPECT_EQ(shown("DSN=Company;Trusted_Connection=yes"), "DSN=Company;Trusted_Connection=yes");
 }
 
 TEST(CommandLine, HasItsDefaults)

@@ -222,11 +222,12 @@ TEST_P(Execute, GivesAClosedRecordsetForAStatementWithoutRows)
     EXPECT_FALSE(connection_->Execute("delete from Sectors").IsOpen());
     EXPECT_EQ(company_.Scalar("select count(*) from Sectors"), QVariant(0));
     const char* procedure = "exec SPInstallmentBalances '2026-01-01'";
-    if (isOdbc()) // SQLite has no procedures: they are the embedded engine's own.
+    if (isOdbc()) { // SQLite has no procedures: they are the embedded engine's own.
         EXPECT_EQ(failureOf([&] { connection_->Execute(procedure); }),
                   QStringLiteral("near \"exec\": syntax error (1)"));
-    else
+    } else {
         EXPECT_FALSE(connection_->Execute(procedure).IsOpen());
+    }
 }
 
 TEST_P(Execute, FindsNamesInAnyCase)

@@ -106,23 +106,6 @@ Cell wholeWherePossible(double number)
     return Cell::FromReal(number);
 }
 
-/// The number that a decimal's digits write; some drivers leave a leading zero out.
-Cell numberFromDigits(std::string_view digits)
-{
-    const std::string_view whole = digits.substr(0, digits.find('.'));
-    const bool isWhole =
-        digits.substr(whole.size()).find_first_not_of(".0") == std::string_view::npos;
-    std::int64_t integer = 0;
-    if (isWhole && (whole.empty() || whole == "-"))
-        return Cell::FromInteger(0);
-    if (isWhole &&
-        std::from_chars(whole.data(), whole.data() + whole.size(), integer).ec == std::errc())
-        return Cell::FromInteger(integer);
-    double number = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return Cell::FromReal(number);
-}
-
 void put(char*& at, int number, int digits)
 {
     for (int digit = digits - 1; digit >= 0; --digit, number /= 10)
@@ -140,6 +123,23 @@ template <class Date> void putDate(char*& at, const Date& date)
 }
 
 } // namespace
+
+/// Some drivers leave a leading zero out.
+Cell CellOfDecimal(std::string_view digits)
+{
+    const std::string_view whole = digits.substr(0, digits.find('.'));
+    const bool isWhole =
+        digits.substr(whole.size()).find_first_not_of(".0") == std::string_view::npos;
+    std::int64_t integer = 0;
+    if (isWhole && (whole.empty() || whole == "-"))
+        return Cell::FromInteger(0);
+    if (isWhole &&
+        std::from_chars(whole.data(), whole.data() + whole.size(), integer).ec == std::errc())
+        return Cell::FromInteger(integer);
+    double number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return Cell::FromReal(number);
+}
 
 ResultReader::ResultReader(OdbcLink& link, const Server& server, const OdbcStatement& statement)
     : link_(link), server_(server), statement_(statement)
@@ -334,7 +334,7 @@ void ResultReader::append(const Buffer& buffer, std::size_t row)
                           buffer.IsTyped ? wholeWherePossible(number) : Cell::FromReal(number));
     }
     case SQL_C_CHAR:
-        return AppendCell(row_, numberFromDigits({value, std::size_t(length)}));
+        return AppendCell(row_, CellOfDecimal({value, std::size_t(length)}));
     case SQL_C_TYPE_DATE: {
         std::array<char, 10> text{};
         char* at = text.data();

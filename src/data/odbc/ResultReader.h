@@ -8,6 +8,10 @@
 
 namespace TradeForms {
 
+/// The number that a decimal's digits write, such as "-.5000": a whole one is stored as such, as
+/// the embedded database stores it.
+Cell CellOfDecimal(std::string_view digits);
+
 /// Reads the rows of a statement that was run: in blocks where every column's width is bounded,
 /// else one by one, since a text without a limit is fetched piece by piece. Either way the cells
 /// of a row are read from left to right, as some drivers demand.
