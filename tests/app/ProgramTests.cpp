@@ -122,7 +122,8 @@ TEST_F(Program, ACompanyOfANewerVersionIsTold)
 
 TEST_F(Program, ReachesACompanyThroughADriverAsWellAsAsAFile)
 {
-    const QString driver = QStringLiteral("Driver=SQLite3;Database=%1").arg(File);
+    const QString driver =
+        QStringLiteral("Driver=SQLite3;Database=%1;LoadExt=" COMPANY_EXTENSION).arg(File);
     // The wrong password is told by the same login as that of a file.
     const Ended wrong =
         run(database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "wrong\n");
