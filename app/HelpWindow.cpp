@@ -35,6 +35,8 @@ constexpr KeyHelp menuKeys[] = {
     {"Up, Down", "سکرین چنیں", "Choose a screen"},
     {"Enter", "سکرین کھولیں", "Open the screen"},
     {"Alt+1 … 9", "نمبر سے کھولیں", "Open a screen by its number"},
+    {"Ctrl+B", "بیک اپ", "Back up (administrators)"},
+    {"Ctrl+M", "سرور پر منتقل", "Move to a server (administrators)"},
     {"Ctrl+L", "لاگ آؤٹ", "Log out"},
     {"Ctrl+Q", "بند", "Exit"},
 };

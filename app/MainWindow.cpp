@@ -1,10 +1,13 @@
 #include "MainWindow.h"
 
+#include "CareWindow.h"
 #include "Options.h"
 #include "HelpWindow.h"
 #include "HostLook.h"
 #include "Screens.h"
 #include "Session.h"
+
+#include <TradeForms/Transfer.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -151,6 +154,9 @@ void MainWindow::build(const QString& database)
     body->setSpacing(10);
     body->addWidget(filter_);
     body->addWidget(list_, 1);
+    if (session_.IsAdministrator() && !TradeForms::IsConnectionString(database)) {
+        body->addLayout(newCareBar(database));
+    }
     body->addLayout(bar);
 
     const QString user = QString::fromUtf8("صارف · ") + session_.Account().UserName;
@@ -168,6 +174,29 @@ void MainWindow::build(const QString& database)
     connect(out, &QPushButton::clicked, this, &MainWindow::logOut);
     connect(exit, &QPushButton::clicked, this, &QWidget::close);
     filter_->setFocus();
+}
+
+/// What an administrator does with the company as a whole.
+QLayout* MainWindow::newCareBar(const QString& database)
+{
+    auto* backup =
+        new CaptionButton(QString::fromUtf8("بیک اپ"), QStringLiteral("Back up Ctrl+B"), this);
+    backup->setObjectName(QStringLiteral("BtnBackup"));
+    auto* move = new CaptionButton(QString::fromUtf8("سرور پر منتقل"),
+                                   QStringLiteral("Move to a server Ctrl+M"), this);
+    move->setObjectName(QStringLiteral("BtnMove"));
+    auto* bar = new QHBoxLayout;
+    bar->addWidget(backup);
+    bar->addWidget(move);
+    bar->addStretch();
+    connect(backup, &QPushButton::clicked, this,
+            [this, database] { takeCare(BackupTask(database)); });
+    connect(move, &QPushButton::clicked, this, [this, database] { takeCare(MoveTask(database)); });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_B, this), &QShortcut::activated, backup,
+            &QPushButton::click);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_M, this), &QShortcut::activated, move,
+            &QPushButton::click);
+    return bar;
 }
 
 void MainWindow::fillList()
@@ -259,6 +288,11 @@ void MainWindow::logOut()
 void MainWindow::showHelp()
 {
     HelpWindow(this).exec();
+}
+
+void MainWindow::takeCare(const CareTask& task)
+{
+    CareWindow(task, this).exec();
 }
 
 bool MainWindow::closeForms()

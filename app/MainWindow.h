@@ -3,12 +3,14 @@
 #include <QWidget>
 
 class QCloseEvent;
+class QLayout;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 
 namespace Host {
 
+struct CareTask;
 struct Screen;
 class Session;
 
@@ -35,12 +37,14 @@ protected:
 
 private:
     void build(const QString& database);
+    QLayout* newCareBar(const QString& database);
     void fillList();
     void addShortcuts();
     void applyFilter(const QString& text);
     void openCurrent();
     void logOut();
     void showHelp();
+    void takeCare(const CareTask& task);
     /// Closes the library's windows, each through its own question; false where one stays.
     bool closeForms();
 

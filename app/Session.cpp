@@ -38,9 +38,14 @@ Session::Session(const std::shared_ptr<Connection>& connection, const UserAccoun
     forms_.InitializeServer(false);
 }
 
+bool Session::IsAdministrator() const
+{
+    return security_->IsAdministrator();
+}
+
 bool Session::MayOpen(const Screen& screen) const
 {
-    return security_->IsAdministrator() || security_->HasRight(QLatin1String(screen.Key));
+    return IsAdministrator() || security_->HasRight(QLatin1String(screen.Key));
 }
 
 void Session::Open(const Screen& screen)

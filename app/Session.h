@@ -35,6 +35,8 @@ public:
     const UserAccount& Account() const { return account_; }
     const CompanyInfo& Company() const { return company_; }
 
+    /// Whether the user may do everything. Read at each call.
+    bool IsAdministrator() const;
     /// Whether the user has the screen: an administrator has all. Read at each call.
     bool MayOpen(const Screen& screen) const;
     /// Shows the screen. Raises TradeForms::Failure where the user may not open it; what the

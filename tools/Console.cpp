@@ -18,7 +18,7 @@
 
 namespace Tools {
 
-using TradeForms::Progress;
+using TradeForms::WorkProgress;
 using TradeForms::Stage;
 
 namespace {
@@ -39,7 +39,7 @@ bool errorIsTerminal()
 #endif
 }
 
-QString textOf(const Progress& progress)
+QString textOf(const WorkProgress& progress)
 {
     const QString of = progress.Table.isEmpty() ? QString() : QLatin1Char(' ') + progress.Table;
     switch (progress.At) {
@@ -60,7 +60,7 @@ QString textOf(const Progress& progress)
 }
 
 /// -1 where nobody knows how much there is.
-int percentOf(const Progress& progress)
+int percentOf(const WorkProgress& progress)
 {
     return progress.All == 0 ? -1 : int(100 * progress.Done / progress.All);
 }
@@ -137,10 +137,10 @@ ProgressLine::~ProgressLine()
 
 TradeForms::OnProgress ProgressLine::Callback()
 {
-    return [this](const Progress& progress) { return tell(progress); };
+    return [this](const WorkProgress& progress) { return tell(progress); };
 }
 
-bool ProgressLine::tell(const Progress& progress)
+bool ProgressLine::tell(const WorkProgress& progress)
 {
     if (detail_ == Detail::Shown) {
         const QString text = textOf(progress);

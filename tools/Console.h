@@ -1,6 +1,6 @@
 #pragma once
 
-#include <TradeForms/Progress.h>
+#include <TradeForms/WorkProgress.h>
 
 #include <QString>
 #include <QStringList>
@@ -56,7 +56,7 @@ public:
     TradeForms::OnProgress Callback();
 
 private:
-    bool tell(const TradeForms::Progress& progress);
+    bool tell(const TradeForms::WorkProgress& progress);
     void draw(const QString& text, int percent);
     void wipe();
 

@@ -2,7 +2,7 @@
 
 #include <TradeForms/Export.h>
 #include <TradeForms/Failure.h>
-#include <TradeForms/Progress.h>
+#include <TradeForms/WorkProgress.h>
 
 #include <QDateTime>
 #include <QList>

@@ -2,7 +2,7 @@
 
 #include <TradeForms/Backup.h>
 #include <TradeForms/Export.h>
-#include <TradeForms/Progress.h>
+#include <TradeForms/WorkProgress.h>
 
 #include <QList>
 #include <QString>

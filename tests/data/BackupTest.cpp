@@ -111,7 +111,7 @@ TEST_F(Backups, WhoeverSavesAllTheTimeNeitherWaitsNorSpoilsTheCopy)
     };
     waitForSaves(1);
     qint64 last = 0;
-    const auto follow = [&](const Progress& progress) {
+    const auto follow = [&](const WorkProgress& progress) {
         waitForSaves(2);
         if (progress.At == Stage::Copying) {
             EXPECT_GE(progress.Done, last) << "it does not begin anew";
@@ -220,7 +220,7 @@ TEST_F(Backups, APlaceThatTakesNoFileIsTold)
 TEST_F(Backups, TwoAtOnceForOnePlaceDoNotMix)
 {
     std::string second;
-    BackUpCompany(company_.File(), place("copy.db"), Existing::Keep, [&](const Progress&) {
+    BackUpCompany(company_.File(), place("copy.db"), Existing::Keep, [&](const WorkProgress&) {
         if (second.empty())
             second = failureOf([&] { BackUpCompany(company_.File(), place("copy.db")); });
         return true;
@@ -234,14 +234,14 @@ TEST_F(Backups, StoppedAtAnyMomentItLeavesNothing)
     FillEveryTable(company_, 200);
     for (const Stage stage : {Stage::Counting, Stage::Copying, Stage::Checking}) {
         EXPECT_THROW(BackUpCompany(company_.File(), place("copy.db"), Existing::Keep,
-                                   [&](const Progress& progress) { return progress.At != stage; }),
+                                   [&](const WorkProgress& progress) { return progress.At != stage; }),
                      CancelledFailure);
         EXPECT_TRUE(files().isEmpty()) << int(stage);
     }
     // A check is stopped in its midst, too.
     int asked = 0;
     EXPECT_THROW(VerifyBackup(company_.File(),
-                              [&](const Progress& progress) {
+                              [&](const WorkProgress& progress) {
                                   return progress.At != Stage::Checking || ++asked < 2;
                               }),
                  CancelledFailure);
@@ -338,7 +338,7 @@ TEST_F(Backups, ARestoreThatIsStoppedLeavesTheCompany)
     const auto before = ContentsOf(place("company.db"));
     EXPECT_THROW(
         RestoreCompany(place("copy.db"), place("company.db"),
-                       [](const Progress& progress) { return progress.At != Stage::Copying; }),
+                       [](const WorkProgress& progress) { return progress.At != Stage::Copying; }),
         CancelledFailure);
     EXPECT_EQ(ContentsOf(place("company.db")), before);
     EXPECT_EQ(files(), (QStringList{QStringLiteral("company.db"), QStringLiteral("copy.db")}));
@@ -390,7 +390,7 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
             areas = connection->Execute("select * from Areas").RecordCount();
         });
     };
-    RestoreCompany(place("copy.db"), place("company.db"), [&](const Progress& progress) {
+    RestoreCompany(place("copy.db"), place("company.db"), [&](const WorkProgress& progress) {
         if (progress.At == Stage::Copying && !clerk.joinable()) {
             clerk = std::thread(comeIn);
             QThread::msleep(100);

@@ -5,6 +5,7 @@
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "data/TableProof.h"
+#include "support/Engines.h"
 #include "support/EveryTable.h"
 #include "support/TestCompany.h"
 
@@ -105,6 +106,19 @@ TEST_F(Transfers, ANewFileGetsEverything)
     EXPECT_EQ(report.Accounts, 25);
     EXPECT_TRUE(report.Rounded.isEmpty());
     EXPECT_EQ(files(), QStringList{QStringLiteral("new.db")});
+
+    // What the database works out from the rows is the same, too.
+    const auto stockOf = [](const QString& file) {
+        const Recordset stock = Connection::Open(file)->Execute(
+            "select ProductID, BranchCode, Stock from vuCurrentStock order by ProductID, "
+            "BranchCode");
+        QList<QVariantList> rows;
+        for (int row = 0; row < stock.RecordCount(); ++row)
+            rows.append({stock.ValueAt(row, 0), stock.ValueAt(row, 1), stock.ValueAt(row, 2)});
+        return rows;
+    };
+    EXPECT_GE(stockOf(place("new.db")).size(), 5);
+    EXPECT_EQ(stockOf(place("new.db")), stockOf(source_.File()));
 
     // It is searched by the same indexes and kept up by the same triggers as a company is.
     const auto schemaOf = [](const TestCompany& company) {
@@ -272,7 +286,7 @@ TEST_F(Transfers, WhoSavesMeanwhileDoesNotSpoilIt)
     const auto clerk = source_.Connect();
     int saved = 0;
     TransferOptions options;
-    options.Tell = [&](const Progress& progress) {
+    options.Tell = [&](const WorkProgress& progress) {
         if (progress.At != Stage::Counting) {
             clerk->BeginTrans();
             clerk->Execute(Statement("insert into RecoveryBody (VoucherID, InsCustomerID, Amount) "
@@ -295,7 +309,7 @@ TEST_F(Transfers, StoppedAtAnyMomentItLeavesNoFile)
     for (const Stage stage :
          {Stage::Counting, Stage::Copying, Stage::Indexing, Stage::Comparing, Stage::Balances}) {
         TransferOptions options;
-        options.Tell = [stage](const Progress& progress) { return progress.At != stage; };
+        options.Tell = [stage](const WorkProgress& progress) { return progress.At != stage; };
         EXPECT_THROW(TransferCompany(source_.File(), place("new.db"), options), CancelledFailure);
         EXPECT_TRUE(files().isEmpty()) << int(stage) << files().join(u' ').toStdString();
     }
@@ -306,7 +320,7 @@ TEST_F(Transfers, StoppedItLeavesWholeTablesAndBeginsAnewWhenToldSo)
     FillEveryTable(source_, 10);
     const QString target = emptyTarget();
     TransferOptions options;
-    options.Tell = [](const Progress& progress) {
+    options.Tell = [](const WorkProgress& progress) {
         return progress.At != Stage::Copying || progress.Table != QStringLiteral("RecoveryBody");
     };
     EXPECT_THROW(TransferCompany(source_.File(), target, options), CancelledFailure);
@@ -344,7 +358,7 @@ TEST_F(Transfers, ATableLongerThanMemoryIsNeverHeld)
     const QString target = emptyTarget();
     qint64 last = 0;
     TransferOptions options;
-    options.Tell = [&](const Progress& progress) {
+    options.Tell = [&](const WorkProgress& progress) {
         if (progress.Table == QStringLiteral("RecoveryBody") && progress.At == Stage::Copying) {
             EXPECT_EQ(progress.All, 20000);
             EXPECT_LE(progress.Done - last, 1000);
@@ -354,6 +368,73 @@ TEST_F(Transfers, ATableLongerThanMemoryIsNeverHeld)
     };
     EXPECT_TRUE(TransferCompany(source_.File(), target, options).IsProven());
     EXPECT_EQ(last, 20000);
+}
+
+namespace {
+
+/// A company behind another engine than its source's.
+class TransfersThroughOdbc : public Transfers {
+protected:
+    TransfersThroughOdbc() { AddHostTables(server_); }
+
+    std::shared_ptr<Connection> connect() const
+    {
+        return tests::ConnectThrough(tests::EngineKind::Odbc, server_);
+    }
+
+    TestCompany server_;
+};
+
+} // namespace
+
+TEST_F(TransfersThroughOdbc, AllOfACompanyGoesUpAndComesBack)
+{
+    FillEveryTable(source_, 25);
+    const auto server = connect();
+    const TransferReport up = TransferCompany(*source_.Connect(), *server, replacing());
+    EXPECT_TRUE(up.IsProven()) << testing::PrintToString(linesOf(up.Differences));
+    EXPECT_EQ(up.Accounts, 25);
+    EXPECT_EQ(ContentsOf(server_.File()), ContentsOf(source_.File()));
+
+    const auto home = Connection::Open(emptyTarget());
+    const TransferReport down = TransferCompany(*server, *home);
+    EXPECT_TRUE(down.IsProven()) << testing::PrintToString(linesOf(down.Differences));
+    EXPECT_EQ(ContentsOf(place("empty.db")), ContentsOf(source_.File()));
+}
+
+TEST_F(TransfersThroughOdbc, ATargetThatHasRowsIsRefused)
+{
+    const auto before = ContentsOf(server_.File());
+    EXPECT_THAT(failureOf([&] { TransferCompany(*source_.Connect(), *connect()); }),
+                AllOf(HasSubstr("not empty"), HasSubstr("Areas (3 rows)")));
+    EXPECT_EQ(ContentsOf(server_.File()), before);
+}
+
+TEST_F(TransfersThroughOdbc, DifferencesAreFoundOnBothSides)
+{
+    FillEveryTable(source_, 5);
+    const auto source = source_.Connect();
+    const auto server = connect();
+    ASSERT_TRUE(TransferCompany(*source, *server, replacing()).IsProven());
+    server->Execute("update RecoveryBody set Amount = 12.34 where InsCustomerID = 'Kot 1001'");
+    const auto lines = linesOf(TransferCompany(*source, *server, comparing()).Differences);
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_THAT(lines.front(), AllOf(HasSubstr("RecoveryBody, column Amount"), HasSubstr("sum ")));
+    EXPECT_EQ(linesOf(TransferCompany(*server, *source, comparing()).Differences).size(), 1u);
+}
+
+TEST_F(TransfersThroughOdbc, StoppedItLeavesWholeTables)
+{
+    FillEveryTable(source_, 25);
+    const auto server = connect();
+    TransferOptions options = replacing();
+    options.Tell = [](const WorkProgress& progress) {
+        return progress.At != Stage::Copying || progress.Table != QStringLiteral("RecoveryBody");
+    };
+    EXPECT_THROW(TransferCompany(*source_.Connect(), *server, options), CancelledFailure);
+    EXPECT_EQ(server->Execute("select * from Areas").RecordCount(), 28);
+    EXPECT_EQ(server->Execute("select * from RecoveryBody").RecordCount(), 0);
+    EXPECT_TRUE(TransferCompany(*source_.Connect(), *server, replacing()).IsProven());
 }
 
 TEST(AmountSum, IsExactWhereDoublesAreNot)

@@ -37,7 +37,7 @@ QString ordinaryText(int number)
 
 QString number(int at)
 {
-    static const QStringList numbers{text("0.1"),     text("-1234.5678"), text("99999999999.9999"),
+    static const QStringList numbers{text("0.1"),     text("-1234.5678"), text("9999999999.9999"),
                                      text("0.0001"),  text("0"),          text("185000"),
                                      text("2500.25"), text("1e3")};
     return numbers[at % numbers.size()];
@@ -70,7 +70,7 @@ QStringList TablesOf(const TestCompany& company)
     QStringList tables;
     for (const QVariantList& row :
          company.Rows("select name from sqlite_schema where type = 'table' and name not like "
-                      "'sqlite%' order by name collate nocase"))
+                      "'sqlite%' and name <> 'StockLevels' order by name collate nocase"))
         tables.append(row.first().toString());
     return tables;
 }
@@ -125,9 +125,10 @@ std::vector<std::string> ContentsOf(const QString& file)
         return found;
     };
     std::vector<std::string> contents;
-    for (const std::string& table : lines(text("select name from sqlite_schema where type = "
-                                               "'table' and name <> 'sqlite_sequence' "
-                                               "order by name"))) {
+    for (const std::string& table :
+         lines(text("select name from sqlite_schema where type = "
+                    "'table' and name not in ('sqlite_sequence', 'StockLevels') "
+                    "order by name"))) {
         const QString name = QString::fromStdString(table);
         QStringList quotes;
         for (const std::string& column :

@@ -1,6 +1,7 @@
 #include "data/odbc/OdbcEngine.h"
 
 #include "data/Failure.h"
+#include "data/odbc/OdbcLoader.h"
 #include "data/odbc/OdbcRowWriter.h"
 #include "data/odbc/ResultReader.h"
 #include "data/odbc/SimpleSource.h"
@@ -105,6 +106,35 @@ std::shared_ptr<const Shape> OdbcEngine::shapeOf(std::vector<Column> columns,
 std::unique_ptr<RowWriter> OdbcEngine::WriterFor(std::shared_ptr<const Shape> shape)
 {
     return std::make_unique<OdbcRowWriter>(*this, std::move(shape));
+}
+
+std::unique_ptr<RowWriter> OdbcEngine::LoaderFor(std::shared_ptr<const Shape> shape)
+{
+    return std::make_unique<OdbcLoader>(*this, shape);
+}
+
+void OdbcEngine::BeginReading()
+{
+    run(server_->BeforeReading());
+    link_.SetAutocommit(false);
+    isOpen_ = true;
+    try {
+        // The first reading is what fixes the moment.
+        link_.ReadNumber(server_->VersionQuery());
+    } catch (...) {
+        EndReading();
+        throw;
+    }
+}
+
+void OdbcEngine::EndReading() noexcept
+{
+    try {
+        rollbackBelow();
+        run(server_->AfterReading());
+    } catch (const ProviderFailure&) {
+        // The connection is gone, and its transaction with it; the next statement will say so.
+    }
 }
 
 void OdbcEngine::beginBelow()
@@ -230,6 +260,26 @@ struct CatalogueName {
 };
 
 } // namespace
+
+QStringList OdbcEngine::TableNames()
+{
+    const OdbcStatement handle = link_.NewStatement();
+    const QString schemaName = server_->Schema();
+    const CatalogueName schema(schemaName);
+    const QString kindName = QStringLiteral("TABLE");
+    const CatalogueName kind(kindName);
+    link_.Check(SQLTablesW(handle.Get(), nullptr, 0, schema.Text, schema.Length, nullptr, 0,
+                           kind.Text, kind.Length),
+                handle);
+    QStringList names;
+    ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
+        const QString name = textOf(CellAt(row.data(), Told::Table));
+        if (!server_->IsOwnTable(name))
+            names.append(name);
+    });
+    names.sort(Qt::CaseInsensitive);
+    return names;
+}
 
 void OdbcEngine::readColumns(const QString& name, ServerTable& table)
 {

@@ -20,7 +20,12 @@ public:
     void Scan(const QString& statement, const Begin& begin, const Each& each,
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
+    std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const Shape> shape) override;
     const TradeForms::Dialect& Dialect() const override { return server_->Dialect(); }
+
+    QStringList TableNames() override;
+    void BeginReading() override;
+    void EndReading() noexcept override;
 
     const Server& Words() const { return *server_; }
     OdbcLink& Link() { return link_; }

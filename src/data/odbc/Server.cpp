@@ -36,6 +36,12 @@ QString QuotedName(const QString& name)
 
 Server::~Server() = default;
 
+bool Server::IsOwnTable(const QString& table) const
+{
+    return isSameName(table, QStringLiteral("SchemaVersion")) ||
+           isSameName(table, QStringLiteral("StockLevels"));
+}
+
 std::unique_ptr<Server> Server::Named(const QString& system)
 {
     if (system.contains(QLatin1String("sqlite"), Qt::CaseInsensitive))

@@ -63,6 +63,17 @@ public:
     /// may have undone it by itself.
     virtual bool IsTransactionOpen(OdbcLink& link) const = 0;
 
+    /// Statements before and after a transaction that reads as at one moment.
+    virtual QStringList BeforeReading() const { return {}; }
+    virtual QStringList AfterReading() const { return {}; }
+    /// A statement after which rows of a table are added with the numbers that the server gives
+    /// otherwise, if such a number is among the columns; and one after which they are not. Empty
+    /// where a row may have such a number at any time.
+    virtual QString TakeGivenNumbers(const QString&, const QStringList&) const { return QString(); }
+    virtual QString GiveNumbersAgain(const QString&, const QStringList&) const { return QString(); }
+    /// Whether a table is no part of the company: the database keeps it up by itself.
+    virtual bool IsOwnTable(const QString& table) const;
+
     /// Whether a column that comes from no table is of the type that the driver tells. Where it
     /// is not, each value tells its own.
     virtual bool TypesExpressions() const = 0;

@@ -61,6 +61,23 @@ QString top(bool isOfOneRow)
     return isOfOneRow ? QStringLiteral("top (1) ") : QString();
 }
 
+QString literal(const QString& text)
+{
+    return QStringLiteral("N'") + QString(text).replace(u'\'', QLatin1String("''")) + u'\'';
+}
+
+/// Where the server numbers one of these columns.
+QString setIdentityInsert(const QString& table, const QStringList& columns, const QString& how)
+{
+    QStringList names;
+    for (const QString& column : columns)
+        names.append(literal(column));
+    const QString place = QStringLiteral("dbo.") + QuotedName(table);
+    return QStringLiteral("if exists (select * from sys.identity_columns where object_id = "
+                          "object_id(%1) and name in (%2)) set identity_insert %3 %4")
+        .arg(literal(place), names.join(QLatin1String(", ")), place, how);
+}
+
 } // namespace
 
 // The one form of a date that no language setting misreads.
@@ -93,6 +110,36 @@ QStringList SqlServer::Settings() const
 QString SqlServer::VersionQuery() const
 {
     return QStringLiteral("select max(Version) from dbo.SchemaVersion having max(Version) > 0");
+}
+
+/// Where the database keeps no older versions of rows, whoever writes has to wait.
+QStringList SqlServer::BeforeReading() const
+{
+    return {QStringLiteral("if exists (select * from sys.databases where database_id = db_id() and "
+                           "snapshot_isolation_state = 1) "
+                           "set transaction isolation level snapshot "
+                           "else set transaction isolation level serializable")};
+}
+
+QStringList SqlServer::AfterReading() const
+{
+    return {QStringLiteral("set transaction isolation level read committed")};
+}
+
+QString SqlServer::TakeGivenNumbers(const QString& table, const QStringList& columns) const
+{
+    return setIdentityInsert(table, columns, QStringLiteral("on"));
+}
+
+QString SqlServer::GiveNumbersAgain(const QString& table, const QStringList& columns) const
+{
+    return setIdentityInsert(table, columns, QStringLiteral("off"));
+}
+
+/// What its tools for diagrams leave in a database.
+bool SqlServer::IsOwnTable(const QString& table) const
+{
+    return table == QLatin1String("sysdiagrams") || Server::IsOwnTable(table);
 }
 
 /// Two who begin a transaction wait for each other here, and those who only read do not wait.

@@ -12,6 +12,11 @@ public:
     QString Schema() const override { return QStringLiteral("dbo"); }
     QStringList Settings() const override;
     QString VersionQuery() const override;
+    QStringList BeforeReading() const override;
+    QStringList AfterReading() const override;
+    QString TakeGivenNumbers(const QString& table, const QStringList& columns) const override;
+    QString GiveNumbersAgain(const QString& table, const QStringList& columns) const override;
+    bool IsOwnTable(const QString& table) const override;
     QString TakeLock() const override;
     QString SetMark() const override;
     QStringList ReleaseMark() const override { return {}; }

@@ -29,6 +29,11 @@ QString SqliteServer::VersionQuery() const
                           "and (select application_id from pragma_application_id) = 1415857773");
 }
 
+bool SqliteServer::IsOwnTable(const QString& table) const
+{
+    return table.startsWith(QLatin1String("sqlite_")) || Server::IsOwnTable(table);
+}
+
 /// A statement that writes takes the lock when it begins, also where it finds nothing to write.
 QString SqliteServer::TakeLock() const
 {

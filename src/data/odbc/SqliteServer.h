@@ -11,6 +11,7 @@ public:
 
     QStringList Settings() const override;
     QString VersionQuery() const override;
+    bool IsOwnTable(const QString& table) const override;
     QString TakeLock() const override;
     QString SetMark() const override;
     QStringList ReleaseMark() const override;

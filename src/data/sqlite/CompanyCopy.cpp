@@ -25,7 +25,7 @@ using Backup = std::unique_ptr<sqlite3_backup, FinishBackup>;
 /// Asks now and then, while one statement runs, whether to go on.
 class StatementWatch {
 public:
-    StatementWatch(sqlite3* handle, const OnProgress& onProgress, Progress progress)
+    StatementWatch(sqlite3* handle, const OnProgress& onProgress, WorkProgress progress)
         : handle_(handle), onProgress_(onProgress), progress_(std::move(progress))
     {
         if (onProgress_)
@@ -44,7 +44,7 @@ private:
 
     sqlite3* handle_;
     const OnProgress& onProgress_;
-    Progress progress_;
+    WorkProgress progress_;
 };
 
 /// Runs work that a StatementWatch may stop.
@@ -111,7 +111,7 @@ void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onP
 
 void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& onProgress)
 {
-    const Progress progress{Stage::Checking, {}, 0, 0};
+    const WorkProgress progress{Stage::Checking, {}, 0, 0};
     Tell(onProgress, progress);
     const StatementWatch watch(engine.Raw(), onProgress, progress);
     QStringList damages;
@@ -138,7 +138,7 @@ QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress)
     const QStringList tables = engine.TableNames();
     QList<TableCount> counts;
     for (const QString& table : tables) {
-        const Progress progress{Stage::Counting, table, counts.size(), tables.size()};
+        const WorkProgress progress{Stage::Counting, table, counts.size(), tables.size()};
         Tell(onProgress, progress);
         const StatementWatch watch(engine.Raw(), onProgress, progress);
         QString name = table;

@@ -17,7 +17,8 @@ void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onP
 /// is damaged, CancelledFailure.
 void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& onProgress);
 
-/// The rows of each table of the company, by the tables' names. Raises ProviderFailure, CancelledFailure.
+/// The rows of each table of the company, by the tables' names. Raises ProviderFailure,
+/// CancelledFailure.
 QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress);
 
 } // namespace TradeForms

@@ -13,9 +13,8 @@ namespace TradeForms {
 class PartFile {
 public:
     /// Takes the name, under which the file is still to be made, and makes sure that the place can
-    /// be taken. Raises Failure where the place
-    /// is taken and to be kept, where nothing can be written there, and where another program is
-    /// at work on the same place.
+    /// be taken. Raises Failure where it is taken and to be kept, where nothing can be written
+    /// there, and where another program is at work on it.
     PartFile(const QString& place, Existing existing);
     ~PartFile();
     PartFile(const PartFile&) = delete;

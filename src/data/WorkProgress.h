@@ -18,7 +18,7 @@ enum class Stage {
 };
 
 /// How far a long piece of work has come.
-struct Progress {
+struct WorkProgress {
     Stage At = Stage::Counting;
     QString Table;   ///< the table in hand; empty where the work does not go by tables
     qint64 Done = 0; ///< pages, rows or accounts, as the stage goes by one or the other
@@ -27,9 +27,9 @@ struct Progress {
 
 /// Told how far the work has come, many times a second. The answer false stops the work, which
 /// then raises CancelledFailure. It must raise nothing itself.
-using OnProgress = std::function<bool(const Progress&)>;
+using OnProgress = std::function<bool(const WorkProgress&)>;
 
 /// Tells it, if there is anyone to tell. Raises CancelledFailure.
-void Tell(const OnProgress& onProgress, const Progress& progress);
+void Tell(const OnProgress& onProgress, const WorkProgress& progress);
 
 } // namespace TradeForms

@@ -1,10 +1,10 @@
-#include "data/Progress.h"
+#include "data/WorkProgress.h"
 
 #include "data/Failure.h"
 
 namespace TradeForms {
 
-void Tell(const OnProgress& onProgress, const Progress& progress)
+void Tell(const OnProgress& onProgress, const WorkProgress& progress)
 {
     if (onProgress && !onProgress(progress))
         throw CancelledFailure();
