@@ -1,9 +1,9 @@
 #include "MainWindow.h"
 
 #include "CareWindow.h"
-#include "Options.h"
 #include "HelpWindow.h"
 #include "HostLook.h"
+#include "Options.h"
 #include "Screens.h"
 #include "Session.h"
 

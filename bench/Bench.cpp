@@ -1,7 +1,11 @@
-// Runs the benchmarks and prints one line a measure: name  ours  baseline  ratio.
+// Runs the benchmarks and prints one line a measure: name, ours, baseline, ratio, and the limit
+// where there is one, with whether it is kept. At the end it tells how what was measured on
+// companies of several sizes grows with them.
 //
 // A measure is two benchmarks, "name/ours" and "name/baseline"; each figure is the median of the
-// repetitions. A counter "memory" (bytes) takes the place of the time.
+// repetitions. Counters of ours say more: "memory" (bytes) takes the place of the time,
+// "limit_time" (seconds) and "limit_ratio" are limits, "accounts" is the size of the company and
+// "about" how many rows the call is about. A limit that is missed is printed and is no error.
 
 #include <benchmark/benchmark.h>
 
@@ -10,16 +14,53 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace {
 
+/// One side of a measure, or both.
+struct Measure {
+    std::optional<double> Ours;
+    std::optional<double> Baseline;
+    bool IsMemory = false;
+    double LimitTime = 0; ///< 0: none
+    double LimitRatio = 0;
+    int Accounts = 0;
+    int About = 0;
+
+    double Ratio() const { return *Ours / *Baseline; }
+    bool HasLimit() const { return LimitTime > 0 || LimitRatio > 0; }
+    bool KeepsLimit() const
+    {
+        return (LimitTime == 0 || *Ours <= LimitTime) && (LimitRatio == 0 || Ratio() <= LimitRatio);
+    }
+};
+
+std::string format(const char* pattern, double value)
+{
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, pattern, value);
+    return buffer;
+}
+
+std::string text(double value, bool isMemory)
+{
+    if (isMemory) {
+        return format("%.1f MB", value / 1e6);
+    }
+    if (value < 1e-6) {
+        return format("%.0f ns", value * 1e9);
+    }
+    return value < 1e-3 ? format("%.1f us", value * 1e6) : format("%.2f ms", value * 1e3);
+}
+
 class Pairs : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override
     {
-        std::printf("%-44s %12s %12s %8s\n", "name", "ours", "baseline", "ratio");
+        std::printf("%-56s %11s %11s %7s  %s\n", "name", "ours", "baseline", "ratio", "limit");
         return true;
     }
 
@@ -27,7 +68,7 @@ public:
     {
         std::vector<double> values;
         std::string name;
-        bool memory = false;
+        Measure read;
         for (const Run& run : runs) {
             if (run.error_occurred) {
                 std::fprintf(stderr, "%s: %s\n", run.benchmark_name().c_str(),
@@ -38,50 +79,102 @@ public:
             if (run.run_type != Run::RT_Iteration) {
                 continue;
             }
-            const auto counter = run.counters.find("memory");
-            memory = counter != run.counters.end();
-            values.push_back(memory ? counter->second.value
-                                    : run.real_accumulated_time / double(run.iterations));
             name = run.run_name.function_name;
+            readCounters(run, read);
+            values.push_back(read.IsMemory ? counter(run, "memory")
+                                           : run.real_accumulated_time / double(run.iterations));
         }
         if (values.empty()) {
             return;
         }
         std::sort(values.begin(), values.end());
-        const std::size_t slash = name.rfind('/');
-        Measure& measure = measures_[name.substr(0, slash)];
-        measure.Memory = memory;
-        (name.substr(slash + 1) == "ours" ? measure.Ours : measure.Baseline) =
-            values[values.size() / 2];
-        if (measure.Ours > 0 && measure.Baseline > 0) {
-            std::printf("%-44s %12s %12s %8.2f\n", name.substr(0, slash).c_str(),
-                        text(measure.Ours, measure.Memory).c_str(),
-                        text(measure.Baseline, measure.Memory).c_str(),
-                        measure.Ours / measure.Baseline);
-            std::fflush(stdout);
+        note(name, values[values.size() / 2], read);
+    }
+
+    void Finalize() override
+    {
+        std::map<std::string, std::vector<const Measure*>> bySubject;
+        for (const auto& [name, measure] : measures_) {
+            if (measure.Accounts > 0 && measure.Ours) {
+                bySubject[name.substr(0, name.rfind(", "))].push_back(&measure);
+            }
+        }
+        bool isFirst = true;
+        for (auto& [subject, sizes] : bySubject) {
+            if (sizes.size() < 2) {
+                continue;
+            }
+            std::sort(sizes.begin(), sizes.end(), [](const Measure* first, const Measure* second) {
+                return first->Accounts < second->Accounts;
+            });
+            if (isFirst) {
+                std::printf("\ngrowth of ours with the number of accounts\n");
+            }
+            isFirst = false;
+            std::printf("%-56s", subject.c_str());
+            for (const Measure* measure : sizes) {
+                std::printf(" %11s", text(*measure->Ours, false).c_str());
+            }
+            std::printf("  x %.1f from %d to %d\n", *sizes.back()->Ours / *sizes.front()->Ours,
+                        sizes.front()->Accounts, sizes.back()->Accounts);
         }
     }
 
     bool Failed() const { return failed_; }
 
 private:
-    struct Measure {
-        double Ours = 0;
-        double Baseline = 0;
-        bool Memory = false;
-    };
-
-    static std::string text(double value, bool memory)
+    static double counter(const Run& run, const char* name)
     {
-        char buffer[32];
-        if (memory) {
-            std::snprintf(buffer, sizeof buffer, "%.1f MB", value / 1e6);
-        } else if (value < 1e-3) {
-            std::snprintf(buffer, sizeof buffer, "%.1f us", value * 1e6);
+        const auto found = run.counters.find(name);
+        return found == run.counters.end() ? 0 : found->second.value;
+    }
+
+    static void readCounters(const Run& run, Measure& into)
+    {
+        into.IsMemory = counter(run, "memory") > 0;
+        into.LimitTime = counter(run, "limit_time");
+        into.LimitRatio = counter(run, "limit_ratio");
+        into.Accounts = int(counter(run, "accounts"));
+        into.About = int(counter(run, "about"));
+    }
+
+    void note(const std::string& name, double value, const Measure& read)
+    {
+        const std::size_t slash = name.rfind('/');
+        const std::string subject = name.substr(0, slash);
+        Measure& measure = measures_[subject];
+        if (name.substr(slash + 1) == "ours") {
+            const std::optional<double> baseline = measure.Baseline;
+            measure = read;
+            measure.Ours = value;
+            measure.Baseline = baseline;
         } else {
-            std::snprintf(buffer, sizeof buffer, "%.2f ms", value * 1e3);
+            measure.Baseline = value;
         }
-        return buffer;
+        if (measure.Ours && measure.Baseline) {
+            print(subject, measure);
+        }
+    }
+
+    static void print(const std::string& subject, const Measure& measure)
+    {
+        std::printf("%-56s %11s %11s %7.2f", subject.c_str(),
+                    text(*measure.Ours, measure.IsMemory).c_str(),
+                    text(*measure.Baseline, measure.IsMemory).c_str(), measure.Ratio());
+        if (measure.LimitRatio > 0) {
+            std::printf("  ratio %.1f", measure.LimitRatio);
+        }
+        if (measure.LimitTime > 0) {
+            std::printf("  %s", text(measure.LimitTime, false).c_str());
+        }
+        if (measure.HasLimit()) {
+            std::printf(" %s", measure.KeepsLimit() ? "kept" : "MISSED");
+        }
+        if (measure.About > 0) {
+            std::printf("  (%d)", measure.About);
+        }
+        std::printf("\n");
+        std::fflush(stdout);
     }
 
     std::map<std::string, Measure> measures_;

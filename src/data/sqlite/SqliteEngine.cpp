@@ -153,7 +153,7 @@ void SqliteEngine::run(const QByteArray& text)
     Step(statement);
 }
 
-const AdaptedStatement& SqliteEngine::adapted(const QString& statement)
+const AdaptedStatement& SqliteEngine::Adapted(const QString& statement)
 {
     if (const AdaptedStatement* known = adapted_.object(statement))
         return *known;
@@ -188,7 +188,7 @@ std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept, Purpose purpose)
 void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
                         Purpose purpose)
 {
-    const AdaptedStatement& ready = adapted(statement);
+    const AdaptedStatement& ready = Adapted(statement);
     if (ready.Procedure) {
         Atomically([&] { functions_.Call(ready.Procedure->Name, ready.Procedure->Arguments); });
         return;

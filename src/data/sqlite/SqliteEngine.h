@@ -38,6 +38,10 @@ public:
 
     sqlite3* Raw() const { return handle_.get(); }
 
+    /// A statement made ready for SQLite, and kept for the next time. It lives until the next
+    /// call. Raises ProviderFailure.
+    const AdaptedStatement& Adapted(const QString& statement);
+
     /// A statement in SQLite's own words, prepared once and kept for the next time. It lives
     /// until the next call. Raises ProviderFailure.
     sqlite3_stmt* Prepared(const QByteArray& text) { return keptStatement(text).Compiled.get(); }
@@ -59,7 +63,6 @@ private:
     void rollbackToMarkBelow() override;
 
     void run(const QByteArray& text);
-    const AdaptedStatement& adapted(const QString& statement);
     Kept& keptStatement(const QByteArray& text);
     std::shared_ptr<const Shape> shapeOf(Kept& kept, Purpose purpose);
     static int waitForLock(void* self, int attempt);
