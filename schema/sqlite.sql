@@ -246,9 +246,10 @@ CREATE TABLE InsCustomerHeader (
     Product            TEXT COLLATE CI
 );
 CREATE INDEX InsCustomerHeader_AreaCode ON InsCustomerHeader (AreaCode, CardNo);
--- The highest running card number of an area is read from its end.
+-- The highest running card number of an area is read from the end of its part of this index; for
+-- that the expression is spelt as in the statement that asks, and compared as the column is.
 CREATE INDEX InsCustomerHeader_AutoCard
-    ON InsCustomerHeader (AreaCode, Old, CAST(AutoCard AS INT));
+    ON InsCustomerHeader (AreaCode, Old, CAST(AutoCard AS int) COLLATE CI);
 -- Cards typed by hand are looked up over all areas. An index that began with the card would serve
 -- lists that are ordered by it, at the price of reading all accounts for those of a few days.
 CREATE INDEX InsCustomerHeader_CardNo ON InsCustomerHeader (Old, CardNo);

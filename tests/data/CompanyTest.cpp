@@ -314,4 +314,14 @@ TEST_F(Company, TheNextCardOfAnAreaIsReadFromAnIndex)
         Statement(QStringLiteral("EXPLAIN QUERY PLAN ") + QString::fromUtf8(statement)));
     EXPECT_TRUE(plan.ValueAt(0, 3).toString().contains(
         QStringLiteral("InsCustomerHeader_AutoCard (AreaCode=? AND Old=?)")));
+    // The plan is the same whether all cards of the area are read or the last one alone; the
+    // program behind it begins at the end in the one case and at the beginning in the other.
+    Recordset program =
+        connection_->Execute(Statement(QStringLiteral("EXPLAIN ") + QString::fromUtf8(statement)));
+    QStringList seeks;
+    for (; !program.Eof(); program.MoveNext()) {
+        if (program.Value("opcode").toString().startsWith(QStringLiteral("Seek")))
+            seeks.append(program.Value("opcode").toString());
+    }
+    EXPECT_EQ(seeks, QStringList(QStringLiteral("SeekLE")));
 }
