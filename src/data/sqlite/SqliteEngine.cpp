@@ -209,7 +209,7 @@ void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each
 
 std::unique_ptr<Cursor> SqliteEngine::OpenCursor(const QString& statement)
 {
-    const AdaptedStatement& ready = adapted(statement);
+    const AdaptedStatement& ready = Adapted(statement);
     if (ready.Procedure)
         return nullptr;
     return std::make_unique<SqliteCursor>(Prepare(handle_.get(), ready.Text, false));
