@@ -30,7 +30,7 @@ TEST_F(GatePassOnServer, IsSavedAndOpenedAgain)
 {
     Open();
     const int id = Stored();
-    EXPECT_EQ(BodyOf(id), QStringList{QStringLiteral("101|3||")});
+    EXPECT_EQ(BodyOf(id), QStringList{QStringLiteral("101|3|null|null")});
     OpenStored(id);
     EXPECT_EQ(FilledRows(), 1);
     EXPECT_EQ(Cell(0, "OutNewProducts"), QStringLiteral("3"));
