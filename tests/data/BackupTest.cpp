@@ -3,6 +3,7 @@
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "support/EveryTable.h"
+#include "support/FaultyDisk.h"
 #include "support/TestCompany.h"
 
 #include <gmock/gmock.h>
@@ -227,6 +228,29 @@ TEST_F(Backups, TwoAtOnceForOnePlaceDoNotMix)
     });
     EXPECT_THAT(second, HasSubstr("Another program is writing"));
     EXPECT_EQ(ContentsOf(place("copy.db")), ContentsOf(company_.File()));
+}
+
+TEST_F(Backups, ADiskThatIsFullAtAnyWriteIsToldAndNothingIsLeft)
+{
+    FaultyDisk disk;
+    constexpr int step = 11;
+    int refused = 0;
+    for (int operation = 1;; operation += step) {
+        disk.FailAt(operation, FaultyDisk::Fault::Full, FaultyDisk::Lasts::UntilRepaired);
+        const std::string told =
+            failureOf([&] { BackUpCompany(company_.File(), place("copy.db")); });
+        const bool hasFailed = disk.HasFailed();
+        disk.Repair();
+        if (!hasFailed) {
+            EXPECT_EQ(told, "");
+            break;
+        }
+        EXPECT_THAT(told, HasSubstr("no room left")) << operation;
+        EXPECT_TRUE(files().isEmpty()) << operation << files().join(u' ').toStdString();
+        ++refused;
+    }
+    EXPECT_GT(refused, 5);
+    EXPECT_NO_THROW(VerifyBackup(place("copy.db")));
 }
 
 TEST_F(Backups, StoppedAtAnyMomentItLeavesNothing)

@@ -7,6 +7,7 @@
 #include "data/TableProof.h"
 #include "support/Engines.h"
 #include "support/EveryTable.h"
+#include "support/FaultyDisk.h"
 #include "support/TestCompany.h"
 
 #include <gmock/gmock.h>
@@ -329,6 +330,21 @@ TEST_F(Transfers, StoppedItLeavesWholeTablesAndBeginsAnewWhenToldSo)
     EXPECT_THAT(failureOf([&] { TransferCompany(source_.File(), target); }),
                 HasSubstr("not empty"));
     EXPECT_TRUE(TransferCompany(source_.File(), target, replacing()).IsProven());
+}
+
+TEST_F(Transfers, ADiskThatIsFullIsToldAndLeavesNoFile)
+{
+    FillEveryTable(source_, 40);
+    FaultyDisk disk;
+    for (const int operation : {1, 60, 300}) {
+        disk.FailAt(operation, FaultyDisk::Fault::Full, FaultyDisk::Lasts::UntilRepaired);
+        EXPECT_THAT(failureOf([&] { TransferCompany(source_.File(), place("new.db")); }),
+                    HasSubstr("no room left"));
+        EXPECT_TRUE(disk.HasFailed());
+        disk.Repair();
+        EXPECT_TRUE(files().isEmpty()) << operation << files().join(u' ').toStdString();
+    }
+    EXPECT_TRUE(TransferCompany(source_.File(), place("new.db")).IsProven());
 }
 
 TEST_F(Transfers, ARowThatTheTargetRefusesIsToldAndItsTableUndone)

@@ -1,4 +1,5 @@
 #include "data/Connection.h"
+#include "data/Recordset.h"
 #include "support/EveryTable.h"
 #include "support/TestCompany.h"
 #include "tools/Program.h"
