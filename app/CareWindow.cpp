@@ -207,10 +207,10 @@ void CareWindow::build()
     lblStageUrdu_ = Look::UrduLabel({}, Look::Urdu(), this);
     lblStage_ = new QLabel(this);
     lblStage_->setObjectName(QStringLiteral("LblStage"));
+    lblStage_->setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter);
     auto* stage = new QHBoxLayout;
-    stage->addWidget(lblStageUrdu_);
-    stage->addStretch();
-    stage->addWidget(lblStage_);
+    stage->addWidget(lblStageUrdu_, 1);
+    stage->addWidget(lblStage_, 2);
 
     auto* grid = new QGridLayout;
     grid->setContentsMargins(20, 14, 20, 4);

@@ -103,9 +103,11 @@ public:
     {
         const ReadTransaction moment(from_);
         plan();
-        const std::vector<TableProof> proofs = options_.VerifyOnly ? readAll() : copyAll(target);
+        std::vector<TableProof> copied;
+        if (!options_.VerifyOnly)
+            copied = copyAll(target);
         const ReadTransaction targetMoment(to_);
-        compare(proofs);
+        compare(copied);
         return report_;
     }
 
@@ -114,12 +116,11 @@ private:
     void requireEmpty();
     void empty(const QStringList& tables);
     std::vector<TableProof> copyAll(TargetKind target);
-    std::vector<TableProof> readAll();
     TableProof copy(const CarriedTable& table);
 
     using Side = std::shared_ptr<const Shape> CarriedTable::*;
     TableProof proofOf(Engine& engine, const CarriedTable& table, Side here, Side there);
-    void compare(const std::vector<TableProof>& proofs);
+    void compare(const std::vector<TableProof>& copied);
     void compareBalances();
     using Balances = QHash<QString, QString>; ///< by account
     void compareWithTarget(const Balances& expected);
@@ -253,23 +254,19 @@ std::vector<TableProof> Transfer::copyAll(TargetKind target)
     return proofs;
 }
 
-std::vector<TableProof> Transfer::readAll()
-{
-    std::vector<TableProof> proofs;
-    for (const CarriedTable& table : tables_)
-        proofs.push_back(proofOf(from_, table, &CarriedTable::Source, &CarriedTable::Target));
-    return proofs;
-}
-
-void Transfer::compare(const std::vector<TableProof>& proofs)
+/// Table by table. What was not copied just now is read from the source here.
+void Transfer::compare(const std::vector<TableProof>& copied)
 {
     for (std::size_t index = 0; index < tables_.size(); ++index) {
         const CarriedTable& table = tables_[index];
+        const TableProof source =
+            copied.empty() ? proofOf(from_, table, &CarriedTable::Source, &CarriedTable::Target)
+                           : copied[index];
         const TableProof target = proofOf(to_, table, &CarriedTable::Target, &CarriedTable::Source);
-        report_.Differences = proofs[index].Compare(target, table.Name);
+        report_.Differences = source.Compare(target, table.Name);
         if (!report_.Differences.isEmpty())
             return;
-        report_.Rounded += proofs[index].RoundedIn(target, table.Name);
+        report_.Rounded += source.RoundedIn(target, table.Name);
         report_.Tables.append({table.Name, target.Rows()});
     }
     compareBalances();
