@@ -74,7 +74,10 @@ QString move(const QString& database, const QString& place, const OnProgress& on
 {
     TransferOptions options;
     options.Tell = onProgress;
-    options.Prepare = EnsureHostSchema;
+    if (!IsConnectionString(place)) {
+        // The script that makes a company on a server makes this host's tables as well.
+        options.Prepare = EnsureHostSchema;
+    }
     const TransferReport report = TransferCompany(database, place, options);
     if (!report.IsProven()) {
         throw Failure(QStringLiteral("The company was copied, and the proof found that it is not "
