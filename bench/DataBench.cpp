@@ -54,7 +54,7 @@ private:
                       "(i / 300) || ' days'), 'Kot ' || i, i, i, 500 + i % 40 * 50 from n"));
         Company.Run(numbers + s("insert into InsCustomerHeader (InsCustomerID, AreaCode, CardNo, "
                                 "Name, FName, PAddress) select 'Kot ' || i, 'Kot', i, "
-                                "'محمد اسلم ' || i, 'غلام رسول ' || i % 1000, "
+                                "'محمد اسلم ' || i, 'غلام رسول ' || (i % 1000), "
                                 "'مکان نمبر ' || i || '، محلہ غوثیہ' from n"));
     }
 };
