@@ -81,12 +81,14 @@ TEST(Adapter, TakesADatePartForAName)
 {
     EXPECT_EQ(adapted("select dateadd(d,-1,dateadd(m,1,max(x)))"),
               "select tf_dateadd('d',-1,tf_dateadd('m',1,max(x)))");
+    EXPECT_EQ(adapted("select dateadd(d'x'e,1)"), "select tf_dateadd('d' 'x' 'e',1)");
 }
 
 TEST(Adapter, PutsAnAliasThatStandsInFrontBehind)
 {
     EXPECT_EQ(adapted("select 'advance' = case when a = 1 then 2 else 3 end from T where x = 'y'"),
-              "select  case when a = 1 then 2 else 3 end AS \"advance\" from T where x = 'y'");
+              "select  case when a = 1 then 2 else 3 end COLLATE CI AS \"advance\" from T "
+              "where x = 'y'");
     EXPECT_EQ(adapted("select distinct total = sum(a), b from T"),
               "select distinct  sum(a) AS total, b from T");
     EXPECT_EQ(adapted("select x from (select 'a' = 1, [b] = 2) t"),
@@ -96,9 +98,10 @@ TEST(Adapter, PutsAnAliasThatStandsInFrontBehind)
 
 TEST(Adapter, DoesNotTakeAComparisonForAnAlias)
 {
-    for (const char* text : {"select a from T where 'x' = b", "update T set a = 1, b = 2",
-                             "select case when 'a' = b then 1 end from T"})
+    for (const char* text : {"select a from T where 'x' = b", "update T set a = 1, b = 2"})
         EXPECT_EQ(adapted(text), text);
+    EXPECT_EQ(adapted("select case when 'a' = b then 1 end from T"),
+              "select case when 'a' = b then 1 end COLLATE CI from T");
 }
 
 TEST(Adapter, ReadsACallOfAProcedure)

@@ -24,7 +24,7 @@ QString quotedForUser(std::string_view text)
 /// without regard to case, a number also with a number that is written as text.
 struct Function {
     std::string_view Name;
-    std::string_view Replacement;
+    std::string_view Replacement; ///< empty where the name stays as it is written
     std::string_view Suffix;
 };
 
@@ -51,6 +51,8 @@ constexpr Function functions[] = {
     {"substring", "substring", asText},
     {"fungetproduct", "FunGetProduct", asText},
     {"fungetcustomer", "FunGetCustomer", asText},
+    {"max", "", asText},
+    {"min", "", asText},
 };
 
 const Function* functionNamed(const Token& word)
@@ -99,6 +101,7 @@ private:
         std::string_view Suffix;
         const Function* Call = nullptr;
         int Argument = 0;
+        int Cases = 0; ///< that are open
         bool InSelectList = false;
         bool AtItem = false; ///< a select item begins here
         QByteArray Alias;    ///< of the item, given in front of it
@@ -245,6 +248,7 @@ private:
             levels_.push_back({nextCall_ ? nextCall_->Suffix : std::string_view(),
                                nextCall_,
                                0,
+                               0,
                                false,
                                false,
                                {}});
@@ -286,15 +290,46 @@ private:
             level.AtItem = true;
             copy(token);
         } else if (isCallOf("dateadd", level) && level.Argument == 0) {
-            replace(token, '\'' + std::string(token.Text) + '\'');
+            replaceByLiteral(at);
         } else if (isSignAt(at + 1, '(') && !(at > 0 && tokens_[at - 1].IsWord("into")) &&
                    functionNamed(token)) {
             nextCall_ = functionNamed(token);
             noteDateArgument(level);
-            replace(token, nextCall_->Replacement);
+            rewriteCall(token, level);
+        } else if (token.IsWord("case")) {
+            ++level.Cases;
+            copy(token);
+        } else if (token.IsWord("end") && level.Cases > 0) {
+            --level.Cases;
+            copy(token);
+            // A call around it tells how its own result compares.
+            if (!level.Call)
+                put(asText);
         } else {
             copy(token);
         }
+    }
+
+    /// A bare word as a literal, kept from those that stand beside it without a blank.
+    void replaceByLiteral(std::size_t at)
+    {
+        const Token& token = tokens_[at];
+        copyTo(token.Text.data());
+        if (out_.endsWith('\''))
+            put(" ");
+        replace(token, '\'' + std::string(token.Text) + '\'');
+        if (copied_ < text_.data() + text_.size() && *copied_ == '\'')
+            put(" ");
+    }
+
+    void rewriteCall(const Token& token, const Level& around)
+    {
+        if (!nextCall_->Replacement.empty())
+            return replace(token, nextCall_->Replacement);
+        copy(token);
+        // A call around it tells how its own result compares.
+        if (around.Call)
+            nextCall_ = nullptr;
     }
 
     static bool isCallOf(std::string_view name, const Level& level)

@@ -1,0 +1,84 @@
+#include "fuzz/Targets.h"
+
+#include "data/Failure.h"
+#include "data/Statement.h"
+#include "data/sqlite/Tokens.h"
+
+#include <string>
+#include <vector>
+
+namespace fuzz {
+
+using namespace TradeForms;
+
+namespace {
+
+/// Statements with two places, {a} quoted and {b} bare; the values that stand in them here are as
+/// harmless as can be.
+constexpr const char* templates[] = {"select * from T where A='{a}' and B={b}",
+                                     "select * from T where A like '%{a}%' and B ={b} order by C",
+                                     "Delete from T where B = {b} and A='{a}'",
+                                     "select A-{b}, left('{a}',2) from T",
+                                     "insert into T (A, B) values ('{a}',{b})",
+                                     "Select A from T where C <> 'x' and B={b} and A='{a}' or D in ('{a}',{b})",
+                                     "exec P '{a}',{b}"};
+
+using Shape = std::vector<std::string>;
+
+/// The tokens of a statement, a literal and a number being a sign only.
+Shape shapeOf(const QString& statement)
+{
+    const QByteArray text = statement.toUtf8();
+    Shape shape;
+    for (const Token& token : ReadTokens({text.constData(), std::size_t(text.size())})) {
+        if (token.What == Token::Kind::Literal)
+            shape.emplace_back("'");
+        else if (token.What == Token::Kind::Number)
+            shape.emplace_back("0");
+        else
+            shape.emplace_back(token.Text);
+    }
+    return shape;
+}
+
+QString filled(const char* text, const QVariant& quoted, const QVariant& bare)
+{
+    return TradeForms::Statement(text).Bind("a", quoted).Bind("b", bare).Text();
+}
+
+} // namespace
+
+/// The first byte chooses the template, the second how long the quoted value is; the bare one is
+/// the rest.
+void Statement(const std::uint8_t* data, std::size_t size)
+{
+    if (size < 2)
+        return;
+    const char* text = templates[data[0] % std::size(templates)];
+    const QString values =
+        QString::fromUtf8(reinterpret_cast<const char*>(data + 2), qsizetype(size - 2));
+    const QString quoted = values.left(data[1]);
+    const QString bare = values.mid(data[1]);
+    for (const bool isBare : {false, true}) {
+        QString made;
+        try {
+            made = isBare ? filled(text, QStringLiteral("x"), bare) : filled(text, quoted, 1);
+        } catch (const Failure& failure) {
+            if (failure.Description().isEmpty())
+                throw BrokenPromise("a refusal without words");
+            continue;
+        }
+        try {
+            // A number may have a sign of its own.
+            const Shape shape = shapeOf(made);
+            if (shape != shapeOf(filled(text, QStringLiteral("x"), 1)) &&
+                shape != shapeOf(filled(text, QStringLiteral("x"), -1)) &&
+                shape != shapeOf(filled(text, QStringLiteral("x"), QStringLiteral("+1"))))
+                throw BrokenPromise("a value changed what the statement means");
+        } catch (const ProviderFailure&) {
+            // A character that no statement can hold fails it when it is run.
+        }
+    }
+}
+
+} // namespace fuzz
