@@ -3,7 +3,7 @@
 #include "data/Connection.h"
 #include "data/Recordset.h"
 #include "data/sqlite/Adapter.h"
-#include "data/sqlite/Tokens.h"
+#include "data/Tokens.h"
 #include "support/TestCompany.h"
 
 #include <gtest/gtest.h>

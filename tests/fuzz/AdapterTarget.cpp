@@ -5,7 +5,7 @@
 #include "data/sqlite/Adapter.h"
 #include "data/sqlite/CompanyFile.h"
 #include "data/sqlite/SqliteEngine.h"
-#include "data/sqlite/Tokens.h"
+#include "data/Tokens.h"
 
 #include <QTemporaryDir>
 

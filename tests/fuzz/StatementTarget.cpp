@@ -2,7 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/Statement.h"
-#include "data/sqlite/Tokens.h"
+#include "data/Tokens.h"
 
 #include <string>
 #include <vector>
