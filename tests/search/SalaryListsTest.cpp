@@ -187,8 +187,8 @@ TEST_F(SalaryListsTest, AHundredThousandSalariesAreListed)
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_End);
         EXPECT_EQ(window.List().Row(), 99999);
-        TypeInto(window, "TxtID", s("2014"));
-        EXPECT_EQ(window.List().RowCount(), 0);
+        TypeInto(window, "TxtID", s("2014")); // after a long list the next one waits for a pause
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 0; }, 60000));
     });
 }
 
