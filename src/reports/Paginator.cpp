@@ -66,6 +66,53 @@ QRectF boundsOf(const Primitive& primitive)
         primitive);
 }
 
+bool hasText(const ReportObject& object)
+{
+    return object.Kind == ObjectKind::Text || object.Kind == ObjectKind::Field;
+}
+
+/// Texts of a section that have grown, and what they push down: everything that begins below them.
+class Growths {
+public:
+    void Add(const QRectF& place, double by) { growths_.append({place, by + Above(place)}); }
+
+    /// By how much the section grows.
+    double Whole() const
+    {
+        return most([](const QRectF&) { return true; });
+    }
+    /// By how much a place is pushed down.
+    double Above(const QRectF& place) const
+    {
+        return most([&place](const QRectF& grown) {
+            return place.top() >= grown.bottom() - tolerance;
+        });
+    }
+    /// By how much a frame grows with what stands in it.
+    double Within(const QRectF& frame) const
+    {
+        return most([&frame](const QRectF& grown) { return frame.contains(grown); });
+    }
+
+private:
+    struct Growth {
+        QRectF Place;
+        double By;
+    };
+
+    template <class Counts> double most(Counts counts) const
+    {
+        double by = 0;
+        for (const Growth& growth : growths_) {
+            if (counts(growth.Place))
+                by = std::max(by, growth.By);
+        }
+        return by;
+    }
+
+    QList<Growth> growths_;
+};
+
 /// A picture for a place on the paper; what printers cannot show is left out of it.
 QImage pictureFor(const ReportObject& object)
 {
@@ -204,68 +251,50 @@ QList<Paginator::Strip> Paginator::strips(SectionKind kind) const
 
 Paginator::Strip Paginator::strip(const ReportSection& section) const
 {
-    Strip strip{&section, {}, section.Height};
-    // What a growing text pushes down: everything that begins below it.
-    struct Growth {
-        QRectF Place;
-        double By;
-    };
-    QList<Growth> growths;
-    const auto pushed = [&growths](const QRectF& place) {
-        double by = 0;
-        for (const Growth& growth : growths) {
-            if (place.top() >= growth.Place.bottom() - tolerance)
-                by = std::max(by, growth.By);
-        }
-        return by;
-    };
-    // By how much a box grows round a growing text.
-    const auto within = [&growths](const QRectF& place) {
-        double by = 0;
-        for (const Growth& growth : growths) {
-            if (place.contains(growth.Place))
-                by = std::max(by, growth.By);
-        }
-        return by;
-    };
     QHash<const ReportObject*, QStringList> lines;
+    Growths growths;
     for (const ReportObject& object : section.Objects) {
-        if (object.Suppress || (object.Kind != ObjectKind::Text && object.Kind != ObjectKind::Field))
+        if (object.Suppress || !hasText(object))
             continue;
         const QStringList its = linesOf(object);
         lines.insert(&object, its);
-        if (its.size() > 1) {
-            const double by = double(its.size() - 1) * ReportText::LinePitch(object.Font);
-            growths.append({object.Place, by + pushed(object.Place)});
-            strip.Height = std::max(strip.Height, section.Height + growths.last().By);
-        }
+        if (its.size() > 1)
+            growths.Add(object.Place,
+                        double(its.size() - 1) * ReportText::LinePitch(object.Font));
     }
+    Strip strip{&section, {}, section.Height + growths.Whole()};
+    const double left = state_.Definition.Margins.left();
     for (const ReportObject& object : section.Objects) {
         if (object.Suppress)
             continue;
-        const QPointF to(state_.Definition.Margins.left(), pushed(object.Place));
-        QRectF place = object.Place.translated(to);
-        switch (object.Kind) {
-        case ObjectKind::Text:
-        case ObjectKind::Field:
+        const QRectF place = object.Place.translated(left, growths.Above(object.Place));
+        if (hasText(object))
             addText(strip, object, place, lines.value(&object));
-            break;
-        case ObjectKind::Picture:
-            if (const QImage image = pictureFor(object); !image.isNull())
-                strip.Primitives.append(PictureShape{place, image});
-            break;
-        case ObjectKind::Line:
-            strip.Primitives.append(LineStroke{place.topLeft(), place.bottomRight(),
-                                               object.LineWidth, object.Color});
-            break;
-        case ObjectKind::Box:
-            place.setBottom(std::max(place.bottom(), object.Place.bottom() + within(object.Place)));
-            strip.Primitives.append(BoxShape{place, object.LineWidth, object.Radius, object.Color,
-                                             colorOf(object.FillColor)});
-            break;
-        }
+        else
+            addShape(strip, object, place.adjusted(0, 0, 0, growths.Within(object.Place)));
     }
     return strip;
+}
+
+void Paginator::addShape(Strip& strip, const ReportObject& object, const QRectF& place)
+{
+    switch (object.Kind) {
+    case ObjectKind::Picture:
+        if (const QImage image = pictureFor(object); !image.isNull())
+            strip.Primitives.append(PictureShape{place, image});
+        break;
+    case ObjectKind::Line:
+        strip.Primitives.append(
+            LineStroke{place.topLeft(), place.bottomRight(), object.LineWidth, object.Color});
+        break;
+    case ObjectKind::Box:
+        strip.Primitives.append(BoxShape{place, object.LineWidth, object.Radius, object.Color,
+                                         colorOf(object.FillColor)});
+        break;
+    case ObjectKind::Text:
+    case ObjectKind::Field:
+        break;
+    }
 }
 
 QString Paginator::withMakings(const QString& pageText) const

@@ -61,6 +61,7 @@ private:
     Strip strip(const ReportSection& section) const;
     void addText(Strip& strip, const ReportObject& object, const QRectF& place,
                  const QStringList& lines) const;
+    static void addShape(Strip& strip, const ReportObject& object, const QRectF& place);
     QString textOf(const ReportObject& object) const;
     QStringList linesOf(const ReportObject& object) const;
     QString withMakings(const QString& pageText) const;

@@ -144,7 +144,7 @@ Line ColumnLine(const char* column, const Caption& label)
 QList<Line> Deductions()
 {
     return {ColumnLine("Advance", {"ایڈوانس", "Advance"}),
-            ColumnLine("Less", {"کٹوتی", "Less"}),
+            ColumnLine("Less", {"دیگر کٹوتی", "Less"}),
             ColumnLine("Recloan", {"وصولی قرض", "Loan recovered"}),
             ColumnLine("KFFund", {"کے ایف فنڈ", "KF fund"}),
             ColumnLine("GPFund", {"جی پی فنڈ", "GP fund"})};

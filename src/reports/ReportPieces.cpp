@@ -12,7 +12,7 @@ namespace TradeForms::ReportPieces {
 namespace {
 
 // Sizes of type
-constexpr int companySize = 72;
+constexpr int companySize = 66;
 constexpr int titleSize = 46;
 constexpr int urduSize = 37;
 constexpr int latinSize = 33;
