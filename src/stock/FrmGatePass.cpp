@@ -363,7 +363,7 @@ void FrmGatePass::PrintVoucher()
 {
     PrintReport.Feed(std::make_shared<CrpGatePassDetail>(),
                      CrpGatePassDetail::Source(TxtGatePassID.Text()));
-    PrintReport.PrintCopies(copies(), this);
+    FormReport::PrintCopies(copies(), this);
 }
 
 void FrmGatePass::ConfirmClose(bool& cancel)
