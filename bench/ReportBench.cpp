@@ -230,22 +230,35 @@ void memoryBaseline(benchmark::State& state)
     }
 }
 
-BENCHMARK(firstPageOurs)->Name("report of 3,000 lines: first page shown/ours")
-    ->Repetitions(Repetitions)->Unit(benchmark::kMillisecond);
-BENCHMARK(firstPageBaseline)->Name("report of 3,000 lines: first page shown/baseline")
-    ->Repetitions(Repetitions)->Unit(benchmark::kMillisecond);
-BENCHMARK(allPagesOurs)->Name("report of 3,000 lines: all laid out/ours")
-    ->Repetitions(Repetitions)->Iterations(1);
-BENCHMARK(allPagesBaseline)->Name("report of 3,000 lines: all laid out/baseline")
-    ->Repetitions(Repetitions)->Iterations(1);
-BENCHMARK(pdfOurs)->Name("report of 3,000 lines: written as PDF/ours")
-    ->Repetitions(Repetitions)->Iterations(1);
-BENCHMARK(pdfBaseline)->Name("report of 3,000 lines: written as PDF/baseline")
-    ->Repetitions(Repetitions)->Iterations(1);
+BENCHMARK(firstPageOurs)
+    ->Name("report of 3,000 lines: first page shown/ours")
+    ->Repetitions(Repetitions)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(firstPageBaseline)
+    ->Name("report of 3,000 lines: first page shown/baseline")
+    ->Repetitions(Repetitions)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(allPagesOurs)
+    ->Name("report of 3,000 lines: all laid out/ours")
+    ->Repetitions(Repetitions)
+    ->Iterations(1);
+BENCHMARK(allPagesBaseline)
+    ->Name("report of 3,000 lines: all laid out/baseline")
+    ->Repetitions(Repetitions)
+    ->Iterations(1);
+BENCHMARK(pdfOurs)
+    ->Name("report of 3,000 lines: written as PDF/ours")
+    ->Repetitions(Repetitions)
+    ->Iterations(1);
+BENCHMARK(pdfBaseline)
+    ->Name("report of 3,000 lines: written as PDF/baseline")
+    ->Repetitions(Repetitions)
+    ->Iterations(1);
 BENCHMARK(pdfSizeOurs)->Name("report of 3,000 lines: size of the PDF/ours")->Iterations(1);
 BENCHMARK(pdfSizeBaseline)->Name("report of 3,000 lines: size of the PDF/baseline")->Iterations(1);
 BENCHMARK(memoryOurs)->Name("report of 3,000 lines: memory of its pages/ours")->Iterations(1);
-BENCHMARK(memoryBaseline)->Name("report of 3,000 lines: memory of its pages/baseline")
+BENCHMARK(memoryBaseline)
+    ->Name("report of 3,000 lines: memory of its pages/baseline")
     ->Iterations(1);
 
 } // namespace

@@ -34,7 +34,8 @@ Statement CrpFrenchiserSalary::Source(const QString& staffId, const QDate& month
     return PaySlip::Source(
         " select h.*, Name as StaffName, FName, Address, Designation, b.ProductID, ProductName,"
         " Type, Commision, Qty, Amount from FrenchiserSalaryHeader h"
-        " inner join FrenchiserSalaryBody b on b.staffid = h.staffid and h.SalaryMonth = b.SalaryMonth"
+        " inner join FrenchiserSalaryBody b on b.staffid = h.staffid"
+        " and h.SalaryMonth = b.SalaryMonth"
         " inner join Products p on p.ProductID = b.ProductID"
         " inner join staff s on s.staffid = h.staffid"
         " where h.StaffID='{StaffID}' and h.SalaryMonth = '{month}' ",

@@ -42,18 +42,17 @@ ReportDefinition recoveryVoucher()
                                 .Margins = QMarginsF(150, 130, 150, 110),
                                 .Parameters = {CopyParameter()}};
     const double width = definition.Width();
-    definition.Sections = {
-        Header(title, {}, width),
-        Fields("ReportHeaderSection2", fields, 3, width),
-        Continuation(title, number, width),
-        ListHeads(columns, width),
-        ListRow(columns, width),
-        ListTotals(columns, width),
-        Signatures({{"دستخط وصول کنندہ", "Collected by"},
-                    {"دستخط ایریا منیجر", "Area manager"},
-                    {"دستخط کیشیئر", "Cashier"}},
-                   width),
-        Footer(width)};
+    definition.Sections = {Header(title, {}, width),
+                           Fields("ReportHeaderSection2", fields, 3, width),
+                           Continuation(title, number, width),
+                           ListHeads(columns, width),
+                           ListRow(columns, width),
+                           ListTotals(columns, width),
+                           Signatures({{"دستخط وصول کنندہ", "Collected by"},
+                                       {"دستخط ایریا منیجر", "Area manager"},
+                                       {"دستخط کیشیئر", "Cashier"}},
+                                      width),
+                           Footer(width)};
     return definition;
 }
 
@@ -68,17 +67,18 @@ Statement CrpRecoveryVoucher::Balances(const QDate& voucherDate)
 
 Statement CrpRecoveryVoucher::Source(const QString& voucherId)
 {
-    return Statement(" Select  h.*,ar.AreaName,AM.Name as AMName,SAM.Name as SAMName,"
-                     " w.Name as StaffName, b.CardNo, ih.Name, ih.FName, ih.City, ReceiptNo, Amount,"
-                     " i.Balance from (select * from RecoveryHeader where VoucherID={id}) h"
-                     " join Areas ar on h.AreaCode=ar.AreaCode"
-                     " join Staff AM on h.AMStaffID=AM.StaffID"
-                     " join Staff SAM on h.SAMStaffID=SAM.StaffID"
-                     " left outer join Staff w on h.StaffID=w.StaffID"
-                     " inner join RecoveryBody b on b.voucherid = h.voucherid"
-                     " inner join InstallmentBalances i on i.insCustomerID = b.insCustomerID"
-                     " inner join InsCustomerHeader ih on ih.insCustomerID = b.insCustomerID"
-                     " Order By ReceiptNo")
+    return Statement(
+               " Select  h.*,ar.AreaName,AM.Name as AMName,SAM.Name as SAMName,"
+               " w.Name as StaffName, b.CardNo, ih.Name, ih.FName, ih.City, ReceiptNo, Amount,"
+               " i.Balance from (select * from RecoveryHeader where VoucherID={id}) h"
+               " join Areas ar on h.AreaCode=ar.AreaCode"
+               " join Staff AM on h.AMStaffID=AM.StaffID"
+               " join Staff SAM on h.SAMStaffID=SAM.StaffID"
+               " left outer join Staff w on h.StaffID=w.StaffID"
+               " inner join RecoveryBody b on b.voucherid = h.voucherid"
+               " inner join InstallmentBalances i on i.insCustomerID = b.insCustomerID"
+               " inner join InsCustomerHeader ih on ih.insCustomerID = b.insCustomerID"
+               " Order By ReceiptNo")
         .Bind("id", voucherId);
 }
 

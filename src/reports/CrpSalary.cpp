@@ -12,9 +12,9 @@ double totalOf(const ReportValues& values)
     const auto amount = [&values](const char* column) {
         return values.Number(QString::fromUtf8(column));
     };
-    return amount("BasicSalary") - amount("Advance") - amount("Less") + amount("RecComm")
-           + amount("RecPrize") + amount("SaleComm") + amount("SalePrize") + amount("OrderComm")
-           + amount("OrderPrize") + amount("SupplyComm") + amount("Other");
+    return amount("BasicSalary") - amount("Advance") - amount("Less") + amount("RecComm") +
+           amount("RecPrize") + amount("SaleComm") + amount("SalePrize") + amount("OrderComm") +
+           amount("OrderPrize") + amount("SupplyComm") + amount("Other");
 }
 
 PaySlip::Design salary()

@@ -174,8 +174,8 @@ void Document::Paint(QPainter& painter, int page) const
 {
     const Page& sheet = PageAt(page);
     painter.save();
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
-                           | QPainter::SmoothPixmapTransform);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                           QPainter::SmoothPixmapTransform);
     for (const Primitive& primitive : sheet.Primitives)
         std::visit([&painter](const auto& shape) { draw(painter, shape); }, primitive);
     painter.restore();

@@ -51,8 +51,8 @@ struct BoxShape {
     QRectF Place;
     double LineWidth = 0; ///< 0 has no frame
     double Radius = 0;
-    QColor Color;         ///< of the frame
-    QColor Fill;          ///< invalid has none
+    QColor Color; ///< of the frame
+    QColor Fill;  ///< invalid has none
 };
 
 struct PictureShape {

@@ -32,9 +32,8 @@ bool keepsWithNext(const ReportSection& section)
 
 bool keepsWithLast(const ReportSection& section)
 {
-    return section.KeepWithRows
-           && (section.Kind == SectionKind::GroupFooter
-               || section.Kind == SectionKind::ReportFooter);
+    return section.KeepWithRows &&
+           (section.Kind == SectionKind::GroupFooter || section.Kind == SectionKind::ReportFooter);
 }
 
 void moveDown(Primitive& primitive, double by)
@@ -84,9 +83,8 @@ public:
     /// By how much a place is pushed down.
     double Above(const QRectF& place) const
     {
-        return most([&place](const QRectF& grown) {
-            return place.top() >= grown.bottom() - tolerance;
-        });
+        return most(
+            [&place](const QRectF& grown) { return place.top() >= grown.bottom() - tolerance; });
     }
     /// By how much a frame grows with what stands in it.
     double Within(const QRectF& frame) const
@@ -160,8 +158,8 @@ void Paginator::begin()
 bool Paginator::groupBegins(int row) const
 {
     const QString& column = state_.Definition.GroupBy;
-    return row == 0
-           || (!column.isEmpty() && rows_.Value(row, column) != rows_.Value(row - 1, column));
+    return row == 0 ||
+           (!column.isEmpty() && rows_.Value(row, column) != rows_.Value(row - 1, column));
 }
 
 bool Paginator::groupEnds(int row) const
@@ -259,8 +257,7 @@ Paginator::Strip Paginator::strip(const ReportSection& section) const
         const QStringList its = linesOf(object);
         lines.insert(&object, its);
         if (its.size() > 1)
-            growths.Add(object.Place,
-                        double(its.size() - 1) * ReportText::LinePitch(object.Font));
+            growths.Add(object.Place, double(its.size() - 1) * ReportText::LinePitch(object.Font));
     }
     Strip strip{&section, {}, section.Height + growths.Whole()};
     const double left = state_.Definition.Margins.left();
@@ -365,10 +362,10 @@ void Paginator::addText(Strip& strip, const ReportObject& object, const QRectF& 
     }
     if (object.Framed) {
         const double pad = 0.5 * object.Font.pixelSize();
-        strip.Primitives.append(BoxShape{
-            QRectF(QPointF(run.Origin.x() - pad, whole.top()),
-                   QPointF(run.Origin.x() + run.Width + pad, whole.bottom())),
-            object.LineWidth, whole.height() / 2, object.Color, QColor()});
+        strip.Primitives.append(
+            BoxShape{QRectF(QPointF(run.Origin.x() - pad, whole.top()),
+                            QPointF(run.Origin.x() + run.Width + pad, whole.bottom())),
+                     object.LineWidth, whole.height() / 2, object.Color, QColor()});
     }
 }
 
@@ -446,10 +443,9 @@ bool Paginator::fitsNextPage(double height) const
     double room =
         definition.PageSize().height() - definition.Margins.top() - definition.Margins.bottom();
     for (const ReportSection& section : definition.Sections) {
-        const bool comesAgain = section.Kind == SectionKind::PageHeader
-                                || section.Kind == SectionKind::PageFooter
-                                || (section.Kind == SectionKind::GroupHeader && section.Repeat
-                                    && inGroup_);
+        const bool comesAgain =
+            section.Kind == SectionKind::PageHeader || section.Kind == SectionKind::PageFooter ||
+            (section.Kind == SectionKind::GroupHeader && section.Repeat && inGroup_);
         if (comesAgain && !section.Suppress && section.On != ReportSection::Pages::FirstOnly)
             room -= section.Height;
     }
@@ -460,8 +456,8 @@ void Paginator::placeKept(const QList<Strip>& strips)
 {
     Block block;
     for (const Strip& next : strips) {
-        if (!block.isEmpty() && !keepsWithNext(*block.last().Section)
-            && !keepsWithLast(*next.Section)) {
+        if (!block.isEmpty() && !keepsWithNext(*block.last().Section) &&
+            !keepsWithLast(*next.Section)) {
             placeBlock(block);
             block.clear();
         }
@@ -544,8 +540,8 @@ void Paginator::fillCounts()
 {
     const QString count = QString::number(pages_.size());
     for (const Counting& counting : std::as_const(counting_)) {
-        auto& run = std::get<TextRun>(
-            pages_[std::size_t(counting.Page)].Primitives[counting.Primitive]);
+        auto& run =
+            std::get<TextRun>(pages_[std::size_t(counting.Page)].Primitives[counting.Primitive]);
         run.Text = run.PageText.replace(placePages, count);
         ReportText::Set(run);
     }

@@ -43,8 +43,8 @@ std::function<double(const ReportValues&)>
 remaining(const std::function<double(const ReportValues&)>& totalOf)
 {
     return [totalOf](const ReportValues& values) {
-        return Val(GeneralFormat(totalOf(values))) - values.Number(QStringLiteral("Recloan"))
-               - values.Number(QStringLiteral("KFFund")) - values.Number(QStringLiteral("GPFund"));
+        return Val(GeneralFormat(totalOf(values))) - values.Number(QStringLiteral("Recloan")) -
+               values.Number(QStringLiteral("KFFund")) - values.Number(QStringLiteral("GPFund"));
     };
 }
 
@@ -56,15 +56,15 @@ void addLine(ReportSection& section, const Line& line, double left, double width
     const QFont::Weight weight = strong ? QFont::Bold : QFont::Normal;
     const QByteArray name(line.Name);
     const QRectF label(left + amountWidth, top, width - amountWidth, 50);
-    ReportObject urdu = Text("Lbl" + name, label, ReportText::Urdu(36, weight),
-                             utf8(line.Label.Urdu));
+    ReportObject urdu =
+        Text("Lbl" + name, label, ReportText::Urdu(36, weight), utf8(line.Label.Urdu));
     ReportObject english = Text("LblEnglish" + name, label.translated(0, 48).adjusted(0, 0, 0, -22),
                                 ReportText::Latin(22), utf8(line.Label.English));
     english.Direction = Qt::LeftToRight;
     english.Color = QColor(0x55, 0x5d, 0x69);
-    ReportObject amount = Field("Fld" + name, QRectF(left, top, amountWidth, 50),
-                                ReportText::Latin(33, weight), Formula(line.Amount),
-                                ValueFormat::Amount);
+    ReportObject amount =
+        Field("Fld" + name, QRectF(left, top, amountWidth, 50), ReportText::Latin(33, weight),
+              Formula(line.Amount), ValueFormat::Amount);
     amount.Direction = Qt::LeftToRight;
     section.Objects += {urdu, english, amount};
 }
@@ -104,12 +104,12 @@ ReportSection payAndDeductions(const Design& design, double width)
     const qsizetype rows = std::max(design.Pay.size(), deductions.size());
     const double column = (width - gapBetween) / 2;
     addColumn(section, {"تنخواہ", "Pay"}, design.Pay,
-              {"SumPay", {"کل تنخواہ", "Pay in all"}, sumOf(design.Pay)}, rows,
-              column + gapBetween, column, 10);
-    const double end = addColumn(section, {"کٹوتی", "Deductions"}, deductions,
-                                 {"SumDeductions", {"کل کٹوتی", "Deductions in all"},
-                                  sumOf(deductions)},
-                                 rows, 0, column, 10);
+              {"SumPay", {"کل تنخواہ", "Pay in all"}, sumOf(design.Pay)}, rows, column + gapBetween,
+              column, 10);
+    const double end =
+        addColumn(section, {"کٹوتی", "Deductions"}, deductions,
+                  {"SumDeductions", {"کل کٹوتی", "Deductions in all"}, sumOf(deductions)}, rows, 0,
+                  column, 10);
 
     // The two totals that the screen shows, the latter what is paid out.
     constexpr double boxHeight = 110;
@@ -123,9 +123,7 @@ ReportSection payAndDeductions(const Design& design, double width)
     section.Objects.append(box);
     constexpr double pad = 24;
     const double top = end + 28;
-    addLine(section,
-            {"Total", {"میزان", "Total before loan and funds"},
-             ofRow(design.TotalOf)},
+    addLine(section, {"Total", {"میزان", "Total before loan and funds"}, ofRow(design.TotalOf)},
             column + gapBetween, column - pad, top, true);
     addLine(section, {"Remaining", {"قابل ادائیگی", "Net pay"}, ofRow(remaining(design.TotalOf))},
             0, column, top, true);
@@ -153,17 +151,16 @@ QList<Line> Deductions()
 QList<Line> PayWithList(const Caption& list)
 {
     return {ColumnLine("BasicSalary", {"بنیادی تنخواہ", "Basic pay"}),
-            Line{"ListTotal", list, ofRow([](const ReportValues& values) {
-                     return values.Total(totalOfList);
-                 })},
+            Line{"ListTotal", list,
+                 ofRow([](const ReportValues& values) { return values.Total(totalOfList); })},
             ColumnLine("Other", {"دیگر", "Other"})};
 }
 
 double TotalWithList(const ReportValues& values)
 {
-    return values.Number(QStringLiteral("BasicSalary")) - values.Number(QStringLiteral("Advance"))
-           - values.Number(QStringLiteral("Less")) + values.Total(totalOfList)
-           + values.Number(QStringLiteral("Other"));
+    return values.Number(QStringLiteral("BasicSalary")) - values.Number(QStringLiteral("Advance")) -
+           values.Number(QStringLiteral("Less")) + values.Total(totalOfList) +
+           values.Number(QStringLiteral("Other"));
 }
 
 ReportDefinition Definition(const Design& design)
@@ -179,9 +176,9 @@ ReportDefinition Definition(const Design& design)
         {"Address", {"پتہ", "Address"}, Column("Address"), ValueFormat::Plain, true},
     };
     const auto key = [](const ReportValues& values) -> QVariant {
-        return QString(TextOf(values.Column(QStringLiteral("StaffID"))) + u' '
-                       + ReportText::Of(values.Column(QStringLiteral("SalaryMonth")),
-                                        ValueFormat::Month));
+        return QString(
+            TextOf(values.Column(QStringLiteral("StaffID"))) + u' ' +
+            ReportText::Of(values.Column(QStringLiteral("SalaryMonth")), ValueFormat::Month));
     };
 
     ReportDefinition definition{.Name = utf8(design.ReportName),

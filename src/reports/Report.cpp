@@ -31,11 +31,11 @@ void Report::SetDataSource(std::shared_ptr<Recordset> rows, int dataTag, int tab
 {
     constexpr int recordsetTag = 3;
     if (dataTag != recordsetTag)
-        throw Failure(QStringLiteral("The report %1 reads no data of the kind %2.")
-                          .arg(Name())
-                          .arg(dataTag));
+        throw Failure(
+            QStringLiteral("The report %1 reads no data of the kind %2.").arg(Name()).arg(dataTag));
     if (tableNumber != 1)
-        throw Failure(QStringLiteral("The report %1 has no table %2.").arg(Name()).arg(tableNumber));
+        throw Failure(
+            QStringLiteral("The report %1 has no table %2.").arg(Name()).arg(tableNumber));
     rows_ = std::move(rows);
 }
 
@@ -93,9 +93,9 @@ Document Report::Format()
 {
     const QString title = Title();
     ReportHeaderSection1_Format();
-    return Document(std::make_unique<Paginator>(
-        ReportState{definition_, rows_, parameters_, title, QDateTime::currentDateTime(),
-                    QString::number(HostContext::UserNo)}));
+    return Document(std::make_unique<Paginator>(ReportState{definition_, rows_, parameters_, title,
+                                                            QDateTime::currentDateTime(),
+                                                            QString::number(HostContext::UserNo)}));
 }
 
 void Report::PrintOut(bool prompt)

@@ -54,11 +54,11 @@ struct ReportSource {
 
 /// How a value becomes text.
 enum class ValueFormat {
-    Plain,  ///< as a field on a screen shows it
-    Amount, ///< 1,234 or 1,234.50: no digit is rounded away; stands by its decimal point
+    Plain,    ///< as a field on a screen shows it
+    Amount,   ///< 1,234 or 1,234.50: no digit is rounded away; stands by its decimal point
     Quantity, ///< 3 or 1.5; stands by its decimal point
-    Date,   ///< dd/MM/yyyy
-    Month   ///< MMM-yyyy
+    Date,     ///< dd/MM/yyyy
+    Month     ///< MMM-yyyy
 };
 
 enum class ObjectKind { Text, Field, Picture, Line, Box };
@@ -78,12 +78,12 @@ struct ReportObject {
     bool Suppress = false;
 
     // Text and field
-    QString Text;                                     ///< of a text
-    ReportSource Source;                              ///< of a field
-    ValueFormat Format = ValueFormat::Plain;          ///< of a field
-    QFont Font;                                       ///< its size in pixels is tenths of a mm
-    Qt::Alignment Alignment = Qt::AlignRight;         ///< left, right or centre
-    Qt::LayoutDirection Direction = Qt::RightToLeft;  ///< of the paragraph
+    QString Text;                                    ///< of a text
+    ReportSource Source;                             ///< of a field
+    ValueFormat Format = ValueFormat::Plain;         ///< of a field
+    QFont Font;                                      ///< its size in pixels is tenths of a mm
+    Qt::Alignment Alignment = Qt::AlignRight;        ///< left, right or centre
+    Qt::LayoutDirection Direction = Qt::RightToLeft; ///< of the paragraph
     QColor Color = Qt::black;
     int BackColor = NoColor;
     bool CanGrow = false; ///< wraps into as many lines as it needs; else it shrinks until it fits

@@ -111,9 +111,8 @@ ReportObject cell(const ListColumn& column, const QByteArray& name, double top, 
                   ReportSource source)
 {
     const bool isName = column.What == ListColumn::Holds::Name;
-    ReportObject object =
-        Field(name.constData(), QRectF(column.Left, top, column.Width, height),
-              isName ? urdu() : latin(), std::move(source), formatOf(column));
+    ReportObject object = Field(name.constData(), QRectF(column.Left, top, column.Width, height),
+                                isName ? urdu() : latin(), std::move(source), formatOf(column));
     if (!isName)
         object.Direction = Qt::LeftToRight;
     object.CanGrow = isName;
@@ -249,9 +248,9 @@ ReportSection Signatures(const QList<Caption>& signers, double width)
         ReportObject urduName = Text("TxtSigner", QRectF(left, line + 6, lineWidth, 52), urdu(),
                                      utf8(signers.at(signer).Urdu));
         urduName.Alignment = Qt::AlignHCenter;
-        ReportObject englishName = english("TxtSignerEnglish",
-                                           QRectF(left, line + 54, lineWidth, 30), small(),
-                                           utf8(signers.at(signer).English));
+        ReportObject englishName =
+            english("TxtSignerEnglish", QRectF(left, line + 54, lineWidth, 30), small(),
+                    utf8(signers.at(signer).English));
         englishName.Alignment = Qt::AlignHCenter;
         englishName.Color = muted;
         section.Objects += {HLine(line, left, left + lineWidth), urduName, englishName};
@@ -310,8 +309,7 @@ ReportSection Fields(const char* name, const QList<LabelledField>& fields, int i
                     utf8(field.Label.English));
         urduLabel.Color = englishLabel.Color = muted;
         ReportObject value =
-            Field("Fld" + objectName,
-                  QRectF(right - step + gap, top, step - label - 2 * gap, 54),
+            Field("Fld" + objectName, QRectF(right - step + gap, top, step - label - 2 * gap, 54),
                   field.Urdu ? urduBold() : latinBold(), field.Source, field.Format);
         value.Direction = field.Urdu ? Qt::RightToLeft : Qt::LeftToRight;
         value.CanGrow = field.Urdu;
@@ -333,8 +331,8 @@ ReportSection ListHeads(const QList<ListColumn>& columns, double width)
         const QString own = utf8(column.Head.English);
         ReportObject urduHead = Text("Head" + name, QRectF(column.Left, 4, column.Width, 54),
                                      urdu(), utf8(column.Head.Urdu));
-        ReportObject englishHead = english("HeadEnglish" + name,
-                                           QRectF(column.Left, 56, column.Width, 30), small(), own);
+        ReportObject englishHead =
+            english("HeadEnglish" + name, QRectF(column.Left, 56, column.Width, 30), small(), own);
         urduHead.Color = englishHead.Color = muted;
         section.Objects += {urduHead, englishHead};
     }
@@ -345,9 +343,8 @@ ReportSection ListHeads(const QList<ListColumn>& columns, double width)
 ReportSection ListRow(const QList<ListColumn>& columns, double width)
 {
     constexpr double height = 64;
-    ReportSection section{.Kind = SectionKind::Details,
-                          .Name = QStringLiteral("DetailSection1"),
-                          .Height = height};
+    ReportSection section{
+        .Kind = SectionKind::Details, .Name = QStringLiteral("DetailSection1"), .Height = height};
     for (const ListColumn& column : columns)
         section.Objects.append(
             cell(column, QByteArray("Fld") + column.Column, 2, height - 4, Column(column.Column)));
@@ -374,10 +371,11 @@ ReportSection ListTotals(const QList<ListColumn>& columns, double width)
         section.Totals.append({utf8(name.constData()), utf8(column.Column)});
         captionLeft = std::min(captionLeft, column.Left);
     }
-    ReportObject caption = Text("TxtTotal", QRectF(width - 200, 4, 190, height - 8), urduBold(),
-                                utf8("کل"));
-    ReportObject englishCaption = english("TxtTotalEnglish", QRectF(width - 300, 4, 190, height - 8),
-                                          small(), QStringLiteral("Total"));
+    ReportObject caption =
+        Text("TxtTotal", QRectF(width - 200, 4, 190, height - 8), urduBold(), utf8("کل"));
+    ReportObject englishCaption =
+        english("TxtTotalEnglish", QRectF(width - 300, 4, 190, height - 8), small(),
+                QStringLiteral("Total"));
     englishCaption.Color = muted;
     section.Objects += {caption, englishCaption, HLine(height, 0, width)};
     return section;

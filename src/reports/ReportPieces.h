@@ -53,8 +53,7 @@ struct LabelledField {
 };
 
 /// Rows of fields, each with its label at its right; so many stand in a row, from the right.
-ReportSection Fields(const char* name, const QList<LabelledField>& fields, int inRow,
-                     double width);
+ReportSection Fields(const char* name, const QList<LabelledField>& fields, int inRow, double width);
 
 // ---- A list
 

@@ -172,11 +172,11 @@ void SetByPoint(TextRun& run, ValueFormat format)
     const double room = Width(reserve, run.Font);
     const double factor = std::min(behind > room ? room / behind : 1.0,
                                    (run.Place.width() - room) / std::max(before, 1.0));
-    const double pointAt = run.Place.right() - room;
     run.Width = before + behind;
     if (factor < 1)
         shrink(run, factor);
-    run.Origin = QPointF(pointAt - Width(whole, run.Font), baseLine(run));
+    const double shown = factor < 1 ? Width(whole, run.Font) : before;
+    run.Origin = QPointF(run.Place.right() - room - shown, baseLine(run));
 }
 
 } // namespace TradeForms::ReportText

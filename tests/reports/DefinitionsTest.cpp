@@ -264,10 +264,9 @@ TEST_F(DefinitionsTest, AFrenchiserSlipShowsItsCommissionLinesAndAddsThemUp)
     const QStringList codes = column(slip, "FldProductID");
     ASSERT_EQ(codes.size(), 2);
     for (int line = 0; line < 2; ++line)
-        lines.append(codes.at(line) + s("|") + column(slip, "FldType").at(line) + s("|")
-                     + column(slip, "FldCommision").at(line) + s("|")
-                     + column(slip, "FldQty").at(line) + s("|")
-                     + column(slip, "FldAmount").at(line));
+        lines.append(codes.at(line) + s("|") + column(slip, "FldType").at(line) + s("|") +
+                     column(slip, "FldCommision").at(line) + s("|") +
+                     column(slip, "FldQty").at(line) + s("|") + column(slip, "FldAmount").at(line));
     lines.sort();
     EXPECT_EQ(lines, QStringList({s("101|آرڈر|450|3|1,350"), s("210|سیل|120.50|2|241")}));
     EXPECT_EQ(Only(slip, "FldTotalAmount"), s("1,591"));
@@ -333,17 +332,43 @@ TEST_F(DefinitionsTest, UnderALongListPayAndSignaturesGoToTheNextPageTogether)
 TEST(ReportStatementsTest, AreTheRequiredOnes)
 {
     EXPECT_EQ(CrpGatePassDetail::Source(s("7")).Text(),
-              s(" Select GatePassHeader.*,GatePassBody.ProductID,GatePassBody.OutNewProducts,GatePassBody.ReturnOldProducts,GatePassBody.ReturnNewProducts,BranchName,Products.ProductName, d.Name, r.name as Receiving  from GatePassHeader inner join GatePassBody on GatePassHeader.GatePassID=GatePassBody.GatePassID inner join Branches on GatePassHeader.BranchCode=Branches.BranchCode inner join Products on GatePassBody.ProductID=Products.ProductID left outer join Staff d on GatePassHeader.DriverCode=d.StaffID left outer join Staff r on GatePassHeader.ReceivingCode=r.StaffID Where GatePassHeader.GatePassID = 7"));
+              s(" Select "
+                "GatePassHeader.*,GatePassBody.ProductID,GatePassBody.OutNewProducts,GatePassBody."
+                "ReturnOldProducts,GatePassBody.ReturnNewProducts,BranchName,Products.ProductName, "
+                "d.Name, r.name as Receiving  from GatePassHeader inner join GatePassBody on "
+                "GatePassHeader.GatePassID=GatePassBody.GatePassID inner join Branches on "
+                "GatePassHeader.BranchCode=Branches.BranchCode inner join Products on "
+                "GatePassBody.ProductID=Products.ProductID left outer join Staff d on "
+                "GatePassHeader.DriverCode=d.StaffID left outer join Staff r on "
+                "GatePassHeader.ReceivingCode=r.StaffID Where GatePassHeader.GatePassID = 7"));
     EXPECT_EQ(CrpRecoveryVoucher::Balances(QDate(2026, 3, 5)).Text(),
               s("exec SPInstallmentBalances '2026-03-05'"));
-    EXPECT_EQ(CrpRecoveryVoucher::Source(s("3")).Text(),
-              s(" Select  h.*,ar.AreaName,AM.Name as AMName,SAM.Name as SAMName, w.Name as StaffName, b.CardNo, ih.Name, ih.FName, ih.City, ReceiptNo, Amount, i.Balance from (select * from RecoveryHeader where VoucherID=3) h join Areas ar on h.AreaCode=ar.AreaCode join Staff AM on h.AMStaffID=AM.StaffID join Staff SAM on h.SAMStaffID=SAM.StaffID left outer join Staff w on h.StaffID=w.StaffID inner join RecoveryBody b on b.voucherid = h.voucherid inner join InstallmentBalances i on i.insCustomerID = b.insCustomerID inner join InsCustomerHeader ih on ih.insCustomerID = b.insCustomerID Order By ReceiptNo"));
-    EXPECT_EQ(CrpSalary::Source(s("2014"), QDate(2026, 3, 1)).Text(),
-              s("Select s.*, f.name, f.fname, Address, designation from salaries s inner join staff f on s.StaffID = f.StaffID where s.StaffID='2014' and SalaryMonth='2026-03-01'"));
-    EXPECT_EQ(CrpFrenchiserSalary::Source(s("4001"), QDate(2026, 3, 1)).Text(),
-              s(" select h.*, Name as StaffName, FName, Address, Designation, b.ProductID, ProductName, Type, Commision, Qty, Amount from FrenchiserSalaryHeader h inner join FrenchiserSalaryBody b on b.staffid = h.staffid and h.SalaryMonth = b.SalaryMonth inner join Products p on p.ProductID = b.ProductID inner join staff s on s.staffid = h.staffid where h.StaffID='4001' and h.SalaryMonth = '2026-03-01' "));
+    EXPECT_EQ(
+        CrpRecoveryVoucher::Source(s("3")).Text(),
+        s(" Select  h.*,ar.AreaName,AM.Name as AMName,SAM.Name as SAMName, w.Name as StaffName, "
+          "b.CardNo, ih.Name, ih.FName, ih.City, ReceiptNo, Amount, i.Balance from (select * from "
+          "RecoveryHeader where VoucherID=3) h join Areas ar on h.AreaCode=ar.AreaCode join Staff "
+          "AM on h.AMStaffID=AM.StaffID join Staff SAM on h.SAMStaffID=SAM.StaffID left outer join "
+          "Staff w on h.StaffID=w.StaffID inner join RecoveryBody b on b.voucherid = h.voucherid "
+          "inner join InstallmentBalances i on i.insCustomerID = b.insCustomerID inner join "
+          "InsCustomerHeader ih on ih.insCustomerID = b.insCustomerID Order By ReceiptNo"));
+    EXPECT_EQ(
+        CrpSalary::Source(s("2014"), QDate(2026, 3, 1)).Text(),
+        s("Select s.*, f.name, f.fname, Address, designation from salaries s inner join staff f on "
+          "s.StaffID = f.StaffID where s.StaffID='2014' and SalaryMonth='2026-03-01'"));
+    EXPECT_EQ(
+        CrpFrenchiserSalary::Source(s("4001"), QDate(2026, 3, 1)).Text(),
+        s(" select h.*, Name as StaffName, FName, Address, Designation, b.ProductID, ProductName, "
+          "Type, Commision, Qty, Amount from FrenchiserSalaryHeader h inner join "
+          "FrenchiserSalaryBody b on b.staffid = h.staffid and h.SalaryMonth = b.SalaryMonth inner "
+          "join Products p on p.ProductID = b.ProductID inner join staff s on s.staffid = "
+          "h.staffid where h.StaffID='4001' and h.SalaryMonth = '2026-03-01' "));
     EXPECT_EQ(CrpWorkshopSalary::Source(s("3108"), QDate(2026, 3, 1)).Text(),
-              s(" select h.*, isnull(amount,0)amount, partname, Name as StaffName, Address, Fname, Designation from WorkShopSalaryHeader h left outer join WorkShopSalaryBody b on b.staffid = h.staffid and h.SalaryMonth = b.SalaryMonth left outer join parts p on p.partid = b.partid inner join staff s on s.staffid = h.staffid where h.StaffID='3108' and h.SalaryMonth = '2026-03-01' "));
+              s(" select h.*, isnull(amount,0)amount, partname, Name as StaffName, Address, Fname, "
+                "Designation from WorkShopSalaryHeader h left outer join WorkShopSalaryBody b on "
+                "b.staffid = h.staffid and h.SalaryMonth = b.SalaryMonth left outer join parts p "
+                "on p.partid = b.partid inner join staff s on s.staffid = h.staffid where "
+                "h.StaffID='3108' and h.SalaryMonth = '2026-03-01' "));
 }
 
 } // namespace tests

@@ -26,8 +26,7 @@ ReportDefinition PlainDesign();
 /// The first section of a kind.
 ReportSection& SectionOf(ReportDefinition& definition, SectionKind kind);
 /// A section with one field, or one text, over its whole width.
-ReportSection FieldSection(SectionKind kind, const char* name, double height,
-                           ReportSource source);
+ReportSection FieldSection(SectionKind kind, const char* name, double height, ReportSource source);
 ReportSection TextSection(SectionKind kind, const char* name, double height, const char* text);
 ReportSource ColumnSource(const char* column);
 

@@ -1,9 +1,9 @@
 // How sections find their place on pages: asserted on the primitives.
 
+#include "reports/Paginator.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "reports/Designs.h"
-#include "reports/Paginator.h"
 #include "reports/ReportText.h"
 #include "support/TestCompany.h"
 
@@ -30,19 +30,17 @@ protected:
 
     Document layOut()
     {
-        return Document(std::make_unique<Paginator>(
-            ReportState{design, rows, {}, s("Plain"), QDateTime(QDate(2026, 3, 5), QTime(14, 5)),
-                        s("7")}));
+        return Document(std::make_unique<Paginator>(ReportState{
+            design, rows, {}, s("Plain"), QDateTime(QDate(2026, 3, 5), QTime(14, 5)), s("7")}));
     }
 
     /// A group of so many rows, with its header, and a footer that has the group's sum.
     void group(double header = 50, double footer = 50)
     {
         design.GroupBy = s("g");
-        design.Sections += {FieldSection(SectionKind::GroupHeader, "GroupHeader", header,
-                                         ColumnSource("g")),
-                            FieldSection(SectionKind::GroupFooter, "GroupFooter", footer,
-                                         totalSource("GroupSum"))};
+        design.Sections += {
+            FieldSection(SectionKind::GroupHeader, "GroupHeader", header, ColumnSource("g")),
+            FieldSection(SectionKind::GroupFooter, "GroupFooter", footer, totalSource("GroupSum"))};
         SectionOf(design, SectionKind::GroupFooter).Totals = {{s("GroupSum"), s("amount")}};
     }
 
@@ -125,7 +123,8 @@ TEST_F(PaginatorTest, AReportHeaderStandsOnTheFirstPageOnlyAboveThePageHeader)
 {
     design.Sections += TextSection(SectionKind::ReportHeader, "Title", 200, "title");
     const Document document = layOut(Counted(10));
-    EXPECT_EQ(Shown(document, 0).mid(0, 2), QStringList({s("Title: title"), s("PageHeader: head")}));
+    EXPECT_EQ(Shown(document, 0).mid(0, 2),
+              QStringList({s("Title: title"), s("PageHeader: head")}));
     EXPECT_EQ(RunsOf(document, 0, s("Row")).size(), 7);
     EXPECT_EQ(Shown(document, 1).first(), s("PageHeader: head"));
     EXPECT_EQ(RunsOf(document, 1, s("Row")).size(), 3);
@@ -153,8 +152,8 @@ TEST_F(PaginatorTest, AGroupOverAPageBreakRepeatsItsHeaderAndSumsAllItsRows)
     ASSERT_GE(document.PageCount(), 4);
     const QList<TextRun> footers = RunsOf(document, s("GroupFooter"));
     ASSERT_EQ(footers.size(), 3);
-    EXPECT_EQ(footers[0].Text, s("39"));    // (1 + … + 12) / 2
-    EXPECT_EQ(footers[1].Text, s("111"));   // (13 + … + 24) / 2
+    EXPECT_EQ(footers[0].Text, s("39"));  // (1 + … + 12) / 2
+    EXPECT_EQ(footers[1].Text, s("111")); // (13 + … + 24) / 2
     EXPECT_EQ(footers[2].Text, s("183"));
     EXPECT_EQ(Shown(document, 0).mid(0, 3),
               QStringList({s("PageHeader: head"), s("GroupHeader: 0"), s("Row: 1")}));

@@ -1,5 +1,6 @@
 // The PDF as a stranger's tools read it, and the ink on the page.
 
+#include "support/Pdf.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "host/HostContext.h"
@@ -10,7 +11,6 @@
 #include "reports/CrpWorkshopSalary.h"
 #include "reports/Designs.h"
 #include "reports/VoucherRows.h"
-#include "support/Pdf.h"
 #include "support/TestCompany.h"
 
 #include <gtest/gtest.h>
@@ -125,11 +125,11 @@ QRect inkOf(const TextRun& run, const QSizeF& page, double scale)
 TEST_F(PdfTest, TextIsReadBackAsItStandsOnThePage)
 {
     StoreGatePass(company);
-    const QString file =
-        written(formatted<CrpGatePassDetail>(CrpGatePassDetail::Source(s("7"))));
+    const QString file = written(formatted<CrpGatePassDetail>(CrpGatePassDetail::Source(s("7"))));
     const QString text = readBack(file);
-    for (const char* word : {"Gate pass", "Office copy", "گیٹ پاس", "مدینہ ٹریڈرز قصور", "محمد اسلم",
-                             "واشنگ مشین", "05/03/2026", "10.5", "Page 1 of 1", "Returned old"})
+    for (const char* word :
+         {"Gate pass", "Office copy", "گیٹ پاس", "مدینہ ٹریڈرز قصور", "محمد اسلم", "واشنگ مشین",
+          "05/03/2026", "10.5", "Page 1 of 1", "Returned old"})
         EXPECT_TRUE(text.contains(s(word))) << word << " in " << text.toStdString();
 }
 
@@ -166,8 +166,8 @@ TEST_F(PdfTest, ThePageLooksAsOnTheScreen)
     StoreGatePass(company);
     const Document document = formatted<CrpGatePassDetail>(CrpGatePassDetail::Source(s("7")));
     const QString base = folder.filePath(s("page"));
-    outputOf("pdftoppm", {s("-r"), s("100"), s("-gray"), s("-singlefile"), s("-png"),
-                          written(document), base});
+    outputOf("pdftoppm",
+             {s("-r"), s("100"), s("-gray"), s("-singlefile"), s("-png"), written(document), base});
     QImage printed(base + s(".png"));
     ASSERT_FALSE(printed.isNull());
     QImage shown(printed.size(), QImage::Format_Grayscale8);
@@ -355,10 +355,11 @@ TEST_F(PdfTest, ATextThatWrapsIsFoundOverItsLines)
                 " WHERE ProductID = '210'");
     const Document document = formatted<CrpGatePassDetail>(CrpGatePassDetail::Source(s("7")));
     const QList<TextRun> names = RunsOf(document, s("FldProductName"));
-    const auto broken = std::find_if(names.begin(), names.end(),
-                                     [](const TextRun& run) { return run.Continues; });
+    const auto broken =
+        std::find_if(names.begin(), names.end(), [](const TextRun& run) { return run.Continues; });
     ASSERT_NE(broken, names.end());
-    const QString over = broken->Text.section(u' ', -1) + u' ' + (broken + 1)->Text.section(u' ', 0, 0);
+    const QString over =
+        broken->Text.section(u' ', -1) + u' ' + (broken + 1)->Text.section(u' ', 0, 0);
     const QList<Document::Match> matches = document.Find(over);
     ASSERT_EQ(matches.size(), 1);
     EXPECT_EQ(matches.first().Rects.size(), 2);

@@ -97,11 +97,12 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(
     AllReports, HeaderHookTest,
-    ::testing::Values([]() -> std::shared_ptr<Report> { return std::make_shared<CrpGatePassDetail>(); },
-                      []() -> std::shared_ptr<Report> { return std::make_shared<CrpRecoveryVoucher>(); },
-                      []() -> std::shared_ptr<Report> { return std::make_shared<CrpSalary>(); },
-                      []() -> std::shared_ptr<Report> { return std::make_shared<CrpFrenchiserSalary>(); },
-                      []() -> std::shared_ptr<Report> { return std::make_shared<CrpWorkshopSalary>(); }));
+    ::testing::Values(
+        []() -> std::shared_ptr<Report> { return std::make_shared<CrpGatePassDetail>(); },
+        []() -> std::shared_ptr<Report> { return std::make_shared<CrpRecoveryVoucher>(); },
+        []() -> std::shared_ptr<Report> { return std::make_shared<CrpSalary>(); },
+        []() -> std::shared_ptr<Report> { return std::make_shared<CrpFrenchiserSalary>(); },
+        []() -> std::shared_ptr<Report> { return std::make_shared<CrpWorkshopSalary>(); }));
 
 TEST_P(HeaderHookTest, ALogoIsPointedToAndShownAndTheNameIsSet)
 {
@@ -262,11 +263,10 @@ TEST(RemoveObjectColorsTest, ColoursGoFromTextsFieldsAndBoxesUnlessTheNameSaysNo
     design.Sections[0].Objects = {object("Title", ObjectKind::Text),
                                   object("NoTitle", ObjectKind::Text),
                                   object("Picture", ObjectKind::Picture)};
-    design.Sections[1].Objects = {object("Field", ObjectKind::Field),
-                                  object("noField", ObjectKind::Field),
-                                  object("Box", ObjectKind::Box), object("NOBOX", ObjectKind::Box),
-                                  object("Line", ObjectKind::Line),
-                                  object("Knot", ObjectKind::Text)};
+    design.Sections[1].Objects = {
+        object("Field", ObjectKind::Field), object("noField", ObjectKind::Field),
+        object("Box", ObjectKind::Box),     object("NOBOX", ObjectKind::Box),
+        object("Line", ObjectKind::Line),   object("Knot", ObjectKind::Text)};
     Report report(design);
     RemoveObjectColors(report);
     const auto back = [&report](const char* name) { return report.Object(s(name)).BackColor; };
