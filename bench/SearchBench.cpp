@@ -1,0 +1,417 @@
+// Search dialogs, from the key to the painted list, against their raw statement read in full.
+
+#include "Companies.h"
+#include "Measure.h"
+
+#include "data/Connection.h"
+#include "data/sqlite/Adapter.h"
+#include "host/HostContext.h"
+#include "search/Catalogue.h"
+#include "search/SearchWindow.h"
+#include "support/Keys.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QKeyEvent>
+#include <QWindow>
+#include <QtTest>
+
+#include <algorithm>
+#include <memory>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace {
+
+using namespace TradeForms;
+using benchmark::State;
+
+constexpr double wantedRatio = 1.3;
+constexpr double oneFrame = 16e-3; ///< seconds
+
+QString s(const char* text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// The largest company that is measured, opened by the library and through the C API.
+class Company {
+public:
+    static Company& Largest()
+    {
+        static Company company(Bench::CompanyOf(
+            *std::max_element(Bench::CompanySizes().begin(), Bench::CompanySizes().end())));
+        return company;
+    }
+
+    std::shared_ptr<Connection> Ours;
+    Bench::Raw Raw;
+    QString Area; ///< one of about 5,000 accounts
+
+private:
+    explicit Company(const QString& file) : Ours(Connection::Open(file)), Raw(file)
+    {
+        Area = Raw.Text("select AreaCode from (select AreaCode, count(*) as Held from"
+                        " InsCustomerHeader group by AreaCode) order by abs(Held - 5000),"
+                        " AreaCode limit 1");
+    }
+};
+
+/// A dialog on the screen, with its list.
+class Desk {
+public:
+    explicit Desk(const SearchDescription& description) : dialog_(description)
+    {
+        HostContext::objCN = Company::Largest().Ours;
+    }
+    ~Desk()
+    {
+        window_.reset();
+        HostContext::objCN.reset();
+    }
+
+    SearchDialog& Dialog() { return dialog_; }
+    SearchWindow& Window() { return *window_; }
+
+    void Open()
+    {
+        window_ = std::make_unique<SearchWindow>(dialog_);
+        window_->Load();
+        window_->ShowModeless(false);
+        Activate(*window_);
+        Settle();
+    }
+
+    /// Until the list is whole and painted.
+    void Settle()
+    {
+        while (window_->IsReading()) {
+            QCoreApplication::processEvents();
+        }
+        paint();
+    }
+
+    void Key(Qt::Key key) { QTest::keyClick(window_->windowHandle(), key); }
+
+    /// The list's statement as SQLite's own words.
+    QByteArray RawStatement() const
+    {
+        QByteArray text = window_->ListStatement().toUtf8();
+        // Functions of the server that a bare database has not, in those that it has.
+        for (const auto& [servers, own] : std::initializer_list<std::pair<const char*, const char*>>{
+                 {"left(frominscustomerid,PATINDEX('% %',frominscustomerid)-1)",
+                  "substr(frominscustomerid,1,instr(frominscustomerid,' ')-1)"},
+                 {"left(Toinscustomerid,PATINDEX('% %',Toinscustomerid)-1)",
+                  "substr(Toinscustomerid,1,instr(Toinscustomerid,' ')-1)"},
+                 {"right(frominscustomerid,len(frominscustomerid)-PATINDEX('% "
+                  "%',frominscustomerid))",
+                  "substr(frominscustomerid,instr(frominscustomerid,' ')+1)"},
+                 {"right(Toinscustomerid,len(Toinscustomerid)-PATINDEX('% %',Toinscustomerid))",
+                  "substr(Toinscustomerid,instr(Toinscustomerid,' ')+1)"},
+                 {"isnull(", "ifnull("}}) {
+            text.replace(servers, own);
+        }
+        return AdaptStatement(text).Text;
+    }
+
+private:
+    /// What the event loop would do next.
+    void paint()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(window_.get(), QEvent::UpdateRequest);
+    }
+
+    SearchDialog dialog_;
+    std::unique_ptr<SearchWindow> window_;
+};
+
+/// Times one step of each iteration by hand.
+template <class Prepare, class Step> void timed(State& state, Prepare prepare, Step step)
+{
+    for (auto _ : state) {
+        prepare();
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        state.SetIterationTime(double(timer.nsecsElapsed()) / 1e9);
+    }
+}
+
+void registerTimed(const std::string& name, void (*work)(State&, const SearchDescription&, bool),
+                   const SearchDescription& description, int iterations)
+{
+    for (const bool ours : {true, false}) {
+        benchmark::RegisterBenchmark((name + (ours ? "/ours" : "/baseline")).c_str(),
+                                     [=, &description](State& state) {
+                                         work(state, description, ours);
+                                     })
+            ->Iterations(iterations)
+            ->Repetitions(5)
+            ->UseManualTime();
+    }
+}
+
+// ---- From the key to the painted list
+
+/// The first field that narrows by query.
+Txt* queryField(SearchWindow& window, const SearchDescription& description)
+{
+    for (const SearchField& field : description.Fields) {
+        if (field.Is == SearchField::Kind::QueryAgain) {
+            return &window.NarrowingField(field.Name);
+        }
+    }
+    return nullptr;
+}
+
+/// The key that empties the field (or F12), so that the list is the whole of its range.
+void keyToList(State& state, const SearchDescription& description, bool ours)
+{
+    Desk desk(description);
+    if (&description == &SchCustomer) {
+        desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
+    }
+    desk.Open();
+    const QByteArray statement = desk.RawStatement();
+    if (!ours) {
+        const Bench::Raw& raw = Company::Largest().Raw;
+        timed(
+            state, [] {}, [&] { raw.ReadAll(statement); });
+        return;
+    }
+    Txt* field = queryField(desk.Window(), description);
+    Bench::LimitRatio(state, wantedRatio);
+    timed(
+        state,
+        [&] {
+            if (field) {
+                desk.Window().ResetFocus(*field);
+                field->SetText(s("Q"));
+                desk.Settle();
+                desk.Key(Qt::Key_End);
+            }
+        },
+        [&] {
+            desk.Key(field ? Qt::Key_Backspace : Qt::Key_F12);
+            desk.Settle();
+        });
+    state.counters["about"] = desk.Window().List().RowCount();
+}
+
+/// A letter typed into the name, against the statement that it makes.
+void letterToList(State& state, const SearchDescription& description, bool ours)
+{
+    Desk desk(description);
+    desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
+    desk.Open();
+    Txt& name = desk.Window().NarrowingField("TxtName");
+    desk.Window().ResetFocus(name);
+    const auto type = [&] {
+        Type(desk.Window(), s("م"));
+        desk.Settle();
+    };
+    if (!ours) {
+        type();
+        const QByteArray statement = desk.RawStatement();
+        timed(
+            state, [] {}, [&] { Company::Largest().Raw.ReadAll(statement); });
+        return;
+    }
+    Bench::LimitRatio(state, wantedRatio);
+    timed(
+        state,
+        [&] {
+            name.SetText(QString());
+            desk.Settle();
+        },
+        type);
+    state.counters["about"] = desk.Window().List().RowCount();
+}
+
+// ---- All accounts of all areas
+
+void wholeList(State& state, const SearchDescription& description, bool ours)
+{
+    Desk desk(description);
+    desk.Open();
+    const QByteArray statement = desk.RawStatement();
+    if (!ours) {
+        timed(
+            state, [] {}, [&] { Company::Largest().Raw.ReadAll(statement); });
+        return;
+    }
+    Txt& name = desk.Window().NarrowingField("TxtName");
+    timed(
+        state,
+        [&] {
+            desk.Window().ResetFocus(name);
+            name.SetText(s("Q"));
+            desk.Settle();
+            QTest::qWait(250); // the user has stopped typing
+            desk.Key(Qt::Key_End);
+        },
+        [&] {
+            desk.Key(Qt::Key_Backspace);
+            desk.Settle();
+        });
+    state.counters["about"] = desk.Window().List().RowCount();
+}
+
+/// The longest that one of ten letters, typed at a brisk pace while the list is read, waits until
+/// it stands in the field. Without reading in pieces it would wait for the whole list.
+void typingInWholeList(State& state, const SearchDescription& description, bool ours)
+{
+    if (!ours) {
+        wholeList(state, description, false);
+        return;
+    }
+    Desk desk(description);
+    desk.Open();
+    Txt& name = desk.Window().NarrowingField("TxtName");
+    for (auto _ : state) {
+        name.SetText(QString());
+        desk.Settle();
+        desk.Window().ResetFocus(name);
+        qint64 longest = 0;
+        for (int letter = 0; letter < 10; ++letter) {
+            QElapsedTimer pause;
+            pause.start();
+            while (pause.elapsed() < 120) {
+                QCoreApplication::processEvents();
+            }
+            // It comes in at a moment of its own, while a piece is being read or not.
+            QElapsedTimer waiting;
+            waiting.start();
+            QCoreApplication::processEvents();
+            Type(desk.Window(), s("م"));
+            longest = std::max(longest, waiting.nsecsElapsed());
+        }
+        if (name.Text().size() != 10) {
+            state.SkipWithError("a letter is lost");
+        }
+        desk.Settle();
+        state.SetIterationTime(double(longest) / 1e9);
+    }
+}
+
+double residentBytes()
+{
+    QFile status(s("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:")) {
+            return line.mid(6).trimmed().split(' ').front().toDouble() * 1024;
+        }
+    }
+    return 0;
+}
+
+/// What the list takes in memory, against the bytes of its values.
+void memoryOfWholeList(State& state, const SearchDescription& description, bool ours)
+{
+    for (auto _ : state) {
+        if (ours) {
+            {
+                Desk fonts(SchBranch); // what the first window of all needs
+                fonts.Dialog().SetParaIn("ParaInBranchCode", s("0"));
+                fonts.Open();
+            }
+#ifdef __GLIBC__
+            malloc_trim(0);
+#endif
+            const double before = residentBytes();
+            Desk desk(description);
+            desk.Open();
+            state.counters["memory"] = residentBytes() - before;
+        } else {
+            state.counters["memory"] = double(Company::Largest().Raw.Number(
+                "select sum(length(cast(AreaCode as blob)) + length(cast(InsCustomerID as blob))"
+                " + length(cast(CardNo as blob)) + ifnull(length(cast(Name as blob)), 0)"
+                " + ifnull(length(cast(FName as blob)), 0)"
+                " + ifnull(length(cast(PAddress as blob)), 0)) from InsCustomerHeader"));
+        }
+        state.SetIterationTime(1);
+    }
+}
+
+// ---- Moving in a long list
+
+/// A jump that looks at every row of a hundred thousand.
+void jump(State& state, const SearchDescription& description, bool ours)
+{
+    if (!ours) {
+        const QByteArray statement = "select CardNo from InsCustomerHeader where rowid <= 100000";
+        timed(
+            state, [] {}, [&] { Company::Largest().Raw.ReadAll(statement); });
+        return;
+    }
+    static const SearchDescription hundredThousand = [&] {
+        SearchDescription is = description;
+        is.Statement.replace("where 1=1", "where rowid <= 100000");
+        return is;
+    }();
+    Desk desk(hundredThousand);
+    desk.Open();
+    Bench::LimitTime(state, oneFrame);
+    Txt& card = desk.Window().NarrowingField("TxtID");
+    timed(
+        state,
+        [&] {
+            card.SetText(QString());
+            desk.Window().ResetFocus(card);
+            desk.Settle();
+        },
+        [&] {
+            Type(desk.Window(), s("x"));
+            desk.Settle();
+        });
+    state.counters["about"] = desk.Window().List().RowCount();
+}
+
+/// One page further, against the same in a list of an area.
+void page(State& state, const SearchDescription& description, bool ours)
+{
+    Desk desk(description);
+    if (!ours) {
+        desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
+    } else {
+        Bench::LimitTime(state, oneFrame);
+    }
+    desk.Open();
+    desk.Window().ResetFocus(desk.Window().List());
+    timed(
+        state, [] {},
+        [&] {
+            desk.Key(Qt::Key_PageDown);
+            desk.Settle();
+        });
+    state.counters["about"] = desk.Window().List().RowCount();
+}
+
+const bool registered = [] {
+    if (Bench::CompanySizes().empty()) {
+        return false;
+    }
+    registerTimed("customers of an area, emptied field", keyToList, SchCustomer, 5);
+    registerTimed("customers of an area, a letter", letterToList, SchCustomer, 5);
+    for (const SearchDescription* list :
+         {&SchGatePass, &SchInsCustomer, &SchPartnershipProfit, &SchRecoveryVoucher,
+          &SchRecoveryVoucherDetail, &SchConcessionVoucher, &SchReturnVoucher, &SchWorkerParts,
+          &SchConvertArea}) {
+        registerTimed(std::string(list->Name) + ", default range", keyToList, *list, 3);
+    }
+    registerTimed("customers of all areas", wholeList, SchCustomer, 1);
+    registerTimed("longest wait of a letter meanwhile", typingInWholeList, SchCustomer, 1);
+    registerTimed("memory of the customers of all areas", memoryOfWholeList, SchCustomer, 1);
+    registerTimed("jump in a list of 100,000", jump, SchCustomer, 10);
+    registerTimed("a page further, all areas against one", page, SchCustomer, 20);
+    return true;
+}();
+
+} // namespace
