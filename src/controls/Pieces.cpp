@@ -193,6 +193,16 @@ QWidget* Labelled(Caption* caption, QWidget* field)
     return set;
 }
 
+QWidget* AtOwnWidth(QWidget* field)
+{
+    auto* set = new QWidget;
+    auto* row = new QHBoxLayout(set);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(field);
+    row->addStretch(1);
+    return set;
+}
+
 QWidget* Stacked(Caption* caption, QWidget* field)
 {
     auto* set = new QWidget;

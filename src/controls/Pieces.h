@@ -67,6 +67,8 @@ inline constexpr int kCodeWidth = 92;
 QWidget* CodeSet(Caption* caption, Txt* code, JeweledButton* button, UTxt* name);
 /// Caption at the right, field beside it.
 QWidget* Labelled(Caption* caption, QWidget* field);
+/// A field at its own width, at the reader's right hand.
+QWidget* AtOwnWidth(QWidget* field);
 /// Caption above, field below, as in an entry row.
 QWidget* Stacked(Caption* caption, QWidget* field);
 

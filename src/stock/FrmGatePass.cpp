@@ -402,14 +402,8 @@ QWidget* FrmGatePass::composeHeader()
     }
     optionRow->addStretch(1);
 
-    auto* number = new QWidget;
-    auto* numberRow = new QHBoxLayout(number);
-    numberRow->setContentsMargins(0, 0, 0, 0);
-    numberRow->addWidget(&TxtGatePassID);
-    numberRow->addStretch(1);
-
     return HeaderStrip({
-        Labelled(caption("نمبر", "Gate pass no"), number),
+        Labelled(caption("نمبر", "Gate pass no"), AtOwnWidth(&TxtGatePassID)),
         Labelled(caption("تاریخ", "Date"), options),
         CodeSet(caption("ڈرائیور", "Driver"), &TxtDriverCode, &BtnDriver, &TxtDriverName),
         CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,

@@ -215,7 +215,7 @@ QWidget* FrmStockInDetail::composeHeader()
 {
     return HeaderStrip({
         CodeSet(caption("نمبر", "Document no"), &TxtID, nullptr, nullptr),
-        Labelled(caption("تاریخ", "Date"), &DtpDate),
+        Labelled(caption("تاریخ", "Date"), AtOwnWidth(&DtpDate)),
         CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
                 &TxtReceivingName),
         Labelled(caption("تفصیل", "Description"), &TxtDescription),
@@ -227,7 +227,8 @@ QWidget* FrmStockInDetail::composeEntryRow()
     for (Txt* txt : {&TxtEngineNo, &TxtChasisNo}) {
         txt->setFixedWidth(210);
     }
-    return EntryStrip(CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName),
+    return EntryStrip(Stacked(caption("مال", "Product"),
+                              CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName)),
                       {Stacked(caption("انجن نمبر", "Engine no"), &TxtEngineNo),
                        Stacked(caption("چیسس نمبر", "Chassis no"), &TxtChasisNo)});
 }

@@ -246,7 +246,7 @@ QWidget* StockForm::composeHeader()
 {
     return HeaderStrip({
         CodeSet(caption("نمبر", "Document no"), &TxtID, nullptr, nullptr),
-        Labelled(caption("تاریخ", "Date"), &DtpDate),
+        Labelled(caption("تاریخ", "Date"), AtOwnWidth(&DtpDate)),
         CodeSet(caption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName),
         CodeSet(caption("اکاؤنٹ", "Account"), &TxtAccountNo, &BtnSearch, &TxtAccountName),
         Labelled(caption("تفصیل", "Description"), &TxtDescription),
@@ -258,7 +258,8 @@ QWidget* StockForm::composeEntryRow()
     for (Txt* txt : {&TxtQty, &TxtPrice, &TxtAmount}) {
         txt->setFixedWidth(NumberWidth);
     }
-    return EntryStrip(CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName),
+    return EntryStrip(Stacked(caption("مال", "Product"),
+                              CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName)),
                       {Stacked(caption("تعداد", "Quantity"), &TxtQty), Stacked(&Label8, &TxtPrice),
                        Stacked(&Label15, &TxtAmount)});
 }

@@ -41,6 +41,10 @@ constexpr Exception exceptions[] = {
     {"from WorkShopSalaryBody group by staffid", "WorkShopSalaryBody", groupedBeforeJoined, true},
     {"where left(frominscustomerid,PATINDEX('% %',frominscustomerid)-1) = ", "ConvertArea",
      "an index on the parts of the key would need functions that no other program has", false},
+    {"Order By RecoveryHeader.VoucherID", "RecoveryBody",
+     "the engine takes a voucher's receipts for fewer than they are, and begins with them", false},
+    {"SELECT AreaCode, InsCustomerID, CardNo, Name, FName, PAddress FROM InsCustomerHeader where 1=1",
+     "InsCustomerHeader", "asks for the accounts of all areas", false},
     {"select * from FrenchiserSalaryBody", "FrenchiserSalaryBody",
      "asks for all rows, to add to them", false},
     {"select * from WorkShopSalaryBody", "WorkShopSalaryBody", "asks for all rows, to add to them",
@@ -97,8 +101,10 @@ TEST_F(QueryPlans, NoStatementReadsAVoucherTableFromEndToEndWhereAnIndexCanServe
         if (tables.isEmpty())
             continue;
         const Exception* exception = exceptionFor(statement, tables);
-        ASSERT_TRUE(exception) << "Reads all of " << tables.join(u' ').toStdString() << "\n  in "
+        EXPECT_TRUE(exception) << "Reads all of " << tables.join(u' ').toStdString() << "\n  in "
                                << statement.toStdString();
+        if (!exception)
+            continue;
         EXPECT_EQ(ReadsIndexAlone(handle(), adapted.Text, tables.first()),
                   exception->ReadsIndexAlone)
             << exception->Reason << "\n  in " << statement.toStdString();

@@ -4,6 +4,8 @@
 #include "data/Failure.h"
 #include "host/HostContext.h"
 #include "stock/FrmGatePass.h"
+#include "stock/FrmStockInDetail.h"
+#include "stock/StockForm.h"
 #include "support/ExpectedBoxes.h"
 #include "support/FakeUser.h"
 #include "support/TestCompany.h"
@@ -29,24 +31,24 @@ protected:
     }
     ~FormsTest() override
     {
-        for (FrmGatePass* form : open()) {
-            delete form;
-        }
+        closeAll();
         HostContext::objCN.reset();
         HostContext::objSec.reset();
         HostContext::ServerMode = false;
     }
 
-    static QList<FrmGatePass*> open()
+    template <class TheForm> static QList<TheForm*> windows()
     {
-        QList<FrmGatePass*> found;
+        QList<TheForm*> found;
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (auto* form = qobject_cast<FrmGatePass*>(window)) {
+            if (auto* form = qobject_cast<TheForm*>(window)) {
                 found.append(form);
             }
         }
         return found;
     }
+    static QList<FrmGatePass*> open() { return windows<FrmGatePass>(); }
+    static void closeAll() { qDeleteAll(windows<Form>()); }
 
     TestCompany company;
     std::shared_ptr<FakeUser> user = std::make_shared<FakeUser>();
@@ -59,12 +61,12 @@ TEST_F(FormsTest, GatePassFormCalledTwiceGivesTwoWindowsWithSeparateState)
 {
     forms.GatePassForm();
     forms.GatePassForm();
-    const QList<FrmGatePass*> windows = open();
-    ASSERT_EQ(windows.size(), 2);
-    windows[0]->TxtDriverCode.SetText(QStringLiteral("2014"));
-    EXPECT_TRUE(windows[1]->TxtDriverCode.Text().isEmpty());
-    EXPECT_TRUE(windows[0]->isVisible());
-    EXPECT_TRUE(windows[1]->isVisible());
+    const QList<FrmGatePass*> both = open();
+    ASSERT_EQ(both.size(), 2);
+    both[0]->TxtDriverCode.SetText(QStringLiteral("2014"));
+    EXPECT_TRUE(both[1]->TxtDriverCode.Text().isEmpty());
+    EXPECT_TRUE(both[0]->isVisible());
+    EXPECT_TRUE(both[1]->isVisible());
 }
 
 TEST_F(FormsTest, AWindowDeletesItselfWhenItIsClosed)
@@ -133,6 +135,29 @@ TEST_F(FormsTest, AFormMethodCalledBeforeInitializeClassFailsInsideTheForm)
     ASSERT_EQ(open().size(), 1);
 }
 
+TEST_F(FormsTest, StockFormsOpenWithPricesOrWithoutAsTheirMethodSays)
+{
+    struct Opening {
+        void (Forms::*Method)();
+        const char* Form;
+        bool ShowsPrice;
+    };
+    for (const Opening& opening : {Opening{&Forms::StockInForm, "FrmStockIn", false},
+                                   Opening{&Forms::StockInPriceForm, "FrmStockIn", true},
+                                   Opening{&Forms::StockOutForm, "FrmStockOut", false},
+                                   Opening{&Forms::StockOutPriceForm, "FrmStockOut", true}}) {
+        SCOPED_TRACE(opening.Form);
+        (forms.*opening.Method)();
+        ASSERT_EQ(windows<StockForm>().size(), 1);
+        StockForm* form = windows<StockForm>().front();
+        EXPECT_EQ(form->objectName(), QLatin1String(opening.Form));
+        EXPECT_EQ(form->TxtPrice.IsVisible(), opening.ShowsPrice);
+        closeAll();
+    }
+    forms.StockInDetailForm();
+    EXPECT_EQ(windows<FrmStockInDetail>().size(), 1);
+}
+
 TEST_F(FormsTest, MethodsWhoseFormsDoNotExistFailToTheHost)
 {
     using Method = void (Forms::*)();
@@ -143,11 +168,6 @@ TEST_F(FormsTest, MethodsWhoseFormsDoNotExistFailToTheHost)
         {&Forms::RecoveryVoucherForm, "RecoveryVoucherForm"},
         {&Forms::ReturnForm, "ReturnForm"},
         {&Forms::SalaryForm, "SalaryForm"},
-        {&Forms::StockInForm, "StockInForm"},
-        {&Forms::StockInDetailForm, "StockInDetailForm"},
-        {&Forms::StockInPriceForm, "StockInPriceForm"},
-        {&Forms::StockOutForm, "StockOutForm"},
-        {&Forms::StockOutPriceForm, "StockOutPriceForm"},
         {&Forms::WorkerPartsForm, "WorkerPartsForm"},
         {&Forms::WorkerPartSalaryForm, "WorkerPartSalaryForm"},
         {&Forms::FrenchiserSalaryForm, "FrenchiserSalaryForm"},

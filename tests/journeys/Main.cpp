@@ -60,7 +60,8 @@ void logIn(Clerk& clerk, const QString& user)
 void openScreen(Clerk& clerk, const QString& typed, const QString& window)
 {
     clerk.See(s("MainWindow"));
-    clerk.Type(typed);
+    clerk.Replace(typed);
+    clerk.Picture(s("menu"));
     clerk.Press(Qt::Key_Return);
     clerk.See(window);
 }
