@@ -277,8 +277,10 @@ void DetailGrid::ShowRowMenu(const QPoint& position)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction* remove = menu->addAction(QStringLiteral("Remove This Row"));
     remove->setObjectName(QStringLiteral("mniRemoveRow"));
-    QObject::connect(remove, &QAction::triggered, &form_,
-                     [this] { form_.Guard([this] { RemoveRow(); }); });
+    // When the menu has gone: a message box that came up within it would outlive it.
+    QObject::connect(
+        remove, &QAction::triggered, &form_, [this] { form_.Guard([this] { RemoveRow(); }); },
+        Qt::QueuedConnection);
     menu->popup(position);
     menu->setActiveAction(remove);
 }
