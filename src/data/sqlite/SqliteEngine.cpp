@@ -13,7 +13,8 @@ namespace TradeForms {
 
 namespace {
 
-constexpr int keptTexts = 256;
+// All statements of the library, and those of a host, each with some values.
+constexpr int keptTexts = 1024;
 constexpr int keptStatements = 128;
 
 Handle withDialect(Handle handle)
