@@ -107,7 +107,7 @@ public:
     std::unique_ptr<FrmStockInDetail> form;
 };
 
-// ---- Saving 300 units, from the click until the form stands ready for the next voucher
+// ---- Saving 300 units, from the click to the commit
 
 void saveOurs(benchmark::State& state)
 {
@@ -121,8 +121,16 @@ void saveOurs(benchmark::State& state)
         }
         QElapsedTimer timer;
         timer.start();
+        // What follows the commit is the emptying of the form, which begins with its number.
+        double saved = 0;
+        desk.form->TxtID.OnChange = [&] {
+            if (saved == 0) {
+                saved = seconds(timer);
+            }
+        };
         desk.form->BtnSave.Click();
-        state.SetIterationTime(seconds(timer));
+        desk.form->TxtID.OnChange = nullptr;
+        state.SetIterationTime(saved);
     }
     if (desk.company.Scalar(QStringLiteral("select count(*) from StockInDetailBody")).toInt()
         != unit) {
@@ -156,8 +164,6 @@ void saveRaw(sqlite3* database, int id, int firstUnit)
     }
     sqlite3_finalize(insert);
     run(database, "commit");
-    run(database, "select ifnull(max(StockID),0)+1 from StockInDetailHeader");
-    run(database, "select * from StockInDetailBody where StockID=" + QByteArray::number(id + 1));
 }
 
 /// The same clerk at the same form, so that the processor's caches are as cold; only the saving
