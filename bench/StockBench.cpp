@@ -211,6 +211,8 @@ void store(Desk& desk, int units)
     for (const QVariantList& index : indexes) {
         run(desk.raw, index[1].toByteArray());
     }
+    run(desk.raw, "insert into StockInDetailHeader (StockID, Date)"
+                  " select distinct StockID, '2026-01-01' from StockInDetailBody");
 }
 
 /// Leaving the chassis number of a new unit: the test, and the row that it lets into the grid.
