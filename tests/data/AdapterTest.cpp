@@ -278,6 +278,12 @@ TEST(Dialect, ReadsAColumnThatIsAddedBetweenTwoRunsOfAStatement)
     EXPECT_EQ(parts.FieldName(3), QStringLiteral("Shelf"));
 }
 
+TEST(Adapter, ADroppedSchemaLetsNoCommentBegin)
+{
+    EXPECT_EQ(AdaptStatement("select 1 -dbo.-2").Text, "select 1 - -2");
+    EXPECT_EQ(AdaptStatement("select 1 /dbo.*2").Text, "select 1 / *2");
+}
+
 TEST(Adapter, KeepsRandomTextsWhole)
 {
     // Statements made of pieces that need no change must come out as they went in, however the

@@ -51,25 +51,29 @@ Kept keptOf(const QByteArray& text)
     return kept;
 }
 
+/// Of digits and what stands between them in a date: may be given its stored form.
+bool mayBeDate(const std::string& literal)
+{
+    return literal.find_first_not_of("'0123456789/-: ") == std::string::npos;
+}
+
 /// Whether all literals come again, in their order: but for an alias that became a name, and a
 /// date that was given its stored form.
 bool comeAgain(const std::vector<std::string>& before, const std::vector<std::string>& after,
                const std::string& text)
 {
+    const bool mayHoldAlias = text.find('=') != std::string::npos;
     std::size_t next = 0;
     for (const std::string& literal : before) {
+        if (mayBeDate(literal))
+            continue;
         std::size_t found = next;
         while (found < after.size() && after[found] != literal)
             ++found;
-        if (found < after.size()) {
+        if (found < after.size())
             next = found + 1;
-        } else {
-            const std::string content = literal.substr(1, literal.size() - 2);
-            const bool isAlias = text.find('=') != std::string::npos;
-            const bool isDate = content.find_first_of("0123456789") != std::string::npos;
-            if (!isAlias && !isDate)
-                return false;
-        }
+        else if (!mayHoldAlias)
+            return false;
     }
     return true;
 }

@@ -283,7 +283,9 @@ private:
         const Token& token = tokens_[at];
         Level& level = levels_.back();
         if (token.IsWord("dbo") && isSignAt(at + 1, '.')) {
-            replace(token, "");
+            // What stood apart must not meet and begin a comment.
+            const bool mayMeet = at > 0 && (isSignAt(at - 1, '-') || isSignAt(at - 1, '/'));
+            replace(token, mayMeet ? " " : "");
             replace(tokens_[++at], "");
         } else if (token.IsWord("select")) {
             level.InSelectList = true;
