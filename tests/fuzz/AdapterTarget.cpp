@@ -51,10 +51,10 @@ Kept keptOf(const QByteArray& text)
     return kept;
 }
 
-/// Of digits and what stands between them in a date: may be given its stored form.
+/// One with digits may be a date, and be given its stored form.
 bool mayBeDate(const std::string& literal)
 {
-    return literal.find_first_not_of("'0123456789/-: ") == std::string::npos;
+    return literal.find_first_of("0123456789") != std::string::npos;
 }
 
 /// Whether all literals come again, in their order: but for an alias that became a name, and a
