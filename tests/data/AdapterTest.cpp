@@ -282,6 +282,7 @@ TEST(Adapter, ADroppedSchemaLetsNoCommentBegin)
 {
     EXPECT_EQ(AdaptStatement("select 1 -dbo.-2").Text, "select 1 - -2");
     EXPECT_EQ(AdaptStatement("select 1 /dbo.*2").Text, "select 1 / *2");
+    EXPECT_EQ(AdaptStatement("select 'a'dbo.'b'").Text, "select 'a' 'b'");
 }
 
 TEST(Adapter, KeepsRandomTextsWhole)

@@ -283,9 +283,9 @@ private:
         const Token& token = tokens_[at];
         Level& level = levels_.back();
         if (token.IsWord("dbo") && isSignAt(at + 1, '.')) {
-            // What stood apart must not meet and begin a comment.
-            const bool mayMeet = at > 0 && (isSignAt(at - 1, '-') || isSignAt(at - 1, '/'));
-            replace(token, mayMeet ? " " : "");
+            // What stood apart must not meet: it might begin a comment, or make two literals one.
+            const bool isApart = at == 0 || isSignAt(at - 1, '(') || isSignAt(at - 1, ',');
+            replace(token, isApart || *(token.Text.data() - 1) == ' ' ? "" : " ");
             replace(tokens_[++at], "");
         } else if (token.IsWord("select")) {
             level.InSelectList = true;
