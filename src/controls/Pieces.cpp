@@ -160,6 +160,34 @@ Caption::Caption(const QString& urdu, const QString& english, QWidget* parent,
     lines->addWidget(english_);
 }
 
+Caption* MakeCaption(const char* urdu, const char* english)
+{
+    return new Caption(QString::fromUtf8(urdu), QString::fromUtf8(english));
+}
+
+GridColumn CodeColumn(const char* name, const char* urdu, const char* english, int width)
+{
+    return {.Name = QString::fromUtf8(name),
+            .Urdu = QString::fromUtf8(urdu),
+            .English = QString::fromUtf8(english),
+            .Width = width};
+}
+
+GridColumn NumberColumn(const char* name, const char* urdu, const char* english, int width)
+{
+    GridColumn column = CodeColumn(name, urdu, english, width);
+    column.Number = true;
+    return column;
+}
+
+GridColumn NameColumn(const char* name, const char* urdu, const char* english, int width)
+{
+    GridColumn column = CodeColumn(name, urdu, english, width);
+    column.Style = StyleSet::ColUrdu;
+    column.Stretch = true;
+    return column;
+}
+
 QWidget* CodeSet(Caption* caption, Txt* code, JeweledButton* button, UTxt* name)
 {
     auto* set = new QWidget;

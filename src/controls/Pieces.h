@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/Buttons.h"
+#include "controls/Grid.h"
 #include "controls/Txt.h"
 
 #include <QList>
@@ -57,6 +58,18 @@ private:
     Label* urdu_;
     Label* english_;
 };
+
+/// A caption of texts in UTF-8.
+Caption* MakeCaption(const char* urdu, const char* english);
+
+// Columns of a voucher's grid, of texts in UTF-8; widths in pixels at 100 %.
+
+/// A code or other short text in Latin type.
+GridColumn CodeColumn(const char* name, const char* urdu, const char* english, int width);
+/// The same, aligned at the right.
+GridColumn NumberColumn(const char* name, const char* urdu, const char* english, int width);
+/// A name in Urdu, which takes the room that the others leave.
+GridColumn NameColumn(const char* name, const char* urdu, const char* english, int width);
 
 /// Width of the captions beside fields, and of code fields, in pixels.
 inline constexpr int kCaptionWidth = 100;

@@ -52,7 +52,8 @@ struct DetailDeclaration {
     /// focus set.
     std::function<bool()> MayAdd = {};
     Message NoCode = {};                    ///< an empty text says nothing
-    Message Duplicate;
+    Message Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
+                         QStringLiteral("Alert")};
     Txt* EditFirst;                         ///< gets the focus for correcting a row
     QList<RowEnd> Ends;
     std::function<void()> OnClearEntryRow = {};  ///< what else is cleared with the entry controls

@@ -16,10 +16,7 @@ namespace TradeForms {
 
 namespace {
 
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
+constexpr int QuantityWidth = 120;
 
 // ---- What this form is
 
@@ -140,25 +137,18 @@ void FrmGatePass::declareHeader()
 DetailDeclaration FrmGatePass::detail()
 {
     using Stored = DetailColumn::Stored;
-    const auto number = [](const char* column, const char* urdu, const char* english) {
-        return GridColumn{.Name = utf8(column), .Urdu = utf8(urdu), .English = utf8(english),
-                          .Width = 120, .Number = true};
-    };
     return DetailDeclaration{
-        .Columns = {{number("ReturnNewProducts", "واپس نیا", "Returned new"),
+        .Columns = {{NumberColumn("ReturnNewProducts", "واپس نیا", "Returned new", QuantityWidth),
                      &TxtReturnNewProducts, "ReturnNewProducts", Stored::NumberOrNull,
                      "ReturnNewProducts"},
-                    {number("ReturnOldProducts", "واپس پرانا", "Returned old"),
+                    {NumberColumn("ReturnOldProducts", "واپس پرانا", "Returned old", QuantityWidth),
                      &TxtReturnOldProducts, "ReturnOldProducts", Stored::NumberOrNull,
                      "ReturnOldProducts"},
-                    {number("OutNewProducts", "باہر", "Out"), &TxtOutNewProducts, "OutNewProducts",
+                    {NumberColumn("OutNewProducts", "باہر", "Out", QuantityWidth), &TxtOutNewProducts, "OutNewProducts",
                      Stored::NumberOrNull, "OutNewProducts"},
-                    {GridColumn{.Name = QStringLiteral("Name"), .Urdu = utf8("نام"),
-                                .English = QStringLiteral("Product"), .Style = StyleSet::ColUrdu,
-                                .Width = 240, .Stretch = true},
+                    {NameColumn("Name", "نام", "Product", 240),
                      &TxtProductName, "ProductName", Stored::Display},
-                    {GridColumn{.Name = QStringLiteral("ID"), .Urdu = utf8("کوڈ"),
-                                .English = QStringLiteral("Code"), .Width = 150, .Number = true},
+                    {NumberColumn("ID", "کوڈ", "Code", 150),
                      &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
         .IdColumn = "GatePassID",
         .Body = "Select * from GatePassBody where GatePassID={id}",
@@ -167,8 +157,6 @@ DetailDeclaration FrmGatePass::detail()
         .RowFilter = "GatePassID={id} and ProductID='{code}'",
         .NoCode = {QStringLiteral("Enter Product ID."), MsgIcon::Exclamation,
                    QStringLiteral("Alert")},
-        .Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
-                      QStringLiteral("Alert")},
         .EditFirst = &TxtReturnOldProducts,
         .Ends = {{&TxtReturnNewProducts,
                   {&TxtReturnOldProducts, &TxtOutNewProducts, &TxtProductID, &BtnClose}}},
@@ -384,9 +372,6 @@ bool FrmGatePass::TypingCounts(const Control& control) const
 
 QWidget* FrmGatePass::composeHeader()
 {
-    const auto caption = [](const char* urdu, const char* english) {
-        return new Caption(utf8(urdu), utf8(english));
-    };
     auto* options = new QWidget;
     auto* optionRow = new QHBoxLayout(options);
     optionRow->setContentsMargins(0, 0, 0, 0);
@@ -403,13 +388,13 @@ QWidget* FrmGatePass::composeHeader()
     optionRow->addStretch(1);
 
     return HeaderStrip({
-        Labelled(caption("نمبر", "Gate pass no"), AtOwnWidth(&TxtGatePassID)),
-        Labelled(caption("تاریخ", "Date"), options),
-        CodeSet(caption("ڈرائیور", "Driver"), &TxtDriverCode, &BtnDriver, &TxtDriverName),
-        CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
+        Labelled(MakeCaption("نمبر", "Gate pass no"), AtOwnWidth(&TxtGatePassID)),
+        Labelled(MakeCaption("تاریخ", "Date"), options),
+        CodeSet(MakeCaption("ڈرائیور", "Driver"), &TxtDriverCode, &BtnDriver, &TxtDriverName),
+        CodeSet(MakeCaption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
                 &TxtReceivingName),
-        CodeSet(caption("علاقہ", "Area"), &TxtAreaCode, &BtnArea, &TxtAreaName),
-        CodeSet(caption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName),
+        CodeSet(MakeCaption("علاقہ", "Area"), &TxtAreaCode, &BtnArea, &TxtAreaName),
+        CodeSet(MakeCaption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName),
     });
 }
 
@@ -435,10 +420,10 @@ QWidget* FrmGatePass::composeEntryRow()
     productColumn->addWidget(CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName));
 
     for (Txt* txt : {&TxtOutNewProducts, &TxtReturnOldProducts, &TxtReturnNewProducts}) {
-        txt->setFixedWidth(120);
+        txt->setFixedWidth(QuantityWidth);
     }
     const auto field = [](const char* urdu, const char* english, Txt& txt) {
-        return Stacked(new Caption(utf8(urdu), utf8(english)), &txt);
+        return Stacked(MakeCaption(urdu, english), &txt);
     };
     return EntryStrip(product, {field("باہر", "Out", TxtOutNewProducts),
                                 field("واپس پرانا", "Returned old", TxtReturnOldProducts),

@@ -10,15 +10,7 @@ namespace TradeForms {
 
 namespace {
 
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
-Caption* caption(const char* urdu, const char* english)
-{
-    return new Caption(utf8(urdu), utf8(english));
-}
+constexpr int UnitWidth = 210;
 
 VoucherDeclaration stockInDetail()
 {
@@ -89,21 +81,14 @@ void FrmStockInDetail::declareHeader()
 DetailDeclaration FrmStockInDetail::detail()
 {
     using Stored = DetailColumn::Stored;
-    const auto number = [](const char* column, const char* urdu, const char* english) {
-        return GridColumn{.Name = utf8(column), .Urdu = utf8(urdu), .English = utf8(english),
-                          .Width = 210};
-    };
     return DetailDeclaration{
-        .Columns = {{number("ChasisNo", "چیسس نمبر", "Chassis no"), &TxtChasisNo, "ChasisNo",
+        .Columns = {{CodeColumn("ChasisNo", "چیسس نمبر", "Chassis no", UnitWidth), &TxtChasisNo, "ChasisNo",
                      Stored::Text, "ChasisNo", true},
-                    {number("EngineNo", "انجن نمبر", "Engine no"), &TxtEngineNo, "EngineNo",
+                    {CodeColumn("EngineNo", "انجن نمبر", "Engine no", UnitWidth), &TxtEngineNo, "EngineNo",
                      Stored::Text, "EngineNo", true},
-                    {GridColumn{.Name = QStringLiteral("Name"), .Urdu = utf8("نام"),
-                                .English = QStringLiteral("Product"), .Style = StyleSet::ColUrdu,
-                                .Width = 200, .Stretch = true},
+                    {NameColumn("Name", "نام", "Product", 200),
                      &TxtProductName, "ProductName", Stored::Display},
-                    {GridColumn{.Name = QStringLiteral("ID"), .Urdu = utf8("کوڈ"),
-                                .English = QStringLiteral("Code"), .Width = 120, .Number = true},
+                    {NumberColumn("ID", "کوڈ", "Code", 120),
                      &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
         .IdColumn = "StockID",
         .Body = "Select * from StockInDetailBody where StockID={id}",
@@ -115,8 +100,6 @@ DetailDeclaration FrmStockInDetail::detail()
         .EntryFilter = "ProductID = '{code}' and EngineNo = '{EngineNo}'"
                        " and ChasisNo = '{ChasisNo}'",
         .MayAdd = [this] { return isNewUnit(); },
-        .Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
-                      QStringLiteral("Alert")},
         .EditFirst = &TxtEngineNo,
         .Ends = {{&TxtChasisNo, {&TxtProductID, &BtnClose, &TxtEngineNo}}},
     };
@@ -214,23 +197,23 @@ void FrmStockInDetail::SaveVoucher()
 QWidget* FrmStockInDetail::composeHeader()
 {
     return HeaderStrip({
-        CodeSet(caption("نمبر", "Document no"), &TxtID, nullptr, nullptr),
-        Labelled(caption("تاریخ", "Date"), AtOwnWidth(&DtpDate)),
-        CodeSet(caption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
+        CodeSet(MakeCaption("نمبر", "Document no"), &TxtID, nullptr, nullptr),
+        Labelled(MakeCaption("تاریخ", "Date"), AtOwnWidth(&DtpDate)),
+        CodeSet(MakeCaption("وصول کنندہ", "Receiver"), &TxtReceivingCode, &BtnReceiving,
                 &TxtReceivingName),
-        Labelled(caption("تفصیل", "Description"), &TxtDescription),
+        Labelled(MakeCaption("تفصیل", "Description"), &TxtDescription),
     });
 }
 
 QWidget* FrmStockInDetail::composeEntryRow()
 {
     for (Txt* txt : {&TxtEngineNo, &TxtChasisNo}) {
-        txt->setFixedWidth(210);
+        txt->setFixedWidth(UnitWidth);
     }
-    return EntryStrip(Stacked(caption("مال", "Product"),
+    return EntryStrip(Stacked(MakeCaption("مال", "Product"),
                               CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName)),
-                      {Stacked(caption("انجن نمبر", "Engine no"), &TxtEngineNo),
-                       Stacked(caption("چیسس نمبر", "Chassis no"), &TxtChasisNo)});
+                      {Stacked(MakeCaption("انجن نمبر", "Engine no"), &TxtEngineNo),
+                       Stacked(MakeCaption("چیسس نمبر", "Chassis no"), &TxtChasisNo)});
 }
 
 } // namespace TradeForms

@@ -14,16 +14,6 @@ namespace {
 
 constexpr int NumberWidth = 120;
 
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
-Caption* caption(const char* urdu, const char* english)
-{
-    return new Caption(utf8(urdu), utf8(english));
-}
-
 } // namespace
 
 StockForm::StockForm(const StockDeclaration& declaration)
@@ -41,7 +31,7 @@ StockForm::StockForm(const StockDeclaration& declaration)
       TxtQty(NumberField(this, "TxtQty", "Quantity")),
       TxtPrice(NumberField(this, "TxtPrice", "Price")),
       TxtAmount(NumberField(this, "TxtAmount", "Amount")),
-      Label8(*caption("قیمت", "Price")), Label15(*caption("رقم", "Amount")),
+      Label8(*MakeCaption("قیمت", "Price")), Label15(*MakeCaption("رقم", "Amount")),
       Detail(*this, Rows, detail(declaration)), LookupBranch(*this, branch()),
       LookupAccount(*this, account()), LookupProduct(*this, product())
 {
@@ -85,29 +75,20 @@ void StockForm::declareHeader()
 DetailDeclaration StockForm::detail(const StockDeclaration& declaration)
 {
     using Stored = DetailColumn::Stored;
-    const auto number = [](const char* column, const char* urdu, const char* english) {
-        return GridColumn{.Name = utf8(column), .Urdu = utf8(urdu), .English = utf8(english),
-                          .Width = NumberWidth, .Number = true};
-    };
     return DetailDeclaration{
-        .Columns = {{number("Amount", "رقم", "Amount"), &TxtAmount, "Amount", Stored::Number,
+        .Columns = {{NumberColumn("Amount", "رقم", "Amount", NumberWidth), &TxtAmount, "Amount", Stored::Number,
                      "Amount"},
-                    {number("Price", "قیمت", "Price"), &TxtPrice, "price", Stored::Number,
+                    {NumberColumn("Price", "قیمت", "Price", NumberWidth), &TxtPrice, "price", Stored::Number,
                      "price"},
-                    {number("Qty", "تعداد", "Quantity"), &TxtQty, "Qty", Stored::Number, "Qty"},
-                    {GridColumn{.Name = QStringLiteral("Name"), .Urdu = utf8("نام"),
-                                .English = QStringLiteral("Product"), .Style = StyleSet::ColUrdu,
-                                .Width = 240, .Stretch = true},
+                    {NumberColumn("Qty", "تعداد", "Quantity", NumberWidth), &TxtQty, "Qty", Stored::Number, "Qty"},
+                    {NameColumn("Name", "نام", "Product", 240),
                      &TxtProductName, "ProductName", Stored::Display},
-                    {GridColumn{.Name = QStringLiteral("ID"), .Urdu = utf8("کوڈ"),
-                                .English = QStringLiteral("Code"), .Width = 150, .Number = true},
+                    {NumberColumn("ID", "کوڈ", "Code", 150),
                      &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
         .IdColumn = "StockID",
         .Body = declaration.Body,
         .Display = declaration.Display,
         .RowFilter = "StockID={id} and ProductID='{code}'",
-        .Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
-                      QStringLiteral("Alert")},
         .EditFirst = &TxtQty,
         .Ends = {{&TxtPrice, {&TxtProductID, &BtnClose, &TxtQty}},
                  {&TxtQty, {&TxtProductID, &BtnClose, &TxtPrice}}},
@@ -245,11 +226,11 @@ void StockForm::SaveVoucher()
 QWidget* StockForm::composeHeader()
 {
     return HeaderStrip({
-        CodeSet(caption("نمبر", "Document no"), &TxtID, nullptr, nullptr),
-        Labelled(caption("تاریخ", "Date"), AtOwnWidth(&DtpDate)),
-        CodeSet(caption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName),
-        CodeSet(caption("اکاؤنٹ", "Account"), &TxtAccountNo, &BtnSearch, &TxtAccountName),
-        Labelled(caption("تفصیل", "Description"), &TxtDescription),
+        CodeSet(MakeCaption("نمبر", "Document no"), &TxtID, nullptr, nullptr),
+        Labelled(MakeCaption("تاریخ", "Date"), AtOwnWidth(&DtpDate)),
+        CodeSet(MakeCaption("برانچ", "Branch"), &TxtBranchID, &BtnBranch, &TxtBranchName),
+        CodeSet(MakeCaption("اکاؤنٹ", "Account"), &TxtAccountNo, &BtnSearch, &TxtAccountName),
+        Labelled(MakeCaption("تفصیل", "Description"), &TxtDescription),
     });
 }
 
@@ -258,9 +239,9 @@ QWidget* StockForm::composeEntryRow()
     for (Txt* txt : {&TxtQty, &TxtPrice, &TxtAmount}) {
         txt->setFixedWidth(NumberWidth);
     }
-    return EntryStrip(Stacked(caption("مال", "Product"),
+    return EntryStrip(Stacked(MakeCaption("مال", "Product"),
                               CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName)),
-                      {Stacked(caption("تعداد", "Quantity"), &TxtQty), Stacked(&Label8, &TxtPrice),
+                      {Stacked(MakeCaption("تعداد", "Quantity"), &TxtQty), Stacked(&Label8, &TxtPrice),
                        Stacked(&Label15, &TxtAmount)});
 }
 
