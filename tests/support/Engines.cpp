@@ -23,10 +23,19 @@ private:
     }
 };
 
+/// The driver stays loaded to the end, so that what it keeps for itself is not taken for lost when
+/// it is unloaded with its last connection.
+void keepDriver()
+{
+    [[gnu::used]] static OdbcEngine* kept =
+        new OdbcEngine(QStringLiteral("Driver=SQLite3;Database=:memory:"));
+}
+
 } // namespace
 
 QString OdbcString(const TestCompany& company, std::chrono::milliseconds lockWait)
 {
+    keepDriver();
     return QStringLiteral("Driver=SQLite3;Database=%1;LoadExt=" COMPANY_EXTENSION ";Timeout=%2")
         .arg(company.File())
         .arg(lockWait.count());
