@@ -84,6 +84,32 @@ TEST(Adapter, TakesADatePartForAName)
     EXPECT_EQ(adapted("select dateadd(d'x'e,1)"), "select tf_dateadd('d' 'x' 'e',1)");
 }
 
+TEST(Adapter, TellsThatFewRowsLieInARangeOfDates)
+{
+    EXPECT_EQ(adapted("select * from T where Day between '2026-01-01' and '2026-01-31'"),
+              "select * from T where unlikely(Day between '2026-01-01' and '2026-01-31')");
+    EXPECT_EQ(adapted("select * from T WHERE[Day]BETWEEN'2026-01-01'AND'2026-01-31'order by 1"),
+              "select * from T WHERE unlikely([Day]BETWEEN'2026-01-01'AND'2026-01-31')order by 1");
+    EXPECT_EQ(adapted("select a from T where T.d between '2026-01-01 08:00:00' and '2026-01-31' "
+                      "and left(b,1)='x'"),
+              "select a from T where unlikely(T.d between '2026-01-01 08:00:00' and '2026-01-31') "
+              "and tf_left(b,1) COLLATE CI='x'");
+}
+
+TEST(Adapter, LeavesOtherRangesAlone)
+{
+    for (const char* text :
+         {"select * from T where a between 1 and 2", "select * from T where a between 'a' and 'b'",
+          "select * from T where a between '2026-01-01' and '2026-01-31' || 'x'",
+          "select * from T where a between '2026-01-01' and b",
+          "select * from T where 1 + a between '2026-01-01' and '2026-01-31'",
+          "select * from T where not a between '2026-01-01' and '2026-01-31'",
+          "select a from (select a from T) t where a between '2026-01-01' and '2026-01-31'",
+          "select a between '2026-01-01' and '2026-01-31' from T", "select * from T where a between",
+          "select * from T where T.", "select * from T where"})
+        EXPECT_EQ(adapted(text), text);
+}
+
 TEST(Adapter, PutsAnAliasThatStandsInFrontBehind)
 {
     EXPECT_EQ(adapted("select 'advance' = case when a = 1 then 2 else 3 end from T where x = 'y'"),

@@ -64,12 +64,11 @@ QList<QStringList> rowsOf(sqlite3* handle, const QByteArray& statement)
 /// is made from all rows.
 bool scansAnything(sqlite3* handle, const QByteArray& statement)
 {
-    for (const QStringList& step : rowsOf(handle, "EXPLAIN QUERY PLAN " + statement)) {
-        if (step[3].startsWith(QStringLiteral("SCAN")) ||
-            step[3].contains(QStringLiteral("AUTOMATIC")))
-            return true;
-    }
-    return false;
+    const QStringList plan = PlanOf(handle, statement);
+    return std::any_of(plan.begin(), plan.end(), [](const QString& step) {
+        return step.startsWith(QStringLiteral("SCAN")) ||
+               step.contains(QStringLiteral("AUTOMATIC"));
+    });
 }
 
 /// Tables by the page at which they, or one of their indexes, begin.
@@ -110,11 +109,19 @@ QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement)
     return found;
 }
 
+QStringList PlanOf(sqlite3* handle, const QByteArray& statement)
+{
+    QStringList plan;
+    for (const QStringList& step : rowsOf(handle, "EXPLAIN QUERY PLAN " + statement))
+        plan.append(step[3]);
+    return plan;
+}
+
 bool ReadsIndexAlone(sqlite3* handle, const QByteArray& statement, const QString& table)
 {
-    const QList<QStringList> plan = rowsOf(handle, "EXPLAIN QUERY PLAN " + statement);
-    return std::any_of(plan.begin(), plan.end(), [&](const QStringList& step) {
-        return step[3].startsWith(QStringLiteral("SCAN %1 USING COVERING INDEX").arg(table));
+    const QStringList plan = PlanOf(handle, statement);
+    return std::any_of(plan.begin(), plan.end(), [&](const QString& step) {
+        return step.startsWith(QStringLiteral("SCAN %1 USING COVERING INDEX").arg(table));
     });
 }
 

@@ -9,6 +9,9 @@ struct sqlite3;
 /// Tables of masters and work tables do not count: they stay small.
 QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement);
 
+/// The steps of a statement's plan, in SQLite's words.
+QStringList PlanOf(sqlite3* handle, const QByteArray& statement);
+
 /// Whether a table that the statement reads from end to end is read from an index that holds all
 /// that it needs. The statement has to know the table by its own name.
 bool ReadsIndexAlone(sqlite3* handle, const QByteArray& statement, const QString& table);

@@ -151,6 +151,9 @@ private:
     {
         out_.reserve(qsizetype(text_.size()) + 64);
         copied_ = text_.data();
+        hasSubquery_ = std::count_if(tokens_.begin(), tokens_.end(), [](const Token& token) {
+                           return token.IsWord("select");
+                       }) > 1;
         levels_.assign(1, {});
         for (std::size_t at = 0; at < tokens_.size(); ++at)
             rewriteToken(at);
@@ -298,6 +301,9 @@ private:
             nextCall_ = functionNamed(token);
             noteDateArgument(level);
             rewriteCall(token, level);
+        } else if (token.IsWord("where")) {
+            copy(token);
+            rewriteDateRange(at);
         } else if (token.IsWord("case")) {
             ++level.Cases;
             copy(token);
@@ -310,6 +316,56 @@ private:
         } else {
             copy(token);
         }
+    }
+
+    /// A company keeps the vouchers of years and is asked for those of some days. Nothing tells
+    /// SQLite so: left to itself it may begin with the rows of all vouchers, and look at the date
+    /// last. Beside a subquery nothing is said: SQLite would take the vouchers for one, and read
+    /// all rows of the subquery for each of them.
+    void rewriteDateRange(std::size_t& where)
+    {
+        const std::size_t end = endOfDateRange(where + 1);
+        if (end == 0 || hasSubquery_)
+            return;
+        copyTo(tokens_[where + 1].Text.data());
+        const std::string_view before = tokens_[where].Text;
+        const bool meets = before.data() + before.size() == copied_;
+        put(meets ? " unlikely(" : "unlikely(");
+        copy(tokens_[end - 1]);
+        put(")");
+        where = end - 1;
+    }
+
+    /// The token behind a name and `between '2026-01-01' and '2026-01-31'`, where that is a
+    /// condition of its own; 0 where it is not.
+    std::size_t endOfDateRange(std::size_t name) const
+    {
+        if (isSignAt(name + 1, '.'))
+            name += 2;
+        const std::size_t end = name + 5;
+        const bool isRange = end <= tokens_.size() && isName(tokens_[name]) &&
+                             tokens_[name + 1].IsWord("between") && isDate(tokens_[name + 2]) &&
+                             tokens_[name + 3].IsWord("and") && isDate(tokens_[name + 4]);
+        const bool isWhole = end >= tokens_.size() || tokens_[end].IsSign(')') ||
+                             isOneOf(tokens_[end], {"and", "or", "group", "order"});
+        return isRange && isWhole ? end : 0;
+    }
+
+    static bool isName(const Token& token)
+    {
+        return token.What == Token::Kind::Word || token.What == Token::Kind::Quoted;
+    }
+
+    static bool isDate(const Token& token)
+    {
+        return token.What == Token::Kind::Literal && momentIn(token).isValid();
+    }
+
+    static QDateTime momentIn(const Token& literal)
+    {
+        const QByteArray content = contentOf(literal.Text);
+        return DateTimeFromText(
+            std::string_view(content.constData(), std::size_t(content.size())));
     }
 
     /// A bare word as a literal, kept from those that stand beside it without a blank.
@@ -350,11 +406,9 @@ private:
     void rewriteLiteral(const Token& token)
     {
         if (levels_.back().Call == &dateInstead) {
-            const QByteArray content = contentOf(token.Text);
-            const QDateTime moment = DateTimeFromText(
-                std::string_view(content.constData(), std::size_t(content.size())));
+            const QDateTime moment = momentIn(token);
             if (moment.isValid()) {
-                const bool hasTime = content.size() > 10;
+                const bool hasTime = contentOf(token.Text).size() > 10;
                 const QByteArray stored = hasTime ? StoredText(moment) : StoredText(moment.date());
                 return replace(token, '\'' + stored.toStdString() + '\'');
             }
@@ -368,6 +422,7 @@ private:
     std::vector<Token> tokens_;
     QByteArray out_;
     const char* copied_ = nullptr;
+    bool hasSubquery_ = false;
     std::vector<Level> levels_;
     const Function* nextCall_ = nullptr;
 };
