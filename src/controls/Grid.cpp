@@ -10,6 +10,8 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
+#include <QTextOption>
 
 #include <algorithm>
 #include <stdexcept>
@@ -122,15 +124,9 @@ public:
 
         const bool right = column.Number || column.Style == StyleSet::ColUrdu;
         const QRect room = option.rect.adjusted(kPadding, 0, -kPadding, 0);
-        const QFont font = fontOf(column);
-        painter->setFont(font);
         painter->setPen(grid_.isEnabled() ? Look::Text() : Look::DisabledText());
-        const QString text = QFontMetrics(font).elidedText(
-            grid_.model_->Text(index.row(), index.column()), Qt::ElideRight, room.width());
-        painter->drawText(room,
-                          Qt::AlignVCenter | Qt::AlignAbsolute | Qt::TextSingleLine |
-                              (right ? Qt::AlignRight : Qt::AlignLeft),
-                          text);
+        paintLine(*painter, room, grid_.model_->Text(index.row(), index.column()), fontOf(column),
+                  right);
     }
 
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override
@@ -140,6 +136,39 @@ public:
     }
 
 private:
+    /// A text in one line, cut off with three dots where it has no room. It is shaped but once:
+    /// to measure it and then hand it to the painter would shape it twice, which is most of what
+    /// the painting of a list costs.
+    static void paintLine(QPainter& painter, const QRect& room, QString text, const QFont& font,
+                          bool right)
+    {
+        // Blanks at the end are not seen, but they would move a text that runs from right to left.
+        while (text.endsWith(u' '))
+            text.chop(1);
+        QTextLayout layout(text, font);
+        QTextLine line = laidOut(layout, painter.layoutDirection());
+        if (line.horizontalAdvance() > room.width()) {
+            layout.setText(QFontMetrics(font).elidedText(text, Qt::ElideRight, room.width()));
+            line = laidOut(layout, painter.layoutDirection());
+        }
+        const qreal spareWidth = right ? room.width() - line.horizontalAdvance() : 0;
+        const qreal spareHeight = room.height() - qCeil(line.height());
+        layout.draw(&painter, room.topLeft() + QPointF(spareWidth, spareHeight / 2));
+    }
+
+    static QTextLine laidOut(QTextLayout& layout, Qt::LayoutDirection direction)
+    {
+        QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+        option.setWrapMode(QTextOption::NoWrap);
+        option.setTextDirection(direction);
+        layout.setTextOption(option);
+        layout.setCacheEnabled(true);
+        layout.beginLayout();
+        const QTextLine line = layout.createLine();
+        layout.endLayout();
+        return line;
+    }
+
     Grid& grid_;
 };
 
@@ -293,12 +322,19 @@ void Grid::SetCell(int row, QStringView column, const QString& text)
 void Grid::SetSource(GridSource* source)
 {
     model_->source = source;
+    // Narrowed by typing, a list is long and short in turns. With a bar that came and went the
+    // columns would be laid out anew each time, and all be painted twice.
+    setVerticalScrollBarPolicy(source ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAsNeeded);
     SourceChanged();
 }
 
 void Grid::SourceChanged()
 {
     model_->Reset([] {});
+    // At once, or the list is painted before and after. In the first layout the header counts its
+    // rows, which asks for a second one.
+    executeDelayedItemsLayout();
+    executeDelayedItemsLayout();
     MoveFirst();
 }
 

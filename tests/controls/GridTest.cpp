@@ -1,6 +1,7 @@
 #include "Desk.h"
 
 #include <QElapsedTimer>
+#include <QScrollBar>
 
 #include <stdexcept>
 
@@ -62,6 +63,19 @@ protected:
 
     Grid& grid = desk.Rows;
     QList<int> rowChanges;
+};
+
+/// Counts how often a widget is painted.
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
 };
 
 TEST_F(GridTest, RowsHoldTextByColumnName)
@@ -324,6 +338,26 @@ TEST_F(GridTest, SourceIsShownFromItsFirstRow)
     EXPECT_EQ(rowChanges, QList<int>{0});
     grid.SetSource(nullptr);
     EXPECT_EQ(grid.RowCount(), 0);
+}
+
+TEST_F(GridTest, ASourceWithMoreOrFewerRowsIsPaintedOnceAndMovesNoColumn)
+{
+    Numbers source(0);
+    grid.SetSource(&source);
+    QCoreApplication::processEvents();
+    const int nameWidth = grid.columnWidth(1);
+    PaintCount paints(*grid.viewport());
+    for (const int rows : {500, 3, 0, 500}) {
+        source.rows = rows;
+        grid.SourceChanged();
+        paints.count = 0;
+        for (int turn = 0; turn < 5; ++turn)
+            QCoreApplication::processEvents();
+        EXPECT_EQ(paints.count, 1) << rows;
+        EXPECT_EQ(grid.columnWidth(1), nameWidth) << rows;
+        EXPECT_FALSE(grid.horizontalScrollBar()->isVisible()) << rows;
+    }
+    grid.SetSource(nullptr);
 }
 
 TEST_F(GridTest, BoundGridTakesNoRows)

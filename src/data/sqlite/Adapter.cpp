@@ -151,9 +151,8 @@ private:
     {
         out_.reserve(qsizetype(text_.size()) + 64);
         copied_ = text_.data();
-        hasSubquery_ = std::count_if(tokens_.begin(), tokens_.end(), [](const Token& token) {
-                           return token.IsWord("select");
-                       }) > 1;
+        hasSubquery_ = std::count_if(tokens_.begin(), tokens_.end(),
+                                     [](const Token& token) { return token.IsWord("select"); }) > 1;
         levels_.assign(1, {});
         for (std::size_t at = 0; at < tokens_.size(); ++at)
             rewriteToken(at);
@@ -364,8 +363,7 @@ private:
     static QDateTime momentIn(const Token& literal)
     {
         const QByteArray content = contentOf(literal.Text);
-        return DateTimeFromText(
-            std::string_view(content.constData(), std::size_t(content.size())));
+        return DateTimeFromText(std::string_view(content.constData(), std::size_t(content.size())));
     }
 
     /// A bare word as a literal, kept from those that stand beside it without a blank.
