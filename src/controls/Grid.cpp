@@ -3,12 +3,14 @@
 #include "controls/Look.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStaticText>
 #include <QStyledItemDelegate>
 #include <QTextLayout>
 #include <QTextOption>
@@ -186,7 +188,8 @@ public:
 
     QSize sizeHint() const override
     {
-        return {QHeaderView::sizeHint().width(), UrduHeight() + LatinHeight() + 4};
+        // A table asks for the height alone; the width of all captions would be long to measure.
+        return {0, UrduHeight() + LatinHeight() + 4};
     }
 
 protected:
@@ -197,15 +200,13 @@ protected:
         painter->setPen(Look::Border());
         painter->drawLine(rect.topRight(), rect.bottomRight());
         painter->drawLine(rect.bottomLeft(), rect.bottomRight());
-        painter->setFont(Look::CaptionUrdu());
         painter->setPen(Look::Text());
-        painter->drawText(QRect(rect.left(), rect.top() + 1, rect.width(), UrduHeight()),
-                          Qt::AlignCenter, column.Urdu);
-        painter->setFont(Look::CaptionLatin());
+        paintCaption(*painter, QRect(rect.left(), rect.top() + 1, rect.width(), UrduHeight()),
+                     column.Urdu, Look::CaptionUrdu());
         painter->setPen(Look::MutedText());
-        painter->drawText(
-            QRect(rect.left(), rect.top() + 1 + UrduHeight(), rect.width(), LatinHeight()),
-            Qt::AlignCenter, column.English);
+        paintCaption(*painter,
+                     QRect(rect.left(), rect.top() + 1 + UrduHeight(), rect.width(), LatinHeight()),
+                     column.English, Look::CaptionLatin());
     }
 
     void paintEvent(QPaintEvent* event) override
@@ -218,10 +219,27 @@ protected:
     }
 
 private:
+    /// Captions stay what they are, and are shaped once.
+    void paintCaption(QPainter& painter, const QRect& room, const QString& text,
+                      const QFont& font) const
+    {
+        QStaticText& caption = captions_[text];
+        if (caption.text() != text) {
+            caption.setTextFormat(Qt::PlainText);
+            caption.setText(text);
+            caption.prepare({}, font);
+        }
+        painter.setFont(font);
+        painter.drawStaticText(
+            QPointF(room.left() + (room.width() - caption.size().width()) / 2, room.top()),
+            caption);
+    }
+
     static int UrduHeight() { return QFontMetrics(Look::CaptionUrdu()).height(); }
     static int LatinHeight() { return QFontMetrics(Look::CaptionLatin()).height(); }
 
     Grid& grid_;
+    mutable QHash<QString, QStaticText> captions_;
 };
 
 Grid::Grid(const QString& name, QWidget* parent)
