@@ -129,6 +129,30 @@ TEST_F(QueryPlans, TheListOfReceiptsBeginsWithTheVouchersOfItsDates)
     EXPECT_GE(examined, 3);
 }
 
+TEST_F(QueryPlans, StatisticsThatAToolHasLeftDoNoHarm)
+{
+    company_.Run("begin;"
+                 "with recursive n(i) as (select 1 union all select i + 1 from n where i < 2000)"
+                 " insert into RecoveryHeader (VoucherID, VoucherDate, AreaCode)"
+                 " select i, date('2020-01-01', i || ' days'), 'Kot' from n;"
+                 "with recursive n(i) as (select 1 union all select i + 1 from n where i < 50)"
+                 " insert into RecoveryBody (VoucherID, VoucherDate, InsCustomerID, Amount)"
+                 " select VoucherID, VoucherDate, 'Kot ' || i, 500 from RecoveryHeader, n;"
+                 "commit; analyze");
+    const auto opened = company_.Connect();
+    sqlite3* handle = static_cast<SqliteEngine&>(opened->engine()).Raw();
+    int examined = 0;
+    for (const QString& statement : libraryStatements()) {
+        if (!statement.contains(QStringLiteral("Order By RecoveryHeader.VoucherID")))
+            continue;
+        ++examined;
+        EXPECT_FALSE(ScannedVoucherTables(handle, AdaptStatement(statement.toUtf8()).Text)
+                         .contains(QStringLiteral("RecoveryBody")))
+            << statement.toStdString();
+    }
+    EXPECT_GE(examined, 4);
+}
+
 TEST_F(QueryPlans, FunctionsAndProceduresFindTheirRowsByIndexes)
 {
     for (const char* statement :

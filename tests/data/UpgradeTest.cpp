@@ -1,5 +1,9 @@
+#include "data/QueryPlans.h"
+
 #include "data/Connection.h"
 #include "data/Recordset.h"
+#include "data/sqlite/Adapter.h"
+#include "data/sqlite/SqliteEngine.h"
 #include "support/TestCompany.h"
 
 #include <gtest/gtest.h>
@@ -107,6 +111,18 @@ TEST_F(FirstVersion, KnowsItsStockAndKeepsItFromThenOn)
     EXPECT_EQ(stock(), QStringLiteral("101/1: 3, 101/2: 2, 102/1: 4"));
     opened->Execute("Delete from GatePassBody where GatePassID = 1");
     EXPECT_EQ(stock(), QStringLiteral("101/1: 5, 101/2: 2, 102/1: 4"));
+}
+
+TEST_F(FirstVersion, FindsReceiptsByTheDatesOfTheirVouchers)
+{
+    const auto opened = Connection::Open(file_);
+    const QByteArray receipts =
+        "select h.VoucherID, Amount from RecoveryHeader h join RecoveryBody b"
+        " on h.VoucherID = b.VoucherID join Areas a on h.AreaCode = a.AreaCode"
+        " where h.VoucherDate between '2026-01-01' and '2026-01-31' order by h.VoucherID";
+    EXPECT_EQ(ScannedVoucherTables(static_cast<SqliteEngine&>(opened->engine()).Raw(),
+                                   AdaptStatement(receipts).Text),
+              QStringList());
 }
 
 TEST_F(FirstVersion, IsOpenedAgainWithoutAChange)
