@@ -6,6 +6,9 @@
 #include <QFontInfo>
 #include <QImage>
 #include <QPainter>
+#include <QScrollBar>
+
+#include <utility>
 
 namespace TradeForms {
 
@@ -44,7 +47,50 @@ int clippedRows(QWidget& widget)
     return inkedRows(drawn(widget, {asked.width(), 3 * asked.height()})) - shown;
 }
 
+/// From where to where a column of pixels has this colour; -1 where it has not.
+std::pair<int, int> extentOf(const QImage& image, int x, const QColor& color)
+{
+    std::pair<int, int> extent(-1, -1);
+    for (int y = 0; y < image.height(); ++y) {
+        if (image.pixelColor(x, y) != color)
+            continue;
+        extent.first = extent.first < 0 ? y : extent.first;
+        extent.second = y;
+    }
+    return extent;
+}
+
 } // namespace
+
+TEST(LookTest, AScrollBarShowsHowMuchOfAllIsSeenAndWhere)
+{
+    const QSize size(14, 300);
+    QScrollBar bar(Qt::Vertical);
+    Look::Dress(bar, Look::LatinFont());
+    bar.setRange(0, 100);
+    bar.setPageStep(100);
+    const auto atTop = extentOf(drawn(bar, size), 7, Look::DisabledText());
+    EXPECT_LT(atTop.first, 20);
+    EXPECT_NEAR(atTop.second - atTop.first, (size.height() - 2 * size.width()) / 2, 10);
+    bar.setValue(100);
+    const auto atEnd = extentOf(drawn(bar, size), 7, Look::DisabledText());
+    EXPECT_GT(atEnd.second, 280);
+    EXPECT_EQ(atEnd.second - atEnd.first, atTop.second - atTop.first);
+
+    const QImage sideways = [] {
+        QScrollBar across(Qt::Horizontal);
+        across.setLayoutDirection(Qt::RightToLeft);
+        Look::Dress(across, Look::LatinFont());
+        across.setRange(0, 100);
+        across.setPageStep(100);
+        return drawn(across, {300, 14}).transformed(QTransform().rotate(90));
+    }();
+    EXPECT_GT(extentOf(sideways, 7, Look::DisabledText()).second, 280) << "begins at the right";
+
+    bar.setRange(0, 0);
+    const QImage nothing = drawn(bar, size);
+    EXPECT_EQ(extentOf(nothing, 7, Look::BarBackground()), std::pair(0, 299));
+}
 
 TEST(LookTest, ClippingIsFound)
 {
