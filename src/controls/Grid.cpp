@@ -144,6 +144,9 @@ private:
     static void paintLine(QPainter& painter, const QRect& room, QString text, const QFont& font,
                           bool right)
     {
+        // It stays one line, whatever stands in it.
+        std::replace_if(
+            text.begin(), text.end(), [](QChar letter) { return letter.isSpace(); }, u' ');
         // Blanks at the end are not seen, but they would move a text that runs from right to left.
         while (text.endsWith(u' '))
             text.chop(1);

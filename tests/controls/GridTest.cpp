@@ -360,6 +360,20 @@ TEST_F(GridTest, ASourceWithMoreOrFewerRowsIsPaintedOnceAndMovesNoColumn)
     grid.SetSource(nullptr);
 }
 
+TEST_F(GridTest, ATextWithLinesIsPaintedInOneAndBlanksBehindItMoveNothing)
+{
+    grid.AddRow();
+    const auto painted = [&](const char* name, const char* code) {
+        grid.SetCell(0, s("Name"), s(name));
+        grid.SetCell(0, s("ID"), s(code));
+        return grid.viewport()->grab().toImage();
+    };
+    const QImage plain = painted("محمد اسلم ولد", "12 B");
+    EXPECT_EQ(painted("محمد\nاسلم\tولد  ", "12\r\u2028B \n"), painted("محمد اسلم ولد", "12  B"));
+    EXPECT_EQ(painted("محمد\nاسلم\tولد  ", "12\nB\n"), plain);
+    EXPECT_NE(painted("محمد اسلم", "12 B"), plain);
+}
+
 TEST_F(GridTest, BoundGridTakesNoRows)
 {
     Numbers source(3);
