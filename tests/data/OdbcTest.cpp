@@ -2,9 +2,10 @@
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "data/odbc/OdbcEngine.h"
-#include "data/odbc/ResultReader.h"
-#include "data/odbc/SimpleSource.h"
 #include "data/odbc/SqlServer.h"
+#include "data/server/ServerCells.h"
+#include "data/server/SimpleSource.h"
+#include "data/server/TransactSql.h"
 #include "support/CutLine.h"
 #include "support/Engines.h"
 #include "support/EveryTable.h"
@@ -375,4 +376,20 @@ TEST(SqlServerWords, WriteRows)
     EXPECT_TRUE(insertion.ReadBack.isEmpty());
     EXPECT_EQ(server.InsertStatement(table, QString(), QString(), given).Text.toStdString(),
               "insert into \"T\" output inserted.\"A\", inserted.\"B\" default values");
+}
+
+TEST(TransactSqlLiteral, KeepsQuotesAndTheEndsOfLines)
+{
+    const auto plain = [](const char* text) {
+        return TransactSql::Literal(QString::fromUtf8(text)).toStdString();
+    };
+    EXPECT_EQ(plain(""), "''");
+    EXPECT_EQ(plain("قصور"), "'قصور'");
+    EXPECT_EQ(plain("it's"), "'it''s'");
+    EXPECT_EQ(plain("C:\\a"), "'C:\\a'");
+    // The server joins two lines where the first ends in a backslash.
+    EXPECT_EQ(plain("a\\\nb"), "'a\\' + '\nb'");
+    EXPECT_EQ(plain("a\\\r\nb"), "'a\\' + '\r\nb'");
+    EXPECT_EQ(TransactSql::UnicodeLiteral(QStringLiteral("a\\\nb")).toStdString(),
+              "N'a\\' + N'\nb'");
 }

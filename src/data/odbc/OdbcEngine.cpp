@@ -4,7 +4,8 @@
 #include "data/odbc/OdbcLoader.h"
 #include "data/odbc/OdbcRowWriter.h"
 #include "data/odbc/ResultReader.h"
-#include "data/odbc/SimpleSource.h"
+#include "data/server/ServerFailure.h"
+#include "data/server/SimpleSource.h"
 
 #include <algorithm>
 #include <map>
@@ -168,12 +169,7 @@ void OdbcEngine::commitBelow()
     } catch (const ProviderFailure& failure) {
         if (!link_.IsLost())
             throw;
-        throw ProviderFailure(
-            QStringLiteral("The connection to the database was lost while the change was being "
-                           "saved. It is not known whether it was: look it up before it is "
-                           "entered again. (%1)")
-                .arg(failure.Description()),
-            failure.Number());
+        throw ProviderFailure(LostInCommitText(failure.Description()), failure.Number());
     }
     endedBelow();
 }

@@ -1,6 +1,7 @@
 #include "data/odbc/OdbcLink.h"
 
 #include "data/Failure.h"
+#include "data/server/ServerFailure.h"
 
 #include <QStringList>
 
@@ -55,26 +56,12 @@ Report readReport(SQLSMALLINT type, SQLHANDLE handle)
     return report;
 }
 
-/// The words for the user: where the server's own would leave one helpless, what to do first.
 QString textFor(const Report& report)
 {
-    // SQL Server's lock time-out and deadlock, and SQLite's way of saying that it is locked.
-    constexpr int lockNumbers[] = {1222, 1205, 5};
-    const bool isInUse = std::find(std::begin(lockNumbers), std::end(lockNumbers), report.Number) !=
-                             std::end(lockNumbers) ||
+    constexpr int sqliteBusy = 5;
+    const bool isInUse = IsLockNumber(report.Number) || report.Number == sqliteBusy ||
                          report.State == QLatin1String("40001");
-    return isInUse ? QStringLiteral("The database is in use by another user. Try again in a "
-                                    "moment. (%1)")
-                         .arg(report.Text)
-                   : report.Text;
-}
-
-QString lostText(const QString& reason)
-{
-    return QStringLiteral("The connection to the database was lost. What stands in the windows "
-                          "and was not saved is not in the database. When the server can be "
-                          "reached again, start the program anew. (%1)")
-        .arg(reason);
+    return isInUse ? InUseText(report.Text) : report.Text;
 }
 
 } // namespace
@@ -105,7 +92,7 @@ OdbcLink::~OdbcLink()
 OdbcStatement OdbcLink::NewStatement()
 {
     if (isLost_)
-        throw ProviderFailure(lostText(QStringLiteral("It was lost before.")));
+        throw ProviderFailure(LostText(QStringLiteral("It was lost before.")));
     OdbcStatement statement(session_.Get());
     if (!statement.Get())
         raise(SQL_HANDLE_DBC, session_.Get());
@@ -132,7 +119,7 @@ void OdbcLink::raise(SQLSMALLINT type, SQLHANDLE handle)
     if (report.State.startsWith(QLatin1String("08")) || report.State == QLatin1String("HYT01") ||
         isDead())
         isLost_ = true;
-    throw ProviderFailure(isLost_ ? lostText(report.Text) : textFor(report), report.Number);
+    throw ProviderFailure(isLost_ ? LostText(report.Text) : textFor(report), report.Number);
 }
 
 bool OdbcLink::isDead()

@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <cstring>
 
 namespace TradeForms {
@@ -97,49 +95,7 @@ template <class T> T load(const char* at)
     return value;
 }
 
-/// A number that is whole is stored as such, as the embedded database does in a number's column.
-Cell wholeWherePossible(double number)
-{
-    constexpr double limit = 9007199254740992.0;
-    if (number == std::floor(number) && std::fabs(number) < limit)
-        return Cell::FromInteger(std::int64_t(number));
-    return Cell::FromReal(number);
-}
-
-void put(char*& at, int number, int digits)
-{
-    for (int digit = digits - 1; digit >= 0; --digit, number /= 10)
-        at[digit] = char('0' + number % 10);
-    at += digits;
-}
-
-template <class Date> void putDate(char*& at, const Date& date)
-{
-    put(at, date.year, 4);
-    *at++ = '-';
-    put(at, date.month, 2);
-    *at++ = '-';
-    put(at, date.day, 2);
-}
-
 } // namespace
-
-/// Some drivers leave a leading zero out.
-Cell CellOfDecimal(std::string_view digits)
-{
-    const std::string_view whole = digits.substr(0, digits.find('.'));
-    const bool isWhole =
-        digits.substr(whole.size()).find_first_not_of(".0") == std::string_view::npos;
-    std::int64_t integer = 0;
-    if (isWhole && (whole.empty() || whole == "-"))
-        return Cell::FromInteger(0);
-    if (isWhole &&
-        std::from_chars(whole.data(), whole.data() + whole.size(), integer).ec == std::errc())
-        return Cell::FromInteger(integer);
-    double number = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return Cell::FromReal(number);
-}
 
 ResultReader::ResultReader(OdbcLink& link, const Server& server, const OdbcStatement& statement)
     : link_(link), server_(server), statement_(statement)
@@ -330,29 +286,18 @@ void ResultReader::append(const Buffer& buffer, std::size_t row)
         return AppendCell(row_, Cell::FromInteger(load<SQLBIGINT>(value)));
     case SQL_C_DOUBLE: {
         const double number = load<double>(value);
-        return AppendCell(row_,
-                          buffer.IsTyped ? wholeWherePossible(number) : Cell::FromReal(number));
+        return AppendCell(row_, buffer.IsTyped ? CellOfNumber(number) : Cell::FromReal(number));
     }
     case SQL_C_CHAR:
         return AppendCell(row_, CellOfDecimal({value, std::size_t(length)}));
     case SQL_C_TYPE_DATE: {
-        std::array<char, 10> text{};
-        char* at = text.data();
-        putDate(at, load<SQL_DATE_STRUCT>(value));
-        return AppendCell(row_, Cell::FromText({text.data(), text.size()}));
+        const auto date = load<SQL_DATE_STRUCT>(value);
+        return AppendDate(row_, {date.year, date.month, date.day});
     }
     case SQL_C_TYPE_TIMESTAMP: {
         const auto moment = load<SQL_TIMESTAMP_STRUCT>(value);
-        std::array<char, 19> text{};
-        char* at = text.data();
-        putDate(at, moment);
-        *at++ = ' ';
-        put(at, moment.hour, 2);
-        *at++ = ':';
-        put(at, moment.minute, 2);
-        *at++ = ':';
-        put(at, moment.second, 2);
-        return AppendCell(row_, Cell::FromText({text.data(), text.size()}));
+        return AppendDateTime(row_, {moment.year, moment.month, moment.day, moment.hour,
+                                     moment.minute, moment.second});
     }
     default:
         break;
@@ -364,16 +309,8 @@ void ResultReader::append(const Buffer& buffer, std::size_t row)
     const std::string_view bytes(value, std::size_t(length));
     if (buffer.Type == SQL_C_BINARY)
         return AppendCell(row_, Cell::FromBinary(bytes));
-    appendText(bytes);
-}
-
-void ResultReader::appendText(std::string_view bytes)
-{
-    const QStringView text(reinterpret_cast<const char16_t*>(bytes.data()),
-                           qsizetype(bytes.size() / sizeof(char16_t)));
-    text_.resize(std::size_t(encoder_.requiredSpace(text.size())));
-    const char* const end = encoder_.appendToBuffer(text_.data(), text);
-    AppendCell(row_, Cell::FromText({text_.data(), std::size_t(end - text_.data())}));
+    texts_.Append(row_, QStringView(reinterpret_cast<const char16_t*>(bytes.data()),
+                                    qsizetype(bytes.size() / sizeof(char16_t))));
 }
 
 } // namespace TradeForms

@@ -3,14 +3,9 @@
 #include "data/Engine.h"
 #include "data/odbc/OdbcLink.h"
 #include "data/odbc/Server.h"
-
-#include <QStringEncoder>
+#include "data/server/ServerCells.h"
 
 namespace TradeForms {
-
-/// The number that a decimal's digits write, such as "-.5000": a whole one is stored as such, as
-/// the embedded database stores it.
-Cell CellOfDecimal(std::string_view digits);
 
 /// Reads the rows of a statement that was run: in blocks where every column's width is bounded,
 /// else one by one, since a text without a limit is fetched piece by piece. Either way the cells
@@ -48,7 +43,6 @@ private:
     void getColumns();
     void getLong(int column, Buffer& buffer);
     void append(const Buffer& buffer, std::size_t row);
-    void appendText(std::string_view bytes);
 
     OdbcLink& link_;
     const Server& server_;
@@ -57,9 +51,8 @@ private:
     std::size_t blockSize_ = 1;
     SQLULEN fetched_ = 0;
     std::vector<SQLUSMALLINT> states_;
-    QStringEncoder encoder_{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
-    std::string text_; // of the cell being read
-    std::string row_;  // being read
+    TextAppender texts_;
+    std::string row_; // being read
 };
 
 } // namespace TradeForms

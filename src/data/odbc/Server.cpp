@@ -29,11 +29,6 @@ bool ServerTable::IsKey(const QString& name) const
     return Keys.contains(name, Qt::CaseInsensitive);
 }
 
-QString QuotedName(const QString& name)
-{
-    return u'"' + QString(name).replace(u'"', QLatin1String("\"\"")) + u'"';
-}
-
 Server::~Server() = default;
 
 bool Server::IsOwnTable(const QString& table) const

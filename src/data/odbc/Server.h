@@ -2,6 +2,7 @@
 
 #include "data/Statement.h"
 #include "data/Tokens.h"
+#include "data/server/TransactSql.h"
 
 #include <QString>
 #include <QStringList>
@@ -32,9 +33,6 @@ struct ServerTable {
     const ServerColumn* Find(const QString& name) const;
     bool IsKey(const QString& name) const;
 };
-
-/// A name as it may stand in any statement.
-QString QuotedName(const QString& name);
 
 /// What differs from one database system to another.
 class Server {

@@ -1,4 +1,4 @@
-#include "data/odbc/SimpleSource.h"
+#include "data/server/SimpleSource.h"
 
 #include "data/Tokens.h"
 

@@ -1,0 +1,139 @@
+#include "data/server/TransactSql.h"
+
+#include "data/Failure.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <string_view>
+
+namespace TradeForms {
+
+namespace {
+
+/// Words that begin a statement and stand nowhere else at its outermost level.
+constexpr std::string_view beginnings[] = {
+    "insert",  "update",  "delete",    "truncate", "drop",    "create", "alter",  "exec",
+    "execute", "declare", "grant",     "revoke",   "deny",    "begin",  "commit", "rollback",
+    "save",    "use",     "go",        "shutdown", "waitfor", "kill",   "backup", "restore",
+    "dbcc",    "print",   "raiserror", "throw",    "bulk",    "if",     "while",
+};
+
+bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
+{
+    return std::any_of(words.begin(), words.end(),
+                       [&](std::string_view word) { return token.IsWord(word); });
+}
+
+bool isBeginning(const Token& token)
+{
+    return std::any_of(std::begin(beginnings), std::end(beginnings),
+                       [&](std::string_view word) { return token.IsWord(word); });
+}
+
+QString top(bool isOfOneRow)
+{
+    return isOfOneRow ? QStringLiteral("top (1) ") : QString();
+}
+
+QString literal(QString text, const QString& prefix)
+{
+    text.replace(u'\'', QLatin1String("''"));
+    // A backslash at the end of a line would take the line's end with it.
+    for (const char* end : {"\r\n", "\n"}) {
+        const QLatin1String line(end);
+        text.replace(u'\\' + line, QLatin1String("\\' + ") + prefix + u'\'' + line);
+    }
+    return prefix + u'\'' + text + u'\'';
+}
+
+} // namespace
+
+QString QuotedName(const QString& name)
+{
+    return u'"' + QString(name).replace(u'"', QLatin1String("\"\"")) + u'"';
+}
+
+TradeForms::Dialect TransactSql::Dialect()
+{
+    return {QStringLiteral("yyyyMMdd"), QStringLiteral("yyyyMMdd HH:mm:ss")};
+}
+
+QString TransactSql::Literal(const QString& text)
+{
+    return literal(text, QString());
+}
+
+QString TransactSql::UnicodeLiteral(const QString& text)
+{
+    return literal(text, QStringLiteral("N"));
+}
+
+void TransactSql::RequireOneStatement(const std::vector<Token>& tokens)
+{
+    // What makes or changes routines, and a merge, hold statements of their own.
+    if (isOneOf(tokens.front(), {"create", "alter", "merge"}))
+        return;
+    int depth = 0;
+    for (std::size_t at = 1; at < tokens.size(); ++at) {
+        const Token& token = tokens[at];
+        depth += int(token.IsSign('(')) - int(token.IsSign(')'));
+        const bool isPartOfName = tokens[at - 1].IsSign('.') || tokens[at - 1].IsWord("as");
+        const bool isInsertsSource =
+            at > 1 && tokens.front().IsWord("insert") && isOneOf(token, {"exec", "execute"});
+        if (depth == 0 && !isPartOfName && !isInsertsSource && isBeginning(token))
+            throw ProviderFailure(
+                QStringLiteral("Only one statement can be run at a time: there is more after its "
+                               "end."),
+                BadStatement);
+    }
+}
+
+QString TransactSql::TakeLock()
+{
+    return QStringLiteral("select Version from dbo.SchemaVersion with (updlock, holdlock)");
+}
+
+QString TransactSql::SetMark()
+{
+    return QStringLiteral("save transaction mark");
+}
+
+QString TransactSql::RollbackToMark()
+{
+    return QStringLiteral("rollback transaction mark");
+}
+
+QString TransactSql::CountTransactions()
+{
+    return QStringLiteral("select @@trancount");
+}
+
+QString TransactSql::UpdateStatement(const QString& table, const QString& settings,
+                                     const QString& where, bool isOfOneRow)
+{
+    return QStringLiteral("update ") + top(isOfOneRow) + table + QLatin1String(" set ") + settings +
+           QLatin1String(" where ") + where;
+}
+
+QString TransactSql::DeleteStatement(const QString& table, const QString& where, bool isOfOneRow)
+{
+    return QStringLiteral("delete ") + top(isOfOneRow) + QLatin1String("from ") + table +
+           QLatin1String(" where ") + where;
+}
+
+QString TransactSql::InsertStatement(const QString& table, const QString& columns,
+                                     const QString& values, const QStringList& given)
+{
+    QStringList inserted;
+    for (const QString& column : given)
+        inserted.append(QStringLiteral("inserted.") + column);
+    const QString output = inserted.isEmpty()
+                               ? QString()
+                               : QStringLiteral(" output ") + inserted.join(QLatin1String(", "));
+    if (columns.isEmpty())
+        return QStringLiteral("insert into ") + table + output + QLatin1String(" default values");
+    return QStringLiteral("insert into ") + table + QLatin1String(" (") + columns +
+           QLatin1Char(')') + output + QLatin1String(" values (") + values + QLatin1Char(')');
+}
+
+} // namespace TradeForms
