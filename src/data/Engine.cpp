@@ -8,6 +8,34 @@ namespace TradeForms {
 
 RowWriter::~RowWriter() = default;
 
+std::vector<std::string> RowWriter::Write(const std::vector<RowChange>& changes)
+{
+    std::vector<std::string> stored;
+    for (const RowChange& change : changes) {
+        stored.emplace_back();
+        switch (change.What) {
+        case RowChange::Kind::Insert:
+            stored.back() = Insert(change.Row, *change.Touched);
+            break;
+        case RowChange::Kind::Update:
+            RequireFound(Update(change.Original, change.Row, *change.Touched));
+            break;
+        case RowChange::Kind::Delete:
+            RequireFound(Delete(change.Original));
+            break;
+        }
+    }
+    return stored;
+}
+
+void RowWriter::RequireFound(qint64 rows)
+{
+    if (rows != 1)
+        throw ProviderFailure(
+            QStringLiteral("The record has been changed or removed by another user since it was "
+                           "read. Nothing was saved. Open it again and repeat the change."));
+}
+
 Cursor::~Cursor() = default;
 
 Engine::~Engine() = default;
@@ -90,7 +118,7 @@ void Engine::Settle()
 
 void Engine::Atomically(const std::function<void()>& work)
 {
-    const bool isNested = isOpenBelow();
+    const bool isNested = isWithinTransaction();
     isNested ? markBelow() : beginBelow();
     try {
         work();
@@ -98,7 +126,7 @@ void Engine::Atomically(const std::function<void()>& work)
     } catch (...) {
         // The failure that led here is the one to report.
         try {
-            if (isOpenBelow())
+            if (isWithinTransaction())
                 isNested ? rollbackToMarkBelow() : rollbackBelow();
         } catch (const ProviderFailure&) {
         }

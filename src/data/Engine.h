@@ -15,6 +15,16 @@
 
 namespace TradeForms {
 
+/// What is to be done to one row, in the words of RowWriter.
+struct RowChange {
+    enum class Kind { Insert, Update, Delete };
+
+    Kind What = Kind::Insert;
+    const char* Original = nullptr; ///< not of a row that is added
+    const char* Row = nullptr;      ///< not of a row that is deleted
+    const std::vector<bool>* Touched = nullptr;
+};
+
 /// Writes rows of one result to the table they came from. It finds a row by its key and by the
 /// values that were read, so that a row that someone else has changed is not found.
 class RowWriter {
@@ -30,6 +40,15 @@ public:
                           const std::vector<bool>& touched) = 0;
     /// Returns the number of rows found.
     virtual qint64 Delete(const char* original) = 0;
+
+    /// Makes changes in their order. Returns for each what Insert does; nothing for a row that was
+    /// there. Raises ProviderFailure at the first that fails or whose row is not found; what was
+    /// done before it is done.
+    virtual std::vector<std::string> Write(const std::vector<RowChange>& changes);
+
+protected:
+    /// Raises ProviderFailure where it is not one row that was found.
+    static void RequireFound(qint64 rows);
 };
 
 /// The rows of one statement, one by one. Other statements may be run between two of them.
@@ -124,6 +143,8 @@ public:
 
 protected:
     virtual bool isOpenBelow() const = 0;
+    /// Whether a transaction is open, whoever has begun it.
+    virtual bool isWithinTransaction() { return isOpenBelow(); }
     virtual void beginBelow() = 0;
     virtual void commitBelow() = 0;
     virtual void rollbackBelow() = 0;

@@ -11,14 +11,6 @@ namespace TradeForms {
 
 namespace {
 
-void requireFound(qint64 rows)
-{
-    if (rows != 1)
-        throw ProviderFailure(
-            QStringLiteral("The record has been changed or removed by another user since it was "
-                           "read. Nothing was saved. Open it again and repeat the change."));
-}
-
 void join(std::vector<bool>& touched, const std::vector<bool>& more)
 {
     touched.resize(more.size());
@@ -271,14 +263,6 @@ void Recordset::Rows::Update()
     pending_.reset();
 }
 
-/// Adds a row; gives it as the table holds it.
-std::string Recordset::Rows::insert(RowWriter& writer, const std::string& row,
-                                    const std::vector<bool>& touched)
-{
-    std::string stored = writer.Insert(row.data(), touched);
-    return stored.empty() ? row : stored;
-}
-
 void Recordset::Rows::markPending()
 {
     Edit& edit = makeEdit(pending_->Row);
@@ -292,17 +276,15 @@ void Recordset::Rows::markPending()
 
 void Recordset::Rows::writePending()
 {
-    std::string stored = pending_->Bytes;
-    writeAll([&](RowWriter& writer) {
-        if (pending_->IsNew)
-            stored = insert(writer, stored, pending_->Touched);
-        else
-            requireFound(
-                writer.Update(originalBytes(pending_->Row), stored.data(), pending_->Touched));
-    });
+    const bool isNew = pending_->IsNew;
+    std::string& row = pending_->Bytes;
+    std::string stored =
+        write({{isNew ? RowChange::Kind::Insert : RowChange::Kind::Update,
+                isNew ? nullptr : originalBytes(pending_->Row), row.data(), &pending_->Touched}})
+            .front();
     Edit& edit = makeEdit(pending_->Row);
     edit = Edit();
-    edit.Row = std::move(stored);
+    edit.Row = stored.empty() ? row : std::move(stored);
 }
 
 void Recordset::Rows::CancelUpdate()
@@ -337,7 +319,7 @@ void Recordset::Rows::Delete()
 
     const int row = rowAt(position_);
     if (lock_ != LockType::BatchOptimistic)
-        writeAll([&](RowWriter& writer) { requireFound(writer.Delete(originalBytes(row))); });
+        write({{RowChange::Kind::Delete, originalBytes(row), nullptr, nullptr}});
 
     // What was added and is deleted before the batch never reaches the table.
     const bool isGone =
@@ -351,38 +333,44 @@ void Recordset::Rows::Delete()
     isOnDeleted_ = true;
 }
 
-void Recordset::Rows::writeAll(const std::function<void(RowWriter&)>& work)
+std::vector<std::string> Recordset::Rows::write(const std::vector<RowChange>& changes)
 {
     Engine& engine = connection_->engine();
+    std::vector<std::string> stored;
     connection_->Run([&] {
-        engine.Atomically([&] {
-            const std::unique_ptr<RowWriter> writer = engine.WriterFor(snapshot_->SharedShape());
-            work(*writer);
-        });
+        engine.Atomically(
+            [&] { stored = engine.WriterFor(snapshot_->SharedShape())->Write(changes); });
     });
+    return stored;
 }
 
-/// Writes one marked row and tells how it stands afterwards.
-Recordset::Rows::Edit Recordset::Rows::written(RowWriter& writer, int row) const
+/// What a marked row asks to be done.
+RowChange Recordset::Rows::changeOf(int row) const
+{
+    const Edit& edit = *editOf(row);
+    switch (edit.Mark) {
+    case State::Added:
+        return {RowChange::Kind::Insert, nullptr, edit.Row.data(), &edit.Touched};
+    case State::Modified:
+        return {RowChange::Kind::Update, originalBytes(row), edit.Row.data(), &edit.Touched};
+    case State::Deleted:
+        return {RowChange::Kind::Delete, originalBytes(row), nullptr, nullptr};
+    case State::Clean:
+    case State::Gone:
+        break;
+    }
+    Q_UNREACHABLE();
+}
+
+/// How a marked row stands when its change is written.
+Recordset::Rows::Edit Recordset::Rows::written(int row, std::string stored) const
 {
     const Edit& edit = *editOf(row);
     Edit result;
-    switch (edit.Mark) {
-    case State::Added:
-        result.Row = insert(writer, edit.Row, edit.Touched);
-        break;
-    case State::Modified:
-        requireFound(writer.Update(originalBytes(row), edit.Row.data(), edit.Touched));
-        result.Row = edit.Row;
-        break;
-    case State::Deleted:
-        requireFound(writer.Delete(originalBytes(row)));
+    if (edit.Mark == State::Deleted)
         result.Mark = State::Gone;
-        break;
-    case State::Clean:
-    case State::Gone:
-        Q_UNREACHABLE();
-    }
+    else
+        result.Row = stored.empty() ? edit.Row : std::move(stored);
     return result;
 }
 
@@ -392,31 +380,37 @@ void Recordset::Rows::UpdateBatch()
     Update();
     if (!HasPendingChanges())
         return;
-    std::vector<Written> edits;
-    writeAll([&](RowWriter& writer) {
-        // A key that one row gives up may be taken by the next.
-        for (const State mark : {State::Deleted, State::Modified, State::Added}) {
-            for (int row = 0; row < int(edits_.size()); ++row) {
-                if (edits_[std::size_t(row)] && edits_[std::size_t(row)]->Mark == mark)
-                    edits.push_back({row, written(writer, row)});
+    std::vector<int> rows;
+    std::vector<RowChange> changes;
+    // A key that one row gives up may be taken by the next.
+    for (const State mark : {State::Deleted, State::Modified, State::Added}) {
+        for (int row = 0; row < int(edits_.size()); ++row) {
+            if (edits_[std::size_t(row)] && edits_[std::size_t(row)]->Mark == mark) {
+                rows.push_back(row);
+                changes.push_back(changeOf(row));
             }
         }
-    });
-    for (Written& edit : edits)
-        std::swap(*edits_[std::size_t(edit.Row)], edit.Now);
+    }
+    std::vector<std::string> stored = write(changes);
+    std::vector<Marked> before;
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const int row = rows[index];
+        Edit after = written(row, std::move(stored[index]));
+        before.push_back({row, std::exchange(*edits_[std::size_t(row)], std::move(after))});
+    }
 
     // The marks come back if the transaction comes to nothing, so that the user can try again.
     connection_->engine().OnRollback(
-        [self = std::weak_ptr<Rows*>(self_), before = std::move(edits)] {
-            if (const auto rows = self.lock())
-                (*rows)->restore(before);
+        [self = std::weak_ptr<Rows*>(self_), before = std::move(before)] {
+            if (const auto those = self.lock())
+                (*those)->restore(before);
         });
 }
 
-void Recordset::Rows::restore(const std::vector<Written>& edits)
+void Recordset::Rows::restore(const std::vector<Marked>& edits)
 {
-    for (const Written& edit : edits)
-        *edits_[std::size_t(edit.Row)] = edit.Now;
+    for (const Marked& edit : edits)
+        *edits_[std::size_t(edit.Row)] = edit.Was;
 }
 
 void Recordset::Rows::CancelBatch()

@@ -71,10 +71,10 @@ private:
         int PositionBefore = 0;
     };
 
-    /// A row's edit as a batch leaves it, or as it found it.
-    struct Written {
+    /// A row's edit as a batch found it.
+    struct Marked {
         int Row;
-        Edit Now;
+        Edit Was;
     };
 
     bool isOnRecord() const;
@@ -95,13 +95,12 @@ private:
     void moveTo(int position);
     std::vector<int>& explicitVisible();
 
-    static std::string insert(RowWriter& writer, const std::string& row,
-                              const std::vector<bool>& touched);
     void markPending();
     void writePending();
-    void writeAll(const std::function<void(RowWriter&)>& work);
-    Edit written(RowWriter& writer, int row) const;
-    void restore(const std::vector<Written>& edits);
+    std::vector<std::string> write(const std::vector<RowChange>& changes);
+    RowChange changeOf(int row) const;
+    Edit written(int row, std::string stored) const;
+    void restore(const std::vector<Marked>& edits);
 
     std::shared_ptr<const Snapshot> snapshot_;
     LockType lock_;

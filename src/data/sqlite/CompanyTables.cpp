@@ -1,0 +1,87 @@
+#include "data/sqlite/CompanyTables.h"
+
+#include "data/sqlite/SqliteEngine.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace TradeForms {
+
+/// The text of schema/sqlite.sql, which the build makes a part of the library.
+const char* SqliteSchemaScript();
+
+namespace {
+
+using Tables = QHash<QString, CompanyTable>;
+
+QStringList names(SqliteEngine& model, const char* query, const QString& of)
+{
+    sqlite3_stmt* statement = model.Prepared(query);
+    const ResetAtEnd reset(statement);
+    const QByteArray bytes = of.toUtf8();
+    BindText(statement, 1, {bytes.constData(), std::size_t(bytes.size())});
+    QStringList found;
+    while (Step(statement)) {
+        const std::string_view name = ReadColumn(statement, 0).Bytes;
+        found.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
+    }
+    return found;
+}
+
+/// The primary key; without one, a unique index on columns that are never null.
+QStringList keysOf(SqliteEngine& model, const QString& table)
+{
+    const QStringList primary =
+        names(model, "SELECT name FROM pragma_table_info(?1) WHERE pk > 0 ORDER BY pk", table);
+    if (!primary.isEmpty())
+        return primary;
+    const QStringList indexes = names(
+        model, "SELECT name FROM pragma_index_list(?1) WHERE \"unique\" AND NOT partial", table);
+    const QStringList neverNull =
+        names(model, "SELECT name FROM pragma_table_info(?1) WHERE \"notnull\"", table);
+    for (const QString& index : indexes) {
+        const QStringList columns = names(model, "SELECT name FROM pragma_index_info(?1)", index);
+        if (std::all_of(columns.begin(), columns.end(),
+                        [&](const QString& column) { return neverNull.contains(column); }))
+            return columns;
+    }
+    return {};
+}
+
+Tables readTables()
+{
+    sqlite3* raw = nullptr;
+    sqlite3_open(":memory:", &raw);
+    SqliteEngine model{Handle(raw)};
+    RunScript(model.Raw(), SqliteSchemaScript());
+    Tables tables;
+    for (const QString& name : model.TableNames()) {
+        CompanyTable& table = tables[name.toLower()];
+        const auto none = model.Run(QStringLiteral("select * from \"%1\"").arg(name));
+        const Shape& columns = none->Columns();
+        for (int index = 0; index < columns.Count(); ++index)
+            table.Fields.push_back({columns.At(index).Name, columns.At(index).Kind});
+        table.Keys = keysOf(model, name);
+    }
+    return tables;
+}
+
+} // namespace
+
+const CompanyTable::Field* CompanyTable::Find(const QString& name) const
+{
+    const auto found = std::find_if(Fields.begin(), Fields.end(), [&](const Field& field) {
+        return field.Name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == Fields.end() ? nullptr : &*found;
+}
+
+const CompanyTable* CompanyTableNamed(const QString& name)
+{
+    static const Tables tables = readTables();
+    const auto found = tables.constFind(name.toLower());
+    return found == tables.constEnd() ? nullptr : &*found;
+}
+
+} // namespace TradeForms
