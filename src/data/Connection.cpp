@@ -2,6 +2,9 @@
 
 #include "data/Engine.h"
 #include "data/RecordsetRows.h"
+#ifdef _WIN32
+#include "data/ado/AdoEngine.h"
+#endif
 #include "data/odbc/CompanyServer.h"
 #include "data/sqlite/CompanyFile.h"
 
@@ -17,6 +20,13 @@ std::shared_ptr<Connection> Connection::OpenServer(const QString& connectionStri
 {
     return std::make_shared<Connection>(OpenCompanyServer(connectionString));
 }
+
+#ifdef _WIN32
+std::shared_ptr<Connection> Connection::OpenHost(IDispatch* connection)
+{
+    return std::make_shared<Connection>(std::make_unique<AdoEngine>(Dispatch(connection)));
+}
+#endif
 
 Connection::Connection(std::unique_ptr<Engine> engine) : engine_(std::move(engine)) {}
 

@@ -10,6 +10,10 @@
 #include <functional>
 #include <memory>
 
+#ifdef _WIN32
+struct IDispatch;
+#endif
+
 namespace TradeForms {
 
 class Engine;
@@ -58,6 +62,14 @@ public:
     /// holds no company of this library's schema version.
     static std::shared_ptr<Connection> OpenServer(const QString& connectionString);
 
+#ifdef _WIN32
+    /// Takes the connection that a host has opened, an object of the class `ADODB.Connection` with
+    /// client-side cursors to a database of SQL Server. It counts a reference and never closes the
+    /// connection. Nothing is asked of it here: a connection that is of no use fails at the first
+    /// statement.
+    static std::shared_ptr<Connection> OpenHost(IDispatch* connection);
+#endif
+
     explicit Connection(std::unique_ptr<Engine> engine);
     ~Connection();
     Connection(const Connection&) = delete;
@@ -84,13 +96,19 @@ public:
     void BeginLoad();
     void EndLoad(const std::function<void(int done, int steps)>& progress = {});
 
-    const ErrorList& Errors() const { return errors_; }
+    const ErrorList& Errors() const
+    {
+        return errors_;
+    }
 
     /// How this database wants values written.
     const TradeForms::Dialect& Dialect() const;
 
     /// The engine below, for the data room and its measurements.
-    Engine& engine() { return *engine_; }
+    Engine& engine()
+    {
+        return *engine_;
+    }
 
     /// Runs an operation of the engine under the rule of Errors(): emptied before, filled by a
     /// ProviderFailure that comes out of it.

@@ -1,0 +1,159 @@
+#include "data/ado/AdoEngine.h"
+
+#include "data/ado/AdoRowWriter.h"
+#include "data/server/SimpleSource.h"
+#include "data/server/TransactSql.h"
+#include "data/sqlite/CompanyTables.h"
+
+namespace TradeForms {
+
+namespace {
+
+void requireOneStatement(const QString& statement)
+{
+    const QByteArray bytes = statement.toUtf8();
+    const std::string_view view(bytes.constData(), std::size_t(bytes.size()));
+    std::vector<Token> tokens = ReadTokens(view);
+    DropEnd(view, tokens);
+    TransactSql::RequireOneStatement(tokens);
+}
+
+QString placeOf(const QString& table, const QString& column)
+{
+    return (table + u'.' + column).toLower();
+}
+
+/// Reads a result that the connection holds ready for it, so that others may be read meanwhile.
+class AdoCursor : public Cursor {
+public:
+    AdoCursor(HostLink& link, std::unique_ptr<HostRows> rows, std::shared_ptr<const Shape> columns)
+        : link_(link), rows_(std::move(rows)), columns_(std::move(columns))
+    {
+    }
+
+    std::optional<std::string_view> Next() override
+    {
+        if (!rows_)
+            return std::nullopt;
+        const auto row = link_.Guarded([&] { return rows_->Next(); });
+        count_ += row.has_value();
+        return row;
+    }
+
+    std::shared_ptr<const Shape> Columns() const override { return columns_; }
+
+    qint64 Work() const override { return count_; }
+
+private:
+    HostLink& link_;
+    std::unique_ptr<HostRows> rows_;
+    std::shared_ptr<const Shape> columns_;
+    qint64 count_ = 0;
+};
+
+} // namespace
+
+AdoEngine::AdoEngine(const Dispatch& connection)
+    : link_(connection), dialect_(TransactSql::Dialect())
+{
+}
+
+AdoEngine::~AdoEngine() = default;
+
+void AdoEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
+                     Purpose purpose)
+{
+    requireOneStatement(statement);
+    const Dispatch result = link_.Run(statement);
+    if (!result)
+        return;
+    link_.Guarded([&] {
+        HostRows rows(result);
+        const auto shape = shapeOf(rows.Columns(), statement, purpose);
+        rows.TakeFor(*shape);
+        begin(shape);
+        while (const auto row = rows.Next())
+            each(*row);
+    });
+}
+
+std::unique_ptr<Cursor> AdoEngine::OpenCursor(const QString& statement)
+{
+    requireOneStatement(statement);
+    const Dispatch result = link_.Run(statement);
+    if (!result)
+        return std::make_unique<AdoCursor>(link_, nullptr,
+                                           std::make_shared<const Shape>(std::vector<Column>()));
+    return link_.Guarded([&] {
+        auto rows = std::make_unique<HostRows>(result);
+        auto shape = shapeOf(rows->Columns(), statement, Purpose::Read);
+        rows->TakeFor(*shape);
+        return std::make_unique<AdoCursor>(link_, std::move(rows), std::move(shape));
+    });
+}
+
+/// Where rows come from the connection does not tell, but the statement may. What a column of a
+/// table of the company holds its schema knows better than the type, which may be an older
+/// provider's substitute.
+std::shared_ptr<const Shape> AdoEngine::shapeOf(const std::vector<HostColumn>& columns,
+                                                const QString& statement, Purpose purpose)
+{
+    const QString table = TableOfSimpleQuery(statement);
+    const CompanyTable* known = CompanyTableNamed(table);
+    std::vector<Column> described;
+    for (const HostColumn& column : columns) {
+        const CompanyTable::Field* field = known ? known->Find(column.Name) : nullptr;
+        described.push_back({column.Name, field ? field->Kind : column.Kind(), {}, {}});
+        if (purpose == Purpose::Write && !table.isEmpty()) {
+            described.back().Table = table;
+            described.back().Field = column.Name;
+            columns_.insert(placeOf(table, column.Name), column);
+        }
+    }
+    return std::make_shared<const Shape>(std::move(described));
+}
+
+HostColumn AdoEngine::ColumnOf(const QString& table, const QString& name) const
+{
+    return columns_.value(placeOf(table, name), HostColumn{name});
+}
+
+std::unique_ptr<RowWriter> AdoEngine::WriterFor(std::shared_ptr<const Shape> shape)
+{
+    return std::make_unique<AdoRowWriter>(*this, std::move(shape));
+}
+
+/// A database that the host has made by itself may have no table to lock.
+void AdoEngine::beginBelow()
+{
+    try {
+        link_.Begin();
+    } catch (const ProviderFailure& failure) {
+        if (!link_.IsWithinTransaction())
+            throw;
+        throw ProviderFailure(QStringLiteral("The program has begun a transaction of its own on "
+                                             "this connection and has not ended it. (%1)")
+                                  .arg(failure.Description()),
+                              failure.Number());
+    }
+    try {
+        link_.Run(QStringLiteral("if object_id('dbo.SchemaVersion') is not null ") +
+                  TransactSql::TakeLock());
+    } catch (const ProviderFailure&) {
+        if (link_.IsOpen())
+            link_.Rollback();
+        throw;
+    }
+}
+
+void AdoEngine::markBelow()
+{
+    link_.Run(TransactSql::SetMark());
+}
+
+void AdoEngine::rollbackToMarkBelow()
+{
+    link_.Run(TransactSql::RollbackToMark());
+}
+
+} // namespace TradeForms

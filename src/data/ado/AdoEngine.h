@@ -1,0 +1,48 @@
+#pragma once
+
+#include "data/Engine.h"
+#include "data/ado/HostLink.h"
+#include "data/ado/HostRows.h"
+
+#include <QHash>
+
+namespace TradeForms {
+
+/// The database server behind the connection that a host has opened and lent. Nothing is asked of
+/// it before the first statement, and the session's settings stay the host's.
+class AdoEngine : public Engine {
+public:
+    /// Counts a reference to the connection.
+    explicit AdoEngine(const Dispatch& connection);
+    ~AdoEngine() override;
+
+    void Scan(const QString& statement, const Begin& begin, const Each& each,
+              Purpose purpose = Purpose::Read) override;
+    std::unique_ptr<Cursor> OpenCursor(const QString& statement) override;
+    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
+    const TradeForms::Dialect& Dialect() const override { return dialect_; }
+
+    HostLink& Link() { return link_; }
+    /// A column of a table as the last result that was read for writing has told it; of an unknown
+    /// one no more than its name.
+    HostColumn ColumnOf(const QString& table, const QString& name) const;
+
+private:
+    bool isOpenBelow() const override { return link_.IsOpen(); }
+    bool isWithinTransaction() override { return link_.IsWithinTransaction(); }
+    void beginBelow() override;
+    void commitBelow() override { link_.Commit(); }
+    void rollbackBelow() override { link_.Rollback(); }
+    void markBelow() override;
+    void releaseMarkBelow() override {}
+    void rollbackToMarkBelow() override;
+
+    std::shared_ptr<const Shape> shapeOf(const std::vector<HostColumn>& columns,
+                                         const QString& statement, Purpose purpose);
+
+    HostLink link_;
+    TradeForms::Dialect dialect_;
+    QHash<QString, HostColumn> columns_; // by table and name, in small letters
+};
+
+} // namespace TradeForms

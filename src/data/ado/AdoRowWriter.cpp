@@ -1,0 +1,210 @@
+#include "data/ado/AdoRowWriter.h"
+
+#include "data/ado/HostLiteral.h"
+#include "data/server/TransactSql.h"
+#include "data/sqlite/CompanyTables.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace TradeForms {
+
+namespace {
+
+// Long enough that the way to the server counts for little, short enough to be read at once.
+constexpr int mostStatements = 128;
+constexpr qsizetype mostLetters = 64 * 1024;
+
+QString list(const QStringList& parts)
+{
+    return parts.join(QLatin1String(", "));
+}
+
+} // namespace
+
+AdoRowWriter::AdoRowWriter(AdoEngine& engine, std::shared_ptr<const Shape> shape)
+    : engine_(engine), shape_(std::move(shape)), known_(CompanyTableNamed(shape_->BaseTable())),
+      table_(QuotedName(shape_->BaseTable()))
+{
+    for (int index = 0; index < shape_->Count(); ++index) {
+        const QString& field = shape_->At(index).Field;
+        columns_.push_back(engine_.ColumnOf(shape_->BaseTable(), field));
+        names_.append(QuotedName(field));
+    }
+}
+
+QString AdoRowWriter::literal(int index, const Cell& cell) const
+{
+    return LiteralFor(cell, columns_[std::size_t(index)], shape_->At(index).Kind);
+}
+
+/// A key is compared as the table compares it, which an index serves; any other text to the byte,
+/// since a change of case alone is a change.
+QString AdoRowWriter::condition(int index, const Cell& cell) const
+{
+    const QString& name = names_[index];
+    if (cell.IsNull())
+        return name + QLatin1String(" is null");
+    const QString value = literal(index, cell);
+    const QString equals = name + QLatin1String(" = ") + value;
+    const bool isKey = known_ && known_->IsKey(shape_->At(index).Field);
+    if (cell.Kind != Cell::Type::Text || shape_->At(index).Kind != ColumnKind::Text || isKey)
+        return equals;
+    return equals + QLatin1String(" and cast(") + name +
+           QLatin1String(" as varbinary(max)) = cast(") + value +
+           QLatin1String(" as varbinary(max))");
+}
+
+QString AdoRowWriter::search(const char* original) const
+{
+    QStringList conditions;
+    for (int index = 0; index < shape_->Count(); ++index)
+        conditions.append(condition(index, ReadCell(original)));
+    return conditions.join(QLatin1String(" and "));
+}
+
+/// Of rows that are alike in everything any one will do.
+bool AdoRowWriter::findsOneOfMany() const
+{
+    return known_ && known_->Keys.isEmpty() && shape_->Count() == int(known_->Fields.size());
+}
+
+/// What was left out the table fills in: defaults and numbers of its own.
+bool AdoRowWriter::givesBack(const std::vector<bool>& touched) const
+{
+    return std::find(touched.begin(), touched.end(), false) != touched.end();
+}
+
+QString AdoRowWriter::insertStatement(const char* row, const std::vector<bool>& touched) const
+{
+    QStringList chosen;
+    QStringList values;
+    for (int index = 0; index < shape_->Count(); ++index) {
+        const Cell cell = ReadCell(row);
+        if (!touched[std::size_t(index)])
+            continue;
+        chosen.append(names_[index]);
+        values.append(literal(index, cell));
+    }
+    return TransactSql::InsertStatement(table_, list(chosen), list(values),
+                                        givesBack(touched) ? names_ : QStringList());
+}
+
+QString AdoRowWriter::updateStatement(const char* original, const char* row,
+                                      const std::vector<bool>& touched) const
+{
+    QStringList settings;
+    for (int index = 0; index < shape_->Count(); ++index) {
+        const Cell cell = ReadCell(row);
+        if (touched[std::size_t(index)])
+            settings.append(names_[index] + QLatin1String(" = ") + literal(index, cell));
+    }
+    return TransactSql::UpdateStatement(table_, list(settings), search(original), findsOneOfMany());
+}
+
+QString AdoRowWriter::deleteStatement(const char* original) const
+{
+    return TransactSql::DeleteStatement(table_, search(original), findsOneOfMany());
+}
+
+/// A session may have been told not to count.
+qint64 AdoRowWriter::changedBy(const QString& statement)
+{
+    qint32 changed = -1;
+    engine_.Link().Run(statement, &changed);
+    return changed >= 0 ? changed : engine_.Link().ReadNumber(QStringLiteral("select @@rowcount"));
+}
+
+std::string AdoRowWriter::rowGivenBy(const QString& statement)
+{
+    std::string given;
+    const Dispatch result = engine_.Link().Run(statement);
+    if (!result)
+        return given;
+    engine_.Link().Guarded([&] {
+        HostRows rows(result);
+        rows.TakeFor(*shape_);
+        if (const auto row = rows.Next())
+            given = *row;
+    });
+    return given;
+}
+
+std::string AdoRowWriter::Insert(const char* row, const std::vector<bool>& touched)
+{
+    const QString statement = insertStatement(row, touched);
+    if (givesBack(touched))
+        return rowGivenBy(statement);
+    engine_.Link().Run(statement);
+    return {};
+}
+
+qint64 AdoRowWriter::Update(const char* original, const char* row, const std::vector<bool>& touched)
+{
+    return changedBy(updateStatement(original, row, touched));
+}
+
+qint64 AdoRowWriter::Delete(const char* original)
+{
+    return changedBy(deleteStatement(original));
+}
+
+QString AdoRowWriter::statementFor(const RowChange& change) const
+{
+    switch (change.What) {
+    case RowChange::Kind::Insert:
+        return insertStatement(change.Row, *change.Touched);
+    case RowChange::Kind::Update:
+        return updateStatement(change.Original, change.Row, *change.Touched);
+    case RowChange::Kind::Delete:
+        return deleteStatement(change.Original);
+    }
+    Q_UNREACHABLE();
+}
+
+/// The way to the server takes longer than what is done there, so that changes are sent together
+/// as far as none of them gives its row back.
+std::vector<std::string> AdoRowWriter::Write(const std::vector<RowChange>& changes)
+{
+    std::vector<std::string> stored(changes.size());
+    QStringList waiting;
+    qsizetype letters = 0;
+    const auto send = [&] {
+        runAtOnce(std::exchange(waiting, {}));
+        letters = 0;
+    };
+    for (std::size_t index = 0; index < changes.size(); ++index) {
+        const RowChange& change = changes[index];
+        if (change.What == RowChange::Kind::Insert && givesBack(*change.Touched)) {
+            send();
+            stored[index] = Insert(change.Row, *change.Touched);
+            continue;
+        }
+        waiting.append(statementFor(change));
+        letters += waiting.last().size();
+        if (waiting.size() == mostStatements || letters > mostLetters)
+            send();
+    }
+    send();
+    return stored;
+}
+
+/// Runs them up to the first that fails or does not find its row. A failure comes as it would come
+/// alone. They stand in a scope of their own, so that the session's setting for counts comes
+/// back, and no count stands before what they give: the number of the row that was not found.
+void AdoRowWriter::runAtOnce(const QStringList& statements)
+{
+    if (statements.isEmpty())
+        return;
+    QString batch = QStringLiteral("set nocount on; begin try ");
+    for (qsizetype index = 0; index < statements.size(); ++index)
+        batch += statements[index] +
+                 QStringLiteral("; if @@rowcount <> 1 begin select %1 as Missing; return; end; ")
+                     .arg(index + 1);
+    batch += QLatin1String("end try begin catch throw; end catch");
+    const QString call = QLatin1String("exec sp_executesql ") + TransactSql::UnicodeLiteral(batch);
+    if (engine_.Link().ReadNumber(call) != 0)
+        RequireFound(0);
+}
+
+} // namespace TradeForms

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "data/ado/AdoEngine.h"
+
+#include <QStringList>
+
+namespace TradeForms {
+
+struct CompanyTable;
+
+/// Writes rows of one result to their table through a host's connection. Many rows go to the
+/// server at once.
+class AdoRowWriter : public RowWriter {
+public:
+    AdoRowWriter(AdoEngine& engine, std::shared_ptr<const Shape> shape);
+
+    std::string Insert(const char* row, const std::vector<bool>& touched) override;
+    qint64 Update(const char* original, const char* row, const std::vector<bool>& touched) override;
+    qint64 Delete(const char* original) override;
+    std::vector<std::string> Write(const std::vector<RowChange>& changes) override;
+
+private:
+    QString literal(int index, const Cell& cell) const;
+    QString condition(int index, const Cell& cell) const;
+    QString search(const char* original) const;
+    QString insertStatement(const char* row, const std::vector<bool>& touched) const;
+    QString updateStatement(const char* original, const char* row,
+                            const std::vector<bool>& touched) const;
+    QString deleteStatement(const char* original) const;
+    QString statementFor(const RowChange& change) const;
+    bool givesBack(const std::vector<bool>& touched) const;
+    bool findsOneOfMany() const;
+    qint64 changedBy(const QString& statement);
+    std::string rowGivenBy(const QString& statement);
+    void runAtOnce(const QStringList& statements);
+
+    AdoEngine& engine_;
+    std::shared_ptr<const Shape> shape_;
+    const CompanyTable* known_; ///< null for a table that is not of the company's schema
+    QString table_;
+    std::vector<HostColumn> columns_;
+    QStringList names_; // of the columns, quoted
+};
+
+} // namespace TradeForms

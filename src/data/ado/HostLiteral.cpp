@@ -1,0 +1,57 @@
+#include "data/ado/HostLiteral.h"
+
+#include "data/server/TransactSql.h"
+
+#include <QLocale>
+
+namespace TradeForms {
+
+namespace {
+
+/// Of a column of which no one tells, amounts have so many.
+constexpr int customaryDecimals = 4;
+
+QString number(double real, const HostColumn& column)
+{
+    if (column.IsDecimal())
+        return QString::number(real, 'f',
+                               column.Decimals < 0 ? customaryDecimals : column.Decimals);
+    // With its exponent it is no decimal, which the server would have to convert.
+    return QString::number(real, 'e', QLocale::FloatingPointShortest);
+}
+
+/// A stored date in the server's form; any other text as it is.
+QString moment(const Cell& cell)
+{
+    if (IsStoredDate(cell.Bytes))
+        return DateFromText(cell.Bytes).toString(TransactSql::Dialect().DateFormat);
+    if (IsStoredDateTime(cell.Bytes))
+        return DateTimeFromText(cell.Bytes).toString(TransactSql::Dialect().DateTimeFormat);
+    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+}
+
+} // namespace
+
+QString LiteralFor(const Cell& cell, const HostColumn& column, ColumnKind kind)
+{
+    switch (cell.Kind) {
+    case Cell::Type::Null:
+        return QStringLiteral("null");
+    case Cell::Type::Integer:
+        return QString::number(cell.Integer);
+    case Cell::Type::Real:
+        return number(cell.Real, column);
+    case Cell::Type::Binary:
+        return QLatin1String("0x") +
+               QString::fromLatin1(
+                   QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size())).toHex());
+    case Cell::Type::Text:
+        break;
+    }
+    if (kind == ColumnKind::Date || kind == ColumnKind::DateTime)
+        return TransactSql::Literal(moment(cell));
+    const QString text = QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+    return column.IsUnicode() ? TransactSql::UnicodeLiteral(text) : TransactSql::Literal(text);
+}
+
+} // namespace TradeForms

@@ -1,0 +1,392 @@
+#include "data/ado/HostRows.h"
+
+#include <QDate>
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace TradeForms {
+
+namespace {
+
+/// The types of columns, by the numbers that the connection's objects give them.
+enum HostType {
+    SmallInt = 2,
+    Integer = 3,
+    Single = 4,
+    Double = 5,
+    Currency = 6,
+    Date = 7,
+    Text = 8,
+    Boolean = 11,
+    Variable = 12,
+    Decimal = 14,
+    TinyInt = 16,
+    UnsignedTinyInt = 17,
+    UnsignedSmallInt = 18,
+    UnsignedInt = 19,
+    BigInt = 20,
+    UnsignedBigInt = 21,
+    FileTime = 64,
+    Binary = 128,
+    UnicodeChar = 130,
+    Numeric = 131,
+    DatabaseDate = 133,
+    DatabaseTimeStamp = 135,
+    VariableNumeric = 139,
+    UnicodeVarChar = 202,
+    UnicodeLongVarChar = 203,
+    VariableBinary = 204,
+    LongVarBinary = 205
+};
+
+// How long a text is that an older provider gives in place of a date, or of a date and its time.
+constexpr int dateLength = 10;
+constexpr int shortestMoment = 19;
+constexpr int longestMoment = 27;
+
+constexpr int valuesOfBlock = 4096;
+
+ULONGLONG magnitudeOf(LONGLONG number)
+{
+    return number < 0 ? ULONGLONG(0) - ULONGLONG(number) : ULONGLONG(number);
+}
+
+double powerOfTen(int exponent)
+{
+    double power = 1;
+    for (; exponent > 0; --exponent)
+        power *= 10;
+    return power;
+}
+
+Cell cellOfUnsigned(ULONGLONG number)
+{
+    if (number > ULONGLONG(std::numeric_limits<LONGLONG>::max()))
+        return Cell::FromReal(double(number));
+    return Cell::FromInteger(LONGLONG(number));
+}
+
+/// The number that is so many tens of so many decimals. Where both are exact as doubles, so is
+/// their quotient as nearly as a double can be.
+Cell cellOfScaled(ULONGLONG magnitude, bool isNegative, int decimals)
+{
+    for (; decimals > 0 && magnitude % 10 == 0; --decimals)
+        magnitude /= 10;
+    constexpr ULONGLONG largestExact = 1ULL << 53;
+    constexpr int mostExact = 22;
+    if (decimals == 0 && magnitude <= ULONGLONG(std::numeric_limits<LONGLONG>::max()))
+        return Cell::FromInteger(isNegative ? -LONGLONG(magnitude) : LONGLONG(magnitude));
+    if (magnitude <= largestExact && decimals <= mostExact) {
+        const double number = double(magnitude) / powerOfTen(decimals);
+        return Cell::FromReal(isNegative ? -number : number);
+    }
+    std::string digits = std::to_string(magnitude);
+    if (digits.size() <= std::size_t(decimals))
+        digits.insert(0, std::size_t(decimals) + 1 - digits.size(), '0');
+    digits.insert(digits.size() - std::size_t(decimals), 1, '.');
+    return CellOfDecimal((isNegative ? "-" : "") + digits);
+}
+
+Cell cellOfDecimal(const DECIMAL& number)
+{
+    if (number.Hi32 == 0)
+        return cellOfScaled(number.Lo64, number.sign != 0, number.scale);
+    double real = 0;
+    VarR8FromDec(const_cast<DECIMAL*>(&number), &real);
+    return CellOfNumber(real);
+}
+
+/// Days since the end of 1899; of a negative number the fraction counts forward all the same.
+Moment momentOf(double days)
+{
+    constexpr qint64 dayOfMilliseconds = 24 * 60 * 60 * 1000;
+    qint64 whole = qint64(days);
+    // To the nearest millisecond, since a fraction of a day is seldom exact.
+    qint64 rest = std::llround(std::fabs(days - double(whole)) * double(dayOfMilliseconds));
+    if (rest == dayOfMilliseconds) {
+        rest = 0;
+        ++whole;
+    }
+    static const QDate beginning(1899, 12, 30);
+    Moment moment;
+    beginning.addDays(whole).getDate(&moment.Year, &moment.Month, &moment.Day);
+    const int seconds = int(rest / 1000);
+    moment.Hour = seconds / 3600;
+    moment.Minute = seconds / 60 % 60;
+    moment.Second = seconds % 60;
+    return moment;
+}
+
+/// A host's object may have neither of what tells more of a column than its type.
+int numberIfThere(const Dispatch& field, const char* member, int otherwise)
+{
+    try {
+        return field.Get(member).ToInt32();
+    } catch (const Failure&) {
+        return otherwise;
+    }
+}
+
+HostColumn describe(const Dispatch& field)
+{
+    HostColumn column;
+    column.Name = field.Get("Name").ToString();
+    column.Type = field.Get("Type").ToInt32();
+    if (column.IsUnicode())
+        column.Size = numberIfThere(field, "DefinedSize", 0);
+    if (column.Type == HostType::Currency)
+        column.Decimals = 4;
+    else if (column.IsDecimal())
+        column.Decimals = numberIfThere(field, "NumericScale", -1);
+    return column;
+}
+
+} // namespace
+
+ColumnKind HostColumn::Kind() const
+{
+    switch (Type) {
+    case HostType::Boolean:
+        return ColumnKind::Flag;
+    case HostType::TinyInt:
+    case HostType::UnsignedTinyInt:
+    case HostType::SmallInt:
+    case HostType::UnsignedSmallInt:
+    case HostType::Integer:
+    case HostType::UnsignedInt:
+    case HostType::BigInt:
+    case HostType::UnsignedBigInt:
+        return ColumnKind::Integer;
+    case HostType::Single:
+    case HostType::Double:
+    case HostType::Currency:
+    case HostType::Decimal:
+    case HostType::Numeric:
+    case HostType::VariableNumeric:
+        return ColumnKind::Number;
+    case HostType::DatabaseDate:
+        return ColumnKind::Date;
+    case HostType::Date:
+    case HostType::FileTime:
+    case HostType::DatabaseTimeStamp:
+        return ColumnKind::DateTime;
+    case HostType::Binary:
+    case HostType::VariableBinary:
+    case HostType::LongVarBinary:
+        return ColumnKind::Binary;
+    case HostType::Variable:
+        return ColumnKind::Expression;
+    default:
+        break;
+    }
+    // Its values tell whether it is one of the dates that an older provider gives as texts.
+    const bool isPerhapsDate =
+        IsUnicode() && (Size == dateLength || (Size >= shortestMoment && Size <= longestMoment));
+    return isPerhapsDate ? ColumnKind::Expression : ColumnKind::Text;
+}
+
+bool HostColumn::IsDecimal() const
+{
+    return Type == HostType::Currency || Type == HostType::Decimal || Type == HostType::Numeric ||
+           Type == HostType::VariableNumeric;
+}
+
+bool HostColumn::IsUnicode() const
+{
+    return Type == HostType::Text || Type == HostType::UnicodeChar ||
+           Type == HostType::UnicodeVarChar || Type == HostType::UnicodeLongVarChar;
+}
+
+/// Values of as many rows as were fetched at once: a column's lie side by side by rows.
+class HostRows::Block {
+public:
+    Block(Variant values, std::size_t columns) : values_(std::move(values))
+    {
+        const VARIANT& raw = *values_.Raw();
+        array_ = V_VT(&raw) == (VT_ARRAY | VT_VARIANT) ? V_ARRAY(&raw) : nullptr;
+        if (!array_ || SafeArrayGetDim(array_) != 2 || lengthOf(1) != columns)
+            throw ProviderFailure(QStringLiteral("The connection gives its rows in a form that "
+                                                 "cannot be read."));
+        columns_ = columns;
+        rows_ = lengthOf(2);
+        void* data = nullptr;
+        if (FAILED(SafeArrayAccessData(array_, &data)))
+            throw ProviderFailure(QStringLiteral("The connection's rows cannot be reached."));
+        next_ = static_cast<const VARIANT*>(data);
+    }
+    ~Block()
+    {
+        if (next_)
+            SafeArrayUnaccessData(array_);
+    }
+    Block(const Block&) = delete;
+    Block& operator=(const Block&) = delete;
+
+    /// The values of the next row; null after the last.
+    const VARIANT* Next()
+    {
+        if (row_ == rows_)
+            return nullptr;
+        return next_ + columns_ * row_++;
+    }
+
+private:
+    std::size_t lengthOf(UINT dimension) const
+    {
+        LONG first = 0;
+        LONG last = -1;
+        SafeArrayGetLBound(array_, dimension, &first);
+        SafeArrayGetUBound(array_, dimension, &last);
+        return std::size_t(LONGLONG(last) - first + 1);
+    }
+
+    Variant values_;
+    SAFEARRAY* array_ = nullptr;
+    const VARIANT* next_ = nullptr;
+    std::size_t columns_ = 0;
+    std::size_t rows_ = 0;
+    std::size_t row_ = 0;
+};
+
+HostRows::HostRows(const Dispatch& rows) : rows_(rows)
+{
+    const Dispatch fields = rows_.Get("Fields").ToDispatch();
+    const qint32 count = fields.Get("Count").ToInt32();
+    for (qint32 index = 0; index < count; ++index) {
+        columns_.push_back(describe(fields.Get("Item", index).ToDispatch()));
+        kinds_.push_back(columns_.back().Kind());
+    }
+}
+
+HostRows::~HostRows()
+{
+    block_.reset();
+    try {
+        rows_.Call("Close");
+    } catch (const Failure&) {
+        // It was closed from elsewhere, or goes with its last reference.
+    }
+}
+
+void HostRows::TakeFor(const Shape& shape)
+{
+    for (std::size_t column = 0; column < kinds_.size(); ++column)
+        kinds_[column] = shape.At(int(column)).Kind;
+}
+
+bool HostRows::fetch()
+{
+    block_.reset();
+    if (columns_.empty() || rows_.Get("EOF").ToBool())
+        return false;
+    const qint32 count = std::max(1, valuesOfBlock / qint32(columns_.size()));
+    block_ = std::make_unique<Block>(rows_.Call("GetRows", count), columns_.size());
+    return true;
+}
+
+std::optional<std::string_view> HostRows::Next()
+{
+    const VARIANT* values = block_ ? block_->Next() : nullptr;
+    if (!values) {
+        if (!fetch())
+            return std::nullopt;
+        values = block_->Next();
+    }
+    if (!values)
+        return std::nullopt;
+    row_.clear();
+    for (std::size_t column = 0; column < columns_.size(); ++column)
+        append(values[column], column);
+    return row_;
+}
+
+void HostRows::append(const VARIANT& value, std::size_t column)
+{
+    const ColumnKind kind = kinds_[column];
+    switch (V_VT(&value)) {
+    case VT_EMPTY:
+    case VT_NULL:
+        return AppendCell(row_, Cell());
+    case VT_I1:
+        return AppendCell(row_, Cell::FromInteger(V_I1(&value)));
+    case VT_UI1:
+        return AppendCell(row_, Cell::FromInteger(V_UI1(&value)));
+    case VT_I2:
+        return AppendCell(row_, Cell::FromInteger(V_I2(&value)));
+    case VT_UI2:
+        return AppendCell(row_, Cell::FromInteger(V_UI2(&value)));
+    case VT_I4:
+    case VT_INT:
+        return AppendCell(row_, Cell::FromInteger(V_I4(&value)));
+    case VT_UI4:
+    case VT_UINT:
+        return AppendCell(row_, Cell::FromInteger(V_UI4(&value)));
+    case VT_I8:
+        return AppendCell(row_, Cell::FromInteger(V_I8(&value)));
+    case VT_UI8:
+        return AppendCell(row_, cellOfUnsigned(V_UI8(&value)));
+    case VT_BOOL:
+        return AppendCell(row_, Cell::FromInteger(V_BOOL(&value) != VARIANT_FALSE ? 1 : 0));
+    case VT_R4:
+        return AppendCell(row_, CellOfNumber(double(V_R4(&value))));
+    case VT_R8:
+        return AppendCell(row_, CellOfNumber(V_R8(&value)));
+    case VT_CY: {
+        constexpr int decimals = 4;
+        const LONGLONG number = V_CY(&value).int64;
+        return AppendCell(row_, cellOfScaled(magnitudeOf(number), number < 0, decimals));
+    }
+    case VT_DECIMAL:
+        return AppendCell(row_, cellOfDecimal(V_DECIMAL(&value)));
+    case VT_DATE:
+        return appendMoment(V_DATE(&value), kind);
+    case VT_BSTR:
+        return appendText(QStringView(reinterpret_cast<const char16_t*>(V_BSTR(&value)),
+                                      qsizetype(SysStringLen(V_BSTR(&value)))),
+                          kind);
+    case VT_ARRAY | VT_UI1: {
+        const SAFEARRAY* bytes = V_ARRAY(&value);
+        return AppendCell(row_, Cell::FromBinary({static_cast<const char*>(bytes->pvData),
+                                                  bytes->rgsabound[0].cElements}));
+    }
+    default:
+        throw ProviderFailure(QStringLiteral("The values of '%1' are of a type (%2) that cannot "
+                                             "be read.")
+                                  .arg(columns_[column].Name)
+                                  .arg(V_VT(&value)));
+    }
+}
+
+void HostRows::appendMoment(double days, ColumnKind kind)
+{
+    const Moment moment = momentOf(days);
+    if (kind == ColumnKind::Date)
+        AppendDate(row_, moment);
+    else
+        AppendDateTime(row_, moment);
+}
+
+/// An older provider gives dates as texts, with decimals of the second behind the time.
+void HostRows::appendText(QStringView text, ColumnKind kind)
+{
+    if (kind == ColumnKind::Date || kind == ColumnKind::DateTime) {
+        const QByteArray written = text.toUtf8();
+        const QDateTime moment =
+            DateTimeFromText({written.constData(), std::size_t(written.size())});
+        if (moment.isValid()) {
+            const QByteArray stored =
+                kind == ColumnKind::Date ? StoredText(moment.date()) : StoredText(moment);
+            return AppendCell(row_,
+                              Cell::FromText({stored.constData(), std::size_t(stored.size())}));
+        }
+    }
+    texts_.Append(row_, text);
+}
+
+} // namespace TradeForms
