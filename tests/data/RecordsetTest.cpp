@@ -159,9 +159,9 @@ TEST_P(Records, GiveEachColumnItsType)
 
 TEST_P(Records, KeepEveryTextAndNumberWhole)
 {
-    // The driver ends a text at a zero.
+    // The driver ends a text at a zero, and a statement cannot hold one.
     const QString longText = QString(70000, u'ق') + QStringLiteral("'\"%;--") +
-                             (isOdbc() ? QString() : QString(QChar(u'\0')));
+                             (isEmbedded() ? QString(QChar(u'\0')) : QString());
     const QList<QVariant> numbers{0LL,
                                   1LL,
                                   -1LL,

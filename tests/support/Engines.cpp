@@ -1,12 +1,31 @@
 #include "support/Engines.h"
 
+#include "data/sqlite/CompanyFile.h"
+#ifdef _WIN32
+#include "data/ado/Dispatch.h"
+#include "support/windows/HostConnection.h"
+#else
 #include "data/odbc/OdbcEngine.h"
 #include "data/sqlite/Adapter.h"
-#include "data/sqlite/CompanyFile.h"
+#endif
 
 using namespace TradeForms;
 
 namespace tests {
+
+#ifdef _WIN32
+
+std::shared_ptr<Connection> ConnectThrough(EngineKind engine, const TestCompany& company,
+                                           std::chrono::milliseconds lockWait)
+{
+    auto file = OpenCompanyFile(company.File(), lockWait);
+    if (engine == EngineKind::Embedded)
+        return std::make_shared<Connection>(std::move(file));
+    const Dispatch host = Handed(new HostConnection(std::move(file))).ToDispatch();
+    return Connection::OpenHost(host.Raw());
+}
+
+#else
 
 namespace {
 
@@ -49,5 +68,7 @@ std::shared_ptr<Connection> ConnectThrough(EngineKind engine, const TestCompany&
     return std::make_shared<Connection>(
         std::make_unique<AdaptingEngine>(OdbcString(company, lockWait)));
 }
+
+#endif
 
 } // namespace tests

@@ -6,6 +6,7 @@
 #include <oleauto.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cwchar>
 
 using namespace TradeForms;
@@ -14,7 +15,7 @@ namespace tests {
 
 namespace {
 
-int alive = 0;
+std::atomic<int> alive = 0; // tests of locks use several threads
 
 HRESULT tell(EXCEPINFO* told, const QString& description, qint32 number)
 {
@@ -78,13 +79,21 @@ HRESULT HostObject::GetTypeInfo(UINT, LCID, ITypeInfo** info)
     return DISP_E_BADINDEX;
 }
 
+std::size_t HostObject::find(const wchar_t* name) const
+{
+    return std::size_t(std::find_if(members_.begin(), members_.end(),
+                                    [&](const auto& member) {
+                                        return _wcsicmp(member.first.c_str(), name) == 0;
+                                    }) -
+                       members_.begin());
+}
+
 HRESULT HostObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* numbers)
 {
-    const auto found = std::find_if(members_.begin(), members_.end(), [&](const auto& member) {
-        return _wcsicmp(member.first.c_str(), names[0]) == 0;
-    });
-    *numbers = found == members_.end() ? DISPID_UNKNOWN : DISPID(found - members_.begin()) + 1;
-    return found == members_.end() ? DISP_E_UNKNOWNNAME : S_OK;
+    const std::size_t found = find(names[0]);
+    const bool isThere = found < members_.size();
+    *numbers = isThere ? DISPID(found + 1) : DISPID_UNKNOWN;
+    return isThere ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
 HRESULT HostObject::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters,
@@ -110,6 +119,11 @@ HRESULT HostObject::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parame
 void HostObject::Add(const wchar_t* name, Member member)
 {
     members_.emplace_back(name, std::move(member));
+}
+
+void HostObject::Replace(const wchar_t* name, Member member)
+{
+    members_.at(find(name)).second = std::move(member);
 }
 
 Variant Handed(HostObject* made)

@@ -53,8 +53,12 @@ protected:
     using Member = std::function<TradeForms::Variant(Arguments)>;
 
     void Add(const wchar_t* name, Member member);
+    /// Gives a member that was added another meaning.
+    void Replace(const wchar_t* name, Member member);
 
 private:
+    std::size_t find(const wchar_t* name) const;
+
     ULONG count_ = 1;
     std::vector<std::pair<std::wstring, Member>> members_;
 };
