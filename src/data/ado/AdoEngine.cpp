@@ -23,6 +23,15 @@ QString placeOf(const QString& table, const QString& column)
     return (table + u'.' + column).toLower();
 }
 
+/// A database that the host has made by itself may have no table to lock. Some table is read all
+/// the same: there are providers with which only that begins the transaction.
+QString takeLockIfThere()
+{
+    return QStringLiteral("if object_id('dbo.SchemaVersion') is null "
+                          "select top (0) name from sys.objects else ") +
+           TransactSql::TakeLock();
+}
+
 /// Reads a result that the connection holds ready for it, so that others may be read meanwhile.
 class AdoCursor : public Cursor {
 public:
@@ -123,7 +132,6 @@ std::unique_ptr<RowWriter> AdoEngine::WriterFor(std::shared_ptr<const Shape> sha
     return std::make_unique<AdoRowWriter>(*this, std::move(shape));
 }
 
-/// A database that the host has made by itself may have no table to lock.
 void AdoEngine::beginBelow()
 {
     try {
@@ -137,8 +145,7 @@ void AdoEngine::beginBelow()
                               failure.Number());
     }
     try {
-        link_.Run(QStringLiteral("if object_id('dbo.SchemaVersion') is not null ") +
-                  TransactSql::TakeLock());
+        link_.Run(takeLockIfThere());
     } catch (const ProviderFailure&) {
         if (link_.IsOpen())
             link_.Rollback();

@@ -92,9 +92,9 @@ ServerSession::Result ServerSession::Execute(const QString& text)
     if (startsWith(statement, {"select", "@@rowcount"}))
         return number(lastCount_);
     // A company file has no such table: its own lock is taken when a transaction begins.
-    if (startsWith(statement, {"if", "object_id", "(", "'dbo.SchemaVersion'", ")", "is", "not",
-                               "null", "select"}))
-        return {};
+    if (startsWith(statement, {"if", "object_id", "(", "'dbo.SchemaVersion'", ")", "is", "null",
+                               "select", "top", "(", "0", ")"}))
+        return {company_->Run(QStringLiteral("select '' as name where 1=0")), -1};
     const Result result = plain(statement);
     return {result.Rows, isCounting_ ? result.Changed : -1};
 }
