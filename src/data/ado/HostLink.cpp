@@ -99,7 +99,7 @@ bool HostLink::IsWithinTransaction()
     return isOpen_ || ReadNumber(TransactSql::CountTransactions()) > 0;
 }
 
-/// No answer where the connection is gone.
+/// No answer where the connection is gone. It reads no table, which might begin a transaction.
 std::optional<qint32> HostLink::countTransactions() const
 {
     try {

@@ -153,7 +153,7 @@ TEST_F(OnHost, LeavesTheHostsConnectionOpen)
 {
     connection_->Execute("select 1");
     connection_.reset();
-    EXPECT_TRUE(lent_.Call("Execute", words("select 1 as n")).ToDispatch().Get("State").ToInt32());
+    EXPECT_EQ(lent_.Call("Execute", words("select 1 as n")).ToDispatch().Get("State").ToInt32(), 1);
 }
 
 TEST_F(OnHost, ReadsNoRowOneRowAndManyInBlocks)
@@ -299,6 +299,7 @@ TEST_F(OnHost, SeesThatTheServerHasUndoneTheTransaction)
 TEST_F(OnHost, ATransactionOfTheHostsOwnIsNotTakenOver)
 {
     host_->Session().BeginTrans();
+    lent_.Call("Execute", words("update Sectors set SectorName='theirs' where SectorID=3"));
     EXPECT_EQ(failureOf([&] { connection_->BeginTrans(); }),
               words("The program has begun a transaction of its own on this connection and has not "
                     "ended it. (A transaction is open already.)"));
@@ -323,6 +324,7 @@ TEST_F(OnHost, ATransactionOfTheHostsOwnIsNotTakenOver)
         << "it is the host's to commit";
     host_->Session().CommitTrans();
     EXPECT_EQ(company_.Scalar("select SectorName from Sectors where SectorID=1"), words("within"));
+    EXPECT_EQ(company_.Scalar("select SectorName from Sectors where SectorID=3"), words("theirs"));
 }
 
 TEST_F(OnHost, SendsTheRowsOfABatchTogether)

@@ -69,9 +69,15 @@ QString contentOf(const Token& literal)
 
 ServerSession::ServerSession(std::unique_ptr<Engine> company) : company_(std::move(company)) {}
 
-bool ServerSession::isOpen()
+void ServerSession::BeginTrans()
 {
-    return sqlite3_get_autocommit(static_cast<SqliteEngine&>(*company_).Raw()) == 0;
+    company_->BeginTrans();
+    isTouched_ = false;
+}
+
+bool ServerSession::isCounted()
+{
+    return isTouched_ && sqlite3_get_autocommit(static_cast<SqliteEngine&>(*company_).Raw()) == 0;
 }
 
 ServerSession::Result ServerSession::number(qint64 value)
@@ -88,13 +94,15 @@ ServerSession::Result ServerSession::Execute(const QString& text)
     if (startsWith(statement, {"exec", "sp_executesql", "N"}) && statement.size() == 4)
         return batch(contentOf(statement.back()));
     if (startsWith(statement, {"select", "@@trancount"}))
-        return number(isOpen() ? 1 : 0);
+        return number(isCounted() ? 1 : 0);
     if (startsWith(statement, {"select", "@@rowcount"}))
         return number(lastCount_);
     // A company file has no such table: its own lock is taken when a transaction begins.
     if (startsWith(statement, {"if", "object_id", "(", "'dbo.SchemaVersion'", ")", "is", "null",
-                               "select", "top", "(", "0", ")"}))
+                               "select", "top", "(", "0", ")"})) {
+        isTouched_ = true;
         return {company_->Run(QStringLiteral("select '' as name where 1=0")), -1};
+    }
     const Result result = plain(statement);
     return {result.Rows, isCounting_ ? result.Changed : -1};
 }
@@ -102,6 +110,10 @@ ServerSession::Result ServerSession::Execute(const QString& text)
 ServerSession::Result ServerSession::plain(Tokens statement)
 {
     if (startsWith(statement, {"save", "transaction", "mark"})) {
+        if (!isCounted())
+            throw ProviderFailure(QStringLiteral("Cannot issue SAVE TRANSACTION when there is no "
+                                                 "active transaction."),
+                                  628);
         company_->Run(QStringLiteral("savepoint mark"));
         return {};
     }
@@ -110,6 +122,7 @@ ServerSession::Result ServerSession::plain(Tokens statement)
         return {};
     }
     Result result{company_->Run(FromServerWords(statement)), -1};
+    isTouched_ = true;
     if (!statement.empty() && isOneOf(statement.front(), {"insert", "update", "delete"})) {
         const auto changes = company_->Run(QStringLiteral("select changes() as Number"));
         lastCount_ = CellAt(changes->Row(0), 0).Integer;

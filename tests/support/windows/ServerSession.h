@@ -11,8 +11,9 @@
 namespace tests {
 
 /// A session with a company file that understands what this library says to SQL Server, as far as
-/// it says it: batches that try, counts of rows and of transactions, marks. Raises
-/// ProviderFailure.
+/// it says it: batches that try, counts of rows and of transactions, marks. A transaction counts
+/// only when a table was read or written in it, as with the providers that leave its beginning to
+/// the server. Raises ProviderFailure.
 class ServerSession {
 public:
     /// What a statement gave.
@@ -25,7 +26,7 @@ public:
 
     Result Execute(const QString& text);
 
-    void BeginTrans() { company_->BeginTrans(); }
+    void BeginTrans();
     void CommitTrans() { company_->CommitTrans(); }
     void RollbackTrans() { company_->RollbackTrans(); }
 
@@ -38,11 +39,12 @@ private:
     Result number(qint64 value);
     Result plain(Tokens statement);
     Result batch(const QString& text);
-    bool isOpen();
+    bool isCounted();
 
     std::unique_ptr<TradeForms::Engine> company_;
     bool isCounting_ = true;
-    qint64 lastCount_ = 0; // of rows, @@rowcount
+    bool isTouched_ = false; // a table, since the transaction was begun
+    qint64 lastCount_ = 0;   // of rows, @@rowcount
 };
 
 } // namespace tests
