@@ -118,7 +118,7 @@ protected:
 
     int before_ = HostObject::Alive();
     Listener* listener_ = new Listener;
-    Dispatch object_{(listener_->AddRef(), listener_)};
+    Dispatch object_{listener_};
 };
 
 QString text(const char* words)
