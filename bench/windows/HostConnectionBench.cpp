@@ -1,6 +1,6 @@
-// Measures the way through a host's connection beside the embedded engine that the test host has
-// behind it: the same statements on the same company, in one run. Prints a line a measure: name,
-// ours, baseline in milliseconds, ratio. The median of several rounds.
+// Measures the way through a host's connection: reading beside the bare calls that fetch the same
+// rows and leave them as they are, saving beside the embedded engine that the test host has behind
+// it. Prints a line a measure: name, ours, baseline in milliseconds, ratio; medians of one run.
 
 #include "data/Connection.h"
 #include "data/Recordset.h"
@@ -48,6 +48,15 @@ void fill(Connection& company)
                     "'Card ' || i, i, i/4.0 from n");
 }
 
+/// What reading takes of which nothing is kept.
+void fetch(const Dispatch& host, const char* statement)
+{
+    constexpr qint32 rowsAtOnce = 682; // as many as the library asks for, of six columns
+    const Dispatch rows = host.Call("Execute", QString::fromLatin1(statement)).ToDispatch();
+    while (!rows.Get("EOF").ToBool())
+        rows.Call("GetRows", rowsAtOnce);
+}
+
 /// One hundred rows of a voucher, within a transaction as a form saves them.
 void save(const std::shared_ptr<Connection>& connection)
 {
@@ -93,16 +102,17 @@ int main()
         tests::Handed(new tests::HostConnection(OpenCompanyFile(file))).ToDispatch();
     const auto connection = Connection::OpenHost(host.Raw());
 
-    const auto compare = [&](const char* name, const auto& work) {
+    const auto read = [&](const char* name, const char* statement) {
+        report(name, medianOf([&] { connection->Execute(statement); }),
+               medianOf([&] { fetch(host, statement); }));
+    };
+    const auto write = [&](const char* name, const auto& work) {
         report(name, medianOf([&] { work(connection); }), medianOf([&] { work(embedded); }));
     };
-    std::printf("%-28s %9s %9s %6s\n", "", "host ms", "file ms", "ratio");
-    compare("read 100000 x 6",
-            [](const auto& through) { through->Execute("select * from RecoveryBody"); });
-    compare("read 100 x 6", [](const auto& through) {
-        through->Execute("select * from RecoveryBody where ReceiptNo<=100");
-    });
-    compare("save 100 new rows", [](const auto& through) { save(through); });
-    compare("save 100 changed rows", [](const auto& through) { stamp(through); });
+    std::printf("%-28s %9s %9s %6s\n", "", "ours ms", "base ms", "ratio");
+    read("read 100000 x 6", "select * from RecoveryBody");
+    read("read 1 x 6", "select * from RecoveryBody where InsCustomerID='Kot 7'");
+    write("save 100 new rows", save);
+    write("save 100 changed rows", stamp);
     return 0;
 }
