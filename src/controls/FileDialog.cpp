@@ -1,5 +1,7 @@
 #include "controls/FileDialog.h"
 
+#include "controls/ModalScope.h"
+
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -22,6 +24,7 @@ QString askForReal(QWidget* owner, const SaveQuestion& question)
     dialog.setNameFilter(QStringLiteral("%1 (*.%2)").arg(question.Kind, question.Suffix));
     dialog.setDefaultSuffix(question.Suffix);
     dialog.selectFile(question.Name + QLatin1Char('.') + question.Suffix);
+    const Modal::Scope scope;
     if (dialog.exec() != QDialog::Accepted)
         return QString();
     const QString file = dialog.selectedFiles().constFirst();

@@ -486,6 +486,7 @@ void Form::closeEvent(QCloseEvent* event)
     if (cancel)
         return;
     d->unloaded = true;
+    emit Unloading();
     if (!d->deleteOnClose)
         return;
     // A handler on the stack, waiting in some event loop of its own, still needs the form.

@@ -89,6 +89,8 @@ public:
     void Guard(const std::function<void()>& handler);
 
 signals:
+    /// The window is going to close, and nothing will stop it.
+    void Unloading();
     /// The window has gone from the screen: it was closed or hidden.
     void Unloaded();
 

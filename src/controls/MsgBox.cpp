@@ -2,6 +2,7 @@
 
 #include "controls/Form.h"
 #include "controls/Look.h"
+#include "controls/ModalScope.h"
 #include "controls/Pieces.h"
 #include "controls/TypeAhead.h"
 
@@ -284,6 +285,8 @@ void Run(Form& form, QWidget* owner)
     const QPointer<QWidget> over(windowOf(owner));
     QEventLoop loop;
     TypeAhead typeAhead;
+    Scope scope;
+    QObject::connect(&form, &Form::Unloading, &loop, [&scope] { scope.End(); });
     QObject::connect(&form, &Form::Unloaded, &typeAhead, &TypeAhead::Hold);
     QObject::connect(&form, &Form::Unloaded, &loop, &QEventLoop::quit);
     QObject::connect(&form, &QObject::destroyed, &loop, &QEventLoop::quit);
@@ -292,8 +295,9 @@ void Run(Form& form, QWidget* owner)
     form.winId(); // the native window has to exist before it can belong to another
     form.windowHandle()->setTransientParent(over ? over->windowHandle() : nullptr);
     form.ShowOver(over);
-    loop.exec();
+    scope.Wait(loop);
 
+    scope.End();
     if (alive)
         alive->hide(); // where the whole application is quitting
     if (over && over->isVisible())

@@ -71,6 +71,7 @@ Progress::Progress(QWidget* owner, const QString& urdu, const QString& english, 
 {
     if (rows_ < LongWork)
         return;
+    scope_.emplace();
     box_ = std::make_unique<Box>(urdu, english, rows_);
     box_->setWindowModality(Qt::ApplicationModal);
     box_->winId(); // the native window has to exist before it can belong to another
@@ -83,6 +84,7 @@ Progress::~Progress()
 {
     if (!box_)
         return;
+    scope_->End();
     box_->hide();
     if (owner_ && owner_->isVisible())
         owner_->activateWindow();

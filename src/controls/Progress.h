@@ -1,9 +1,12 @@
 #pragma once
 
+#include "controls/ModalScope.h"
+
 #include <QElapsedTimer>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class QWidget;
 
@@ -32,6 +35,7 @@ private:
 
     QWidget* owner_;
     int rows_;
+    std::optional<Modal::Scope> scope_;
     std::unique_ptr<Box> box_;
     QElapsedTimer sinceShown_; ///< since the window was brought up to date
 };

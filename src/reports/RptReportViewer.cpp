@@ -1,6 +1,7 @@
 #include "reports/RptReportViewer.h"
 
 #include "controls/Look.h"
+#include "controls/ModalScope.h"
 #include "controls/MsgBox.h"
 #include "data/Failure.h"
 #include "reports/PrintPort.h"
@@ -69,6 +70,7 @@ QString askForPdfFile(QWidget* owner, const QString& suggested)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
     dialog.selectFile(QFileInfo(suggested).fileName());
+    const Modal::Scope scope;
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
