@@ -1,0 +1,96 @@
+; Installs the library with its class, and the reference host, for all users of a 64-bit Windows.
+; Made by ./make-installer, which gives BUILD, VERSION and OUT.
+
+Unicode true
+ManifestDPIAware true
+SetCompressor /SOLID lzma
+RequestExecutionLevel admin
+
+!include LogicLib.nsh
+!include x64.nsh
+
+!define NAME "TradeForms"
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${NAME}"
+
+Name "${NAME} ${VERSION}"
+OutFile "${OUT}"
+InstallDir "$PROGRAMFILES64\${NAME}"
+InstallDirRegKey HKLM "${UNINSTALL_KEY}" "InstallLocation"
+ShowInstDetails show
+ShowUninstDetails show
+
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey "ProductName" "${NAME}"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "FileDescription" "Installs ${NAME}"
+VIAddVersionKey "LegalCopyright" ""
+
+Page directory
+Page instfiles
+UninstPage uninstConfirm
+UninstPage instfiles
+
+; The installer is a 32-bit program: without these two it would enter the class where 64-bit hosts
+; do not look for it.
+!macro UseSystemView
+    ${IfNot} ${RunningX64}
+        MessageBox MB_OK|MB_ICONSTOP "${NAME} needs a 64-bit Windows." /SD IDOK
+        Abort
+    ${EndIf}
+    SetRegView 64
+    SetShellVarContext all
+!macroend
+
+Function .onInit
+    !insertmacro UseSystemView
+FunctionEnd
+
+Function un.onInit
+    !insertmacro UseSystemView
+FunctionEnd
+
+; The 64-bit regsvr32; a 32-bit program finds the other one in its place otherwise.
+!macro Regsvr32 switches
+    ${DisableX64FSRedirection}
+    ExecWait '"$SYSDIR\regsvr32.exe" /s ${switches} "$INSTDIR\TradeForms.dll"' $0
+    ${EnableX64FSRedirection}
+!macroend
+
+Section
+    SetOutPath "$INSTDIR"
+    ; A host that has it loaded keeps the file that is there.
+    ClearErrors
+    SetOverwrite try
+    File "${BUILD}/TradeForms.dll"
+    File "${HOST}"
+    ${If} ${Errors}
+        MessageBox MB_OK|MB_ICONSTOP "Close all programs that use ${NAME}, and try again." /SD IDOK
+        SetErrorLevel 2
+        Abort
+    ${EndIf}
+    !insertmacro Regsvr32 ""
+    ${If} $0 != 0
+        MessageBox MB_OK|MB_ICONSTOP "The class could not be registered (error $0)." /SD IDOK
+        SetErrorLevel 3
+        Abort
+    ${EndIf}
+
+    WriteUninstaller "$INSTDIR\uninstall.exe"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayName" "${NAME}"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+    WriteRegStr HKLM "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+    WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoModify" 1
+    WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoRepair" 1
+SectionEnd
+
+Section "Uninstall"
+    !insertmacro Regsvr32 "/u"
+    Delete "$INSTDIR\TradeForms.dll"
+    Delete "$INSTDIR\tradeforms-host.exe"
+    Delete "$INSTDIR\uninstall.exe"
+    RMDir "$INSTDIR" ; stays where it holds what is not ours
+    DeleteRegKey HKLM "${UNINSTALL_KEY}"
+SectionEnd
