@@ -1,13 +1,13 @@
 ; Installs the library with its class, and the reference host, for all users of a 64-bit Windows.
-; Made by ./make-installer, which gives BUILD, VERSION and OUT.
+; Made by ./make-installer, which gives BUILD, HOST, VERSION and OUT.
 
-Unicode true
+; A 64-bit program, which sees the registry and the system's folders as 64-bit hosts do.
+Target amd64-unicode
 ManifestDPIAware true
 SetCompressor /SOLID lzma
 RequestExecutionLevel admin
 
 !include LogicLib.nsh
-!include x64.nsh
 
 !define NAME "TradeForms"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${NAME}"
@@ -31,30 +31,18 @@ Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
-; The installer is a 32-bit program: without these two it would enter the class where 64-bit hosts
-; do not look for it.
-!macro UseSystemView
-    ${IfNot} ${RunningX64}
-        MessageBox MB_OK|MB_ICONSTOP "${NAME} needs a 64-bit Windows." /SD IDOK
-        Abort
-    ${EndIf}
+Function .onInit
     SetRegView 64
     SetShellVarContext all
-!macroend
-
-Function .onInit
-    !insertmacro UseSystemView
 FunctionEnd
 
 Function un.onInit
-    !insertmacro UseSystemView
+    SetRegView 64
+    SetShellVarContext all
 FunctionEnd
 
-; The 64-bit regsvr32; a 32-bit program finds the other one in its place otherwise.
 !macro Regsvr32 switches
-    ${DisableX64FSRedirection}
     ExecWait '"$SYSDIR\regsvr32.exe" /s ${switches} "$INSTDIR\TradeForms.dll"' $0
-    ${EnableX64FSRedirection}
 !macroend
 
 Section

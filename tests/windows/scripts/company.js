@@ -1,16 +1,20 @@
-// A script host without a server: a company's file, a user whose rights are plain values, and a
-// failure's text.
+// A script host without a server: a company's file, a user, and a failure's number and text.
 var company = WScript.Arguments(0);
 var forms = new ActiveXObject("TradeForms.Forms");
 forms.InitializeClass(company);
-forms.InitializeSecurity({
-    HasRight: function (key, modify, remove) { return true; },
-    UserFlagA: false,
-    AllowPostedEdit: true,
-    IsAdministrator: false,
-    UserNumber: 7,
-    UserBranchCode: "0"
-});
+
+function user(number) {
+    return {
+        HasRight: function (key, modify, remove) { return true; },
+        UserFlagA: function () { return false; },
+        AllowPostedEdit: function () { return true; },
+        IsAdministrator: function () { return false; },
+        UserNumber: function () { return number; },
+        UserBranchCode: function () { return "0"; }
+    };
+}
+
+forms.InitializeSecurity(user(255));
 
 function failureOf(work) {
     try {
@@ -29,5 +33,5 @@ function expect(found, expected) {
 }
 
 expect(failureOf(function () { forms.SalaryForm(); }), "16389: SalaryForm: not built yet");
-expect(failureOf(function () { forms.InitializeSecurity({ UserNumber: 256 }); }), "6: Overflow");
+expect(failureOf(function () { forms.InitializeSecurity(user(256)); }), "6: Overflow");
 WScript.Echo("done");
