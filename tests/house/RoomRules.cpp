@@ -26,6 +26,7 @@ const QHash<QString, QSet<QString>>& mayInclude()
          {s("data"), s("controls"), s("host"), s("search"), s("frame"), s("reports")}},
         {s("entry"),
          {s("data"), s("host"), s("stock"), s("installment"), s("payroll"), s("frame")}},
+        {s("com"), {s("data"), s("controls"), s("host"), s("entry")}},
         {s("app"), {}},
         {s("tools"), {}},
     };
@@ -37,6 +38,11 @@ QString roomOf(const QString& path)
     // The entry class stands on top of all forms though it lives beside HostContext.
     if (path.startsWith(QLatin1String("src/host/Forms.")) || path == QLatin1String("host/Forms.h")) {
         return QStringLiteral("entry");
+    }
+    // Its outer face stands in front of that.
+    static const QRegularExpression face(QStringLiteral("^(?:src/)?host/com/"));
+    if (face.match(path).hasMatch()) {
+        return QStringLiteral("com");
     }
     static const QRegularExpression inRoom(QStringLiteral("^(?:src/)?([a-z]+)/"));
     return inRoom.match(path).captured(1);

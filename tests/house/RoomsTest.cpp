@@ -52,9 +52,13 @@ TEST(Rooms, TheRuleFires)
     EXPECT_TRUE(broken("app/MainWindow.cpp", "#include \"data/Connection.h\"\n"));
     EXPECT_TRUE(broken("tools/backup/main.cpp", "#include \"data/Backup.h\"\n"));
     EXPECT_TRUE(broken("src/data/Numbers.cpp", "#include <QWidget>\n"));
+    EXPECT_TRUE(broken("src/host/com/Workplace.cpp", "#include \"stock/FrmGatePass.h\"\n"));
+    EXPECT_TRUE(broken("src/host/Forms.cpp", "#include \"host/com/Module.h\"\n"));
 
     EXPECT_FALSE(broken("src/frame/VoucherForm.cpp", "#include \"data/Numbers.h\"\n"));
     EXPECT_FALSE(broken("src/host/Forms.cpp", "#include \"stock/FrmGatePass.h\"\n"));
+    EXPECT_FALSE(broken("src/host/com/FormsObject.h", "#include \"host/Forms.h\"\n"));
+    EXPECT_FALSE(broken("src/host/com/HostLoop.cpp", "#include \"controls/ModalScope.h\"\n"));
     EXPECT_FALSE(broken("app/MainWindow.cpp", "#include <TradeForms/Forms.h>\n"));
     EXPECT_FALSE(broken("tools/backup/main.cpp", "#include <TradeForms/Backup.h>\n"));
     EXPECT_FALSE(broken("src/data/Connection.h", "#include <TradeForms/Failure.h>\n"));

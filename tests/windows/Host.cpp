@@ -194,7 +194,7 @@ std::wstring Rows(IDispatch* connection, const std::wstring& statement)
     std::wstring found;
     if (!rows || Get(rows, L"EOF").Text() != L"False")
         return found;
-    Value block = Get(rows, L"GetRows");
+    Value block = Get(rows, L"GetRows", {Value(1000)});
     SAFEARRAY* cells = V_ARRAY(&block);
     LONG lastField = 0, lastRow = 0;
     SafeArrayGetUBound(cells, 1, &lastField);
