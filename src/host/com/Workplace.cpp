@@ -24,6 +24,8 @@ namespace {
 
 std::atomic<DWORD> thread = 0;
 
+void sayNothing(QtMsgType, const QMessageLogContext&, const QString&) {}
+
 /// Never deleted: the windows in it live as long as the host's process. Neither its end nor the
 /// going of this library is a moment at which windows could be destroyed in order.
 void makeApplication()
@@ -33,11 +35,14 @@ void makeApplication()
     static int count = 1;
 
     Module::StayForGood();
-    // How the process is scaled on the screen is the host's choice. What else goes with being a
-    // guest is not wanted, so the word is taken back; Qt warns when it is said too late, and this
-    // is not that.
+    // How the process is scaled on the screen is the host's choice, which Qt leaves alone for a
+    // plugin. But a plugin's fields, when they get the focus, also take it away from the host's
+    // windows; so it is one no longer than that. Qt tells that it is late to say so.
     QCoreApplication::setAttribute(Qt::AA_PluginApplication, true);
     new QApplication(count, arguments);
+    const QtMessageHandler told = qInstallMessageHandler(sayNothing);
+    QCoreApplication::setAttribute(Qt::AA_PluginApplication, false);
+    qInstallMessageHandler(told);
     QApplication::setQuitOnLastWindowClosed(false);
     new HostLoop;
     Modal::SetBarrier([] { return std::make_shared<ClosedHostWindows>(); });
