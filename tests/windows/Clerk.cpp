@@ -11,13 +11,20 @@ namespace {
 constexpr int kPatience = 20'000; ///< milliseconds until a window that does not come has failed
 constexpr int kGlance = 20;       ///< between two looks
 
+/// The grey keys, which a keyboard tells from those of its number block.
+bool isExtended(WORD key)
+{
+    return (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE ||
+           key == VK_APPS;
+}
+
 INPUT input(WORD key, DWORD flags)
 {
     INPUT event{};
     event.type = INPUT_KEYBOARD;
     event.ki.wVk = key;
     event.ki.wScan = WORD(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
-    event.ki.dwFlags = flags;
+    event.ki.dwFlags = flags | (isExtended(key) ? KEYEVENTF_EXTENDEDKEY : 0);
     return event;
 }
 
