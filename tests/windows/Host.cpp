@@ -65,6 +65,7 @@ Host::Host()
         {FVIRTKEY | FCONTROL, 'S', kAccelerated},
         {FVIRTKEY | FCONTROL, 'Q', kAccelerated},
         {FVIRTKEY | FCONTROL, 'O', kAccelerated},
+        {FVIRTKEY | FCONTROL, 'W', kAccelerated},
         {FVIRTKEY, '2', kAccelerated},
         {0, 'k', kAccelerated},
     };
