@@ -23,7 +23,9 @@ QLabel* plainLabel(const QString& text, const QFont& font, const QColor& color)
     label->setTextFormat(Qt::PlainText);
     // The hint is cut to whole pixels, and the text with it.
     label->setMinimumWidth(label->sizeHint().width() + 1);
-    label->setVisible(!text.isEmpty());
+    // Shown with the strip; shown by itself it would be a window for a moment.
+    if (text.isEmpty())
+        label->hide();
     return label;
 }
 

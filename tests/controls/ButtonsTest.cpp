@@ -6,6 +6,28 @@ namespace TradeForms {
 
 using JeweledButtonTest = DeskTest;
 
+namespace {
+
+/// Counts the windows that come up while it lives.
+class ShownWindows : public QObject {
+public:
+    ShownWindows() { qApp->installEventFilter(this); }
+    int Count() const { return count_; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && watched->isWindowType())
+            ++count_;
+        return false;
+    }
+
+private:
+    int count_ = 0;
+};
+
+} // namespace
+
 TEST_F(JeweledButtonTest, SpaceClicks)
 {
     desk.SetFocus(desk.Btn);
@@ -165,6 +187,16 @@ TEST(LabelTest, ShowsItsTextAsItStands)
     label.SetForeColor(Qt::red);
     EXPECT_EQ(label.ForeColor(), QColor(Qt::red));
     EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(Qt::red));
+}
+
+TEST(TitleStripTest, ShowsNothingBeforeItsWindow)
+{
+    ShownWindows shown;
+    TitleStrip strip(s("گیٹ پاس"), s("Gate Pass"));
+    strip.SetState(s("نیا"), s("New"));
+    EXPECT_EQ(shown.Count(), 0);
+    strip.show();
+    EXPECT_EQ(shown.Count(), 1);
 }
 
 TEST(TitleStripTest, TellsTheState)
