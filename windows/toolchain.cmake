@@ -12,6 +12,11 @@ set(CMAKE_C_COMPILER ${triple}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triple}-g++-posix)
 set(CMAKE_RC_COMPILER ${triple}-windres)
 
+# Of an inline function that stands in several objects the linker keeps one. This compiler takes its
+# own copy's use of registers for the one that will be kept, which another object's need not be.
+set(CMAKE_C_FLAGS_INIT -fno-ipa-ra)
+set(CMAKE_CXX_FLAGS_INIT -fno-ipa-ra)
+
 set(CMAKE_FIND_ROOT_PATH ${TRADEFORMS_ROOTS} /usr/${triple})
 list(APPEND CMAKE_PREFIX_PATH ${TRADEFORMS_ROOTS})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
