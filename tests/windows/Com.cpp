@@ -22,8 +22,8 @@ std::wstring Value::Text() const
     if (IsNull())
         return L"null";
     Value text;
-    if (FAILED(VariantChangeTypeEx(&text, const_cast<VARIANT*>(&variant_), LOCALE_INVARIANT, 0,
-                                   VT_BSTR)))
+    if (FAILED(VariantChangeTypeEx(&text, const_cast<VARIANT*>(&variant_), LOCALE_INVARIANT,
+                                   VARIANT_ALPHABOOL, VT_BSTR)))
         return L"no text";
     return {V_BSTR(&text.variant_), SysStringLen(V_BSTR(&text.variant_))};
 }

@@ -1,5 +1,7 @@
 #include "Host.h"
 
+#include "Clerk.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -153,6 +155,14 @@ int Host::Loop()
         DispatchMessageW(&message);
     }
     return int(message.wParam);
+}
+
+bool Host::See()
+{
+    return clerk::Await("a window of the host's", [this] {
+        const HWND front = GetForegroundWindow();
+        return front && (front == Main || front == Second || front == Dialog);
+    });
 }
 
 void Host::Do(const std::function<void()>& work)

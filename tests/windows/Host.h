@@ -27,6 +27,9 @@ public:
     /// The loop alone, until WM_QUIT. Gives back its code.
     int Loop();
 
+    /// From the clerk's thread: waits until one of the host's windows is in front. Which one, when
+    /// a form has gone, is the system's choice. Fails the test where none comes.
+    bool See();
     /// From the clerk's thread: has something done on the host's, between two messages.
     void Do(const std::function<void()>& work);
     /// The same without waiting for it.

@@ -175,7 +175,7 @@ TEST_F(JourneyTest, AGatePassIsEnteredStoredChangedAndRemoved)
         Press('Q', {VK_CONTROL});
         See(L"Alert");
         Press('Y');
-        See(L"Host");
+        host.See();
         EXPECT_EQ(host.Accelerated, 0);
         EXPECT_EQ(host.Pressed, 0);
     });
@@ -199,7 +199,7 @@ TEST_F(JourneyTest, AFailureOfTheSecurityObjectIsShownAndNothingIsWritten)
         EXPECT_NE(header(id), L"");
         session.User.FailsWith.clear();
         Press('Q', {VK_CONTROL});
-        See(L"Host");
+        host.See();
     });
 }
 

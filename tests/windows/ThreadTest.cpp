@@ -32,7 +32,7 @@ void opensOnTheMainThread(DWORD apartment)
             EXPECT_EQ(TakeErrorText(), L"SalaryForm: not built yet");
         }
         clerk::Press('Q', {VK_CONTROL});
-        clerk::See(L"Host");
+        host.See();
     });
 }
 

@@ -24,6 +24,11 @@ protected:
         See(title);
     }
     void openGatePass() { open(&_Forms::GatePassForm, L"Gate Pass"); }
+    void bringToFront()
+    {
+        host.Do([this] { SetForegroundWindow(host.Main); });
+        See(L"Host");
+    }
     void close() { Press('Q', {VK_CONTROL}); }
     int count(const wchar_t* title) const { return clerk::Count(thread, title); }
 
@@ -66,7 +71,7 @@ TEST_F(WindowTest, FormsOfSeveralKindsStandOpenBesideTheHost)
             See(next);
         }
         close();
-        See(L"Host");
+        host.See();
         EXPECT_EQ(count(L"Gate Pass"), 0);
         EXPECT_EQ(count(L"Stock In"), 0);
     });
@@ -84,7 +89,7 @@ TEST_F(WindowTest, AModalDialogClosesTheHostsWindowsAndOpensThemAgain)
         See(L"Gate Pass");
         expectHostIsOpen();
         close();
-        See(L"Host");
+        host.See();
     });
 }
 
@@ -102,7 +107,7 @@ TEST_F(WindowTest, AMessageBoxOverADialogKeepsTheHostClosedUntilBothAreGone)
         close();
         See(L"Alert");
         Press('Y');
-        See(L"Host");
+        host.See();
         expectHostIsOpen();
     });
 }
@@ -122,7 +127,7 @@ TEST_F(WindowTest, ABoxThatComesBeforeTheFirstFormClosesTheHostToo)
         See(L"Gate Pass");
         expectHostIsOpen();
         close();
-        See(L"Host");
+        host.See();
     });
 }
 
@@ -137,7 +142,7 @@ TEST_F(WindowTest, AWindowThatTheHostDestroysMeanwhileIsNotMissed)
         See(L"Gate Pass");
         EXPECT_TRUE(takesInput(host.Main));
         close();
-        See(L"Host");
+        host.See();
     });
 }
 
@@ -145,8 +150,7 @@ TEST_F(WindowTest, TheHostsAcceleratorsDoNotTakeTheKeysOfAForm)
 {
     host.Run([&] {
         // They are there: in the host's own window they act.
-        SetForegroundWindow(host.Main);
-        See(L"Host");
+        bringToFront();
         Press(VK_F1);
         Press('K');
         clerk::Await("the host's accelerators", [&] { return host.Accelerated == 2; });
@@ -165,9 +169,10 @@ TEST_F(WindowTest, TheHostsAcceleratorsDoNotTakeTheKeysOfAForm)
         clerk::Type(L"2k");
         Press('W', {VK_CONTROL}); // what was typed is gone, so nothing asks
         close();
-        See(L"Host");
+        host.See();
         EXPECT_EQ(host.Accelerated, 2);
 
+        bringToFront();
         Press(VK_F1);
         clerk::Await("the host's accelerators", [&] { return host.Accelerated == 3; });
     });
@@ -206,9 +211,7 @@ TEST_F(WindowTest, TheHostsDialogKeepsItsKeysAndTakesNoneOfAForms)
         close();
         See(L"Alert");
         Press('Y');
-        clerk::Await("a window of the host's", [] {
-            return clerk::Front() == L"Host" || clerk::Front() == L"Host's dialog";
-        });
+        host.See();
     });
 }
 
@@ -236,7 +239,7 @@ TEST_F(WindowTest, TheCalendarOpensAndClosesUnderTheHostsLoop)
         clerk::Await("the calendar's going", [&] { return windows() == before; });
         See(L"Gate Pass");
         close();
-        See(L"Host");
+        host.See();
     });
 }
 
@@ -245,7 +248,7 @@ TEST_F(WindowTest, AFormThatTheSystemClosesGoesAsItsButtonWouldHaveIt)
     host.Run([&] {
         openGatePass();
         PostMessageW(GetForegroundWindow(), WM_CLOSE, 0, 0);
-        See(L"Host");
+        host.See();
         EXPECT_EQ(count(L"Gate Pass"), 0);
     });
 }
@@ -287,7 +290,7 @@ TEST_F(WindowTest, OpeningAndClosingManyTimesLeavesNothingBehind)
             for (int i = 0; i < times; ++i) {
                 openGatePass();
                 close();
-                See(L"Host");
+                host.See();
             }
         };
         openAndClose(kWarm);
