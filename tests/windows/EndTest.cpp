@@ -16,8 +16,8 @@ using clerk::See;
 
 void openForms(const Session& session)
 {
-    ASSERT_EQ(session.Forms->GatePassForm(), S_OK);
     ASSERT_EQ(session.Forms->StockInForm(), S_OK);
+    ASSERT_EQ(session.Forms->GatePassForm(), S_OK);
 }
 
 } // namespace
@@ -28,8 +28,8 @@ TEST(EndTest, AHostThatLeavesItsLoopWithFormsOpenEnds)
     Session session;
     openForms(session);
     host.Run([&] {
-        See(L"Stock In");
-        clerk::Type(L"1");
+        See(L"Gate Pass");
+        clerk::Type(L"2001");
         host.Post([&] { DestroyWindow(host.Main); });
     });
     session.Forms.Reset();
@@ -42,7 +42,7 @@ TEST(EndTest, AHostThatExitsWithFormsOpenEnds)
     Host host;
     Session session;
     openForms(session);
-    host.Run([&] { See(L"Stock In"); });
+    host.Run([&] { See(L"Gate Pass"); });
     ExitProcess(testing::Test::HasFailure() ? 1 : 0);
 }
 
@@ -52,9 +52,9 @@ TEST(EndTest, AHostThatExitsWithinADialogEnds)
     Session session;
     openForms(session);
     host.Run([&] {
-        See(L"Stock In");
+        See(L"Gate Pass");
         Press(VK_F1);
-        See(L"Find branch");
+        See(L"Find staff");
         ExitProcess(testing::Test::HasFailure() ? 1 : 0);
     });
 }
@@ -66,16 +66,16 @@ TEST(EndTest, AHostThatQuitsWithinADialogGetsItsQuitMessage)
     openForms(session);
     int code = 0;
     std::thread working([&] {
-        See(L"Stock In");
+        See(L"Gate Pass");
         Press(VK_F1);
-        See(L"Find branch");
+        See(L"Find staff");
         host.Post([] { PostQuitMessage(7); });
     });
     code = host.Loop();
     working.join();
     EXPECT_EQ(code, 7);
     EXPECT_TRUE(IsWindowEnabled(host.Main));
-    EXPECT_EQ(clerk::Count(GetCurrentThreadId(), L"Find branch"), 0);
+    EXPECT_EQ(clerk::Count(GetCurrentThreadId(), L"Find staff"), 0);
 }
 
 TEST(EndTest, AHostThatQuitsWithinAQuestionOverAFormGetsItsQuitMessage)
@@ -84,8 +84,8 @@ TEST(EndTest, AHostThatQuitsWithinAQuestionOverAFormGetsItsQuitMessage)
     Session session;
     openForms(session);
     std::thread working([&] {
-        See(L"Stock In");
-        clerk::Type(L"1");
+        See(L"Gate Pass");
+        clerk::Type(L"2001");
         Press('Q', {VK_CONTROL});
         See(L"Alert");
         host.Post([] { PostQuitMessage(8); });
@@ -93,7 +93,7 @@ TEST(EndTest, AHostThatQuitsWithinAQuestionOverAFormGetsItsQuitMessage)
     EXPECT_EQ(host.Loop(), 8);
     working.join();
     // Nobody has said Yes: the form is still there.
-    EXPECT_EQ(clerk::Count(GetCurrentThreadId(), L"Stock In"), 1);
+    EXPECT_EQ(clerk::Count(GetCurrentThreadId(), L"Gate Pass"), 1);
 }
 
 TEST(EndTest, AHostThatReleasesAllAndUnloadsCanCreateTheClassAgain)
@@ -102,7 +102,7 @@ TEST(EndTest, AHostThatReleasesAllAndUnloadsCanCreateTheClassAgain)
     {
         Session session;
         openForms(session);
-        host.Run([&] { See(L"Stock In"); });
+        host.Run([&] { See(L"Gate Pass"); });
     }
     CoFreeUnusedLibraries();
     CoUninitialize();

@@ -57,7 +57,7 @@ struct Session {
     Session();
 
     Ptr<_Forms> Forms = CreateForms();
-    HostUser User;
+    HostUser& User = *new HostUser; ///< the library holds it until the process ends
 };
 
 /// The company of this test, a copy that is its own; made by the script that runs the tests.
