@@ -34,6 +34,7 @@ void ListMenu::Show(const QPoint& position)
     menu->setAccessibleName(QStringLiteral("Copy and export"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     Look::Dress(*menu, Look::LatinFont());
+    menu->setContentsMargins(6, 4, 6, 4); // from right to left a key's name stands at the very edge
     const auto add = [&](const char* name, const char* caption, auto action) {
         QAction* item = menu->addAction(utf8(caption));
         item->setObjectName(utf8(name));
