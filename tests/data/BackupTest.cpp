@@ -167,8 +167,10 @@ TEST_F(Backups, TheCompanyItselfIsNoPlaceForItsBackup)
         return failureOf([&] { BackUpCompany(company_.File(), target, Existing::Replace); });
     };
     EXPECT_THAT(refused(company_.File()), HasSubstr("is the company itself"));
+#ifndef _WIN32 // where links take an administrator
     ASSERT_TRUE(QFile::link(company_.File(), place("link.db")));
     EXPECT_THAT(refused(place("link.db")), HasSubstr("is the company itself"));
+#endif
     std::filesystem::create_hard_link(QFileInfo(company_.File()).filesystemFilePath(),
                                       QFileInfo(place("second.db")).filesystemFilePath());
     EXPECT_THAT(refused(place("second.db")), HasSubstr("is the company itself"));
@@ -211,10 +213,12 @@ TEST_F(Backups, APlaceThatTakesNoFileIsTold)
     EXPECT_THAT(refused(place("nowhere/copy.db")),
                 AllOf(HasSubstr("nowhere"), HasSubstr("was not found")));
     EXPECT_THAT(refused(folder_.path()), HasSubstr("is a folder"));
+#ifndef _WIN32 // where no mark keeps files from being made in a folder
     const QFile::Permissions before = QFile::permissions(folder_.path());
     QFile::setPermissions(folder_.path(), QFile::ReadOwner | QFile::ExeOwner);
     EXPECT_THAT(refused(place("copy.db")), HasSubstr("it is read-only"));
     QFile::setPermissions(folder_.path(), before);
+#endif
     EXPECT_TRUE(files().isEmpty());
 }
 
@@ -419,14 +423,26 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
             areas = connection->Execute("select * from Areas").RecordCount();
         });
     };
-    RestoreCompany(place("copy.db"), place("company.db"), [&](const WorkProgress& progress) {
-        if (progress.At == Stage::Copying && !clerk.joinable()) {
-            clerk = std::thread(comeIn);
-            QThread::msleep(100);
-        }
-        return true;
+    const std::string refused = failureOf([&] {
+        RestoreCompany(place("copy.db"), place("company.db"), [&](const WorkProgress& progress) {
+            if (progress.At == Stage::Copying && !clerk.joinable()) {
+                clerk = std::thread(comeIn);
+                QThread::msleep(100);
+            }
+            return true;
+        });
     });
     clerk.join();
+#ifdef _WIN32 // where the system keeps a file from being replaced under who has it open
+    if (!refused.empty()) {
+        EXPECT_THAT(refused, HasSubstr("is in use"));
+        EXPECT_EQ(told, "");
+        EXPECT_EQ(areas, 0) << "the former one";
+        EXPECT_EQ(files(), (QStringList{QStringLiteral("company.db"), QStringLiteral("copy.db")}));
+        return;
+    }
+#endif
+    EXPECT_EQ(refused, "");
     if (told.empty())
         EXPECT_EQ(areas, 3) << "the restored one";
     else

@@ -125,6 +125,19 @@ int Count(DWORD thread, const std::wstring& title)
     return searched(thread, title).Count;
 }
 
+int CountVisible(DWORD thread)
+{
+    int visible = 0;
+    EnumThreadWindows(
+        thread,
+        [](HWND window, LPARAM found) -> BOOL {
+            *reinterpret_cast<int*>(found) += IsWindowVisible(window) ? 1 : 0;
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&visible));
+    return visible;
+}
+
 HWND Find(DWORD thread, const std::wstring& title)
 {
     return searched(thread, title).First;

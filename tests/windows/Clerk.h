@@ -29,7 +29,9 @@ template <class Condition> bool Await(const char* what, Condition condition)
 }
 /// The visible windows of a thread that have this title.
 int Count(DWORD thread, const std::wstring& title);
-/// The first of them.
+/// All its visible windows, those without a title (calendars, menus) among them.
+int CountVisible(DWORD thread);
+/// The first of a title.
 HWND Find(DWORD thread, const std::wstring& title);
 
 } // namespace windows_host::clerk

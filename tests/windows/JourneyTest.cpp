@@ -104,6 +104,7 @@ protected:
         See(L"Gate Pass");
     }
 
+    DWORD thread = GetCurrentThreadId();
     Host host;
     Session session;
     Ptr<IDispatch> connection = OpenConnection();
@@ -178,6 +179,27 @@ TEST_F(JourneyTest, AGatePassIsEnteredStoredChangedAndRemoved)
         host.See();
         EXPECT_EQ(host.Accelerated, 0);
         EXPECT_EQ(host.Pressed, 0);
+    });
+}
+
+TEST_F(JourneyTest, ARowIsRemovedByItsMenu)
+{
+    host.Run([&] {
+        openForm();
+        enterHeader();
+        enterRow(known.FirstProduct, L"3", L"", L"");
+        enterRow(known.SecondProduct, L"5", L"", L"");
+        Press(VK_ESCAPE);
+        Press(VK_HOME, {VK_CONTROL});
+        const int before = clerk::CountVisible(thread);
+        Press(VK_APPS);
+        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        Press(VK_RETURN);
+        clerk::Await("the menu's going", [&] { return clerk::CountVisible(thread) == before; });
+        save();
+        EXPECT_EQ(body(id), known.SecondProduct + L"|5|null|null");
+        Press('Q', {VK_CONTROL});
+        host.See();
     });
 }
 

@@ -32,6 +32,30 @@ protected:
     void close() { Press('Q', {VK_CONTROL}); }
     int count(const wchar_t* title) const { return clerk::Count(thread, title); }
 
+    void emptyClipboard()
+    {
+        host.Do([this] {
+            ASSERT_TRUE(OpenClipboard(host.Main));
+            EmptyClipboard();
+            CloseClipboard();
+        });
+    }
+    /// The text that other programs would paste.
+    std::wstring clipboard()
+    {
+        std::wstring text;
+        host.Do([&] {
+            if (!OpenClipboard(host.Main))
+                return;
+            if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+                text = static_cast<const wchar_t*>(GlobalLock(data));
+                GlobalUnlock(data);
+            }
+            CloseClipboard();
+        });
+        return text;
+    }
+
     bool takesInput(HWND window) const { return IsWindowEnabled(window); }
     void expectHostIsOpen()
     {
@@ -220,26 +244,43 @@ TEST_F(WindowTest, TheCalendarOpensAndClosesUnderTheHostsLoop)
     host.Run([&] {
         openGatePass();
         Press(VK_TAB, {VK_SHIFT}); // to the date
-        const auto windows = [&] {
-            int visible = 0;
-            EnumThreadWindows(
-                thread,
-                [](HWND window, LPARAM found) -> BOOL {
-                    *reinterpret_cast<int*>(found) += IsWindowVisible(window) ? 1 : 0;
-                    return TRUE;
-                },
-                reinterpret_cast<LPARAM>(&visible));
-            return visible;
-        };
-        const int before = windows();
+        const int before = clerk::CountVisible(thread);
         Press(VK_DOWN, {VK_MENU});
-        clerk::Await("the calendar", [&] { return windows() == before + 1; });
+        clerk::Await("the calendar", [&] { return clerk::CountVisible(thread) == before + 1; });
         expectHostIsOpen();
         Press(VK_ESCAPE);
-        clerk::Await("the calendar's going", [&] { return windows() == before; });
+        clerk::Await("the calendar's going",
+                     [&] { return clerk::CountVisible(thread) == before; });
         See(L"Gate Pass");
         close();
         host.See();
+    });
+}
+
+TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
+{
+    host.Run([&] {
+        openGatePass();
+        Press(VK_F1);
+        See(L"Find staff");
+        Press(VK_DOWN);
+        const int before = clerk::CountVisible(thread);
+        Press(VK_F10, {VK_SHIFT});
+        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        Press(VK_ESCAPE);
+        clerk::Await("the menu's going", [&] { return clerk::CountVisible(thread) == before; });
+        ASSERT_NO_FATAL_FAILURE(emptyClipboard());
+        Press(VK_APPS);
+        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        Press(VK_RETURN); // its first entry copies the row
+        clerk::Await("the copied row", [&] { return clipboard().find(L'\t') != std::wstring::npos; });
+        expectHostIsClosed();
+        Press(VK_ESCAPE);
+        See(L"Gate Pass");
+        expectHostIsOpen();
+        close();
+        host.See();
+        EXPECT_EQ(host.Accelerated, 0);
     });
 }
 

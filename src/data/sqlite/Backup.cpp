@@ -71,9 +71,7 @@ std::unique_ptr<SqliteEngine> holdAlone(const QString& file)
         switch (failure.Number() & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            raise(QStringLiteral("'%1' is in use. Close the program on all workstations and try "
-                                 "again."),
-                  file);
+            RaiseInUse(file);
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
             return nullptr;
@@ -127,12 +125,8 @@ public:
         hasCompany_ = QFileInfo::exists(file_);
         if (!hasCompany_)
             return;
-        // Where the disk knows second names, the company is at no moment without its own.
-        std::error_code error;
-        std::filesystem::create_hard_link(QFileInfo(file_).filesystemAbsoluteFilePath(),
-                                          QFileInfo(former_).filesystemAbsoluteFilePath(), error);
-        if (error)
-            ReplaceFile(file_, former_);
+        if (!giveSecondName())
+            MoveOver(file_, former_);
     }
     ~SetAside()
     {
@@ -168,8 +162,22 @@ private:
     {
         for (const char* ending : {"-wal", "-journal"}) {
             if (QFileInfo::exists(from + QLatin1String(ending)))
-                ReplaceFile(from + QLatin1String(ending), to + QLatin1String(ending));
+                MoveOver(from + QLatin1String(ending), to + QLatin1String(ending));
         }
+    }
+
+    /// Where the disk knows second names, the company is at no moment without its own.
+    bool giveSecondName() const
+    {
+#ifdef Q_OS_WIN
+        // Nobody who has it open keeps it from getting one there, only from losing one.
+        return false;
+#else
+        std::error_code error;
+        std::filesystem::create_hard_link(QFileInfo(file_).filesystemAbsoluteFilePath(),
+                                          QFileInfo(former_).filesystemAbsoluteFilePath(), error);
+        return !error;
+#endif
     }
 
     void putBack()
@@ -179,7 +187,7 @@ private:
         } else {
             RemoveDatabase(file_);
             if (hasCompany_)
-                ReplaceFile(former_, file_);
+                MoveOver(former_, file_);
         }
         moveLogs(former_, file_);
     }

@@ -7,6 +7,9 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QStorageInfo>
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
 
 #include <filesystem>
 #include <system_error>
@@ -89,7 +92,7 @@ void PartFile::TakePlace()
                   log);
     }
     if (existing_ == Existing::Replace)
-        ReplaceFile(path_, place_);
+        MoveOver(path_, place_);
     else if (!QFile::rename(path_, place_))
         raise(QStringLiteral("'%1' could not be given its name: another file has taken it."),
               place_);
@@ -103,6 +106,12 @@ bool PartFile::RemoveLeftOver(const QString& path)
     return lock.tryLock() && RemoveDatabase(path);
 }
 
+void RaiseInUse(const QString& file)
+{
+    raise(QStringLiteral("'%1' is in use. Close the program on all workstations and try again."),
+          file);
+}
+
 bool RemoveDatabase(const QString& file)
 {
     bool isGone = true;
@@ -113,11 +122,16 @@ bool RemoveDatabase(const QString& file)
     return isGone;
 }
 
-void ReplaceFile(const QString& file, const QString& place)
+void MoveOver(const QString& file, const QString& place)
 {
     std::error_code error;
     std::filesystem::rename(QFileInfo(file).filesystemAbsoluteFilePath(),
                             QFileInfo(place).filesystemAbsoluteFilePath(), error);
+#ifdef Q_OS_WIN
+    // What somebody has open cannot be moved there, nor replaced.
+    if (error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_ACCESS_DENIED)
+        RaiseInUse(place);
+#endif
     if (error)
         throw Failure(QStringLiteral("'%1' could not be replaced: %2.")
                           .arg(QDir::toNativeSeparators(place),

@@ -1,7 +1,7 @@
 #include "host/com/FormsObject.h"
 
 #include "data/Connection.h"
-#include "data/ado/AdoEngine.h"
+#include "data/ado/Dispatch.h"
 #include "host/com/CallArguments.h"
 #include "host/com/CallFailure.h"
 #include "host/com/HostSecurity.h"
@@ -48,7 +48,7 @@ QString textOf(BSTR text)
 
 std::shared_ptr<Connection> connectionOf(const Dispatch& object)
 {
-    return object ? std::make_shared<Connection>(std::make_unique<AdoEngine>(object)) : nullptr;
+    return object ? Connection::OpenHost(object.Raw()) : nullptr;
 }
 
 std::shared_ptr<UserSecurity> securityOf(const Dispatch& object)
