@@ -475,6 +475,12 @@ void Grid::LayOutColumns()
     }
 }
 
+void Grid::PressMenuKey()
+{
+    const QRect row = visualRect(currentIndex());
+    PressRight(viewport()->mapToGlobal(row.isValid() ? row.center() : QPoint()));
+}
+
 void Grid::PressRight(const QPoint& position)
 {
     if (!OnRightPress)
@@ -503,8 +509,7 @@ void Grid::keyPressEvent(QKeyEvent* event)
     const bool menuKey = event->key() == Qt::Key_Menu ||
                          (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
     if (menuKey) {
-        const QRect row = visualRect(currentIndex());
-        PressRight(viewport()->mapToGlobal(row.isValid() ? row.center() : QPoint()));
+        PressMenuKey();
         return;
     }
     const bool types = !event->text().isEmpty() && event->text().front().isPrint() &&
@@ -579,10 +584,13 @@ void Grid::mouseDoubleClickEvent(QMouseEvent* event)
         Fire(OnDoubleClick);
 }
 
-// Press and menu key have been told already.
+// Press and menu key have been told already. But Windows makes a context menu's event of Shift+F10
+// instead of a key's.
 void Grid::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard && event->modifiers() == Qt::ShiftModifier)
+        PressMenuKey();
 }
 
 void Grid::resizeEvent(QResizeEvent* event)

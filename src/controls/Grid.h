@@ -119,6 +119,7 @@ private:
 
     void RequireRow(int row) const;
     QModelIndex RowIndex(int row) const;
+    void PressMenuKey();
     void PressRight(const QPoint& position);
     void LayOutColumns();
 

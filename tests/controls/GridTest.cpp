@@ -1,6 +1,5 @@
 #include "Desk.h"
 
-#include <QElapsedTimer>
 #include <QScrollBar>
 
 #include <stdexcept>
@@ -264,6 +263,28 @@ TEST_F(GridTest, RightPressComesWithTheRowUnderIt)
     EXPECT_TRUE(QRect(desk.pos(), desk.size()).contains(where));
 }
 
+TEST_F(GridTest, TheMenusKeysAreToldOnceInWhicheverWayTheSystemTellsThem)
+{
+    fill(5);
+    enter();
+    grid.SetRow(2);
+    QList<QPoint> told;
+    grid.OnRightPress = [&](const QPoint& position) { told << position; };
+    const auto tell = [&](Qt::KeyboardModifiers modifiers) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint(), modifiers);
+        QApplication::sendEvent(grid.viewport(), &event);
+        EXPECT_TRUE(event.isAccepted());
+    };
+    // Some systems tell of the menu key in both ways.
+    Press(desk, Qt::Key_Menu);
+    tell(Qt::NoModifier);
+    EXPECT_EQ(told.size(), 1);
+    // Others tell of Shift+F10 in this way alone.
+    tell(Qt::ShiftModifier);
+    ASSERT_EQ(told.size(), 2);
+    EXPECT_EQ(told.at(1), told.at(0));
+}
+
 TEST_F(GridTest, DoubleClickOnARow)
 {
     fill(5);
@@ -393,12 +414,11 @@ TEST_F(GridTest, AMillionRowsCostNoMoreThanThoseThatAreSeen)
     desk.grab();
     EXPECT_LT(source.asked, 500);
     EXPECT_EQ(grid.Row(), 999'999);
-    QElapsedTimer timer;
-    timer.start();
+    source.asked = 0;
     grid.SourceChanged();
     grid.MoveLast();
-    RecordProperty("milliseconds", int(timer.elapsed()));
-    EXPECT_LT(timer.elapsed(), 500);
+    desk.grab();
+    EXPECT_LT(source.asked, 500);
 }
 
 TEST_F(GridTest, FailureInAHandlerEndsInHandlerFailed)

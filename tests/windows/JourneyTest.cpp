@@ -190,6 +190,7 @@ TEST_F(JourneyTest, ARowIsRemovedByItsMenu)
         enterRow(known.FirstProduct, L"3", L"", L"");
         enterRow(known.SecondProduct, L"5", L"", L"");
         Press(VK_ESCAPE);
+        Press(VK_DOWN);
         Press(VK_HOME, {VK_CONTROL});
         const int before = clerk::CountVisible(thread);
         Press(VK_APPS);

@@ -265,7 +265,7 @@ TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
         See(L"Find staff");
         Press(VK_DOWN);
         const int before = clerk::CountVisible(thread);
-        Press(VK_F10, {VK_SHIFT});
+        Press(VK_APPS);
         clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
         Press(VK_ESCAPE);
         clerk::Await("the menu's going", [&] { return clerk::CountVisible(thread) == before; });
@@ -281,6 +281,21 @@ TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
         close();
         host.See();
         EXPECT_EQ(host.Accelerated, 0);
+    });
+}
+
+TEST_F(WindowTest, TheMenuOfAListOpensByShiftAndF10Too)
+{
+    host.Run([&] {
+        openGatePass();
+        Press(VK_F1);
+        See(L"Find staff");
+        const int before = clerk::CountVisible(thread);
+        Press(VK_F10, {VK_SHIFT});
+        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        // Wine takes the key's release for a call of the window's own menu, so that it is not known
+        // here what Esc would close first.
+        ExitProcess(HasFailure() ? 1 : 0);
     });
 }
 
