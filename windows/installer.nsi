@@ -1,8 +1,15 @@
-; Installs the library with its class, and the reference host, for all users of a 64-bit Windows.
-; Made by ./make-installer, which gives BUILD, HOST, VERSION and OUT.
+; Installs the library with its class, and the reference host, for all users.
+; Made by ./make-installer, which gives TARGET, BUILD, HOST, VERSION and OUT.
 
-; A 64-bit program, which sees the registry and the system's folders as 64-bit hosts do.
-Target amd64-unicode
+; A program of the library's own kind, which sees the registry and the system's folders as its hosts
+; do.
+!if "${TARGET}" == "x86_64"
+    Target amd64-unicode
+    !define BITS 64
+!else
+    Target x86-unicode
+    !define BITS 32
+!endif
 ManifestDPIAware true
 SetCompressor /SOLID lzma
 RequestExecutionLevel admin
@@ -14,7 +21,7 @@ RequestExecutionLevel admin
 
 Name "${NAME} ${VERSION}"
 OutFile "${OUT}"
-InstallDir "$PROGRAMFILES64\${NAME}"
+InstallDir "$PROGRAMFILES${BITS}\${NAME}"
 InstallDirRegKey HKLM "${UNINSTALL_KEY}" "InstallLocation"
 ShowInstDetails show
 ShowUninstDetails show
@@ -32,12 +39,12 @@ UninstPage uninstConfirm
 UninstPage instfiles
 
 Function .onInit
-    SetRegView 64
+    SetRegView ${BITS}
     SetShellVarContext all
 FunctionEnd
 
 Function un.onInit
-    SetRegView 64
+    SetRegView ${BITS}
     SetShellVarContext all
 FunctionEnd
 
