@@ -60,6 +60,17 @@ BOOL CALLBACK look(HWND window, LPARAM search)
     return TRUE;
 }
 
+BOOL CALLBACK countAny(HWND, LPARAM count)
+{
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+BOOL CALLBACK countVisible(HWND window, LPARAM count)
+{
+    return IsWindowVisible(window) ? countAny(window, count) : TRUE;
+}
+
 Search searched(DWORD thread, const std::wstring& title)
 {
     Search search{title};
@@ -128,14 +139,15 @@ int Count(DWORD thread, const std::wstring& title)
 int CountVisible(DWORD thread)
 {
     int visible = 0;
-    EnumThreadWindows(
-        thread,
-        [](HWND window, LPARAM found) -> BOOL {
-            *reinterpret_cast<int*>(found) += IsWindowVisible(window) ? 1 : 0;
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&visible));
+    EnumThreadWindows(thread, countVisible, reinterpret_cast<LPARAM>(&visible));
     return visible;
+}
+
+int CountAll(DWORD thread)
+{
+    int all = 0;
+    EnumThreadWindows(thread, countAny, reinterpret_cast<LPARAM>(&all));
+    return all;
 }
 
 HWND Find(DWORD thread, const std::wstring& title)

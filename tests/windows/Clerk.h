@@ -31,6 +31,8 @@ template <class Condition> bool Await(const char* what, Condition condition)
 int Count(DWORD thread, const std::wstring& title);
 /// All its visible windows, those without a title (calendars, menus) among them.
 int CountVisible(DWORD thread);
+/// All its windows, those among them that cannot be seen.
+int CountAll(DWORD thread);
 /// The first of a title.
 HWND Find(DWORD thread, const std::wstring& title);
 

@@ -315,7 +315,7 @@ TEST_F(WindowTest, OpeningAndClosingManyTimesLeavesNothingBehind)
         DWORD Handles = 0;
         DWORD UserObjects = 0;
         DWORD DrawingObjects = 0;
-        SIZE_T Memory = 0;
+        DWORD Memory = 0; // in KB
     };
     const auto held = [] {
         Held now;
@@ -324,19 +324,8 @@ TEST_F(WindowTest, OpeningAndClosingManyTimesLeavesNothingBehind)
         now.DrawingObjects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
         PROCESS_MEMORY_COUNTERS memory{};
         GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof memory);
-        now.Memory = memory.PagefileUsage;
+        now.Memory = DWORD(memory.PagefileUsage / 1024);
         return now;
-    };
-    const auto windows = [this] {
-        int all = 0;
-        EnumThreadWindows(
-            thread,
-            [](HWND, LPARAM found) -> BOOL {
-                ++*reinterpret_cast<int*>(found);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&all));
-        return all;
     };
     constexpr int kWarm = 20;
     constexpr int kCycles = 200;
@@ -351,20 +340,21 @@ TEST_F(WindowTest, OpeningAndClosingManyTimesLeavesNothingBehind)
         };
         openAndClose(kWarm);
         const Held before = held();
-        const int windowsBefore = windows();
+        const int windowsBefore = clerk::CountAll(thread);
         openAndClose(kCycles);
         const Held after = held();
         // The last form's own goes a moment after it has gone from the screen.
-        clerk::Await("the last form's window to go", [&] { return windows() <= windowsBefore; });
+        clerk::Await("the last form's window to go",
+                     [&] { return clerk::CountAll(thread) <= windowsBefore; });
         // A system that counts no such objects says 0.
         EXPECT_LE(after.UserObjects, before.UserObjects + 4);
         EXPECT_LE(after.DrawingObjects, before.DrawingObjects + 4);
         EXPECT_LE(after.Handles, before.Handles + 4);
         std::printf("after %d cycles: handles %lu -> %lu, user objects %lu -> %lu, drawing objects "
-                    "%lu -> %lu, memory %zu -> %zu KB\n",
+                    "%lu -> %lu, memory %lu -> %lu KB\n",
                     kCycles, before.Handles, after.Handles, before.UserObjects, after.UserObjects,
-                    before.DrawingObjects, after.DrawingObjects, before.Memory / 1024,
-                    after.Memory / 1024);
+                    before.DrawingObjects, after.DrawingObjects, before.Memory,
+                    after.Memory);
     });
 }
 
