@@ -185,14 +185,17 @@ std::wstring CompanyFile()
 
 Ptr<IDispatch> OpenConnection()
 {
-    using Create = HRESULT(WINAPI*)(const wchar_t* file, IDispatch** connection);
+    using Create = HRESULT (*)(const wchar_t* file, IDispatch** connection);
     const HMODULE library = LoadLibraryW(_wgetenv(L"HOST_CONNECTION"));
     EXPECT_TRUE(library) << "the variable HOST_CONNECTION names no library";
     Ptr<IDispatch> connection;
     if (library) {
         const auto create = reinterpret_cast<Create>(
             reinterpret_cast<void*>(GetProcAddress(library, "CreateHostConnection")));
-        EXPECT_EQ(create(CompanyFile().c_str(), connection.GetAddressOf()), S_OK);
+        EXPECT_TRUE(create) << "it gives out no such function";
+        if (create) {
+            EXPECT_EQ(create(CompanyFile().c_str(), connection.GetAddressOf()), S_OK);
+        }
     }
     return connection;
 }

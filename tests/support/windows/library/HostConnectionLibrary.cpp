@@ -8,7 +8,7 @@
 
 using namespace TradeForms;
 
-HRESULT STDMETHODCALLTYPE CreateHostConnection(const wchar_t* file, IDispatch** connection)
+HRESULT CreateHostConnection(const wchar_t* file, IDispatch** connection)
 {
     *connection = nullptr;
     try {
