@@ -435,7 +435,7 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
     clerk.join();
 #ifdef _WIN32 // where the system keeps a file from being replaced under who has it open
     if (!refused.empty()) {
-        EXPECT_THAT(refused, HasSubstr("is in use"));
+        EXPECT_THAT(refused, HasSubstr("company.db' is in use"));
         EXPECT_EQ(told, "");
         EXPECT_EQ(areas, 0) << "the former one";
         EXPECT_EQ(files(), (QStringList{QStringLiteral("company.db"), QStringLiteral("copy.db")}));

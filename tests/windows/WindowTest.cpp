@@ -24,6 +24,12 @@ protected:
         See(title);
     }
     void openGatePass() { open(&_Forms::GatePassForm, L"Gate Pass"); }
+    void openStaffList()
+    {
+        openGatePass();
+        Press(VK_F1);
+        See(L"Find staff");
+    }
     void bringToFront()
     {
         host.Do([this] { SetForegroundWindow(host.Main); });
@@ -158,9 +164,7 @@ TEST_F(WindowTest, ABoxThatComesBeforeTheFirstFormClosesTheHostToo)
 TEST_F(WindowTest, AWindowThatTheHostDestroysMeanwhileIsNotMissed)
 {
     host.Run([&] {
-        openGatePass();
-        Press(VK_F1);
-        See(L"Find staff");
+        openStaffList();
         host.Do([&] { DestroyWindow(host.Second); });
         Press(VK_ESCAPE);
         See(L"Gate Pass");
@@ -179,9 +183,7 @@ TEST_F(WindowTest, TheHostsAcceleratorsDoNotTakeTheKeysOfAForm)
         Press('K');
         clerk::Await("the host's accelerators", [&] { return host.Accelerated == 2; });
 
-        openGatePass();
-        Press(VK_F1);
-        See(L"Find staff");
+        openStaffList();
         Press(VK_DOWN);
         Press(VK_TAB);
         Press(VK_ESCAPE);
@@ -260,9 +262,7 @@ TEST_F(WindowTest, TheCalendarOpensAndClosesUnderTheHostsLoop)
 TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
 {
     host.Run([&] {
-        openGatePass();
-        Press(VK_F1);
-        See(L"Find staff");
+        openStaffList();
         Press(VK_DOWN);
         const int before = clerk::CountVisible(thread);
         Press(VK_APPS);
@@ -273,7 +273,8 @@ TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
         Press(VK_APPS);
         clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
         Press(VK_RETURN); // its first entry copies the row
-        clerk::Await("the copied row", [&] { return clipboard().find(L'\t') != std::wstring::npos; });
+        clerk::Await("the copied row",
+                     [&] { return clipboard().find(L'\t') != std::wstring::npos; });
         expectHostIsClosed();
         Press(VK_ESCAPE);
         See(L"Gate Pass");
@@ -287,9 +288,7 @@ TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
 TEST_F(WindowTest, TheMenuOfAListOpensByShiftAndF10Too)
 {
     host.Run([&] {
-        openGatePass();
-        Press(VK_F1);
-        See(L"Find staff");
+        openStaffList();
         const int before = clerk::CountVisible(thread);
         Press(VK_F10, {VK_SHIFT});
         clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
@@ -353,8 +352,7 @@ TEST_F(WindowTest, OpeningAndClosingManyTimesLeavesNothingBehind)
         std::printf("after %d cycles: handles %lu -> %lu, user objects %lu -> %lu, drawing objects "
                     "%lu -> %lu, memory %lu -> %lu KB\n",
                     kCycles, before.Handles, after.Handles, before.UserObjects, after.UserObjects,
-                    before.DrawingObjects, after.DrawingObjects, before.Memory,
-                    after.Memory);
+                    before.DrawingObjects, after.DrawingObjects, before.Memory, after.Memory);
     });
 }
 

@@ -130,7 +130,7 @@ void MoveOver(const QString& file, const QString& place)
 #ifdef Q_OS_WIN
     // What somebody has open cannot be moved there, nor replaced.
     if (error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_ACCESS_DENIED)
-        RaiseInUse(place);
+        RaiseInUse(QFileInfo::exists(place) ? place : file);
 #endif
     if (error)
         throw Failure(QStringLiteral("'%1' could not be replaced: %2.")
