@@ -3,14 +3,13 @@
 
 #include "data/sqlite/SqliteEngine.h"
 #include "search/Catalogue.h"
+#include "support/FaultyDisk.h"
 #include "support/GatePassDesk.h"
 
 #include <QDir>
 #include <QtTest>
 
-#include <atomic>
 #include <chrono>
-#include <thread>
 
 namespace tests {
 
@@ -341,6 +340,12 @@ private:
 };
 
 class DeletionTroubleTest : public TroubleTest {};
+
+/// A company whose locks are watched.
+struct WatchedDisk {
+    FaultyDisk disk;
+};
+class LockTest : protected WatchedDisk, public BadInputTest {};
 
 } // namespace
 
@@ -768,30 +773,22 @@ TEST_F(BadInputTest, AClerkTypesOnWhileAnotherUserHoldsTheDatabase)
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
 }
 
-TEST_F(BadInputTest, ASaveWaitsForAnotherUserWithoutAWord)
+TEST_F(LockTest, ASaveWaitsForAnotherUserWithoutAWord)
 {
     Open();
     EnterHeader();
     EnterRow(s("101"), s("3"));
-    std::atomic<bool> isHeld = false;
-    std::atomic<bool> isSaving = false;
-    std::thread holder([&] {
-        const std::shared_ptr<Connection> other = company.Connect();
-        other->BeginTrans();
-        isHeld = true;
-        while (!isSaving)
-            std::this_thread::yield();
-        std::this_thread::sleep_for(300ms);
-        other->RollbackTrans();
+    const std::shared_ptr<Connection> other = company.Connect();
+    other->BeginTrans();
+    // The other is done only when the save has asked for the lock again and again.
+    constexpr int patience = 5;
+    int refused = 0;
+    disk.WhenLockRefused([&] {
+        if (++refused == patience)
+            other->RollbackTrans();
     });
-    while (!isHeld)
-        std::this_thread::yield();
-    QElapsedTimer waited;
-    waited.start();
-    isSaving = true;
     Save();
-    EXPECT_GE(waited.elapsed(), 300);
-    holder.join();
+    EXPECT_EQ(refused, patience);
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
 }
 

@@ -26,6 +26,7 @@ struct State {
     int Left = 0; ///< operations until one fails; 0 on a sound disk
     bool IsBroken = false;
     bool HasFailed = false;
+    std::function<void()> WhenLockRefused;
 };
 
 State& state()
@@ -76,6 +77,17 @@ int syncFile(sqlite3_file* file, int flags)
     return fails() ? SQLITE_IOERR_FSYNC : handOn<&sqlite3_io_methods::xSync>(file, flags);
 }
 
+int lockMemory(sqlite3_file* file, int offset, int count, int flags)
+{
+    constexpr int writer = 0;
+    const int result = handOn<&sqlite3_io_methods::xShmLock>(file, offset, count, flags);
+    // A copy: what happens may be another thing the next time.
+    const std::function<void()> then = state().WhenLockRefused;
+    if (result == SQLITE_BUSY && offset == writer && then)
+        then();
+    return result;
+}
+
 void barrier(sqlite3_file* file)
 {
     sqlite3_file* real = realOf(file);
@@ -107,8 +119,7 @@ constexpr Methods methods = {
         [](sqlite3_file* file, int region, int size, int extend, void volatile** memory) {
             return handOn<&Methods::xShmMap>(file, region, size, extend, memory);
         },
-    .xShmLock = [](sqlite3_file* file, int offset, int count,
-                   int flags) { return handOn<&Methods::xShmLock>(file, offset, count, flags); },
+    .xShmLock = lockMemory,
     .xShmBarrier = barrier,
     .xShmUnmap = [](sqlite3_file* file,
                     int remove) { return handOn<&Methods::xShmUnmap>(file, remove); },
@@ -173,4 +184,9 @@ void FaultyDisk::Repair()
 bool FaultyDisk::HasFailed() const
 {
     return state().HasFailed;
+}
+
+void FaultyDisk::WhenLockRefused(std::function<void()> then)
+{
+    state().WhenLockRefused = std::move(then);
 }

@@ -1,7 +1,10 @@
 #pragma once
 
-/// A disk that fails when a test says so. Within its scope every database is on it: databases
-/// must be opened after it was made, and closed before it goes. One at a time.
+#include <functional>
+
+/// A disk that fails when a test says so, and tells of locks that it refuses. Within its scope
+/// every database is on it: databases must be opened after it was made, and closed before it
+/// goes. One at a time.
 class FaultyDisk {
 public:
     enum class Fault {
@@ -21,4 +24,7 @@ public:
     void Repair();
     /// Whether anything has failed since FailAt.
     bool HasFailed() const;
+
+    /// What happens whenever a connection asks for the lock of the writer and another one has it.
+    void WhenLockRefused(std::function<void()> then);
 };
