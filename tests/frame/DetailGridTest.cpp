@@ -19,15 +19,15 @@ using State = VoucherForm::State;
 
 class DetailGridTest : public GatePassDesk {
 protected:
-    /// The number a row has in BodyRecordset, or "none".
-    QString inBody(const QString& product)
+    /// What a row has in a column of BodyRecordset, or "none".
+    QString inBody(const QString& product, const char* column = "OutNewProducts")
     {
         It().Detail.BodyRecordset.SetFilter(
             Statement("ProductID='{code}'").Bind("code", product));
         const QString value =
             It().Detail.BodyRecordset.RecordCount() == 0
                 ? s("none")
-                : It().Detail.BodyRecordset.Value("OutNewProducts").toString();
+                : It().Detail.BodyRecordset.Value(column).toString();
         It().Detail.BodyRecordset.ClearFilter();
         return value;
     }
@@ -50,6 +50,55 @@ TEST_F(DetailGridTest, ARowWithoutAProductIsRefused)
     Press(It(), Qt::Key_Return);
     EXPECT_TRUE(HasFocus(It().TxtProductID));
     EXPECT_EQ(FilledRows(), 0);
+    // Blanks are no product either.
+    Click(It(), It().TxtReturnNewProducts);
+    It().TxtProductID.SetText(s("  "));
+    boxes.Expect({s("Enter Product ID."), MsgIcon::Exclamation, s("Alert")});
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(It().Detail.CountRows(), 0);
+}
+
+TEST_F(DetailGridTest, TheListPaintsAgainAfterARowWasAddedAndAfterAVoucherWasOpened)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EXPECT_TRUE(It().Rows.Redraw());
+    Save();
+    OpenStored(1);
+    EXPECT_TRUE(It().Rows.Redraw());
+}
+
+TEST_F(DetailGridTest, AVoucherWithoutRowsLeavesTheListAsItWas)
+{
+    Open();
+    const int full = Stored();
+    const int empty = Stored(s("210"), s("1"));
+    OpenStored(full);
+    ASSERT_EQ(FilledRows(), 1);
+    // The list shows passes with rows: another user removes them while it is up.
+    dialogs.Expect([&](Form& dialog) {
+        company.Run(s("delete from GatePassBody where GatePassID = %1").arg(empty));
+        Choose(QString::number(empty))(dialog);
+    });
+    Ctrl(Qt::Key_O);
+    EXPECT_EQ(It().TxtGatePassID.Text(), QString::number(empty));
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    EXPECT_EQ(It().Detail.CountRows(), 0);
+}
+
+TEST_F(DetailGridTest, OpeningAVoucherFillsNoEntryControl)
+{
+    Open();
+    OpenStored(Stored());
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
+    // The blank row stands ready below the rows.
+    EXPECT_EQ(It().Rows.RowCount(), 2);
+    EXPECT_EQ(Cell(1, "ID"), s(" "));
+    EXPECT_EQ(It().Rows.Row(), 1);
 }
 
 TEST_F(DetailGridTest, AddingAProductTwiceIsRefusedAndTheFirstRowStandsUnchanged)
@@ -71,17 +120,28 @@ TEST_F(DetailGridTest, EditingARowAndPressingEscLeavesRowAndRecordUnchanged)
 {
     Open();
     EnterHeader();
-    EnterRow(s("101"), s("3"));
+    EnterRow(s("101"), s("3"), s("1"), s("2"));
+    const QList<std::pair<const char*, QString>> before{
+        {"OutNewProducts", s("3")}, {"ReturnOldProducts", s("1")}, {"ReturnNewProducts", s("2")}};
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_Up);
     Press(It(), Qt::Key_Return);
     ASSERT_FALSE(It().Detail.IsRowAdd);
-    Type(It(), s("9"));
+    for (Txt* field :
+         {&It().TxtOutNewProducts, &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+        It().ResetFocus(*field);
+        Type(It(), s("9"));
+        EXPECT_TRUE(field->Text().contains(s("9"))) << qPrintable(field->Name());
+    }
     Press(It(), Qt::Key_Escape);
-    EXPECT_TRUE(It().TxtReturnOldProducts.Text().isEmpty());
-    EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
-    EXPECT_EQ(Cell(0, "ReturnOldProducts"), QString());
-    EXPECT_EQ(inBody(s("101")), s("3"));
+    for (const Txt* field : {&It().TxtProductID, &It().TxtOutNewProducts,
+                             &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+        EXPECT_TRUE(field->Text().isEmpty()) << qPrintable(field->Name());
+    }
+    for (const auto& [column, value] : before) {
+        EXPECT_EQ(Cell(0, column), value) << column;
+        EXPECT_EQ(inBody(s("101"), column), value) << column;
+    }
     EXPECT_FALSE(It().Detail.IsRowAdd);
 
     // Only leaving the grid on the blank row adds rows again.
@@ -106,8 +166,11 @@ TEST_F(DetailGridTest, ARowThatIsNotThereCannotBeCorrectedByTypingItsCode)
     EnterRow(s("210"), s("4"));
     EXPECT_EQ(Cell(0, "ID"), s("101"));
     EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
-    EXPECT_EQ(inBody(s("210")), s("none"));
     EXPECT_TRUE(It().Rows.Redraw());
+    // The voucher is saved with all of its rows all the same.
+    Press(It(), Qt::Key_Escape);
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
 }
 
 TEST_F(DetailGridTest, RemovingTheOnlyRowLeavesTheBlankOneAndSavingIsRefused)
@@ -145,6 +208,32 @@ TEST_F(DetailGridTest, RemovingARowMarksTheVoucherWithoutAQuestion)
     EXPECT_EQ(BodyOf(id), QStringList({s("210|1|null|null")}));
 }
 
+TEST_F(DetailGridTest, TheBlankRowCannotBeRemoved)
+{
+    Open();
+    OpenStored(Stored());
+    It().Rows.MoveLast();
+    It().Detail.RemoveRow();
+    EXPECT_EQ(It().Rows.RowCount(), 2);
+    EXPECT_EQ(Cell(1, "ID"), s(" "));
+    EXPECT_EQ(It().FormState(), State::Opened);
+}
+
+TEST_F(DetailGridTest, OnlyTheCurrentRowIsRemovedWhateverIsSelected)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    EnterRow(s("210"), s("5"));
+    It().Rows.SelectRow(0);
+    It().Rows.SetRow(1);
+    It().Detail.RemoveRow();
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(Cell(0, "ID"), s("101"));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
+}
+
 TEST_F(DetailGridTest, AnEmptyNumberFieldStoresNullAndANullShowsAsBlank)
 {
     Open();
@@ -166,7 +255,14 @@ TEST_F(DetailGridTest, SelectingTheBlankRowAndPressingEnterMovesToTheEmptyCode)
     EXPECT_TRUE(HasFocus(It().TxtProductID));
     EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
     EXPECT_TRUE(It().TxtProductID.IsEnabled());
+    EXPECT_TRUE(It().TxtProductID.HasTabStop());
     EXPECT_TRUE(It().Detail.IsRowAdd);
+    // A code that was typed before goes.
+    Type(It(), s("210"));
+    Press(It(), Qt::Key_Down);
+    ASSERT_TRUE(HasFocus(It().Rows));
+    Press(It(), Qt::Key_Return);
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
 }
 
 TEST_F(DetailGridTest, RightClickOnTheBlankRowShowsNoMenu)
@@ -201,6 +297,9 @@ TEST_F(DetailGridTest, WhileTheGridHasTheFocusTheCodeIsClosedAndTheRowShows)
     EXPECT_EQ(It().TxtProductID.Text(), s("101"));
     EXPECT_EQ(It().TxtReturnOldProducts.Text(), s("1"));
     EXPECT_EQ(It().TxtProductName.Text(), s("موٹر سائیکل 125 سی سی"));
+    Press(It(), Qt::Key_End, Qt::ControlModifier);
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
 }
 
 TEST_F(DetailGridTest, LeavingTheGridOnAFilledRowCorrectsThatRow)
@@ -221,6 +320,7 @@ TEST_F(DetailGridTest, LeavingTheGridOnAFilledRowCorrectsThatRow)
     EXPECT_EQ(Cell(0, "ReturnOldProducts"), s("2"));
     EXPECT_EQ(Cell(0, "ReturnNewProducts"), s("1"));
     EXPECT_EQ(FilledRows(), 2);
+    EXPECT_EQ(It().Rows.RowCount(), 3);
     EXPECT_TRUE(It().Detail.IsRowAdd);
     EXPECT_TRUE(HasFocus(It().TxtProductID));
     Save();
@@ -238,7 +338,7 @@ TEST_F(DetailGridTest, DoubleClickChoosesTheRowAsEnterDoes)
     EXPECT_EQ(It().TxtProductID.Text(), s("101"));
 }
 
-TEST_F(DetailGridTest, GoingBackIntoTheEntryRowAddsNothing)
+TEST_F(DetailGridTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
 {
     Open();
     EnterHeader();
@@ -252,6 +352,11 @@ TEST_F(DetailGridTest, GoingBackIntoTheEntryRowAddsNothing)
         EXPECT_TRUE(HasFocus(*field));
         EXPECT_EQ(FilledRows(), 0);
     }
+    Click(It(), It().TxtReturnNewProducts);
+    ExpectCloseQuestion(MsgAnswer::No, [this] { EXPECT_EQ(FilledRows(), 0); });
+    Click(It(), It().BtnClose);
+    EXPECT_EQ(FilledRows(), 0);
+    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
     Click(It(), It().TxtReturnNewProducts);
     Click(It(), It().TxtDriverCode);
     EXPECT_EQ(FilledRows(), 1);

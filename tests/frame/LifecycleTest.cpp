@@ -1,5 +1,6 @@
 // Opening, states, saving, deleting and closing a voucher.
 
+#include "support/FaultyDisk.h"
 #include "support/GatePassDesk.h"
 
 #include "host/HostContext.h"
@@ -16,20 +17,73 @@ QString s(const char* text)
 }
 
 using State = VoucherForm::State;
-using LifecycleTest = GatePassDesk;
+
+class LifecycleTest : public GatePassDesk {
+protected:
+    /// Another workstation stores a voucher under the number.
+    void storeElsewhere(int id)
+    {
+        company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
+                      " values (%1, 'Raja', 1, 0)")
+                        .arg(id));
+    }
+};
+
+class StatesTest : public LifecycleTest {
+protected:
+    /// Stores a pass of five days ago, opens it, and is about to correct its row.
+    void openAndCorrectARow()
+    {
+        It().DtpDate.SetValue(QDate::currentDate().addDays(-5));
+        OpenStored(Stored());
+        It().ResetFocus(It().TxtProductID);
+        Press(It(), Qt::Key_Down);
+        Press(It(), Qt::Key_Up);
+        Press(It(), Qt::Key_Return);
+        ASSERT_EQ(It().FormState(), State::Opened);
+        ASSERT_FALSE(It().Detail.IsRowAdd);
+        ASSERT_FALSE(It().TxtProductID.IsEnabled());
+        ASSERT_EQ(It().DtpDate.Value(), QDate::currentDate().addDays(-5));
+    }
+
+    /// All that state New sets.
+    void expectNew(const QString& number)
+    {
+        EXPECT_EQ(It().FormState(), State::New);
+        EXPECT_TRUE(It().Title.StateText().contains(s("New")));
+        EXPECT_TRUE(It().BtnOpen.IsEnabled());
+        EXPECT_FALSE(It().BtnDelete.IsEnabled());
+        EXPECT_FALSE(It().BtnSave.IsEnabled());
+        EXPECT_FALSE(It().BtnPrint.IsEnabled());
+        EXPECT_TRUE(It().BtnClear.IsEnabled());
+        EXPECT_TRUE(It().IsNew);
+        EXPECT_EQ(It().TxtGatePassID.Text(), number);
+        EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate());
+        EXPECT_TRUE(It().TxtAreaCode.Text().isEmpty());
+        EXPECT_EQ(It().Rows.RowCount(), 1);
+        EXPECT_EQ(FilledRows(), 0);
+        EXPECT_EQ(It().Detail.CountRows(), 0);
+        EXPECT_TRUE(It().Detail.IsRowAdd);
+        EXPECT_FALSE(It().Detail.IsGridActive);
+        EXPECT_TRUE(It().TxtProductID.IsEnabled());
+        EXPECT_TRUE(It().TxtProductID.HasTabStop());
+        EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+        EXPECT_TRUE(It().TxtReturnOldProducts.Text().isEmpty());
+        EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    }
+};
+
+/// A company whose locks are watched.
+struct WatchedDisk {
+    FaultyDisk disk;
+};
+class RaceTest : protected WatchedDisk, public LifecycleTest {};
 
 const Message& idTaken()
 {
     static const Message message{s("This Gate Pass ID already exists. A new Gate Psss ID. has "
                                    "been generated. Please try again"),
                                  MsgIcon::Stop, s("Alert")};
-    return message;
-}
-
-const Message& closeQuestion()
-{
-    static const Message message{s("Are you sure to close without save?"), MsgIcon::Question,
-                                 s("Alert"), MsgButtons::YesNo};
     return message;
 }
 
@@ -42,18 +96,64 @@ const Message& removeQuestion()
 
 } // namespace
 
-TEST_F(LifecycleTest, StateNewSwitchesTheButtons)
+TEST_F(StatesTest, AWindowOpensInStateNew)
 {
     Open();
-    EXPECT_EQ(It().FormState(), State::New);
-    EXPECT_TRUE(It().BtnOpen.IsEnabled());
-    EXPECT_FALSE(It().BtnDelete.IsEnabled());
-    EXPECT_FALSE(It().BtnSave.IsEnabled());
-    EXPECT_FALSE(It().BtnPrint.IsEnabled());
-    EXPECT_TRUE(It().BtnClear.IsEnabled());
-    EXPECT_TRUE(It().IsNew);
+    expectNew(s("1"));
+}
+
+TEST_F(StatesTest, StateNewAfterAnEditedVoucherSwitchesEverything)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    ASSERT_EQ(It().FormState(), State::Edited);
+    Ctrl(Qt::Key_W);
+    expectNew(s("1"));
+}
+
+TEST_F(StatesTest, StateNewAfterAnOpenedVoucherSwitchesEverything)
+{
+    Open();
+    openAndCorrectARow();
+    Ctrl(Qt::Key_W);
+    expectNew(s("2"));
+}
+
+TEST_F(StatesTest, StateNewAfterADeletedVoucherSwitchesEverything)
+{
+    Open();
+    openAndCorrectARow();
+    boxes.Expect(removeQuestion(), MsgAnswer::Yes);
+    Ctrl(Qt::Key_R);
+    expectNew(s("1"));
+}
+
+TEST_F(StatesTest, StateNewFromAFieldThatMarksTheVoucherWhenItIsEmptied)
+{
+    Open();
+    OpenStored(Stored());
+    It().ResetFocus(It().TxtAreaCode);
+    ASSERT_EQ(It().FormState(), State::Opened);
+    Ctrl(Qt::Key_W);
+    expectNew(s("2"));
+}
+
+TEST_F(StatesTest, AnotherVoucherOpenedWhileARowIsCorrectedTakesRowsAgain)
+{
+    Open();
+    Stored(s("210"), s("1"));
+    openAndCorrectARow();
+    OpenStored(1);
+    EXPECT_EQ(It().FormState(), State::Opened);
     EXPECT_TRUE(It().Detail.IsRowAdd);
-    EXPECT_TRUE(It().Title.StateText().contains(s("New")));
+    EXPECT_TRUE(It().TxtProductID.IsEnabled());
+    EXPECT_TRUE(It().TxtProductID.HasTabStop());
+    EXPECT_TRUE(HasFocus(It().DtpDate));
+    Press(It(), Qt::Key_Escape);
+    EnterRow(s("104"), s("2"));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("104|2|null|null"), s("210|1|null|null")}));
 }
 
 TEST_F(LifecycleTest, StateEditedSwitchesTheButtons)
@@ -124,9 +224,9 @@ TEST_F(LifecycleTest, AnIdStoredElsewhereMeanwhileDrawsTheMessageAndAFreshNumber
     Open();
     EnterHeader();
     EnterRow(s("101"), s("3"));
-    company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
-                  " values (1, 'Raja', 1, 0)"));
-    boxes.Expect(idTaken());
+    storeElsewhere(1);
+    boxes.Expect(idTaken(), MsgAnswer::Ok,
+                 [this] { EXPECT_EQ(It().TxtGatePassID.Text(), s("1")); });
     Ctrl(Qt::Key_S);
     EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
     EXPECT_EQ(It().FormState(), State::Edited);
@@ -145,8 +245,7 @@ TEST_F(LifecycleTest, AfterTheRaceMessageRowsAreStillFoundByTheirProduct)
     EnterHeader();
     EnterRow(s("101"), s("3"));
     EnterRow(s("210"), s("1"));
-    company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
-                  " values (1, 'Raja', 1, 0)"));
+    storeElsewhere(1);
     boxes.Expect(idTaken());
     Ctrl(Qt::Key_S);
     boxes.Expect({s("The Record Already Exist"), MsgIcon::Information, s("Alert")});
@@ -219,34 +318,37 @@ TEST_F(LifecycleTest, ClosingWithRowsTypedAsksAndNoLeavesThem)
     Open();
     EnterHeader();
     EnterRow(s("101"), s("3"));
-    boxes.Expect(closeQuestion(), MsgAnswer::No);
+    ExpectCloseQuestion(MsgAnswer::No);
     Ctrl(Qt::Key_Q);
     EXPECT_TRUE(It().isVisible());
     EXPECT_EQ(FilledRows(), 1);
-    boxes.Expect(closeQuestion(), MsgAnswer::Yes);
+    EXPECT_EQ(It().Detail.CountRows(), 1);
+    ExpectCloseQuestion(MsgAnswer::Yes);
     Ctrl(Qt::Key_Q);
     EXPECT_FALSE(It().isVisible());
     EXPECT_EQ(Count(s("GatePassHeader")), 0);
 }
 
-TEST_F(LifecycleTest, ClosingAnUneditedFormAsksNothing)
+TEST_F(LifecycleTest, ClosingAnUneditedFormAsksNothingAndLetsGoOfItsRows)
 {
     Open();
+    EXPECT_TRUE(It().Detail.BodyRecordset.IsOpen());
     Ctrl(Qt::Key_Q);
     EXPECT_FALSE(It().isVisible());
+    EXPECT_FALSE(It().Detail.BodyRecordset.IsOpen());
 }
 
 TEST_F(LifecycleTest, ImgExitAndTheSystemCloseThroughTheSameQuestion)
 {
     Open();
     Type(It(), s("2"));
-    boxes.Expect(closeQuestion(), MsgAnswer::No);
+    ExpectCloseQuestion(MsgAnswer::No);
     Click(It(), It().Title.ImgExit());
     EXPECT_TRUE(It().isVisible());
-    boxes.Expect(closeQuestion(), MsgAnswer::No);
+    ExpectCloseQuestion(MsgAnswer::No);
     EXPECT_FALSE(It().close());
     EXPECT_TRUE(It().isVisible());
-    boxes.Expect(closeQuestion(), MsgAnswer::Yes);
+    ExpectCloseQuestion(MsgAnswer::Yes);
     Click(It(), It().BtnClose);
     EXPECT_FALSE(It().isVisible());
 }
@@ -283,6 +385,57 @@ TEST_F(LifecycleTest, ClearWorksFromEveryFieldWithoutBringingUpAList)
         EXPECT_TRUE(HasFocus(It().TxtDriverCode)) << qPrintable(field->Name());
         EXPECT_EQ(It().FormState(), State::New) << qPrintable(field->Name());
     }
+}
+
+TEST_F(LifecycleTest, ClicksOnClearAndCloseBringUpNoListFromAnEmptyMandatoryField)
+{
+    Open();
+    Type(It(), s("7"));
+    It().ResetFocus(It().TxtAreaCode);
+    Click(It(), It().BtnClear);
+    EXPECT_EQ(It().FormState(), State::New);
+    It().ResetFocus(It().TxtBranchID);
+    Click(It(), It().BtnClose);
+    EXPECT_FALSE(It().isVisible());
+}
+
+TEST_F(LifecycleTest, ClearTakesTheStockOffTheScreen)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    ASSERT_TRUE(It().LblStock.IsVisible());
+    Ctrl(Qt::Key_W);
+    EXPECT_FALSE(It().LblStock.IsVisible());
+    EXPECT_FALSE(It().LblCaption.IsVisible());
+}
+
+TEST_F(LifecycleTest, ThePassIsStoredWhenTheQuestionOfPrintingComes)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    boxes.Expect(PrintQuestion(), MsgAnswer::No, [this] {
+        EXPECT_FALSE(connection->InTransaction());
+        EXPECT_EQ(Count(s("GatePassHeader")), 1);
+        EXPECT_EQ(Count(s("GatePassBody")), 1);
+    });
+    Ctrl(Qt::Key_S);
+}
+
+TEST_F(LifecycleTest, AFailureBeforeTheTransactionIsToldOnceAndKeepsTheScreen)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    company.Run("alter table GatePassHeader rename to Elsewhere");
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_EQ(It().FormState(), State::Edited);
+    company.Run("alter table Elsewhere rename to GatePassHeader");
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
 }
 
 TEST_F(LifecycleTest, AfterAFailedSaveTheTransactionIsRolledBackAndASecondSaveSucceeds)
@@ -343,6 +496,15 @@ TEST_F(LifecycleTest, DeletingTheHighestVoucherMakesItsIdComeUpAgain)
     EXPECT_TRUE(BodyOf(2).isEmpty());
 }
 
+TEST_F(LifecycleTest, DeletingTakesTheRowsBeforeTheHeader)
+{
+    Open();
+    OpenStored(Stored());
+    DeleteRowsFirst(s("GatePassHeader"), s("GatePassBody"), s("GatePassID"));
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+    EXPECT_EQ(Count(s("GatePassBody")), 0);
+}
+
 TEST_F(LifecycleTest, AnsweringNoToTheRemovalQuestionKeepsTheVoucher)
 {
     Open();
@@ -385,10 +547,51 @@ TEST_F(LifecycleTest, MandatoryFieldsAreAskedForInScreenOrder)
     EXPECT_EQ(Count(s("GatePassHeader")), 0);
 }
 
+TEST_F(LifecycleTest, ACodeOfBlanksIsNoCode)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    It().TxtBranchID.SetText(s("  "));
+    boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
+    Ctrl(Qt::Key_S);
+    It().TxtBranchID.SetText(s("1"));
+    It().TxtAreaCode.SetText(s("  "));
+    boxes.Expect({s("Enter Area Code."), MsgIcon::Exclamation, s("Gate Pass")});
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Count(s("GatePassHeader")), 0);
+}
+
+TEST_F(LifecycleTest, TheFieldsAreAskedForBeforeTheNumberIsTested)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    storeElsewhere(1);
+    It().TxtAreaCode.SetText(QString());
+    boxes.Expect({s("Enter Area Code."), MsgIcon::Exclamation, s("Gate Pass")});
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("1"));
+}
+
+TEST_F(LifecycleTest, TheNumberIsTestedBeforeTheRowsAreCounted)
+{
+    Open();
+    EnterHeader();
+    storeElsewhere(1);
+    boxes.Expect(idTaken());
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+    boxes.Expect({s("Enter atleast one product to save"), MsgIcon::Exclamation, s("Alert")});
+    Ctrl(Qt::Key_S);
+    EXPECT_EQ(Count(s("GatePassHeader")), 1);
+}
+
 TEST_F(LifecycleTest, AVoucherWithoutRowsIsRefused)
 {
     Open();
     EnterHeader();
+    It().ResetFocus(It().DtpDate);
     boxes.Expect({s("Enter atleast one product to save"), MsgIcon::Exclamation, s("Alert")});
     Ctrl(Qt::Key_S);
     EXPECT_TRUE(HasFocus(It().TxtProductID));
@@ -411,6 +614,20 @@ TEST_F(LifecycleTest, ChangingAStoredPassKeepsItsEntryDateAndItsPostedFlag)
     EXPECT_EQ(row.value(1).toInt(), 0);
     EXPECT_EQ(row.value(2).toInt(), 9);
     EXPECT_EQ(BodyOf(id), QStringList({s("101|3|null|null"), s("210|1|null|null")}));
+}
+
+TEST_F(LifecycleTest, APassWhoseHeaderHasVanishedIsStoredAsANewOne)
+{
+    Open();
+    const int id = Stored();
+    OpenStored(id);
+    Press(It(), Qt::Key_Escape);
+    EnterRow(s("210"), s("1"));
+    company.Run("delete from GatePassHeader");
+    Save();
+    EXPECT_EQ(Lines(s("select GatePassID, isPosted, EntryDate is null from GatePassHeader")),
+              QStringList({s("1|0|0")}));
+    EXPECT_EQ(BodyOf(id).size(), 2);
 }
 
 TEST_F(LifecycleTest, ARowChangedByAnotherUserFailsTheSaveAndKeepsTheScreen)
@@ -480,6 +697,17 @@ TEST_F(LifecycleTest, CtrlSFromTheLastFieldSavesTheRowThatIsBeingEntered)
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|1|null")}));
 }
 
+TEST_F(LifecycleTest, CtrlSFromTheLastFieldOfAnEmptyEntryRowJustSaves)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    It().ResetFocus(It().TxtReturnNewProducts);
+    It().TxtProductID.SetText(s(" "));
+    Save();
+    EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
+}
+
 TEST_F(LifecycleTest, AClickOnSaveFirstAddsThePendingRow)
 {
     Open();
@@ -490,6 +718,34 @@ TEST_F(LifecycleTest, AClickOnSaveFirstAddsThePendingRow)
     boxes.Expect(PrintQuestion(), MsgAnswer::No);
     Click(It(), It().BtnSave);
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|1|null")}));
+}
+
+TEST_F(RaceTest, ANumberTakenWhileTheSaveWaitsIsToldAndNothingIsWritten)
+{
+    Open();
+    EnterHeader();
+    EnterRow(s("101"), s("3"));
+    const std::shared_ptr<Connection> other = company.Connect();
+    other->BeginTrans();
+    // The save has found the number free, and waits for the other to be done.
+    disk.WhenLockRefused([&] {
+        disk.WhenLockRefused({});
+        other->Execute("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
+                       " values (1, 'Raja', 1, 0)");
+        other->CommitTrans();
+    });
+    boxes.Expect(idTaken());
+    Ctrl(Qt::Key_S);
+    EXPECT_FALSE(other->InTransaction());
+    EXPECT_FALSE(connection->InTransaction());
+    EXPECT_EQ(company.Scalar("select AreaCode from GatePassHeader"), s("Raja"));
+    EXPECT_EQ(Count(s("GatePassBody")), 0);
+    EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
+    EXPECT_EQ(It().FormState(), State::Edited);
+
+    Save();
+    EXPECT_EQ(BodyOf(2), QStringList({s("101|3|null|null")}));
+    EXPECT_EQ(Count(s("GatePassHeader")), 2);
 }
 
 } // namespace tests

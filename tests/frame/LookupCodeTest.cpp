@@ -43,13 +43,18 @@ TEST_F(LookupCodeTest, CancellingTheListKeepsTheFocusWithTheNameEmptied)
     Open();
     const int id = Stored();
     OpenStored(id);
+    // Nothing is typed: it is the check that empties the name.
+    company.Run("pragma foreign_keys = off; delete from Areas where AreaCode = 'Kot'");
     It().ResetFocus(It().TxtAreaCode);
     ASSERT_FALSE(It().TxtAreaName.Text().isEmpty());
-    Press(It(), Qt::Key_A, Qt::ControlModifier);
-    dialogs.Expect(Cancel());
-    Enter(s("nowhere"));
+    dialogs.Expect([this](Form& dialog) {
+        EXPECT_TRUE(It().TxtAreaName.Text().isEmpty());
+        Press(dialog, Qt::Key_Escape);
+    });
+    Press(It(), Qt::Key_Return);
     EXPECT_TRUE(HasFocus(It().TxtAreaCode));
     EXPECT_TRUE(It().TxtAreaName.Text().isEmpty());
+    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
 }
 
 TEST_F(LookupCodeTest, CancellingTheListOfAnUnknownAreaKeepsTheTypedCode)
@@ -77,14 +82,62 @@ TEST_F(LookupCodeTest, AnEmptyBranchBringsUpTheListAndAnEmptyDriverDoesNot)
     EXPECT_TRUE(HasFocus(It().TxtBranchID));
 }
 
+TEST_F(LookupCodeTest, ADriverOfBlanksCountsAsEmpty)
+{
+    Open();
+    Enter(s("  "));
+    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+}
+
+TEST_F(LookupCodeTest, AnUnknownBranchIsEmptied)
+{
+    Open();
+    It().ResetFocus(It().TxtBranchID);
+    dialogs.Expect(Cancel());
+    Enter(s("99"));
+    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    EXPECT_TRUE(It().TxtBranchID.Text().isEmpty());
+}
+
+TEST_F(LookupCodeTest, NothingIsTypedIntoAName)
+{
+    Open();
+    for (UTxt* name : {&It().TxtDriverName, &It().TxtReceivingName, &It().TxtAreaName,
+                       &It().TxtBranchName, &It().TxtProductName}) {
+        Click(It(), *name);
+        Type(It(), s("5"));
+        EXPECT_TRUE(name->Text().isEmpty()) << qPrintable(name->Name());
+        EXPECT_TRUE(HasFocus(It().TxtDriverCode)) << qPrintable(name->Name());
+    }
+}
+
 TEST_F(LookupCodeTest, AClickInAnotherWindowDoesNotRunTheCheck)
 {
     Open();
     It().ResetFocus(It().TxtBranchID);
     const std::unique_ptr<FrmGatePass> other = Another();
-    Click(*other, other->TxtReceivingCode); // would bring up the branch list if it checked
+    int checks = 0;
+    It().TxtBranchID.OnValidate = [&, check = It().TxtBranchID.OnValidate](bool& cancel) {
+        ++checks;
+        check(cancel);
+    };
+    Click(*other, other->TxtReceivingCode);
     EXPECT_EQ(other->ActiveControl(), &other->TxtReceivingCode);
     EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    EXPECT_EQ(checks, 0);
+    dialogs.Expect(Cancel());
+    Click(It(), It().TxtReceivingCode); // of its own window
+    EXPECT_EQ(checks, 1);
+    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+}
+
+TEST_F(LookupCodeTest, AFieldThatIsNotTheActiveOneIsNotChecked)
+{
+    Open();
+    ASSERT_TRUE(HasFocus(It().TxtDriverCode));
+    bool refused = false;
+    It().TxtBranchID.OnValidate(refused); // would bring up the branch list
+    EXPECT_FALSE(refused);
 }
 
 TEST_F(LookupCodeTest, AUserOfAllBranchesSeesNoBranchConditionInTheStatement)
@@ -124,14 +177,33 @@ TEST_F(LookupCodeTest, AProductWithNoStockInTheBranchIsRefusedAndShowsTheList)
 {
     Open();
     EnterHeader();
-    dialogs.Expect([](Form& dialog) {
+    Enter(s("101"));
+    ASSERT_TRUE(It().LblStock.IsVisible());
+    It().ResetFocus(It().TxtProductID);
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    dialogs.Expect([this](Form& dialog) {
         EXPECT_EQ(dialog.objectName(), s("SchProduct"));
+        EXPECT_FALSE(It().LblStock.IsVisible());
         Press(dialog, Qt::Key_Escape);
     });
     Enter(s("299"));
     EXPECT_TRUE(HasFocus(It().TxtProductID));
     EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
     EXPECT_FALSE(It().LblStock.IsVisible());
+    EXPECT_FALSE(It().LblCaption.IsVisible());
+}
+
+TEST_F(LookupCodeTest, AProductThatOnlyAnotherBranchHasIsRefused)
+{
+    Open();
+    It().TxtBranchID.SetText(s("2"));
+    Press(It(), Qt::Key_Escape);
+    dialogs.Expect(Cancel());
+    Enter(s("104"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    Enter(s("101"));
+    EXPECT_EQ(It().LblStock.Text(), s("5"));
 }
 
 TEST_F(LookupCodeTest, WithNoBranchNoProductIsFound)

@@ -86,6 +86,30 @@ protected:
         return [](Form& dialog) { Press(dialog, Qt::Key_Escape); };
     }
 
+    /// The clerk answers the question whether to close without saving.
+    void ExpectCloseQuestion(MsgAnswer answer, std::function<void()> meanwhile = {})
+    {
+        boxes.Expect({QStringLiteral("Are you sure to close without save?"), MsgIcon::Question,
+                      QStringLiteral("Alert"), MsgButtons::YesNo},
+                     answer, std::move(meanwhile));
+    }
+
+    /// Deletes the opened voucher by Ctrl+R. The database refuses to lose a header whose rows it
+    /// still has.
+    void DeleteRowsFirst(const QString& header, const QString& body, const QString& id)
+    {
+        company.Run(QStringLiteral("create trigger RowsFirst before delete on %1"
+                                   " when exists (select 1 from %2 where %3 = old.%3)"
+                                   " begin select raise(abort, 'the rows are still there'); end")
+                        .arg(header, body, id));
+        boxes.Expect({QStringLiteral("Do you want to remove this record?"), MsgIcon::Question,
+                      QStringLiteral("Confirmation"), MsgButtons::YesNo},
+                     MsgAnswer::Yes);
+        Ctrl(Qt::Key_R);
+        EXPECT_EQ(boxes.Left(), 0) << "no question";
+        EXPECT_EQ(form->FormState(), VoucherForm::State::New);
+    }
+
     // What is to be seen.
 
     TheForm& It() { return *form; }
