@@ -344,7 +344,11 @@ TYPED_TEST(StockFormTest, ADescriptionIsStoredAsItStands)
     this->EnterHeader();
     IT.TxtDescription.SetText(s(" پرانا مال "));
     this->Ctrl(Qt::Key_S);
-    EXPECT_EQ(this->Headers(), QStringList(s("1|1|7| پرانا مال ")));
+    this->EnterHeader();
+    IT.TxtDescription.SetText(s("  "));
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(),
+              QStringList({s("1|1|7| پرانا مال "), s("2|1|7|  ")}));
 }
 
 TYPED_TEST(StockFormTest, OpeningFillsEveryFieldAndClosesTheNumber)
@@ -367,7 +371,10 @@ TYPED_TEST(StockFormTest, OpeningFillsEveryFieldAndClosesTheNumber)
     EXPECT_EQ(IT.TxtDescription.Text(), s("نوٹ"));
     EXPECT_EQ(this->FilledRows(), 2);
     EXPECT_EQ(this->Cell(1, "ID"), s("210"));
+    EXPECT_EQ(this->Cell(1, "Name"), s("واشنگ مشین"));
     EXPECT_EQ(this->Cell(1, "Qty"), s("5"));
+    EXPECT_EQ(this->Cell(1, "Price"), s("18500"));
+    EXPECT_EQ(this->Cell(1, "Amount"), s("92500"));
     // A new one opens it again.
     this->Ctrl(Qt::Key_W);
     EXPECT_TRUE(IT.TxtID.IsEnabled());
@@ -405,6 +412,156 @@ TYPED_TEST(StockFormTest, DeletingTakesBodyAndHeader)
     EXPECT_TRUE(this->BodyOf(id).isEmpty());
     EXPECT_EQ(this->user->Asked,
               QList<QString>{s(Kind<TypeParam>::Key) + s(" delete")});
+}
+
+TYPED_TEST(StockFormTest, DeletingTakesTheRowsBeforeTheHeader)
+{
+    this->Open();
+    const int id = this->Store();
+    this->OpenStored(id);
+    this->DeleteRowsFirst(s(Kind<TypeParam>::Header), s(Kind<TypeParam>::Body), s("StockID"));
+    EXPECT_TRUE(this->Headers().isEmpty());
+    EXPECT_TRUE(this->BodyOf(id).isEmpty());
+}
+
+TYPED_TEST(StockFormTest, TheRightIsTestedBeforeTheBranchIsAskedFor)
+{
+    this->Open();
+    this->OpenStored(this->Store());
+    IT.ResetFocus(IT.TxtDescription);
+    Type(IT, s("x"));
+    IT.TxtBranchID.SetText(QString());
+    this->user->Modify = false;
+    this->boxes.Expect(this->Refused(s("You are not authorized to modify a record")));
+    this->Ctrl(Qt::Key_S);
+    this->user->Modify = true;
+    this->boxes.Expect(Message{s("Enter Branch Code."), MsgIcon::Exclamation,
+                               s(Kind<TypeParam>::Title)});
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->Headers(), QStringList(s("1|1|7|null")));
+}
+
+TYPED_TEST(StockFormTest, TheBranchIsAskedForBeforeTheNumberIsTested)
+{
+    this->Open();
+    this->Store();
+    IT.ResetFocus(IT.TxtDescription);
+    Type(IT, s("x"));
+    IT.TxtID.SetText(s("1"));
+    this->boxes.Expect(Message{s("Enter Branch Code."), MsgIcon::Exclamation,
+                               s(Kind<TypeParam>::Title)});
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(IT.TxtID.Text(), s("1"));
+    IT.TxtBranchID.SetText(s("1"));
+    this->boxes.Expect(IdTaken);
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(IT.TxtID.Text(), s("2"));
+}
+
+TYPED_TEST(StockFormTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    this->Enter(s("3"));
+    for (const auto& [from, to] : {std::pair<Txt*, Txt*>{&IT.TxtPrice, &IT.TxtQty},
+                                   {&IT.TxtPrice, &IT.TxtProductID},
+                                   {&IT.TxtQty, &IT.TxtPrice},
+                                   {&IT.TxtQty, &IT.TxtProductID}}) {
+        IT.ResetFocus(*from);
+        Click(IT, *to);
+        EXPECT_TRUE(this->HasFocus(*to)) << qPrintable(from->Name() + to->Name());
+        EXPECT_EQ(this->FilledRows(), 0) << qPrintable(from->Name() + to->Name());
+    }
+    for (Txt* from : {&IT.TxtPrice, &IT.TxtQty}) {
+        IT.ResetFocus(*from);
+        this->ExpectCloseQuestion(MsgAnswer::No,
+                                  [this] { EXPECT_EQ(this->FilledRows(), 0); });
+        Click(IT, IT.BtnClose);
+        EXPECT_EQ(this->FilledRows(), 0) << qPrintable(from->Name());
+        EXPECT_EQ(IT.TxtProductID.Text(), s("101"));
+    }
+    IT.ResetFocus(IT.TxtQty);
+    Click(IT, IT.TxtDescription);
+    EXPECT_EQ(this->FilledRows(), 1);
+}
+
+TYPED_TEST(StockFormTest, ACodeOfBlanksAddsNothingAndSaysNothing)
+{
+    this->Open();
+    this->EnterHeader();
+    IT.ResetFocus(IT.TxtQty);
+    IT.TxtProductID.SetText(s("  "));
+    this->Enter(s("4"));
+    EXPECT_EQ(this->FilledRows(), 0);
+    EXPECT_EQ(IT.Detail.CountRows(), 0);
+}
+
+TYPED_TEST(StockFormTest, AnEmptyQuantityAndPriceAreStoredAsZero)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    this->Enter(s("101"));
+    IT.TxtPrice.SetText(QString());
+    this->Enter(QString());
+    this->Enter(QString());
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(this->BodyOf(1), QStringList(s("101|0|0|0")));
+}
+
+TYPED_TEST(StockFormTest, TheAmountCannotBeTyped)
+{
+    this->OpenPriced();
+    this->EnterHeader();
+    Click(IT, IT.TxtAmount);
+    Type(IT, s("5"));
+    EXPECT_TRUE(IT.TxtAmount.Text().isEmpty());
+    EXPECT_FALSE(this->HasFocus(IT.TxtAmount));
+}
+
+TYPED_TEST(StockFormTest, AnEmptyOrUnknownBranchBringsUpTheList)
+{
+    this->Open();
+    IT.ResetFocus(IT.TxtBranchID);
+    this->dialogs.Expect([](Form& dialog) {
+        EXPECT_EQ(dialog.objectName(), s("SchBranch"));
+        Press(dialog, Qt::Key_Escape);
+    });
+    Press(IT, Qt::Key_Tab);
+    EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
+    EXPECT_FALSE(IT.IsDirty());
+    this->dialogs.Expect(this->Cancel());
+    this->Enter(s("99"));
+    EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
+    EXPECT_TRUE(IT.TxtBranchID.Text().isEmpty());
+}
+
+TYPED_TEST(StockFormTest, ADocumentWithoutAnAccountOpens)
+{
+    this->Open();
+    this->EnterHeader(s("2"), QString());
+    this->EnterRow(s("101"), s("1"));
+    this->Ctrl(Qt::Key_S);
+    this->OpenStored(1);
+    EXPECT_EQ(IT.TxtBranchID.Text(), s("2"));
+    EXPECT_TRUE(IT.TxtAccountNo.Text().isEmpty());
+    EXPECT_TRUE(IT.TxtAccountName.Text().isEmpty());
+    EXPECT_EQ(this->FilledRows(), 1);
+}
+
+TYPED_TEST(StockFormTest, TheDateIsStoredAndOpened)
+{
+    this->Open();
+    this->EnterHeader();
+    this->EnterRow(s("101"), s("1"));
+    const QDate date = QDate::currentDate().addDays(-5);
+    IT.DtpDate.SetValue(date);
+    this->Ctrl(Qt::Key_S);
+    EXPECT_EQ(IT.DtpDate.Value(), QDate::currentDate());
+    EXPECT_EQ(this->company.Scalar(s("select Date from %1").arg(s(Kind<TypeParam>::Header))),
+              date.toString(Qt::ISODate));
+    this->OpenStored(1);
+    EXPECT_EQ(IT.DtpDate.Value(), date);
 }
 
 TYPED_TEST(StockFormTest, WithoutTheModifyRightANewDocumentIsStoredAndAStoredOneIsNot)
