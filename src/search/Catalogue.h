@@ -2,6 +2,8 @@
 
 #include "search/SearchDescription.h"
 
+#include <QList>
+
 namespace TradeForms {
 
 // Code lists
@@ -35,5 +37,8 @@ extern const SearchDescription SchWorkShopSalary;
 extern const SearchDescription SchStockIn;
 extern const SearchDescription SchStockOut;
 extern const SearchDescription SchStockInDetail;
+
+/// All of them, in this order.
+const QList<const SearchDescription*>& AllSearchDialogs();
 
 } // namespace TradeForms

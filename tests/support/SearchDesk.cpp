@@ -2,7 +2,6 @@
 
 #include "data/Connection.h"
 #include "host/HostContext.h"
-#include "search/Catalogue.h"
 
 #include <QRegularExpression>
 
@@ -115,21 +114,6 @@ QString dated(QString text, const QDate& today)
 }
 
 } // namespace
-
-const QList<const SearchDescription*>& AllSearchDialogs()
-{
-    static const QList<const SearchDescription*> all{
-        &SchArea,          &SchBranch,           &SchProduct,
-        &SchStaff,         &SchAccounts,         &SchParts,
-        &SchParty,         &SchSector,           &SchCustomer,
-        &SchGatePass,      &SchInsCustomer,      &SchRecoveryVoucher,
-        &SchRecoveryVoucherDetail,               &SchConcessionVoucher,
-        &SchReturnVoucher, &SchWorkerParts,      &SchPartnershipProfit,
-        &SchConvertArea,   &SchSalary,           &SchFrenchiserSalary,
-        &SchWorkShopSalary, &SchStockIn,         &SchStockOut,
-        &SchStockInDetail};
-    return all;
-}
 
 std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDescription*>& tested)
 {

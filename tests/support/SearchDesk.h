@@ -1,5 +1,6 @@
 #pragma once
 
+#include "search/Catalogue.h"
 #include "search/SearchWindow.h"
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
@@ -20,10 +21,7 @@ namespace tests {
 
 using namespace TradeForms;
 
-/// All search dialogs of the library, in the order of their kinds.
-const QList<const SearchDescription*>& AllSearchDialogs();
-
-/// The name of a test that is run for each of them.
+/// The name of a test that is run for each of AllSearchDialogs().
 std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDescription*>& tested);
 
 /// A desk at which search dialogs come up by themselves, on a company whose documents stand

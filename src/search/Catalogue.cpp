@@ -1,0 +1,37 @@
+#include "search/Catalogue.h"
+
+namespace TradeForms {
+
+const QList<const SearchDescription*>& AllSearchDialogs()
+{
+    // Addresses alone: the list may be asked for before the descriptions are made.
+    static const QList<const SearchDescription*> all{
+        &SchArea,
+        &SchBranch,
+        &SchProduct,
+        &SchStaff,
+        &SchAccounts,
+        &SchParts,
+        &SchParty,
+        &SchSector,
+        &SchCustomer,
+        &SchGatePass,
+        &SchInsCustomer,
+        &SchRecoveryVoucher,
+        &SchRecoveryVoucherDetail,
+        &SchConcessionVoucher,
+        &SchReturnVoucher,
+        &SchWorkerParts,
+        &SchPartnershipProfit,
+        &SchConvertArea,
+        &SchSalary,
+        &SchFrenchiserSalary,
+        &SchWorkShopSalary,
+        &SchStockIn,
+        &SchStockOut,
+        &SchStockInDetail,
+    };
+    return all;
+}
+
+} // namespace TradeForms
