@@ -309,4 +309,21 @@ TEST_F(CodeListsTest, AHundredThousandCustomersAreListedAndJumpedIn)
     EXPECT_EQ(dialog.ParaOut("ParaOutCID").toString().size(), 5);
 }
 
+TEST_F(CodeListsTest, TheLoadEmptiesTheFirstResultOfCustomersImgExitNoneAndBtnCloseBoth)
+{
+    SearchDialog& dialog =
+        Show(SchCustomer, [](SearchWindow& window) { Press(window, Qt::Key_Return); });
+    const QString area = dialog.ParaOut("ParaOutAreaCode").toString();
+    EXPECT_EQ(dialog.ParaOut("ParaOutCID").toString(), s("11"));
+    EXPECT_EQ(area, s("Kot"));
+    Show(SchCustomer, [&](SearchWindow& window) {
+        EXPECT_TRUE(dialog.ParaOut("ParaOutCID").toString().isEmpty());
+        EXPECT_EQ(dialog.ParaOut("ParaOutAreaCode").toString(), area);
+        Click(window, window.Title().ImgExit());
+    });
+    EXPECT_EQ(dialog.ParaOut("ParaOutAreaCode").toString(), area);
+    Show(SchCustomer, [](SearchWindow& window) { Click(window, window.BtnClose()); });
+    EXPECT_TRUE(dialog.ParaOut("ParaOutAreaCode").toString().isEmpty());
+}
+
 } // namespace tests
