@@ -2,10 +2,9 @@
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "support/Engines.h"
+#include "support/LibraryStatements.h"
 
 #include <gtest/gtest.h>
-
-#include <QFile>
 
 using namespace TradeForms;
 
@@ -13,14 +12,7 @@ namespace {
 
 QStringList statements()
 {
-    QFile file(QStringLiteral(SOURCE_DIR "/tests/data/statements.sql"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QStringList read;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (!line.isEmpty() && !line.startsWith(QStringLiteral("--")))
-            read.append(line);
-    }
-    return read;
+    return tests::LibraryStatements(QStringLiteral(SOURCE_DIR));
 }
 
 bool isQuestion(const QString& statement)

@@ -9,6 +9,7 @@
 #include "support/CutLine.h"
 #include "support/Engines.h"
 #include "support/EveryTable.h"
+#include "support/LibraryStatements.h"
 
 #include <gtest/gtest.h>
 
@@ -329,16 +330,10 @@ TEST(SqlServerWords, RefuseASecondStatementThatNothingPartsFromTheFirst)
     EXPECT_TRUE(isOne("insert into T exec SomeProcedure"));
     EXPECT_TRUE(isOne("select s.[Use], s.go from Staff s"));
     EXPECT_TRUE(isOne("create procedure p as begin delete from Staff end"));
-    QFile file(QStringLiteral(SOURCE_DIR "/tests/data/statements.sql"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    int statements = 0;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        if (line.isEmpty() || line.startsWith("--"))
-            continue;
-        ++statements;
-        EXPECT_TRUE(isOne(line.constData())) << line.constData();
-    }
-    EXPECT_GT(statements, 200);
+    const QStringList statements = tests::LibraryStatements(QStringLiteral(SOURCE_DIR));
+    for (const QString& statement : statements)
+        EXPECT_TRUE(isOne(statement.toUtf8().constData())) << statement.toStdString();
+    EXPECT_GT(statements.size(), 200);
 }
 
 TEST(SqlServerWords, FindARowByAllThatWasReadOfIt)

@@ -4,11 +4,11 @@
 #include "data/Recordset.h"
 #include "data/sqlite/Adapter.h"
 #include "data/sqlite/SqliteEngine.h"
+#include "support/LibraryStatements.h"
 #include "support/TestCompany.h"
 
 #include <gmock/gmock.h>
 
-#include <QFile>
 #include <QSet>
 
 using namespace TradeForms;
@@ -61,14 +61,7 @@ const Exception* exceptionFor(const QString& statement, const QStringList& table
 
 QStringList libraryStatements()
 {
-    QFile file(QStringLiteral(SOURCE_DIR "/tests/data/statements.sql"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QStringList read;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (!line.isEmpty() && !line.startsWith(QStringLiteral("--")))
-            read.append(line);
-    }
-    return read;
+    return tests::LibraryStatements(QStringLiteral(SOURCE_DIR));
 }
 
 class QueryPlans : public testing::Test {

@@ -4,6 +4,7 @@
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
+#include "support/LibraryStatements.h"
 #include "support/TestCompany.h"
 
 #include <gtest/gtest.h>
@@ -61,13 +62,10 @@ constexpr int pageSize = 4096;
 
 QStringList questions()
 {
-    QFile file(QStringLiteral(SOURCE_DIR "/tests/data/statements.sql"));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QStringList read;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (line.trimmed().startsWith(s("select"), Qt::CaseInsensitive))
-            read.append(line);
-    }
+    QStringList read = tests::LibraryStatements(s(SOURCE_DIR));
+    read.removeIf([](const QString& statement) {
+        return !statement.trimmed().startsWith(s("select"), Qt::CaseInsensitive);
+    });
     return read;
 }
 
