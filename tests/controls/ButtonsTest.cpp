@@ -146,6 +146,16 @@ TEST_F(OptionButtonTest, ArrowsPassADisabledOne)
     EXPECT_TRUE(supply.Value());
 }
 
+TEST_F(OptionButtonTest, ArrowsChooseNothingWhereTheCheckRefuses)
+{
+    form.SetFocus(sale);
+    sale.OnValidate = [](bool& cancel) { cancel = true; };
+    Press(form, Qt::Key_Left);
+    EXPECT_EQ(values(), (QList<bool>{true, false, false}));
+    EXPECT_TRUE(form.IsActive(sale));
+    EXPECT_EQ(clicks, QStringList{});
+}
+
 TEST_F(OptionButtonTest, SpaceChooses)
 {
     form.SetFocus(order);
@@ -172,6 +182,8 @@ TEST(ImageTest, IsClickedWithoutTheFocus)
     Click(form, strip->ImgExit());
     EXPECT_EQ(clicks, 1);
     EXPECT_TRUE(form.IsActive(*field));
+    Click(form, strip->ImgExit(), Qt::RightButton);
+    EXPECT_EQ(clicks, 1);
     // Pressed on the image but released elsewhere.
     const QPoint at = strip->ImgExit().mapTo(&form, QPoint(5, 5));
     QTest::mousePress(form.windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
@@ -187,6 +199,17 @@ TEST(LabelTest, ShowsItsTextAsItStands)
     label.SetForeColor(Qt::red);
     EXPECT_EQ(label.ForeColor(), QColor(Qt::red));
     EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(Qt::red));
+}
+
+TEST_F(DeskTest, ALabelIsClickedWithTheLeftButtonAlone)
+{
+    int clicks = 0;
+    desk.Words.OnClick = [&] { ++clicks; };
+    Click(desk, desk.Words, Qt::RightButton);
+    EXPECT_EQ(clicks, 0);
+    Click(desk, desk.Words);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(IsActive(desk.A));
 }
 
 TEST(TitleStripTest, ShowsNothingBeforeItsWindow)
@@ -224,6 +247,79 @@ TEST(PiecesTest, CodeStandsAtTheReadersRightHand)
     EXPECT_GT(x(code), x(button));
     EXPECT_GT(x(button), x(name));
     EXPECT_EQ(caption->UrduLabel().Text(), s("ڈرائیور"));
+}
+
+class PiecesOnAFormTest : public ::testing::Test {
+protected:
+    PiecesOnAFormTest() { column->setContentsMargins(0, 0, 0, 0); }
+
+    void add(QWidget* piece) { column->addWidget(piece); }
+    QPoint placeOf(const Control& control)
+    {
+        Activate(form);
+        return control.Widget().mapTo(&form, QPoint(0, 0));
+    }
+
+    Form form;
+    QVBoxLayout* column = new QVBoxLayout(&form);
+};
+
+TEST_F(PiecesOnAFormTest, AHeaderRunsRowByRowFromTheReadersRightHand)
+{
+    QList<QWidget*> cells;
+    QList<Txt*> fields;
+    for (const char* name : {"TxtA", "TxtB", "TxtC"}) {
+        fields.append(new Txt(s(name)));
+        cells.append(Labelled(MakeCaption("نام", "Name"), fields.last()));
+    }
+    add(HeaderStrip(cells));
+    EXPECT_GT(placeOf(*fields[0]).x(), placeOf(*fields[1]).x());
+    EXPECT_EQ(placeOf(*fields[0]).y(), placeOf(*fields[1]).y());
+    EXPECT_EQ(placeOf(*fields[0]).x(), placeOf(*fields[2]).x());
+    EXPECT_LT(placeOf(*fields[0]).y(), placeOf(*fields[2]).y());
+}
+
+TEST_F(PiecesOnAFormTest, TheFirstButtonsStandAtTheRightAndTheOthersAtTheLeft)
+{
+    form.resize(900, 100);
+    auto* save = new JeweledButton(s("BtnSave"), s("محفوظ"), s("Save"));
+    auto* open = new JeweledButton(s("BtnOpen"), s("کھولیں"), s("Open"));
+    auto* close = new JeweledButton(s("BtnClose"), s("بند"), s("Close"));
+    add(ButtonBar({save, open}, {close}));
+    EXPECT_GT(placeOf(*save).x(), placeOf(*open).x());
+    EXPECT_GT(placeOf(*open).x(), 450);
+    EXPECT_LT(placeOf(*close).x(), 100);
+}
+
+TEST_F(PiecesOnAFormTest, AnEntryRowBeginsWithItsCode)
+{
+    auto* code = new Txt(s("TxtProductID"));
+    auto* quantity = new Txt(s("TxtQty"));
+    auto* price = new Txt(s("TxtPrice"));
+    add(EntryStrip(Stacked(MakeCaption("کوڈ", "Code"), code),
+                   {Stacked(MakeCaption("تعداد", "Quantity"), quantity),
+                    Stacked(MakeCaption("قیمت", "Price"), price)}));
+    EXPECT_GT(placeOf(*code).x(), placeOf(*quantity).x());
+    EXPECT_GT(placeOf(*quantity).x(), placeOf(*price).x());
+    EXPECT_EQ(placeOf(*code).y(), placeOf(*price).y());
+}
+
+TEST_F(PiecesOnAFormTest, FieldsBringWhatTheirKindHas)
+{
+    Txt& code = CodeField(&form, "TxtAreaCode", "Area code", true);
+    EXPECT_TRUE(code.IsMandatory());
+    EXPECT_EQ(code.accessibleName(), s("Area code"));
+    EXPECT_FALSE(CodeField(&form, "TxtDriverCode", "Driver").IsMandatory());
+
+    Txt& number = NumberField(&form, "TxtQty", "Quantity");
+    EXPECT_TRUE(number.alignment().testFlag(Qt::AlignRight));
+    number.SetText(s("x"));
+    EXPECT_TRUE(number.HasNumberWarning());
+
+    EXPECT_EQ(UrduField(&form, "TxtName", "Name").layoutDirection(), Qt::RightToLeft);
+    JeweledButton& list = ListButton(&form, "BtnArea", "List of areas");
+    EXPECT_EQ(list.Name(), s("BtnArea"));
+    EXPECT_EQ(list.accessibleName(), s("List of areas"));
 }
 
 } // namespace TradeForms

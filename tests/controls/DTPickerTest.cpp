@@ -158,8 +158,13 @@ TEST_F(DTPickerTest, RaisesForADateThatIsNone)
 {
     EXPECT_THROW(desk.Date.SetValue(QDate()), std::invalid_argument);
     EXPECT_THROW(desk.Date.SetValue(QDate(2026, 2, 30)), std::invalid_argument);
-    EXPECT_THROW(desk.Date.SetValue(QDate(1700, 1, 1)), std::invalid_argument);
+    EXPECT_THROW(desk.Date.SetValue(QDate(1752, 12, 31)), std::invalid_argument);
+    EXPECT_THROW(desk.Date.SetValue(QDate(10000, 1, 1)), std::invalid_argument);
     EXPECT_EQ(desk.Date.Value(), QDate(2026, 11, 21));
+    for (const QDate& edge : {QDate(1753, 1, 1), QDate(9999, 12, 31)}) {
+        desk.Date.SetValue(edge);
+        EXPECT_EQ(desk.Date.Value(), edge);
+    }
 }
 
 TEST_F(DTPickerTest, ChangeRunsForTheProgramOnlyWhereTheDateDiffers)
@@ -207,6 +212,23 @@ TEST_F(DTPickerTest, AltDownOpensTheCalendarAndAClickInItChooses)
     EXPECT_FALSE(popup && popup->isVisible());
     EXPECT_EQ(desk.Date.Value(), QDate(2026, 11, 22));
     EXPECT_TRUE(IsActive(desk.Date));
+}
+
+TEST_F(DTPickerTest, F4OpensTheCalendarToo)
+{
+    Press(desk, Qt::Key_F4);
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_TRUE(popup);
+    EXPECT_TRUE(popup->findChild<QCalendarWidget*>());
+    QTest::keyClick(popup->windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(desk.Date.Value(), QDate(2026, 11, 21));
+}
+
+TEST_F(DTPickerTest, BeginsWithToday)
+{
+    const QDate before = QDate::currentDate();
+    const DTPicker fresh;
+    EXPECT_TRUE(fresh.Value() == before || fresh.Value() == QDate::currentDate());
 }
 
 TEST_F(DTPickerTest, ArrowOpensTheCalendar)

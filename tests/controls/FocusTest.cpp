@@ -180,9 +180,8 @@ TEST_F(FocusTest, PressOnAScrollBarOrHeaderDoesNotEnterTheGrid)
     desk.Rows.SetColumns({{s("ID"), s("کوڈ"), s("Code")}});
     for (int i = 0; i < 100; ++i)
         desk.Rows.AddRow();
-    QTest::qWait(1);
     const auto* bar = desk.Rows.verticalScrollBar();
-    ASSERT_TRUE(bar->isVisible());
+    ASSERT_TRUE(QTest::qWaitFor([bar] { return bar->isVisible(); }));
     Click(desk, bar->mapTo(&desk, bar->rect().center()));
     const auto* header = desk.Rows.horizontalHeader();
     Click(desk, header->mapTo(&desk, header->rect().center()));
@@ -210,6 +209,21 @@ TEST_F(FocusTest, TargetThatCausesNoValidationIsReachedUnasked)
     Click(desk, desk.Btn);
     EXPECT_EQ(desk.TakeLog(),
               (QStringList{s("TxtA.LostFocus(BtnB)"), s("BtnB.GotFocus(BtnB)"), s("BtnB.Click")}));
+}
+
+TEST_F(FocusTest, AButtonThatSparesOneCheckIsStillHeldBackByTheOthers)
+{
+    desk.Btn.SparesValidationOf = &desk.A;
+    desk.A.OnValidate = refuse;
+    desk.B.OnValidate = refuse;
+    Click(desk, desk.Btn);
+    EXPECT_EQ(desk.TakeLog(),
+              (QStringList{s("TxtA.LostFocus(BtnB)"), s("BtnB.GotFocus(BtnB)"), s("BtnB.Click")}));
+    desk.ResetFocus(desk.B);
+    desk.TakeLog();
+    Click(desk, desk.Btn);
+    EXPECT_EQ(desk.TakeLog(), QStringList{});
+    EXPECT_TRUE(IsActive(desk.B));
 }
 
 TEST_F(FocusTest, SetFocusObeysValidation)

@@ -206,6 +206,54 @@ TEST(LookTest, FieldsThatCannotBeFilledLookClosed)
     EXPECT_EQ(ground(closed), Look::FieldBackground());
 }
 
+TEST(LookTest, AFieldWhoseTextIsNoNumberWearsTheWarning)
+{
+    Txt field;
+    field.SetNumberExpected(true);
+    const auto frame = [&field](const char* text) {
+        field.SetText(s(text));
+        return drawn(field, {120, Look::FieldHeight()}).pixelColor(60, 1);
+    };
+    EXPECT_NE(frame("12"), Look::Warning());
+    EXPECT_EQ(frame("x"), Look::Warning());
+    EXPECT_NE(frame(""), Look::Warning());
+}
+
+TEST(LookTest, AFieldThatHasToBeFilledWearsAMarkAtTheReadersFirstCorner)
+{
+    const auto markAt = [](Txt& field, bool right) {
+        const QImage image = drawn(field, {120, Look::FieldHeight()});
+        return image.pixelColor(right ? image.width() - 4 : 3, 3) == Look::Accent();
+    };
+    QWidget urdu;
+    urdu.setLayoutDirection(Qt::RightToLeft);
+    auto* field = new Txt(s("TxtAreaCode"), {}, &urdu);
+    EXPECT_FALSE(markAt(*field, true));
+    field->SetMandatory(true);
+    EXPECT_TRUE(markAt(*field, true));
+    EXPECT_FALSE(markAt(*field, false));
+    field->SetDisplayOnly(true);
+    EXPECT_FALSE(markAt(*field, true));
+    Txt alone;
+    alone.SetMandatory(true);
+    EXPECT_TRUE(markAt(alone, false));
+}
+
+TEST(LookTest, AButtonThatCannotBePressedLooksSo)
+{
+    const auto ground = [](JeweledButton& button) {
+        return drawn(button, QSize(108, 60)).pixelColor(8, 30);
+    };
+    JeweledButton plain(s("Btn"), s("م"), s("x"));
+    JeweledButton primary(s("Btn"), s("م"), s("x"), {}, JeweledButton::Kind::Primary);
+    EXPECT_EQ(ground(plain), Look::FieldBackground());
+    EXPECT_EQ(ground(primary), Look::Accent());
+    for (JeweledButton* button : {&plain, &primary}) {
+        button->SetEnabled(false);
+        EXPECT_EQ(ground(*button), Look::Background());
+    }
+}
+
 TEST_F(DeskTest, FieldWithTheFocusIsUnmistakable)
 {
     for (Control* control : QList<Control*>{&desk.A, &desk.C, &desk.Date}) {

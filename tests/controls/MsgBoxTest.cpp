@@ -1,5 +1,7 @@
 #include "Desk.h"
 
+#include "controls/Look.h"
+
 #include <QClipboard>
 #include <QScreen>
 #include <QTextEdit>
@@ -141,8 +143,45 @@ TEST(MsgBoxTest, TextIsCopied)
         box.findChild<QTextEdit*>()->selectAll();
         Press(box, Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(QGuiApplication::clipboard()->text(), kWarning.Text);
+        auto* shown = box.findChild<QTextEdit*>();
+        QTextCursor word = shown->textCursor();
+        word.setPosition(6);
+        word.setPosition(12, QTextCursor::KeepAnchor);
+        shown->setTextCursor(word);
+        Press(box, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), s("Branch"));
         Press(box, Qt::Key_Escape);
     });
+}
+
+TEST(MsgBoxTest, EachIconHasASignOfItsOwn)
+{
+    const auto signOf = [](MsgIcon icon) {
+        QImage sign;
+        answered({s("text"), icon, s("Alert")}, [&sign](Form& box) {
+            for (QWidget* widget : box.findChildren<QWidget*>()) {
+                if (widget->size() == QSize(40, 40))
+                    sign = widget->grab().toImage();
+            }
+            Press(box, Qt::Key_Escape);
+        });
+        return sign;
+    };
+    const QImage stop = signOf(MsgIcon::Stop);
+    // A cross on red.
+    for (const QPoint& point : {QPoint(15, 15), QPoint(25, 15), QPoint(15, 25), QPoint(25, 25)})
+        EXPECT_EQ(stop.pixelColor(point), QColor(Qt::white));
+    EXPECT_GT(stop.pixelColor(6, 20).red(), 150);
+    EXPECT_LT(stop.pixelColor(6, 20).green(), 60);
+    // A triangle, whose upper corners are empty.
+    const QImage exclamation = signOf(MsgIcon::Exclamation);
+    EXPECT_EQ(exclamation.pixelColor(8, 8), exclamation.pixelColor(0, 0));
+    EXPECT_NE(exclamation.pixelColor(8, 33), exclamation.pixelColor(0, 0));
+    const QImage question = signOf(MsgIcon::Question);
+    const QImage information = signOf(MsgIcon::Information);
+    EXPECT_EQ(question.pixelColor(6, 20), Look::Accent());
+    EXPECT_GT(information.pixelColor(6, 20).blue(), 150);
+    EXPECT_TRUE(signOf(MsgIcon::None).isNull());
 }
 
 TEST(MsgBoxTest, BoxStandsOverItsOwnerAndGivesTheFocusBack)

@@ -1,5 +1,7 @@
 #include "Desk.h"
 
+#include "controls/ModalScope.h"
+
 #include <QTimer>
 #include <QWindow>
 #include <QtTest>
@@ -18,7 +20,38 @@ void sendKey(QWidget& form, Qt::Key key, const QString& text)
     }
 }
 
+/// The same for a click.
+void sendClick(QWidget& form, const QPoint& at)
+{
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, form.mapToGlobal(at), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(form.windowHandle(), &event);
+    }
+}
+
 } // namespace
+
+TEST_F(DeskTest, AClickBehindTheAnswerOfABoxPressesNothing)
+{
+    const RealModals real;
+    desk.Btn.OnClick = [this] { Ask(&desk, s("Sure?"), s("Alert")); };
+    const QPoint field = desk.B.geometry().center();
+    QTimer::singleShot(0, qApp, [&] {
+        auto* box = qobject_cast<Form*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        Activate(*box);
+        sendKey(*box, Qt::Key_N, s("n"));
+        sendClick(desk, field);
+    });
+    desk.Btn.Click();
+    EXPECT_TRUE(IsActive(desk.A));
+    // Once it has gone clicks count as ever.
+    Activate(desk);
+    sendClick(desk, field);
+    EXPECT_TRUE(IsActive(desk.B));
+}
 
 TEST_F(DeskTest, AKeyBehindTheAnswerOfABoxWaitsUntilTheAskingStepIsDone)
 {
@@ -59,11 +92,9 @@ TEST_F(DeskTest, AKeyBehindTheAnswerGoesToTheNextQuestion)
         sendKey(desk, Qt::Key_Y, s("y"));
     });
     // Without the key the second question would wait for ever.
-    QTimer::singleShot(5000, qApp, [] {
-        if (auto* box = qobject_cast<Form*>(QApplication::activeModalWidget())) {
-            box->hide();
-        }
-    });
+    QTimer giveUp;
+    QObject::connect(&giveUp, &QTimer::timeout, &Modal::EndAll);
+    giveUp.start(60'000);
     desk.Btn.Click();
     EXPECT_FALSE(first);
     EXPECT_TRUE(second);

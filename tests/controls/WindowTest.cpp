@@ -155,6 +155,28 @@ TEST_F(FormWindowTest, ModalDialogCanBeShownAgain)
     }
 }
 
+TEST_F(FormWindowTest, ADialogComesUpInTheMiddleOfItsOwnerButOnTheScreen)
+{
+    const auto placeOver = [this](const QPoint& corner) {
+        desk.move(corner);
+        Question question;
+        QRect place;
+        dialogs.Expect([&place](Form& dialog) {
+            place = dialog.geometry();
+            dialog.Unload();
+        });
+        question.ShowModal(&desk);
+        return place;
+    };
+    const QRect middle = placeOver({150, 100});
+    EXPECT_LE((middle.center() - desk.geometry().center()).manhattanLength(), 2);
+
+    const QRect screen = desk.screen()->availableGeometry();
+    EXPECT_EQ(placeOver({-380, 100}).left(), screen.left());
+    EXPECT_EQ(placeOver({150, -580}).top(), screen.top());
+    EXPECT_TRUE(screen.contains(placeOver({screen.width() - 20, screen.height() - 20})));
+}
+
 TEST_F(FormWindowTest, UnloadAsksFirst)
 {
     desk.onQueryUnload = [](bool& cancel) { cancel = true; };
@@ -202,10 +224,12 @@ TEST(FormLifetime, DeletesItselfAfterTheHandlerThatClosedIt)
     bool aliveAfterwards = false;
     desk->Btn.OnClick = [&] {
         desk->Unload();
-        // An event loop of the handler's own must not take the form away below it.
-        QEventLoop loop;
-        QTimer::singleShot(20, &loop, &QEventLoop::quit);
-        loop.exec();
+        // Event loops of the handler's own must not take the form away below it.
+        for (int turn = 0; turn < 3; ++turn) {
+            QEventLoop loop;
+            QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+            loop.exec();
+        }
         aliveAfterwards = !desk.isNull();
     };
     QTest::mouseClick(desk->windowHandle(), Qt::LeftButton, Qt::NoModifier,
