@@ -2,7 +2,10 @@
 
 #include "data/Connection.h"
 #include "data/Failure.h"
+#include "data/Recordset.h"
 #include "host/HostContext.h"
+#include "reports/CrpGatePassDetail.h"
+#include "reports/Document.h"
 #include "stock/FrmGatePass.h"
 #include "stock/FrmStockInDetail.h"
 #include "stock/StockForm.h"
@@ -13,6 +16,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QImage>
+#include <QTemporaryDir>
 
 namespace tests {
 
@@ -35,6 +40,8 @@ protected:
         HostContext::objCN.reset();
         HostContext::objSec.reset();
         HostContext::ServerMode = false;
+        HostContext::LogoImage.clear();
+        HostContext::NameUrdu.clear();
     }
 
     template <class TheForm> static QList<TheForm*> windows()
@@ -48,6 +55,33 @@ protected:
         return found;
     }
     static QList<FrmGatePass*> open() { return windows<FrmGatePass>(); }
+
+    static QString pictureIn(const QTemporaryDir& folder)
+    {
+        const QString file = folder.filePath(QStringLiteral("logo.png"));
+        QImage picture(40, 20, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        EXPECT_TRUE(picture.save(file));
+        return file;
+    }
+    /// How many pictures a report's first page has, and the name of the company on it.
+    static std::pair<int, QString> headOfAReport()
+    {
+        auto rows = std::make_shared<Recordset>();
+        rows->Open(CrpGatePassDetail::Source(QStringLiteral("1")), HostContext::Database());
+        CrpGatePassDetail report;
+        report.SetDataSource(rows);
+        const Document document = report.Format();
+        std::pair<int, QString> head(0, QString());
+        for (const Primitive& primitive : document.PageAt(0).Primitives) {
+            head.first += std::holds_alternative<PictureShape>(primitive) ? 1 : 0;
+            const auto* run = std::get_if<TextRun>(&primitive);
+            if (run && run->Object == QStringLiteral("TxtNameUrdu")) {
+                head.second = run->Text;
+            }
+        }
+        return head;
+    }
     static void closeAll() { qDeleteAll(windows<Form>()); }
 
     TestCompany company;
@@ -67,6 +101,17 @@ TEST_F(FormsTest, GatePassFormCalledTwiceGivesTwoWindowsWithSeparateState)
     EXPECT_TRUE(both[1]->TxtDriverCode.Text().isEmpty());
     EXPECT_TRUE(both[0]->isVisible());
     EXPECT_TRUE(both[1]->isVisible());
+}
+
+TEST_F(FormsTest, AFormIsLoadedAndStandsBesideTheHostsWindows)
+{
+    forms.GatePassForm();
+    ASSERT_EQ(open().size(), 1);
+    const FrmGatePass& form = *open().front();
+    EXPECT_EQ(form.windowModality(), Qt::NonModal);
+    EXPECT_EQ(form.parentWidget(), nullptr);
+    EXPECT_EQ(form.TxtGatePassID.Text(), QStringLiteral("1"));
+    EXPECT_EQ(form.FormState(), VoucherForm::State::New);
 }
 
 TEST_F(FormsTest, AWindowDeletesItselfWhenItIsClosed)
@@ -95,13 +140,44 @@ TEST_F(FormsTest, InServerModeSaveAndDeleteAreAbsentOnFormsOpenedAfterwards)
     }
 }
 
-TEST_F(FormsTest, InitializeLogoKeepsAnEmptyPlaceForReports)
+TEST_F(FormsTest, InitializeLogoTellsTheReportsTheirLogoAndTheNameOfTheCompany)
 {
-    forms.InitializeLogo(QStringLiteral("logo.png"), QString::fromUtf8("المدینہ ٹریڈرز"));
-    EXPECT_EQ(HostContext::LogoImage, QStringLiteral("logo.png"));
+    const QTemporaryDir folder;
+    const QString logo = pictureIn(folder);
+    forms.InitializeLogo(logo, QString::fromUtf8("المدینہ ٹریڈرز"));
+    EXPECT_EQ(HostContext::LogoImage, logo);
     EXPECT_EQ(HostContext::NameUrdu, QString::fromUtf8("المدینہ ٹریڈرز"));
+    EXPECT_EQ(headOfAReport(), std::pair(1, QString::fromUtf8("المدینہ ٹریڈرز")));
+}
+
+TEST_F(FormsTest, AnEmptyPlaceOfTheLogoTakesItOffTheReports)
+{
+    const QTemporaryDir folder;
+    const QString logo = pictureIn(folder);
+    forms.InitializeLogo(logo, QString::fromUtf8("المدینہ ٹریڈرز"));
+    forms.InitializeLogo(QString(), QString::fromUtf8("قصور موٹرز"));
+    EXPECT_EQ(headOfAReport(), std::pair(0, QString::fromUtf8("قصور موٹرز")));
     forms.InitializeLogo(QString(), QString());
-    EXPECT_TRUE(HostContext::LogoImage.isEmpty());
+    EXPECT_EQ(headOfAReport(), std::pair(0, QString()));
+}
+
+TEST_F(FormsTest, ALaterCallOverwritesWhatAnEarlierOneGave)
+{
+    const std::shared_ptr<Connection> second = company.Connect();
+    forms.InitializeClass(second);
+    EXPECT_EQ(HostContext::objCN, second);
+    const auto another = std::make_shared<FakeUser>();
+    another->Number = 3;
+    forms.InitializeSecurity(another);
+    EXPECT_EQ(HostContext::objSec, another);
+    EXPECT_EQ(HostContext::UserNo, 3);
+    for (const bool server : {true, false, true, false}) {
+        forms.InitializeServer(server);
+        EXPECT_EQ(HostContext::ServerMode, server);
+    }
+    forms.GatePassForm();
+    ASSERT_EQ(open().size(), 1);
+    EXPECT_TRUE(open().front()->BtnSave.IsVisible());
 }
 
 TEST_F(FormsTest, AUserNumberOf255IsStoredAsItIs)
@@ -121,7 +197,39 @@ TEST_F(FormsTest, AUserNumberOf256FailsInInitializeSecurity)
         } catch (const Failure& failure) {
             EXPECT_EQ(failure.Description(), QStringLiteral("Overflow"));
         }
+        EXPECT_EQ(HostContext::UserNo, 1);
     }
+}
+
+TEST_F(FormsTest, AUserWhoseNumberIsRefusedIsStoredAllTheSame)
+{
+    const auto refused = std::make_shared<FakeUser>();
+    refused->Number = 256;
+    EXPECT_THROW(forms.InitializeSecurity(refused), Failure);
+    EXPECT_EQ(HostContext::objSec, refused);
+}
+
+TEST_F(FormsTest, WhatTheHostHasNotGivenIsNamed)
+{
+    const auto said = [](auto&& ask) {
+        try {
+            ask();
+        } catch (const Failure& failure) {
+            return failure.Description();
+        }
+        return QStringLiteral("nothing");
+    };
+    EXPECT_EQ(said([] { HostContext::Database(); }), QStringLiteral("nothing"));
+    EXPECT_EQ(said([] { HostContext::Security(); }), QStringLiteral("nothing"));
+    HostContext::objSec.reset();
+    EXPECT_EQ(said([] { HostContext::Security(); }),
+              QStringLiteral("There is no user: the host has not called InitializeSecurity."));
+    forms.InitializeSecurity(user);
+    HostContext::objCN.reset();
+    EXPECT_EQ(said([] { HostContext::Database(); }),
+              QStringLiteral("There is no database connection: the host has not called "
+                             "InitializeClass."));
+    EXPECT_EQ(&HostContext::Security(), user.get());
 }
 
 TEST_F(FormsTest, AFormMethodCalledBeforeInitializeClassFailsInsideTheForm)
