@@ -48,14 +48,18 @@ QFont latin(int pixels, QFont::Weight weight = QFont::Normal)
     font.setFamilies(latinFamilies() << urduFamily());
     font.setPixelSize(pixels);
     font.setWeight(weight);
+    font.setItalic(false);
     return font;
 }
 
+// What is left unsaid here would come from the host's own font.
 QFont urdu(int pixels)
 {
     QFont font;
     font.setFamilies(QStringList(urduFamily()) + latinFamilies());
     font.setPixelSize(pixels);
+    font.setWeight(QFont::Normal);
+    font.setItalic(false);
     return font;
 }
 

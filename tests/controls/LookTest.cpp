@@ -270,17 +270,52 @@ TEST_F(DeskTest, FieldWithTheFocusIsUnmistakable)
     EXPECT_EQ(button.pixelColor(button.width() / 2, 1), Look::Accent());
 }
 
-TEST(LookTest, HostsStyleAndPaletteStayOut)
+TEST(LookTest, HostsFontAndPaletteStayOut)
 {
-    Txt before;
-    before.SetText(s("text"));
-    const QImage expected = drawn(before, {200, Look::FieldHeight()});
-    const QPalette hosts = QApplication::palette();
+    const auto pictures = [] {
+        Txt field;
+        field.SetText(s("text"));
+        UTxt name;
+        name.SetText(s("نام"));
+        name.SetDisplayOnly(true);
+        DTPicker date;
+        date.SetValue(QDate(2026, 11, 21));
+        Grid grid;
+        grid.SetColumns({{s("ID"), s("کوڈ"), s("Code")}});
+        grid.SetCell(grid.AddRow(), s("ID"), s("101"));
+        JeweledButton button(s("BtnSave"), s("محفوظ"), s("Save"), s("Ctrl+S"));
+        Caption caption(s("نام"), s("Name"));
+        TitleStrip strip(s("گیٹ پاس"), s("Gate Pass"));
+        strip.SetState(s("نیا"), s("New"));
+        QList<QImage> all;
+        for (QWidget* widget : QList<QWidget*>{&field, &name, &date, &grid, &button, &strip})
+            all.append(drawn(*widget, {300, 100}));
+        // What stands behind a caption is the form's.
+        for (const QLabel* line : caption.findChildren<QLabel*>()) {
+            QImage ink(300, 100, QImage::Format_RGB32);
+            ink.fill(Qt::white);
+            QPainter painter(&ink);
+            painter.setFont(line->font());
+            painter.setPen(line->palette().color(QPalette::WindowText));
+            painter.drawText(QPoint(10, 50), line->text());
+            all.append(ink);
+        }
+        return all;
+    };
+    const QList<QImage> expected = pictures();
+    const QPalette palette = QApplication::palette();
+    const QFont font = QApplication::font();
+    QFont large = font;
+    large.setPixelSize(29);
+    large.setBold(true);
+    large.setItalic(true);
     QApplication::setPalette(QPalette(Qt::red, Qt::black));
-    Txt after;
-    after.SetText(s("text"));
-    EXPECT_EQ(drawn(after, {200, Look::FieldHeight()}), expected);
-    QApplication::setPalette(hosts);
+    QApplication::setFont(large);
+    const QList<QImage> shown = pictures();
+    QApplication::setFont(font);
+    QApplication::setPalette(palette);
+    for (qsizetype at = 0; at < expected.size(); ++at)
+        EXPECT_EQ(shown[at], expected[at]) << at;
 }
 
 } // namespace TradeForms
