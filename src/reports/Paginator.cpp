@@ -480,6 +480,8 @@ void Paginator::placeBlock(const Block& block)
 
 void Paginator::placeStrip(const Strip& strip)
 {
+    if (strip.Section->Kind == SectionKind::ReportFooter)
+        inGroup_ = false;
     const bool fits = y_ + strip.Height <= bottom_ + tolerance;
     if (fits) {
         if (strip.Section->AtBottom)
