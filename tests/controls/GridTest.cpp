@@ -231,10 +231,10 @@ TEST_F(GridTest, DeleteSelectedTellsBeforeAndMovesToTheRowThatMovedUp)
 TEST_F(GridTest, DeleteSelectedDeletesThoseOfSeveralRowsThatAreSelected)
 {
     fill(5);
-    for (const int row : {0, 2, 3})
+    for (const int row : {0, 2})
         grid.SelectRow(row);
     grid.DeleteSelected();
-    EXPECT_EQ(ids(), (QStringList{s("P1"), s("P4")}));
+    EXPECT_EQ(ids(), (QStringList{s("P1"), s("P3"), s("P4")}));
     EXPECT_EQ(grid.Row(), 0);
 }
 
