@@ -268,7 +268,7 @@ TEST_F(DefinitionsTest, AFrenchiserSlipShowsItsCommissionLinesAndAddsThemUp)
                      column(slip, "FldCommision").at(line) + s("|") +
                      column(slip, "FldQty").at(line) + s("|") + column(slip, "FldAmount").at(line));
     lines.sort();
-    EXPECT_EQ(lines, QStringList({s("101|آرڈر|450|3|1,350"), s("210|سیل|120.50|2|241")}));
+    EXPECT_EQ(lines, QStringList({s("101|i”iC|450|3|1,350"), s("210|¼Ïp|120.50|2|241")}));
     EXPECT_EQ(Only(slip, "FldTotalAmount"), s("1,591"));
     EXPECT_EQ(Only(slip, "FldTotalQty"), s("5"));
     EXPECT_EQ(Only(slip, "FldListTotal"), s("1,591"));
@@ -317,7 +317,7 @@ TEST_F(DefinitionsTest, UnderALongListPayAndSignaturesGoToTheNextPageTogether)
     StoreFrenchiserSalary(company);
     company.Run("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 8)"
                 " INSERT INTO FrenchiserSalaryBody (StaffID, SalaryMonth, ProductID, Type,"
-                " Commision, Qty, Amount) SELECT '4001', '2026-03-01', '233', 'سیل', i, 1, i"
+                " Commision, Qty, Amount) SELECT '4001', '2026-03-01', '233', '¼Ïp', i, 1, i"
                 " FROM n");
     const Document slip = frenchiser();
     ASSERT_EQ(slip.PageCount(), 2);
@@ -325,6 +325,225 @@ TEST_F(DefinitionsTest, UnderALongListPayAndSignaturesGoToTheNextPageTogether)
     EXPECT_EQ(RunsOf(slip, 0, s("FldTotalAmount")).size(), 1);
     EXPECT_EQ(RunsOf(slip, 1, s("FldRemaining")).size(), 1);
     EXPECT_EQ(RunsOf(slip, 1, s("TxtSigner")).size(), 3);
+}
+
+// ---- What stands where
+
+namespace {
+
+/// A name of an object, and the two captions that belong to it.
+struct Captioned {
+    const char* Object;
+    const char* Urdu;
+    const char* English;
+};
+
+void expectCaptions(const Document& document, const char* prefix, const QList<Captioned>& all)
+{
+    for (const auto& [object, urdu, english] : all) {
+        SCOPED_TRACE(object);
+        const QByteArray name(object);
+        EXPECT_EQ(Only(document, prefix + name), s(urdu));
+        EXPECT_EQ(Only(document, prefix + QByteArray("English") + name), s(english));
+    }
+}
+
+void expectLabels(const Document& document, const QList<Captioned>& all)
+{
+    expectCaptions(document, "Lbl", all);
+}
+
+void expectHeads(const Document& document, const QList<Captioned>& all)
+{
+    expectCaptions(document, "Head", all);
+}
+
+QRectF placeOf(const Document& document, const char* object)
+{
+    const QList<TextRun> runs = RunsOf(document, s(object));
+    return runs.isEmpty() ? QRectF() : runs.first().Place;
+}
+
+} // namespace
+
+TEST_F(DefinitionsTest, EachFieldOfAGatePassBearsItsLabel)
+{
+    StoreGatePass(company);
+    const Document pass = gatePass();
+    expectLabels(pass, {{"GatePassID", "نمبر", "Number"},
+                        {"GatePassDate", "تاریخ", "Date"},
+                        {"Kind", "قسم", "Kind"},
+                        {"BranchName", "برانچ", "Branch"},
+                        {"AreaCode", "علاقہ", "Area"},
+                        {"Name", "ڈرائیور", "Driver"},
+                        {"Receiving", "وصول کنندہ", "Receiver"}});
+    expectHeads(pass, {{"ProductID", "کوڈ", "Code"},
+                       {"ProductName", "نام", "Product"},
+                       {"OutNewProducts", "باہر", "Out"},
+                       {"ReturnOldProducts", "واپس پرانا", "Returned old"},
+                       {"ReturnNewProducts", "واپس نیا", "Returned new"}});
+}
+
+TEST_F(DefinitionsTest, EachFieldOfARecoveryVoucherBearsItsLabel)
+{
+    StoreRecovery(company);
+    company.Run("DELETE FROM RecoveryBody WHERE ReceiptNo > 503");
+    const Document voucher = recovery();
+    ASSERT_EQ(voucher.PageCount(), 1);
+    expectLabels(voucher, {{"VoucherID", "نمبر", "Number"},
+                           {"VoucherDate", "تاریخ", "Date"},
+                           {"AreaName", "علاقہ", "Area"},
+                           {"AMName", "ایریا منیجر", "Area manager"},
+                           {"SAMName", "سیکرٹری", "Secretary"},
+                           {"StaffName", "ملازم", "Collected by"}});
+    expectHeads(voucher, {{"ReceiptNo", "رسید", "Receipt"},
+                          {"CardNo", "کارڈ نمبر", "Card no."},
+                          {"Name", "گاہک", "Customer"},
+                          {"FName", "ولدیت", "Father's name"},
+                          {"City", "شہر", "City"},
+                          {"Amount", "رقم", "Amount"},
+                          {"Balance", "بقایا", "Balance"}});
+    EXPECT_TRUE(column(voucher, "FldTotalBalance").isEmpty());
+}
+
+TEST_F(DefinitionsTest, EachLineOfASlipBearsItsLabel)
+{
+    const QList<Captioned> shared = {{"Person", "نام", "Name"},
+                                     {"StaffID", "کوڈ", "Code"},
+                                     {"FName", "ولدیت", "Father's name"},
+                                     {"SalaryMonth", "مہینہ", "Month"},
+                                     {"Designation", "عہدہ", "Post"},
+                                     {"Address", "پتہ", "Address"},
+                                     {"BasicSalary", "بنیادی تنخواہ", "Basic pay"},
+                                     {"Other", "دیگر", "Other"},
+                                     {"SumPay", "کل تنخواہ", "Pay in all"},
+                                     {"Advance", "ایڈوانس", "Advance"},
+                                     {"Less", "دیگر کٹوتی", "Less"},
+                                     {"Recloan", "وصولی قرض", "Loan recovered"},
+                                     {"KFFund", "کے ایف فنڈ", "KF fund"},
+                                     {"GPFund", "جی پی فنڈ", "GP fund"},
+                                     {"SumDeductions", "کل کٹوتی", "Deductions in all"},
+                                     {"Total", "میزان", "Total before loan and funds"},
+                                     {"Remaining", "قابل ادائیگی", "Net pay"}};
+    StoreSalary(company);
+    const Document staff = salary();
+    expectLabels(staff, shared);
+    expectLabels(staff, {{"SaleComm", "سیل کمیشن", "Sale commission"},
+                         {"SalePrize", "سیل انعام", "Sale prize"},
+                         {"OrderComm", "آرڈر کمیشن", "Order commission"},
+                         {"OrderPrize", "آرڈر انعام", "Order prize"},
+                         {"RecComm", "وصولی کمیشن", "Recovery commission"},
+                         {"RecPrize", "وصولی انعام", "Recovery prize"},
+                         {"SupplyComm", "سپلائی کمیشن", "Supply commission"}});
+    EXPECT_EQ(Only(staff, "TxtTitleEnglish"), s("Salary slip"));
+
+    StoreFrenchiserSalary(company);
+    const Document holder = frenchiser();
+    expectLabels(holder, shared);
+    expectLabels(holder, {{"ListTotal", "کمیشن", "Commission"}});
+    expectHeads(holder, {{"ProductID", "کوڈ", "Code"},
+                         {"ProductName", "مال", "Product"},
+                         {"Type", "قسم", "Kind"},
+                         {"Qty", "تعداد", "Quantity"},
+                         {"Commision", "کمیشن", "Commission"},
+                         {"Amount", "رقم", "Amount"}});
+    EXPECT_EQ(Only(holder, "TxtTitleEnglish"), s("Franchise salary slip"));
+
+    StoreWorkshopSalary(company, 1);
+    const Document mechanic = workshop();
+    expectLabels(mechanic, shared);
+    expectLabels(mechanic, {{"ListTotal", "پرزہ جات", "Parts"}});
+    expectHeads(mechanic, {{"partname", "پرزہ", "Part"}, {"Amount", "رقم", "Amount"}});
+    EXPECT_EQ(Only(mechanic, "TxtTitleEnglish"), s("Workshop salary slip"));
+}
+
+TEST_F(DefinitionsTest, FieldsRunRowByRowFromTheReadersRightHandEachLeftOfItsLabel)
+{
+    StoreGatePass(company);
+    const Document pass = gatePass();
+    const QList<const char*> order = {"GatePassID", "GatePassDate", "Kind",     "BranchName",
+                                      "AreaCode",   "Name",         "Receiving"};
+    for (qsizetype at = 0; at < order.size(); ++at) {
+        SCOPED_TRACE(order[at]);
+        const QByteArray name(order[at]);
+        const QRectF field = placeOf(pass, "Fld" + name);
+        const QRectF label = placeOf(pass, "Lbl" + name);
+        EXPECT_LE(field.right(), label.left());
+        EXPECT_LE(label.left() - field.right(), 20);
+        EXPECT_EQ(field.top(), label.top());
+        if (at % 4 == 0) {
+            EXPECT_EQ(label.right(), pass.PageSize().width() - 120);
+            continue;
+        }
+        const QRectF before = placeOf(pass, "Fld" + QByteArray(order[at - 1]));
+        EXPECT_LT(label.right(), before.left());
+        EXPECT_EQ(field.top(), before.top());
+    }
+    EXPECT_GT(placeOf(pass, "FldAreaCode").top(), placeOf(pass, "FldBranchName").bottom());
+}
+
+TEST_F(DefinitionsTest, ColumnsStandUnderTheirHeadsAndTotalsUnderTheirColumns)
+{
+    StoreGatePass(company);
+    const Document pass = gatePass();
+    for (const char* name : {"ProductID", "ProductName", "OutNewProducts", "ReturnOldProducts",
+                             "ReturnNewProducts"}) {
+        SCOPED_TRACE(name);
+        const QRectF head = placeOf(pass, QByteArray("Head") + name);
+        const QRectF cell = placeOf(pass, QByteArray("Fld") + name);
+        EXPECT_EQ(head.left(), cell.left());
+        EXPECT_EQ(head.right(), cell.right());
+        EXPECT_LT(head.bottom(), cell.bottom());
+        const QRectF total = placeOf(pass, QByteArray("FldTotal") + name);
+        if (!total.isNull()) {
+            EXPECT_EQ(total.left(), cell.left());
+            EXPECT_EQ(total.right(), cell.right());
+            EXPECT_GT(total.top(), cell.bottom());
+        }
+    }
+    EXPECT_GT(placeOf(pass, "HeadProductID").left(), placeOf(pass, "HeadProductName").left());
+    EXPECT_GT(placeOf(pass, "HeadOutNewProducts").left(),
+              placeOf(pass, "HeadReturnOldProducts").left());
+    EXPECT_GT(placeOf(pass, "HeadReturnOldProducts").left(),
+              placeOf(pass, "HeadReturnNewProducts").left());
+}
+
+TEST_F(DefinitionsTest, TheFirstSignerSignsAtTheRightAtTheBottomOfTheLastPage)
+{
+    StoreGatePass(company);
+    const Document pass = gatePass();
+    const QList<TextRun> signers = RunsOf(pass, s("TxtSigner"));
+    const QList<TextRun> english = RunsOf(pass, s("TxtSignerEnglish"));
+    ASSERT_EQ(signers.size(), 3);
+    ASSERT_EQ(english.size(), 3);
+    const QStringList names = {s("Manager"), s("Driver"), s("Receiver")};
+    for (int signer = 0; signer < 3; ++signer) {
+        EXPECT_EQ(english[signer].Text, names[signer]);
+        EXPECT_EQ(english[signer].Place.left(), signers[signer].Place.left());
+        if (signer > 0) {
+            EXPECT_LT(signers[signer].Place.right(), signers[signer - 1].Place.left());
+        }
+    }
+    EXPECT_DOUBLE_EQ(signers[0].Place.right(), pass.PageSize().width() - 120);
+    EXPECT_NEAR(signers[2].Place.left(), 120, 0.01);
+    EXPECT_LT(placeOf(pass, "FldPageUrdu").top() - signers[0].Place.bottom(), 60);
+}
+
+TEST_F(DefinitionsTest, PayStandsAtTheRightAndDeductionsAtTheLeftTheirSumsOnOneLine)
+{
+    StoreSalary(company);
+    const Document slip = salary();
+    const double middle = slip.PageSize().width() / 2;
+    for (const char* pay : {"FldBasicSalary", "FldSupplyComm", "FldOther", "FldSumPay", "FldTotal"})
+        EXPECT_GT(placeOf(slip, pay).left(), middle) << pay;
+    for (const char* deduction :
+         {"FldAdvance", "FldGPFund", "FldSumDeductions", "LblAdvance", "FldRemaining"})
+        EXPECT_LT(placeOf(slip, deduction).right(), middle) << deduction;
+    EXPECT_EQ(placeOf(slip, "FldBasicSalary").top(), placeOf(slip, "FldAdvance").top());
+    EXPECT_EQ(placeOf(slip, "FldSumPay").top(), placeOf(slip, "FldSumDeductions").top());
+    EXPECT_EQ(placeOf(slip, "FldTotal").top(), placeOf(slip, "FldRemaining").top());
+    EXPECT_GT(placeOf(slip, "FldSumPay").top(), placeOf(slip, "FldOther").bottom());
+    EXPECT_GT(placeOf(slip, "FldTotal").top(), placeOf(slip, "FldSumPay").bottom());
 }
 
 // ---- The statements, to the letter

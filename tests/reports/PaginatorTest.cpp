@@ -339,9 +339,43 @@ TEST_F(PaginatorTest, SuppressedSectionsAndObjectsTakeNoPart)
 {
     SectionOf(design, SectionKind::PageHeader).Suppress = true;
     SectionOf(design, SectionKind::PageFooter).Objects.first().Suppress = true;
+    ReportSection& details = SectionOf(design, SectionKind::Details);
+    for (const ObjectKind kind : {ObjectKind::Line, ObjectKind::Box, ObjectKind::Text}) {
+        ReportObject hidden;
+        hidden.Kind = kind;
+        hidden.Place = QRectF(0, 0, 500, 300);
+        hidden.BackColor = 255;
+        hidden.Suppress = true;
+        details.Objects.append(hidden);
+    }
     const Document document = layOut(Counted(1));
     EXPECT_EQ(Shown(document, 0), QStringList({s("Row: 1")}));
+    EXPECT_EQ(document.PageAt(0).Primitives.size(), 1);
     EXPECT_EQ(document.PageAt(0).Texts().first().Place.top(), 100);
+}
+
+TEST_F(PaginatorTest, ASuppressedFooterLeavesItsRoomToTheRows)
+{
+    SectionOf(design, SectionKind::PageFooter).Height = 200;
+    SectionOf(design, SectionKind::PageFooter).Suppress = true;
+    const Document document = layOut(Counted(12));
+    // 950 of 1000 are for rows of 100.
+    EXPECT_EQ(RunsOf(document, 0, s("Row")).size(), 9);
+    SectionOf(design, SectionKind::PageFooter).Suppress = false;
+    EXPECT_EQ(RunsOf(layOut(Counted(12)), 0, s("Row")).size(), 7);
+}
+
+TEST_F(PaginatorTest, AGroupThatHasEndedIsNotHeadedAgain)
+{
+    group(100, 50);
+    SectionOf(design, SectionKind::GroupHeader).Repeat = true;
+    design.Sections += TextSection(SectionKind::ReportFooter, "End", 300, "end");
+    design.Sections.last().KeepWithRows = false;
+    // Header, 7 rows and footer take 850 of 900: the report's footer goes to the next page.
+    const Document document = layOut(Counted(7, 7));
+    ASSERT_EQ(document.PageCount(), 2);
+    EXPECT_EQ(Shown(document, 1),
+              QStringList({s("PageHeader: head"), s("End: end"), s("PageFooter: 2 of 2")}));
 }
 
 TEST_F(PaginatorTest, AmountsStandByTheirDecimalPointAndNullsAreEmpty)
@@ -357,13 +391,79 @@ TEST_F(PaginatorTest, AmountsStandByTheirDecimalPointAndNullsAreEmpty)
     EXPECT_EQ(runs[2].Text, s("-20.25"));
     EXPECT_EQ(runs[3].Text, s("0.125"));
     const double point = runs[0].Origin.x() + ReportText::Width(runs[0].Text, runs[0].Font);
-    EXPECT_LT(point, 1240);
+    // Two decimals end at the edge.
+    EXPECT_NEAR(point + ReportText::Width(s(".00"), runs[0].Font), 1240, 0.5);
     for (const TextRun& run : runs) {
         const QString whole = run.Text.section(u'.', 0, 0);
         EXPECT_NEAR(run.Origin.x() + ReportText::Width(whole, run.Font), point, 0.5)
             << run.Text.toStdString();
+        EXPECT_NEAR(run.Width, ReportText::Width(run.Text, run.Font), 0.01)
+            << run.Text.toStdString();
         EXPECT_LE(run.Origin.x() + run.Width, 1240 + 0.5) << run.Text.toStdString();
     }
+    // Only what has no room behind the point is set smaller, and no smaller than it has to be.
+    for (const int full : {0, 1, 2})
+        EXPECT_EQ(runs[full].Font.pixelSize(), 35) << runs[full].Text.toStdString();
+    EXPECT_LT(runs[3].Font.pixelSize(), 35);
+    EXPECT_GE(runs[3].Font.pixelSize(), 35 * 2 / 3);
+}
+
+TEST_F(PaginatorTest, AnAmountThatIsWiderThanItsColumnIsSetSmallerUntilItFits)
+{
+    ReportObject& field = SectionOf(design, SectionKind::Details).Objects.first();
+    field.Format = ValueFormat::Amount;
+    field.Place = QRectF(100, 0, 200, 100);
+    const Document document =
+        layOut(s("select 1234.5 as n union all select 123456789012.25 union all"
+                 " select -98765432109"));
+    const QList<TextRun> runs = RunsOf(document, s("Row"));
+    ASSERT_EQ(runs.size(), 3);
+    EXPECT_EQ(runs[0].Font.pixelSize(), 35);
+    EXPECT_EQ(runs[1].Text, s("123,456,789,012.25"));
+    EXPECT_EQ(runs[2].Text, s("-98,765,432,109"));
+    for (const TextRun& run : {runs[1], runs[2]}) {
+        EXPECT_LT(run.Font.pixelSize(), 35) << run.Text.toStdString();
+        EXPECT_GT(run.Font.pixelSize(), 15) << run.Text.toStdString();
+        EXPECT_GE(run.Origin.x(), 340 - 0.5) << run.Text.toStdString();
+        EXPECT_LE(run.Origin.x() + run.Width, 540 + 0.5) << run.Text.toStdString();
+    }
+}
+
+TEST_F(PaginatorTest, QuantitiesStandByTheirDecimalPointWithRoomForOneDecimal)
+{
+    SectionOf(design, SectionKind::Details).Objects.first().Format = ValueFormat::Quantity;
+    const Document document = layOut(s("select 3 as n union all select 1000 union all"
+                                       " select 2.5 union all select 0.25"));
+    const QList<TextRun> runs = RunsOf(document, s("Row"));
+    ASSERT_EQ(runs.size(), 4);
+    QStringList texts;
+    for (const TextRun& run : runs) {
+        texts.append(run.Text);
+        const QString whole = run.Text.section(u'.', 0, 0);
+        EXPECT_NEAR(run.Origin.x() + ReportText::Width(whole, run.Font),
+                    1240 - ReportText::Width(s(".0"), runs[0].Font), 0.5)
+            << run.Text.toStdString();
+    }
+    EXPECT_EQ(texts, QStringList({s("3"), s("1,000"), s("2.5"), s("0.25")}));
+    for (const int full : {0, 1, 2})
+        EXPECT_EQ(runs[full].Font.pixelSize(), 35) << texts[full].toStdString();
+    EXPECT_LT(runs[3].Font.pixelSize(), 35);
+}
+
+TEST_F(PaginatorTest, ATextStandsAtTheSideThatItsObjectNames)
+{
+    ReportObject& text = SectionOf(design, SectionKind::PageHeader).Objects.first();
+    const auto left = [&](Qt::Alignment side) {
+        text.Alignment = side;
+        const TextRun run = RunsOf(layOut(Counted(1)), s("PageHeader")).first();
+        EXPECT_NEAR(run.Width, ReportText::Width(s("head"), run.Font), 0.01);
+        EXPECT_EQ(run.Font.pixelSize(), 35);
+        return run.Origin.x();
+    };
+    const double width = ReportText::Width(s("head"), text.Font);
+    EXPECT_NEAR(left(Qt::AlignLeft), 240, 0.01);
+    EXPECT_NEAR(left(Qt::AlignHCenter), 740 - width / 2, 0.01);
+    EXPECT_NEAR(left(Qt::AlignRight), 1240 - width, 0.01);
 }
 
 TEST_F(PaginatorTest, RowsThatAreClosedMeanwhileFailClearly)
@@ -385,9 +485,16 @@ TEST_F(PaginatorTest, RowsOfAnotherStatementAreNotMixedIn)
 {
     const Document document = layOut(Counted(100));
     EXPECT_TRUE(document.HasPage(0));
-    rows->Close();
-    rows->Open(Statement(Counted(50)), connection);
-    EXPECT_THROW(document.PageCount(), Failure);
+    for (const int other : {50, 200}) {
+        rows->Close();
+        rows->Open(Statement(Counted(other)), connection);
+        try {
+            document.PageCount();
+            FAIL() << "read other rows";
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.Description(), s("The rows of the report have changed."));
+        }
+    }
 }
 
 TEST_F(PaginatorTest, AnUnknownColumnIsNamed)

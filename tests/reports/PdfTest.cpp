@@ -165,10 +165,7 @@ TEST_F(PdfTest, ThePageLooksAsOnTheScreen)
 {
     StoreGatePass(company);
     const Document document = formatted<CrpGatePassDetail>(CrpGatePassDetail::Source(s("7")));
-    const QString base = folder.filePath(s("page"));
-    outputOf("pdftoppm",
-             {s("-r"), s("100"), s("-gray"), s("-singlefile"), s("-png"), written(document), base});
-    QImage printed(base + s(".png"));
+    const QImage printed = PictureOfPdf(written(document), 100);
     ASSERT_FALSE(printed.isNull());
     QImage shown(printed.size(), QImage::Format_Grayscale8);
     shown.fill(Qt::white);

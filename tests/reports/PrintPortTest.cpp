@@ -187,6 +187,9 @@ TEST_F(PrintPortTest, ThePrinterDrawsInTheSizeAndTurnOfTheDocument)
         EXPECT_EQ(TextOfPdf(path("printer.pdf")), TextOfPdf(path("writer.pdf")));
         EXPECT_EQ(PdfInfo(path("printer.pdf"), s("Page size")),
                   PdfInfo(path("writer.pdf"), s("Page size")));
+        const QImage printed = PictureOfPdf(path("printer.pdf"), 100);
+        EXPECT_FALSE(printed.isNull());
+        EXPECT_EQ(printed, PictureOfPdf(path("writer.pdf"), 100));
     }
 }
 

@@ -150,6 +150,16 @@ TEST_F(ReportTest, ALogoFileIsDrawnInItsPlace)
     EXPECT_EQ(drawn.first().Image.size(), QSize(40, 20));
 }
 
+TEST_F(ReportTest, WithoutALogoNoPictureIsDrawnNotEvenTheEmbeddedOne)
+{
+    HostContext::LogoImage.clear();
+    HostContext::NameUrdu = s("نام");
+    feedStoredPass();
+    const Document document = report.Format();
+    EXPECT_TRUE(pictures(document).isEmpty());
+    EXPECT_EQ(Only(document, "TxtNameUrdu"), s("نام"));
+}
+
 TEST_F(ReportTest, ALargeLogoIsReducedToWhatPaperCanShow)
 {
     const QTemporaryDir folder;

@@ -215,6 +215,25 @@ TEST_F(RptReportViewerTest, TheRowsMayBeClosedWhileItIsInView)
     EXPECT_EQ(View().HitCount(), 1);
 }
 
+TEST_F(RptReportViewerTest, F11AndADoubleClickOnTheTitleFillTheScreenAndBack)
+{
+    const SampleReport sample(1);
+    show(sample);
+    for (const bool whole : {true, false}) {
+        Press(It(), Qt::Key_F11);
+        EXPECT_EQ(It().isMaximized(), whole);
+    }
+    const auto doubleClick = [](const QPoint& at) {
+        QTest::mouseDClick(It().windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
+    };
+    doubleClick(QPoint(It().width() / 2, 10));
+    EXPECT_TRUE(It().isMaximized());
+    doubleClick(QPoint(It().width() / 2, 10));
+    EXPECT_FALSE(It().isMaximized());
+    doubleClick(QPoint(It().width() / 2, It().height() - 5));
+    EXPECT_FALSE(It().isMaximized());
+}
+
 // ---- Zoom
 
 TEST_F(RptReportViewerTest, CtrlPlusAndMinusStepTheZoom)
@@ -476,6 +495,28 @@ TEST_F(RptReportViewerTest, CtrlCCopiesThePageAndInAFieldItsOwnText)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), s("P0009"));
 }
 
+TEST_F(RptReportViewerTest, ACopiedPageRunsLineByLineFromTheReadersRightHand)
+{
+    const SampleReport sample(3);
+    It().Report = sample.Make();
+    QList<ReportObject>& line = It().Report->Sections()[2].Objects;
+    ReportObject second = line.first();
+    second.Name = s("FldOut");
+    second.Source.Name = s("OutNewProducts");
+    second.Place = QRectF(700, 0, 300, 60);
+    line.prepend(second);
+    ReportObject third = second;
+    third.Place = QRectF(350, 0, 100, 60);
+    line.append(third);
+    It().Show();
+    Activate(It());
+    ctrl(Qt::Key_C);
+    EXPECT_EQ(It().LblNote.Text(), s("Copied the page"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text().split(u'\n'),
+              QStringList({s("Title of the sample"), s("copy 1"), s("1\tP00001\t1"),
+                           s("2\tP00002\t2"), s("3\tP00003\t3")}));
+}
+
 // ---- Print and save
 
 TEST_F(RptReportViewerTest, CtrlPPrintsWhatIsInView)
@@ -489,11 +530,13 @@ TEST_F(RptReportViewerTest, CtrlPPrintsWhatIsInView)
     SampleReport sample(40);
     show(sample);
     // A form may print another report meanwhile, and close its rows.
-    It().Report = nullptr;
+    const SampleReport other(1);
+    It().Report = other.Make(s("Other"));
     sample.Rows().Close();
     ctrl(Qt::Key_P);
     EXPECT_EQ(printed.Title, s("Sample"));
     EXPECT_EQ(printed.PrinterName, s("Printer Name"));
+    EXPECT_EQ(printed.Copy, s("1"));
     EXPECT_TRUE(TextOfPdf(pdf).contains(s("P00040")));
     EXPECT_EQ(It().LblNote.Text(), s("Printed"));
 }

@@ -32,7 +32,9 @@ protected:
         for (OptionButton* option : {&It().Option1, &It().Option2, &It().Option3, &It().Option4}) {
             It().SetOptionVisible(*option, true);
         }
-        It().hide();
+        // Touching the options has loaded it: the next test is to find it unloaded.
+        It().ShowModeless(false);
+        It().Unload();
     }
 
     static SchPrint& It() { return SchPrint::Shared(); }

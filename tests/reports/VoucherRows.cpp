@@ -56,8 +56,8 @@ void StoreFrenchiserSalary(const TestCompany& company)
                 " 30, 40, 50, 60, 70);"
                 "INSERT INTO FrenchiserSalaryBody (StaffID, SalaryMonth, ProductID, Type,"
                 " Commision, Qty, Amount) VALUES"
-                " ('4001', '2026-03-01', '101', 'آرڈر', 450, 3, 1350),"
-                " ('4001', '2026-03-01', '210', 'سیل', 120.5, 2, 241);");
+                " ('4001', '2026-03-01', '101', 'i”iC', 450, 3, 1350),"
+                " ('4001', '2026-03-01', '210', '¼Ïp', 120.5, 2, 241);");
 }
 
 void StoreWorkshopSalary(const TestCompany& company, int parts)

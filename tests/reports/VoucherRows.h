@@ -15,7 +15,8 @@ void StoreGatePassLines(const TestCompany& company, int count);
 void StoreRecovery(const TestCompany& company);
 /// Pay of 2014 for March 2026, each line another amount.
 void StoreSalary(const TestCompany& company);
-/// Pay of the franchise holder 4001 for March 2026 with two commission lines.
+/// Pay of the franchise holder 4001 for March 2026 with two commission lines: an order and a
+/// sale, each by the word that the symbol font draws, as the pay sheet stores it.
 void StoreFrenchiserSalary(const TestCompany& company);
 /// Pay of the mechanic 3108 for March 2026, with so many of the parts 11 and 12.
 void StoreWorkshopSalary(const TestCompany& company, int parts);

@@ -2,6 +2,7 @@
 
 #include <QProcess>
 #include <QStringList>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 #include <gtest/gtest.h>
@@ -36,6 +37,16 @@ QString TextOfPdf(const QByteArray& pdf)
     file.write(pdf);
     file.flush();
     return TextOfPdf(file.fileName());
+}
+
+QImage PictureOfPdf(const QString& file, int dotsPerInch)
+{
+    const QTemporaryDir folder;
+    const QString base = folder.filePath(QStringLiteral("page"));
+    output(QStringLiteral("pdftoppm"),
+           {QStringLiteral("-r"), QString::number(dotsPerInch), QStringLiteral("-gray"),
+            QStringLiteral("-singlefile"), QStringLiteral("-png"), file, base});
+    return QImage(base + QStringLiteral(".png"));
 }
 
 QString PdfInfo(const QString& file, const QString& name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 #include <QString>
 
 namespace tests {
@@ -9,6 +10,8 @@ namespace tests {
 /// those of the words, however the font joins them.
 QString TextOfPdf(const QString& file);
 QString TextOfPdf(const QByteArray& pdf);
+/// The first page of a file as it is printed, in grey.
+QImage PictureOfPdf(const QString& file, int dotsPerInch);
 /// What pdfinfo tells under a name, "Page size".
 QString PdfInfo(const QString& file, const QString& name);
 
