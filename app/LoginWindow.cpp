@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTimer>
 
 namespace Host {
 
@@ -62,8 +63,10 @@ LoginWindow::LoginWindow(const Users& users, const QString& companyName, const Q
 
     connect(btnLogin_, &QPushButton::clicked, this, &LoginWindow::tryLogin);
     connect(btnExit_, &QPushButton::clicked, this, &QDialog::reject);
-    second_.setInterval(1s);
-    connect(&second_, &QTimer::timeout, this, &LoginWindow::countDown);
+    second_ = new QTimer(this);
+    second_->setObjectName(QStringLiteral("Second"));
+    second_->setInterval(1s);
+    connect(second_, &QTimer::timeout, this, &LoginWindow::countDown);
 }
 
 void LoginWindow::build(const QString& companyName, const QString& database)
@@ -164,7 +167,7 @@ void LoginWindow::closeFor(std::chrono::seconds delay)
 {
     remaining_ = delay + 1s;
     btnLogin_->setEnabled(false);
-    second_.start();
+    second_->start();
     countDown();
 }
 
@@ -175,7 +178,7 @@ void LoginWindow::countDown()
         btnLogin_->SetEnglish(QStringLiteral("Wait %1 s").arg(remaining_.count()));
         return;
     }
-    second_.stop();
+    second_->stop();
     btnLogin_->SetEnglish(loginCaption());
     btnLogin_->setEnabled(true);
 }

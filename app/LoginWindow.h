@@ -4,12 +4,12 @@
 #include "Users.h"
 
 #include <QDialog>
-#include <QTimer>
 
 #include <optional>
 
 class QLabel;
 class QLineEdit;
+class QTimer;
 
 namespace Host {
 
@@ -44,7 +44,7 @@ private:
     const Users& users_;
     std::optional<UserAccount> account_;
     LoginThrottle throttle_;
-    QTimer second_;
+    QTimer* second_ = nullptr;
     std::chrono::seconds remaining_{0};
 
     QLineEdit* txtUserName_ = nullptr;

@@ -4,6 +4,8 @@
 
 #include <sodium.h>
 
+#include <utility>
+
 namespace Host {
 
 namespace {
@@ -25,7 +27,13 @@ private:
 
 } // namespace
 
-Passwords::Passwords()
+bool FitsHash(const QString& hash, const QString& password)
+{
+    const SecretBytes secret(password);
+    return crypto_pwhash_str_verify(hash.toLatin1().constData(), secret.Data(), secret.Size()) == 0;
+}
+
+Passwords::Passwords(HashCheck check) : check_(std::move(check))
 {
     if (sodium_init() < 0) {
         throw TradeForms::Failure(QStringLiteral("The library of ciphers cannot be started."));
@@ -47,16 +55,11 @@ QString Passwords::Hash(const QString& password) const
 
 bool Passwords::Verify(const QString& hash, const QString& password) const
 {
-    const SecretBytes secret(password);
-    const auto matches = [&secret](const QString& text) {
-        return crypto_pwhash_str_verify(text.toLatin1().constData(), secret.Data(),
-                                        secret.Size()) == 0;
-    };
     if (!hash.startsWith(QLatin1String(crypto_pwhash_STRPREFIX))) {
-        matches(stand_in_);
+        check_(stand_in_, password);
         return false;
     }
-    return matches(hash);
+    return check_(hash, password);
 }
 
 } // namespace Host

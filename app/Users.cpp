@@ -11,7 +11,10 @@ using TradeForms::Failure;
 using TradeForms::Recordset;
 using TradeForms::Statement;
 
-Users::Users(std::shared_ptr<Connection> connection) : connection_(std::move(connection)) {}
+Users::Users(std::shared_ptr<Connection> connection, Passwords passwords)
+    : connection_(std::move(connection)), passwords_(std::move(passwords))
+{
+}
 
 std::optional<UserAccount> Users::LogIn(const QString& userName, const QString& password) const
 {

@@ -22,7 +22,7 @@ struct UserAccount {
 /// The users of one company.
 class Users {
 public:
-    explicit Users(std::shared_ptr<TradeForms::Connection> connection);
+    explicit Users(std::shared_ptr<TradeForms::Connection> connection, Passwords passwords = {});
 
     /// The user of that name (in any case) and password, or nothing. An unknown name takes as
     /// long to answer as a wrong password. Raises TradeForms::Failure.

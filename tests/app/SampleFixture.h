@@ -14,6 +14,9 @@ namespace tests {
 
 inline const QDate lastDay{2026, 11, 20};
 
+/// Longer than anything that is waited for takes, on any machine: what takes longer hangs.
+inline constexpr int patience = 240'000;
+
 /// Lets a failed comparison of texts be read.
 inline std::string text(const QString& value)
 {
