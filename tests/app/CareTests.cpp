@@ -55,11 +55,11 @@ protected:
     BoxReader& Play(CareWindow& window, const QString& place)
     {
         window.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window, patience));
         auto* field = window.findChild<QLineEdit*>(QStringLiteral("TxtPlace"));
         field->setText(place);
         QTest::keyClick(field, Qt::Key_Return);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !box_.Text.isEmpty(); }, 60000));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !box_.Text.isEmpty(); }, patience));
         return box_;
     }
     static QString stageOf(const CareWindow& window)
@@ -111,7 +111,7 @@ TEST_F(Care, TheKeysOpenItsWindows)
     const auto opened = [&menu](Qt::Key key) {
         QString name;
         menu.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&menu));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&menu, patience));
         QTimer::singleShot(0, &menu, [&name] {
             if (QWidget* window = QApplication::activeModalWidget()) {
                 name = window->objectName();
@@ -151,12 +151,14 @@ TEST_F(Care, ItCanBeStopped)
 {
     CareWindow window(endless(), nullptr);
     window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window, patience));
     QTest::keyClick(&window, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stageOf(window).startsWith(QLatin1String("Copy")); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return stageOf(window).startsWith(QLatin1String("Copy")); },
+                                patience));
     EXPECT_FALSE(window.findChild<QLineEdit*>(QStringLiteral("TxtPlace"))->isEnabled());
     QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stageOf(window) == QLatin1String("Stopped"); }));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return stageOf(window) == QLatin1String("Stopped"); }, patience));
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(window.findChild<QLineEdit*>(QStringLiteral("TxtPlace"))->isEnabled());
     QTest::keyClick(&window, Qt::Key_Escape);
@@ -167,11 +169,12 @@ TEST_F(Care, ClosedInItsMidstItStopsFirst)
 {
     auto window = std::make_unique<CareWindow>(endless(), nullptr);
     window->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get(), patience));
     QTest::keyClick(window.get(), Qt::Key_Return);
     window->close();
     EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return stageOf(*window) == QLatin1String("Stopped"); }));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return stageOf(*window) == QLatin1String("Stopped"); }, patience));
     QTest::keyClick(window.get(), Qt::Key_Return);
     window.reset();
 }

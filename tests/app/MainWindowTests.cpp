@@ -46,7 +46,7 @@ protected:
     Menu()
     {
         Window.show();
-        if (!QTest::qWaitForWindowActive(&Window)) {
+        if (!QTest::qWaitForWindowActive(&Window, patience)) {
             throw std::runtime_error("the main window does not become active");
         }
     }
@@ -159,7 +159,7 @@ TEST_F(Menu, LeavingClosesTheOpenForms)
     const QSignalSpy left(&Window, &MainWindow::LeaveRequested);
     Press(Qt::Key_Return);
     Window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window, patience));
     Press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(gatePasses().isEmpty());
     EXPECT_EQ(left.size(), 1);
@@ -173,7 +173,7 @@ TEST_F(Menu, AFormThatStaysKeepsTheMenuOpen)
     StubbornWindow form;
     form.show();
     Window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Window, patience));
     Press(Qt::Key_Q, Qt::ControlModifier);
     Press(Qt::Key_L, Qt::ControlModifier);
     EXPECT_TRUE(Window.isVisible());

@@ -27,7 +27,7 @@ Ended run(const QStringList& arguments, const QByteArray& input = {})
     program.start(QStringLiteral(HOST_PROGRAM), arguments);
     program.write(input);
     program.closeWriteChannel();
-    if (!program.waitForFinished(60000) || program.exitStatus() != QProcess::NormalExit) {
+    if (!program.waitForFinished(patience) || program.exitStatus() != QProcess::NormalExit) {
         program.kill();
         program.waitForFinished();
         return {-1, {}, "did not end by itself"};
