@@ -2,6 +2,7 @@
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
+#include "data/sqlite/CompanyFile.h"
 #include "support/EveryTable.h"
 #include "support/FaultyDisk.h"
 #include "support/TestCompany.h"
@@ -13,6 +14,7 @@
 #include <QThread>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <thread>
 
@@ -414,20 +416,25 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
     BackUpCompany(company_.File(), place("copy.db"));
     ASSERT_TRUE(QFile::copy(company_.File(), place("company.db")));
     Connection::Open(place("company.db"))->Execute("delete from Areas");
+    FaultyDisk disk;
+    std::atomic<bool> isWaitingOrIn = false;
+    disk.WhenSomebodyWaits([&] { isWaitingOrIn = true; });
     std::thread clerk;
     std::string told;
     int areas = -1;
     const auto comeIn = [&] {
         told = failureOf([&] {
-            const auto connection = Connection::Open(place("company.db"));
-            areas = connection->Execute("select * from Areas").RecordCount();
+            Connection connection(OpenCompanyFile(place("company.db"), std::chrono::minutes(4)));
+            areas = connection.Execute("select * from Areas").RecordCount();
         });
+        isWaitingOrIn = true;
     };
     const std::string refused = failureOf([&] {
         RestoreCompany(place("copy.db"), place("company.db"), [&](const WorkProgress& progress) {
             if (progress.At == Stage::Copying && !clerk.joinable()) {
                 clerk = std::thread(comeIn);
-                QThread::msleep(100);
+                while (!isWaitingOrIn)
+                    std::this_thread::yield();
             }
             return true;
         });

@@ -5,16 +5,20 @@
 #include "data/sqlite/CompanyFile.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "support/Engines.h"
+#include "support/FaultyDisk.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <chrono>
+#include <memory>
+#include <numeric>
 #include <thread>
+#include <vector>
 
 using namespace TradeForms;
 using namespace std::chrono_literals;
@@ -77,8 +81,25 @@ class Transaction : public tests::OnEngine {};
 
 class Lock : public tests::OnEngine {
 protected:
+    /// Longer than any lock is held, on any machine.
+    static constexpr std::chrono::minutes patience{4};
     // The driver gives SQLite's own words, which stand behind those for the user.
     const QString inUse_ = isOdbc() ? inUse + QStringLiteral(" (database is locked (5))") : inUse;
+};
+
+/// A clock on which only pauses take time.
+class PauseClock : public WaitClock {
+public:
+    Milliseconds Now() override { return now_; }
+    void Sleep(Milliseconds pause) override
+    {
+        now_ += pause;
+        Pauses.push_back(pause);
+    }
+    std::vector<Milliseconds> Pauses;
+
+private:
+    Milliseconds now_ = 1h;
 };
 
 class FullDisk : public tests::OnEngine {};
@@ -376,37 +397,65 @@ TEST_P(Lock, IsTakenWhenATransactionBegins)
 
 TEST_P(Lock, OfAnotherIsWaitedFor)
 {
-    const auto first = connect();
-    first->BeginTrans();
-    first->Execute("delete from Sectors where SectorID=1");
-
-    QElapsedTimer waited;
-    waited.start();
-    std::thread other([this] {
-        const auto second = connect();
+    {
+        FaultyDisk disk;
+        const auto first = connect();
+        const auto second = connect(patience);
+        first->BeginTrans();
+        first->Execute("delete from Sectors where SectorID=1");
+        disk.WhenSomebodyWaits([&] { first->CommitTrans(); });
         second->BeginTrans();
+        EXPECT_FALSE(first->InTransaction()) << "the second had to wait for it";
         second->Execute("delete from Sectors where SectorID=2");
         second->CommitTrans();
+
+        first->BeginTrans();
+        disk.WhenSomebodyWaits([&] { first->RollbackTrans(); });
         second->Execute("delete from Sectors where SectorID=3");
-    });
-    std::this_thread::sleep_for(300ms);
-    first->CommitTrans();
-    other.join();
-    EXPECT_GE(waited.elapsed(), 300);
-    EXPECT_LT(waited.elapsed(), 4000);
+        EXPECT_FALSE(first->InTransaction()) << "a statement alone waits as well";
+    }
     EXPECT_EQ(company_.Scalar("select count(*) from Sectors"), QVariant(0));
 }
 
-TEST_P(Lock, IsWaitedForAsLongAsSaid)
+TEST(LockWait, LastsAsLongAsSaidInPausesThatGrow)
 {
-    const auto first = connect();
-    const auto second = connect(200ms);
+    const TestCompany company;
+    const auto first = company.Connect();
+    const auto second = company.Connect();
+    auto& engine = static_cast<SqliteEngine&>(second->engine());
+    const auto clock = std::make_shared<PauseClock>();
+    engine.SetWaitClock(clock);
+    engine.SetLockWait(700ms);
     first->BeginTrans();
-    QElapsedTimer waited;
-    waited.start();
-    EXPECT_THROW(second->BeginTrans(), ProviderFailure);
-    EXPECT_GE(waited.elapsed(), 200);
-    EXPECT_LT(waited.elapsed(), 2000);
+    // Each wait begins anew.
+    for (int i = 0; i < 2; ++i) {
+        clock->Pauses.clear();
+        EXPECT_EQ(failureOf([&] { second->BeginTrans(); }), inUse);
+        EXPECT_EQ(std::accumulate(clock->Pauses.begin(), clock->Pauses.end(), 0ms), 700ms);
+        EXPECT_EQ(clock->Pauses.front(), 1ms);
+        for (std::size_t pause = 0; pause < clock->Pauses.size(); ++pause) {
+            EXPECT_GE(clock->Pauses[pause], 1ms);
+            EXPECT_LE(clock->Pauses[pause],
+                      std::chrono::milliseconds(std::min<int>(pause + 1, 25)));
+        }
+        EXPECT_GT(*std::max_element(clock->Pauses.begin(), clock->Pauses.end()), 5ms);
+    }
+    engine.SetLockWait(0ms);
+    clock->Pauses.clear();
+    EXPECT_EQ(failureOf([&] { second->BeginTrans(); }), inUse);
+    EXPECT_TRUE(clock->Pauses.empty());
+}
+
+TEST(LockWait, OfAWorkstationIsFiveSeconds)
+{
+    const TestCompany company;
+    const auto first = company.Connect();
+    const auto second = company.Connect();
+    const auto clock = std::make_shared<PauseClock>();
+    static_cast<SqliteEngine&>(second->engine()).SetWaitClock(clock);
+    first->BeginTrans();
+    EXPECT_EQ(failureOf([&] { second->BeginTrans(); }), inUse);
+    EXPECT_EQ(std::accumulate(clock->Pauses.begin(), clock->Pauses.end(), 0ms), 5s);
 }
 
 TEST_P(Lock, AutocommitWritesOfManyAllArrive)
@@ -416,7 +465,7 @@ TEST_P(Lock, AutocommitWritesOfManyAllArrive)
     std::vector<std::thread> threads;
     for (int writer = 0; writer < writers; ++writer) {
         threads.emplace_back([this, writer] {
-            const auto connection = connect();
+            const auto connection = connect(patience);
             for (int i = 0; i < each; ++i)
                 connection->Execute(Statement("insert into cheque (staffid, amount) "
                                               "values ('{Staff}', {Amount})")

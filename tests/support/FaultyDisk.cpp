@@ -4,6 +4,9 @@
 
 #include <sqlite3.h>
 
+#include <mutex>
+#include <utility>
+
 namespace {
 
 /// A file of the disk, which stands before the real one that it hands everything on to.
@@ -26,7 +29,8 @@ struct State {
     int Left = 0; ///< operations until one fails; 0 on a sound disk
     bool IsBroken = false;
     bool HasFailed = false;
-    std::function<void()> WhenLockRefused;
+    std::mutex Waiting; ///< held to read or write the next
+    std::function<void()> WhenSomebodyWaits;
 };
 
 State& state()
@@ -43,7 +47,8 @@ bool fails()
     if (isIt && disk.Lasts == FaultyDisk::Lasts::UntilRepaired)
         disk.IsBroken = true;
     const bool result = isIt || disk.IsBroken;
-    disk.HasFailed = disk.HasFailed || result;
+    if (result)
+        disk.HasFailed = true;
     return result;
 }
 
@@ -77,14 +82,16 @@ int syncFile(sqlite3_file* file, int flags)
     return fails() ? SQLITE_IOERR_FSYNC : handOn<&sqlite3_io_methods::xSync>(file, flags);
 }
 
-int lockMemory(sqlite3_file* file, int offset, int count, int flags)
+/// Hands on the result of a lock that was asked for.
+int noteLock(int result)
 {
-    constexpr int writer = 0;
-    const int result = handOn<&sqlite3_io_methods::xShmLock>(file, offset, count, flags);
-    // A copy: what happens may be another thing the next time.
-    const std::function<void()> then = state().WhenLockRefused;
-    if (result == SQLITE_BUSY && offset == writer && then)
-        then();
+    std::function<void()> deed;
+    if (result == SQLITE_BUSY) {
+        const std::lock_guard guard(state().Waiting);
+        deed = std::exchange(state().WhenSomebodyWaits, nullptr);
+    }
+    if (deed)
+        deed();
     return result;
 }
 
@@ -106,7 +113,8 @@ constexpr Methods methods = {
     .xSync = syncFile,
     .xFileSize = [](sqlite3_file* file,
                     sqlite3_int64* size) { return handOn<&Methods::xFileSize>(file, size); },
-    .xLock = [](sqlite3_file* file, int lock) { return handOn<&Methods::xLock>(file, lock); },
+    .xLock = [](sqlite3_file* file,
+                int lock) { return noteLock(handOn<&Methods::xLock>(file, lock)); },
     .xUnlock = [](sqlite3_file* file, int lock) { return handOn<&Methods::xUnlock>(file, lock); },
     .xCheckReservedLock = [](sqlite3_file* file,
                              int* is) { return handOn<&Methods::xCheckReservedLock>(file, is); },
@@ -119,7 +127,10 @@ constexpr Methods methods = {
         [](sqlite3_file* file, int region, int size, int extend, void volatile** memory) {
             return handOn<&Methods::xShmMap>(file, region, size, extend, memory);
         },
-    .xShmLock = lockMemory,
+    .xShmLock =
+        [](sqlite3_file* file, int offset, int count, int flags) {
+            return noteLock(handOn<&Methods::xShmLock>(file, offset, count, flags));
+        },
     .xShmBarrier = barrier,
     .xShmUnmap = [](sqlite3_file* file,
                     int remove) { return handOn<&Methods::xShmUnmap>(file, remove); },
@@ -146,7 +157,11 @@ FaultyDisk::FaultyDisk()
     State& disk = state();
     if (disk.Real)
         ADD_FAILURE() << "one faulty disk at a time";
-    disk = State();
+    disk.Disk = {};
+    disk.Left = 0;
+    disk.IsBroken = false;
+    disk.HasFailed = false;
+    disk.WhenSomebodyWaits = nullptr;
     disk.Real = sqlite3_vfs_find(nullptr);
     // What is no file is the real system's own business: its functions take any system.
     disk.Disk = *disk.Real;
@@ -186,7 +201,8 @@ bool FaultyDisk::HasFailed() const
     return state().HasFailed;
 }
 
-void FaultyDisk::WhenLockRefused(std::function<void()> then)
+void FaultyDisk::WhenSomebodyWaits(std::function<void()> deed)
 {
-    state().WhenLockRefused = std::move(then);
+    const std::lock_guard guard(state().Waiting);
+    state().WhenSomebodyWaits = std::move(deed);
 }

@@ -2,9 +2,8 @@
 
 #include <functional>
 
-/// A disk that fails when a test says so, and tells of locks that it refuses. Within its scope
-/// every database is on it: databases must be opened after it was made, and closed before it
-/// goes. One at a time.
+/// A disk that fails when a test says so. Within its scope every database is on it: databases
+/// must be opened after it was made, and closed before it goes. One at a time.
 class FaultyDisk {
 public:
     enum class Fault {
@@ -25,6 +24,6 @@ public:
     /// Whether anything has failed since FailAt.
     bool HasFailed() const;
 
-    /// What happens whenever a connection asks for the lock of the writer and another one has it.
-    void WhenLockRefused(std::function<void()> then);
+    /// What happens when somebody is next refused a lock that another holds: he waits by then.
+    void WhenSomebodyWaits(std::function<void()> deed);
 };

@@ -5,7 +5,6 @@
 #include "data/sqlite/SqliteRowWriter.h"
 
 #include <QRandomGenerator>
-#include <QThread>
 
 #include <algorithm>
 
@@ -125,14 +124,16 @@ SqliteEngine::~SqliteEngine() = default;
 int SqliteEngine::waitForLock(void* self, int attempt)
 {
     auto& engine = *static_cast<SqliteEngine*>(self);
+    const std::chrono::milliseconds now = engine.clock_->Now();
     if (attempt == 0)
-        engine.lockWaited_.start();
-    const qint64 left = engine.lockWait_.count() - engine.lockWaited_.elapsed();
-    if (left <= 0)
+        engine.lockWaitBegan_ = now;
+    const std::chrono::milliseconds left = engine.lockWait_ - (now - engine.lockWaitBegan_);
+    if (left.count() <= 0)
         return 0;
     constexpr int longestPause = 25;
-    const int pause = 1 + QRandomGenerator::global()->bounded(std::min(attempt + 1, longestPause));
-    QThread::msleep(static_cast<unsigned long>(std::min<qint64>(pause, left)));
+    const std::chrono::milliseconds pause(
+        1 + QRandomGenerator::global()->bounded(std::min(attempt + 1, longestPause)));
+    engine.clock_->Sleep(std::min(pause, left));
     return 1;
 }
 

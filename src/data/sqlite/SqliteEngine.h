@@ -5,11 +5,12 @@
 #include "data/sqlite/BulkLoad.h"
 #include "data/sqlite/CompanyFunctions.h"
 #include "data/sqlite/Handle.h"
+#include "data/sqlite/WaitClock.h"
 
 #include <QCache>
-#include <QElapsedTimer>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 
 namespace TradeForms {
@@ -35,6 +36,8 @@ public:
 
     /// How long another process that holds the lock is waited for; at first not at all.
     void SetLockWait(std::chrono::milliseconds wait) { lockWait_ = wait; }
+    /// The clock of that wait, at first the time of day.
+    void SetWaitClock(std::shared_ptr<WaitClock> clock) { clock_ = std::move(clock); }
 
     sqlite3* Raw() const { return handle_.get(); }
 
@@ -70,7 +73,8 @@ private:
     Handle handle_;
     TradeForms::Dialect dialect_;
     std::chrono::milliseconds lockWait_{0};
-    QElapsedTimer lockWaited_;
+    std::shared_ptr<WaitClock> clock_ = std::make_shared<WaitClock>();
+    std::chrono::milliseconds lockWaitBegan_{0};
     QCache<QString, AdaptedStatement> adapted_;
     QCache<QByteArray, Kept> prepared_;
     CompanyFunctions functions_;
