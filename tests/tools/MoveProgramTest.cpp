@@ -117,7 +117,7 @@ TEST_F(MoveProgram, KilledInItsMidstItLeavesNothingUnderTheName)
     makeLarge();
     const Ended killed =
         RunUntilItSays(MOVE_PROGRAM, to(place("new.db")), "Copying RecoveryBody", SIGKILL);
-    ASSERT_EQ(killed.Code, -1) << "it was too quick: " << killed.Out;
+    ASSERT_EQ(killed.Code, -1) << killed.Out;
     EXPECT_FALSE(QFile::exists(place("new.db")));
     EXPECT_EQ(run(to(place("new.db"))).Code, 0);
     EXPECT_EQ(files(), QStringList{QStringLiteral("new.db")});

@@ -4,13 +4,57 @@
 
 #include <QProcess>
 
+#include <algorithm>
 #include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
 
 namespace tests {
 
 namespace {
 
-constexpr int longestRun = 120'000;
+/// Longer than any run, on any machine: what takes longer hangs.
+constexpr int longestRun = 240'000;
+
+/// A pipe that holds one piece of writing: whoever writes the next waits until it is read.
+class NarrowPipe {
+public:
+    NarrowPipe()
+    {
+        EXPECT_EQ(::pipe2(ends_, O_DIRECT | O_CLOEXEC), 0);
+        EXPECT_GT(::fcntl(ends_[1], F_SETPIPE_SZ, 1), 0);
+    }
+    ~NarrowPipe()
+    {
+        CloseWriting();
+        ::close(ends_[0]);
+    }
+    NarrowPipe(const NarrowPipe&) = delete;
+    NarrowPipe& operator=(const NarrowPipe&) = delete;
+
+    int Writing() const { return ends_[1]; }
+    /// What a process of one's own has open keeps the pipe from ending.
+    void CloseWriting()
+    {
+        if (ends_[1] >= 0)
+            ::close(ends_[1]);
+        ends_[1] = -1;
+    }
+    /// Waits for the next piece. Empty at the end.
+    QByteArray Read() const
+    {
+        pollfd readable{ends_[0], POLLIN, 0};
+        if (::poll(&readable, 1, longestRun) != 1)
+            return {};
+        QByteArray piece(4096, 0);
+        const ssize_t size = ::read(ends_[0], piece.data(), std::size_t(piece.size()));
+        return piece.first(std::max<qsizetype>(size, 0));
+    }
+
+private:
+    int ends_[2] = {-1, -1};
+};
 
 Ended endOf(QProcess& process, const QByteArray& saidBefore = {})
 {
@@ -35,19 +79,36 @@ Ended RunProgram(const char* program, const QStringList& arguments)
     return endOf(process);
 }
 
+Ended RunAndHold(const char* program, const QStringList& arguments, const QByteArray& said,
+                 const std::function<void(qint64 process)>& meanwhile)
+{
+    NarrowPipe error;
+    QProcess process;
+    process.setChildProcessModifier([&error] { ::dup2(error.Writing(), STDERR_FILENO); });
+    process.start(QString::fromUtf8(program), arguments);
+    if (!process.waitForStarted(longestRun)) {
+        ADD_FAILURE() << program << " does not start";
+        return {};
+    }
+    error.CloseWriting();
+    QByteArray all;
+    bool isDone = false;
+    for (QByteArray piece = error.Read(); !piece.isEmpty(); piece = error.Read()) {
+        all += piece;
+        if (!isDone && all.contains(said)) {
+            isDone = true;
+            meanwhile(process.processId());
+        }
+    }
+    EXPECT_TRUE(isDone) << all.toStdString();
+    return endOf(process, all);
+}
+
 Ended RunUntilItSays(const char* program, const QStringList& arguments, const QByteArray& said,
                      int signal)
 {
-    QProcess process;
-    process.start(QString::fromUtf8(program), arguments);
-    process.setReadChannel(QProcess::StandardError);
-    QByteArray error;
-    while (!error.contains(said) && process.waitForReadyRead(longestRun))
-        error += process.readAllStandardError();
-    EXPECT_TRUE(error.contains(said)) << error.toStdString();
-    if (process.processId() != 0)
-        ::kill(pid_t(process.processId()), signal);
-    return endOf(process, error);
+    return RunAndHold(program, arguments, said,
+                      [signal](qint64 process) { ::kill(pid_t(process), signal); });
 }
 
 std::string RunOnTerminal(const char* program, const QStringList& arguments)

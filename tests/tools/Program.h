@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <functional>
 #include <string>
 
 namespace tests {
@@ -16,6 +17,11 @@ struct Ended {
 
 /// Runs a program to its end.
 Ended RunProgram(const char* program, const QStringList& arguments);
+
+/// Runs a program, and does something when it has said something on standard error. Until that is
+/// done the program gets no further than to its next word there.
+Ended RunAndHold(const char* program, const QStringList& arguments, const QByteArray& said,
+                 const std::function<void(qint64 process)>& meanwhile);
 
 /// Runs a program until it has said something on standard error, then sends it a signal.
 Ended RunUntilItSays(const char* program, const QStringList& arguments, const QByteArray& said,
