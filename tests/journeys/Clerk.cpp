@@ -15,8 +15,6 @@ namespace journeys {
 
 namespace {
 
-constexpr int PatienceMs = 20'000;
-
 QWidget* activeWindow()
 {
     if (QWidget* popup = QApplication::activePopupWidget()) {
@@ -107,7 +105,7 @@ void Clerk::act(const std::function<void(QWidget*)>& doIt)
     // Done with, or waiting in a window that it has opened.
     QElapsedTimer timer;
     timer.start();
-    while (timer.elapsed() < PatienceMs) {
+    while (timer.elapsed() < Patience) {
         const QString state = onScreen([progress](QWidget* active) {
             const bool waits = progress->Started && active && active->isActiveWindow()
                 && active != progress->StartedIn;
@@ -133,7 +131,7 @@ void Clerk::until(const std::function<QString(QWidget*)>& look, const QString& w
             return;
         }
         QThread::msleep(2);
-    } while (timer.elapsed() < PatienceMs);
+    } while (timer.elapsed() < Patience);
     giveUp(QStringLiteral("expected %1 \"%2\", saw \"%3\"").arg(what, wanted, seen));
 }
 

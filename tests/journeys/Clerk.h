@@ -10,6 +10,10 @@ class QWidget;
 
 namespace journeys {
 
+/// In milliseconds; longer than anything that is waited for takes, on any machine: what takes
+/// longer hangs.
+inline constexpr int Patience = 240'000;
+
 /// A clerk at the keyboard. The script runs on a thread of its own while the program runs its
 /// event loops, modal ones too; each act goes in as real key or mouse events through the active
 /// window, and the next waits until the program has dealt with it.

@@ -118,9 +118,9 @@ QString printedText(const QString& folder, const QString& name)
 {
     QProcess reader;
     reader.start(s("pdftotext"), {s("-layout"), QDir(folder).filePath(name), s("-")});
-    return reader.waitForFinished(60'000)
-        ? QString::fromUtf8(reader.readAllStandardOutput()).normalized(QString::NormalizationForm_KC)
-        : QString();
+    return reader.waitForFinished(Patience) ? QString::fromUtf8(reader.readAllStandardOutput())
+                                                  .normalized(QString::NormalizationForm_KC)
+                                            : QString();
 }
 
 // ---- Printing
@@ -342,15 +342,15 @@ void GatePassDay(Clerk& clerk, const QString& file, const QString& printTo)
     QProcess other;
     other.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     other.start(QCoreApplication::applicationFilePath(), {s("--second-clerk"), file});
-    clerk.Expect(other.waitForReadyRead(60'000)
-                     && other.readLine().trimmed() == QByteArray::number(id),
+    clerk.Expect(other.waitForReadyRead(Patience) &&
+                     other.readLine().trimmed() == QByteArray::number(id),
                  s("the second program shows the same number"));
     clerk.See(s("FrmGatePass"));
     enterHeader(clerk, known);
     enterRow(clerk, known.Products[0], s("1"));
     other.write("save\n");
     other.closeWriteChannel();
-    clerk.Expect(other.waitForFinished(60'000) && other.exitCode() == 0,
+    clerk.Expect(other.waitForFinished(Patience) && other.exitCode() == 0,
                  s("the second program saves"));
     clerk.See(s("FrmGatePass"));
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
