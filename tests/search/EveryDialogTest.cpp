@@ -198,6 +198,20 @@ TEST_P(EveryDialog, ComesUpWithItsRowsAndTheFirstOneMarked)
     });
 }
 
+TEST_P(EveryDialog, TakesNamesInUrduAndAllElseInLatin)
+{
+    const QStringList names{s("TxtName"),       s("TxtFName"),     s("TxtStaffName"),
+                            s("TxtDriverName"), s("TxtReceiving"), s("TxtFrenchiser"),
+                            s("TxtProductName")};
+    Look(is(), [&](SearchWindow& window) {
+        for (const SearchField& field : is().Fields) {
+            const Txt& txt = window.NarrowingField(field.Name);
+            EXPECT_EQ(dynamic_cast<const UTxt*>(&txt) != nullptr, names.contains(s(field.Name)))
+                << field.Name;
+        }
+    });
+}
+
 TEST_P(EveryDialog, MinimisesButForGatePasses)
 {
     Look(is(), [this](SearchWindow& window) {
@@ -294,6 +308,8 @@ TEST_P(DialogOfEachKind, TakesTheOnlyRowOfAList)
         EXPECT_EQ(window.List().Row(), 0);
         Press(window, Qt::Key_Return);
     });
+    EXPECT_EQ(results(), firstResults());
+    Show(is(), [](SearchWindow& window) { DoubleClickRow(window, window.List(), 0); });
     EXPECT_EQ(results(), firstResults());
 }
 
