@@ -165,13 +165,16 @@ TEST(LookTest, TitleAndPillClipNoGlyph)
 {
     TitleStrip strip(kTallText, s("Ågj|"));
     strip.SetState(kTallText, s("Edited"));
-    for (QLabel* label : strip.findChildren<QLabel*>()) {
-        // White on the accent: dark on white for the measure.
-        QPalette dark;
-        label->setPalette(dark);
-        const int room = label->maximumHeight() < QWIDGETSIZE_MAX ? label->maximumHeight()
-                                                                  : label->sizeHint().height();
-        EXPECT_GE(room, QFontMetrics(label->font()).tightBoundingRect(kTallText).height())
+    strip.resize(strip.sizeHint().expandedTo({900, 0}));
+    strip.show();
+    const QList<QLabel*> labels = strip.findChildren<QLabel*>();
+    EXPECT_EQ(labels.size(), 3);
+    for (QLabel* label : labels) {
+        const QSize given = label->size();
+        const QFontMetrics metrics(label->font());
+        EXPECT_GE(given.height(), metrics.tightBoundingRect(label->text()).height())
+            << label->text().toStdString();
+        EXPECT_GE(given.width(), metrics.horizontalAdvance(label->text()))
             << label->text().toStdString();
     }
 }

@@ -278,6 +278,25 @@ TEST_F(DefinitionsTest, AFrenchiserSlipShowsItsCommissionLinesAndAddsThemUp)
     EXPECT_EQ(Only(slip, "FldRemaining"), s("11,421"));
 }
 
+TEST_F(DefinitionsTest, ASlipShowsItsOwnMonthAlone)
+{
+    StoreSalary(company);
+    StoreFrenchiserSalary(company);
+    StoreWorkshopSalary(company, 1);
+    for (const char* table : {"Salaries", "FrenchiserSalaryHeader", "FrenchiserSalaryBody",
+                              "WorkShopSalaryHeader", "WorkShopSalaryBody"}) {
+        company.Run(QStringLiteral("CREATE TEMP TABLE Earlier AS SELECT * FROM %1;"
+                                   "UPDATE Earlier SET SalaryMonth = '2026-02-01';"
+                                   "INSERT INTO %1 SELECT * FROM Earlier; DROP TABLE Earlier")
+                        .arg(s(table)));
+    }
+    EXPECT_EQ(Only(salary(), "FldSalaryMonth"), s("Mar-2026"));
+    EXPECT_EQ(Only(salary(), "FldRemaining"), s("16,687.25"));
+    EXPECT_EQ(column(frenchiser(), "FldProductID").size(), 2);
+    EXPECT_EQ(Only(frenchiser(), "FldRemaining"), s("11,421"));
+    EXPECT_EQ(column(workshop(), "Fldpartname").size(), 1);
+}
+
 TEST_F(DefinitionsTest, AFrenchiserMonthWithoutLinesPrintsNoFigures)
 {
     StoreFrenchiserSalary(company);

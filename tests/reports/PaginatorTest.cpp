@@ -378,6 +378,17 @@ TEST_F(PaginatorTest, AGroupThatHasEndedIsNotHeadedAgain)
               QStringList({s("PageHeader: head"), s("End: end"), s("PageFooter: 2 of 2")}));
 }
 
+TEST_F(PaginatorTest, AGroupThatBeginsAPageIsHeadedOnce)
+{
+    group(100, 50);
+    SectionOf(design, SectionKind::GroupHeader).Repeat = true;
+    // Group 0: header, 7 rows and footer take 850 of 900.
+    const Document document = layOut(Counted(14, 7));
+    ASSERT_EQ(document.PageCount(), 2);
+    EXPECT_EQ(Shown(document, 1).mid(0, 3),
+              QStringList({s("PageHeader: head"), s("GroupHeader: 1"), s("Row: 8")}));
+}
+
 TEST_F(PaginatorTest, AmountsStandByTheirDecimalPointAndNullsAreEmpty)
 {
     SectionOf(design, SectionKind::Details).Objects.first().Format = ValueFormat::Amount;

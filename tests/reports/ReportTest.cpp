@@ -168,7 +168,10 @@ TEST_F(ReportTest, ALargeLogoIsReducedToWhatPaperCanShow)
     HostContext::LogoImage = folder.filePath(s("logo.png"));
     ASSERT_TRUE(image.save(HostContext::LogoImage));
     feedStoredPass();
-    EXPECT_LT(pictures(report.Format()).first().Image.width(), 400);
+    const QList<PictureShape> drawn = pictures(report.Format());
+    ASSERT_EQ(drawn.size(), 1);
+    // Its place is 16 millimetres wide: 378 dots of a printer with 600 to the inch.
+    EXPECT_EQ(drawn.first().Image.size(), QSize(378, 378));
 }
 
 TEST_F(ReportTest, AMissingLogoFileIsNoFailureAndLeavesItsPlaceEmpty)
