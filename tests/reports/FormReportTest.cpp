@@ -92,11 +92,11 @@ TEST_F(FormReportTest, FeedPutsTheReportIntoTheViewerAndKeepsItsRowsOpen)
     EXPECT_FALSE(report.IsOpen());
     feedSalary();
     EXPECT_TRUE(report.IsOpen());
-    EXPECT_NE(dynamic_cast<CrpSalary*>(viewer().Report.get()), nullptr);
+    ASSERT_NE(dynamic_cast<CrpSalary*>(viewer().Report.get()), nullptr);
     EXPECT_EQ(viewer().Report->Title(), s("Salary 2014 Mar-2026"));
     // The next one takes its place.
     feedGatePass();
-    EXPECT_NE(dynamic_cast<CrpGatePassDetail*>(viewer().Report.get()), nullptr);
+    ASSERT_NE(dynamic_cast<CrpGatePassDetail*>(viewer().Report.get()), nullptr);
     const PrintJob job = viewer().Report->Job();
     EXPECT_EQ(job.Title, s("Gate Pass 7"));
     EXPECT_EQ(job.Driver, s("Printer Driver"));
