@@ -19,10 +19,7 @@ protected:
         }
         return nullptr;
     }
-    static const Control& button()
-    {
-        return *window()->findChild<JeweledButton*>(s("BtnCancel"));
-    }
+    static const Control& button() { return *window()->findChild<JeweledButton*>(s("BtnCancel")); }
 
     static constexpr int kRows = Progress::LongWork;
 };

@@ -505,8 +505,8 @@ TEST_F(DefinitionsTest, ColumnsStandUnderTheirHeadsAndTotalsUnderTheirColumns)
 {
     StoreGatePass(company);
     const Document pass = gatePass();
-    for (const char* name : {"ProductID", "ProductName", "OutNewProducts", "ReturnOldProducts",
-                             "ReturnNewProducts"}) {
+    for (const char* name :
+         {"ProductID", "ProductName", "OutNewProducts", "ReturnOldProducts", "ReturnNewProducts"}) {
         SCOPED_TRACE(name);
         const QRectF head = placeOf(pass, QByteArray("Head") + name);
         const QRectF cell = placeOf(pass, QByteArray("Fld") + name);

@@ -24,8 +24,7 @@ namespace {
 
 /// What the pay forms declare, and what the gate pass does.
 const CopyDeclaration kSalary{.Shown = {}, .Hidden = {3, 2}, .Copies = {s("1"), s("2")}};
-const CopyDeclaration kGatePass{
-    .Shown = {4}, .Hidden = {}, .Copies = {s("1"), s("2"), s("3")}};
+const CopyDeclaration kGatePass{.Shown = {4}, .Hidden = {}, .Copies = {s("1"), s("2"), s("3")}};
 
 class FormReportTest : public ::testing::Test {
 protected:
@@ -63,8 +62,7 @@ protected:
     }
     void feedSalary()
     {
-        report.Feed(std::make_shared<CrpSalary>(),
-                    CrpSalary::Source(s("2014"), QDate(2026, 3, 1)));
+        report.Feed(std::make_shared<CrpSalary>(), CrpSalary::Source(s("2014"), QDate(2026, 3, 1)));
     }
     /// Answers the choice of copies with a key, after a click on one of its options.
     void print(const CopyDeclaration& copies, int option, Qt::Key key)

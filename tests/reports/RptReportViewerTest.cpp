@@ -510,8 +510,8 @@ TEST_F(RptReportViewerTest, ACopiedPageRunsLineByLineFromTheReadersRightHand)
     ctrl(Qt::Key_C);
     EXPECT_EQ(It().LblNote.Text(), s("Copied the page"));
     EXPECT_EQ(QGuiApplication::clipboard()->text().split(u'\n'),
-              QStringList({s("Title of the sample"), s("copy 1"), s("1\tP00001"),
-                           s("2\tP00002"), s("3\tP00003")}));
+              QStringList({s("Title of the sample"), s("copy 1"), s("1\tP00001"), s("2\tP00002"),
+                           s("3\tP00003")}));
 }
 
 // ---- Print and save
