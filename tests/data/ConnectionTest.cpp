@@ -177,6 +177,37 @@ TEST(Open, ACompanyOfANewerVersionIsRefused)
                   .arg(shown(company.File())));
 }
 
+TEST(Open, ACompanyWhoseTablesAreNotItsOwnIsDamaged)
+{
+    const struct {
+        const char* Change;
+        const char* Damage;
+    } cases[] = {
+        {"drop table Sectors", "table 'sectors' is not as it was made"},
+        {"drop view vuAccounts; create view vuAccounts as select * from Parties",
+         "view 'vuaccounts' is not as it was made"},
+        {"drop trigger StockMovements_Insert",
+         "trigger 'stockmovements_insert' is not as it was made"},
+        {"drop index RecoveryBody_InsCustomerID;"
+         "create index RecoveryBody_InsCustomerID on RecoveryBody (Amount)",
+         "index 'recoverybody_inscustomerid' is not as it was made"},
+        {"pragma writable_schema = on; update sqlite_schema set rootpage = (select rootpage from "
+         "sqlite_schema where name = 'Parts') where name = 'Sectors'",
+         "two of its tables are one"},
+    };
+    for (const auto& [change, damage] : cases) {
+        const TestCompany company;
+        company.Run(change);
+        EXPECT_EQ(openFailure(company.File()),
+                  QStringLiteral("'%1' is damaged: %2. Restore it from a backup.")
+                      .arg(shown(company.File()), QLatin1String(damage)))
+            << change;
+    }
+    const TestCompany company;
+    company.Run("drop index RecoveryBody_InsCustomerID; alter table Sectors add Note text");
+    EXPECT_EQ(openFailure(company.File()), QStringLiteral("no failure"));
+}
+
 TEST(Open, AReadOnlyFileIsReportedAtOnceEvenToAnAdministrator)
 {
     const TestCompany company;
