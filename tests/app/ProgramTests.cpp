@@ -259,12 +259,14 @@ TEST(CommandLine, ShowsNoPassword)
 
 TEST(CommandLine, HasItsDefaults)
 {
+    const QDate before = QDate::currentDate();
     const Options options = read({});
+    EXPECT_GE(options.Until, before);
+    EXPECT_LE(options.Until, QDate::currentDate());
     EXPECT_EQ(options.Wanted, Options::Action::Run);
     EXPECT_THAT(text(options.Database), EndsWith("company.db"));
     EXPECT_TRUE(options.UserName.isEmpty());
     EXPECT_EQ(options.Accounts, 400);
-    EXPECT_EQ(options.Until, QDate::currentDate());
     EXPECT_EQ(options.Open, nullptr);
 }
 

@@ -137,6 +137,19 @@ TEST_F(Backups, WhoeverSavesAllTheTimeNeitherWaitsNorSpoilsTheCopy)
         << "each voucher is there whole or not at all";
 }
 
+TEST_F(Backups, ADamageThatNoReadingMeetsIsListed)
+{
+    company_.Run("create table Ours (A text); insert into Ours values (null), ('x');"
+                 "pragma writable_schema = on; update sqlite_schema "
+                 "set sql = 'create table Ours (A text not null)' where name = 'Ours'");
+    EXPECT_THAT(failureOf([&] { VerifyBackup(company_.File()); }),
+                AllOf(HasSubstr("test.company' is damaged: "), HasSubstr("NULL value in Ours.A")));
+    EXPECT_THAT(failureOf([&] { BackUpCompany(company_.File(), place("copy.db")); }),
+                AllOf(HasSubstr("The copy of "), HasSubstr("is not whole and was removed: "),
+                      HasSubstr("NULL value in Ours.A")));
+    EXPECT_EQ(files(), QStringList());
+}
+
 TEST_F(Backups, AFileOfThatNameIsKeptUnlessItIsToBeReplaced)
 {
     QFile letter(place("letter.txt"));
