@@ -67,6 +67,26 @@ protected:
         QCoreApplication::processEvents();
     }
 
+    /// Chooses what takes a while, and presses Esc in the window that tells how far it is.
+    static void chooseAndEscape(SearchWindow& window, const char* name)
+    {
+        bool wasUp = false;
+        ClickRow(window, window.List(), 0, Qt::RightButton);
+        ASSERT_TRUE(menu());
+        QTimer escape;
+        QObject::connect(&escape, &QTimer::timeout, &escape, [&] {
+            auto* progress = dynamic_cast<Form*>(QApplication::activeModalWidget());
+            if (!progress || progress->objectName() != s("Progress") || wasUp)
+                return;
+            wasUp = true;
+            Press(*progress, Qt::Key_X); // nothing special
+            Press(*progress, Qt::Key_Escape);
+        });
+        escape.start(0);
+        choose(name);
+        EXPECT_TRUE(wasUp);
+    }
+
     static QString clipboard() { return QGuiApplication::clipboard()->text(); }
 
     /// Many branches, so that it takes a while to save them.
@@ -94,6 +114,8 @@ TEST_F(ListMenuTest, CtrlCInTheListCopiesTheMarkedRow)
 {
     show(SchBranch, [](SearchWindow& window) {
         Press(window, Qt::Key_Down);
+        Press(window, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(clipboard(), s("1\tقصور"));
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_C, Qt::ControlModifier);
         EXPECT_EQ(clipboard(), s("2\tلاہور"));
@@ -239,25 +261,21 @@ TEST_F(ListMenuTest, EscInTheProgressWindowStopsALongExportAndTheDialogGoesOn)
     addBranches(200'000);
     files.Expect(s("csv"), pathOf("list.csv"));
     show(SchBranch, [this](SearchWindow& window) {
-        bool wasUp = false;
-        ClickRow(window, window.List(), 0, Qt::RightButton);
-        ASSERT_TRUE(menu());
-        QTimer escape;
-        QObject::connect(&escape, &QTimer::timeout, &escape, [&] {
-            auto* progress = dynamic_cast<Form*>(QApplication::activeModalWidget());
-            if (!progress || progress->objectName() != s("Progress") || wasUp)
-                return;
-            wasUp = true;
-            Press(*progress, Qt::Key_X); // nothing special
-            Press(*progress, Qt::Key_Escape);
-        });
-        escape.start(0);
-        choose("mniSaveCsv");
-        EXPECT_TRUE(wasUp);
+        chooseAndEscape(window, "mniSaveCsv");
         EXPECT_TRUE(QDir(folder.path()).isEmpty());
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(QApplication::activeModalWidget(), &window);
         EXPECT_TRUE(window.NarrowingField("TxtID").Text().isEmpty());
+    });
+}
+
+TEST_F(ListMenuTest, EscInTheProgressWindowStopsALongCopyAndTheClipboardKeepsWhatItHeld)
+{
+    addBranches(200'000);
+    QGuiApplication::clipboard()->setText(s("before"));
+    show(SchBranch, [](SearchWindow& window) {
+        chooseAndEscape(window, "mniCopyList");
+        EXPECT_EQ(clipboard(), s("before"));
     });
 }
 

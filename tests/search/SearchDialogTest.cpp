@@ -130,6 +130,19 @@ TEST_F(SearchDialogTest, AJumpWithEmptiedTextGoesToTheFirstRow)
     });
 }
 
+TEST_F(SearchDialogTest, BlanksAloneJumpToTheFirstRow)
+{
+    show(SchArea, [](SearchWindow& window) {
+        ASSERT_GT(window.List().RowCount(), 1);
+        Press(window, Qt::Key_Down);
+        Press(window, Qt::Key_End);
+        window.SetFocus(window.NarrowingField("TxtID"));
+        Type(window, s("  "));
+        EXPECT_EQ(window.List().Row(), 0);
+        Press(window, Qt::Key_Escape);
+    });
+}
+
 TEST_F(SearchDialogTest, ASixteenBitResultCannotCarryAnIdAbove32767)
 {
     addPass(32768, s("Kot"), s("'2014'"), s("null"));
