@@ -6,9 +6,9 @@
 #include "data/Recordset.h"
 #include "data/sqlite/Adapter.h"
 #include "data/sqlite/SqliteEngine.h"
+#include "support/LibraryStatements.h"
 #include "support/TestCompany.h"
 
-#include <QFile>
 #include <QHash>
 
 #include <memory>
@@ -239,26 +239,11 @@ void batchBaseline(State& state)
 
 // ---- The adapter, a statement
 
-std::vector<QString> libraryStatements()
-{
-    QFile file(s(SOURCE_DIR "/tests/data/statements-to-come.sql"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("The statements cannot be read.");
-    }
-    std::vector<QString> statements;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (!line.isEmpty() && !line.startsWith(s("--"))) {
-            statements.push_back(line);
-        }
-    }
-    return statements;
-}
-
 /// Runs the work on one statement after the other, each time on the next.
 template <class Work> void eachStatement(State& state, Work work)
 {
-    const std::vector<QString> statements = libraryStatements();
-    std::size_t next = 0;
+    const QStringList statements = tests::LibraryStatements(s(SOURCE_DIR));
+    qsizetype next = 0;
     for (auto _ : state) {
         work(statements[next]);
         next = (next + 1) % statements.size();
@@ -277,7 +262,7 @@ void adaptNew(State& state)
 void prepareAdapted(State& state)
 {
     std::vector<QByteArray> texts;
-    for (const QString& statement : libraryStatements()) {
+    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
         const AdaptedStatement adapted = AdaptStatement(statement.toUtf8());
         if (!adapted.Procedure) {
             texts.push_back(adapted.Text);
@@ -300,7 +285,7 @@ void adaptCached(State& state)
 {
     Bench::LimitTime(state, 1e-6);
     auto& engine = static_cast<SqliteEngine&>(Desk::Get().Ours->engine());
-    for (const QString& statement : libraryStatements()) {
+    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
         engine.Adapted(statement);
     }
     eachStatement(state, [&engine](const QString& statement) {
@@ -312,7 +297,7 @@ void adaptCached(State& state)
 void lookUp(State& state)
 {
     QHash<QString, int> known;
-    for (const QString& statement : libraryStatements()) {
+    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
         known.insert(statement, 1);
     }
     eachStatement(state, [&known](const QString& statement) {
