@@ -292,9 +292,16 @@ TEST_F(WindowTest, TheMenuOfAListOpensByShiftAndF10Too)
         const int before = clerk::CountVisible(thread);
         Press(VK_F10, {VK_SHIFT});
         clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
-        // Wine takes the key's release for a call of the window's own menu, so that it is not known
-        // here what Esc would close first.
-        ExitProcess(HasFailure() ? 1 : 0);
+        // Wine takes the key's release for a call of the window's own menu, which an Esc closes
+        // first; one too many does no harm in an empty form.
+        clerk::Await("the list's going", [] {
+            if (clerk::Front() == L"Gate Pass")
+                return true;
+            Press(VK_ESCAPE);
+            return false;
+        });
+        close();
+        host.See();
     });
 }
 
