@@ -218,34 +218,6 @@ TEST_F(AuthorisationTest, TheWindowOfAnotherUserHoldsForNobodyElse)
     EXPECT_EQ(Count(s("GatePassHeader")), 1);
 }
 
-TEST_F(AuthorisationTest, TheRightIsTestedBeforeTheDateWindow)
-{
-    Open();
-    const int id = Stored();
-    change(id);
-    window(day(-10), day(-1));
-    user->Modify = false;
-    boxes.Expect(Refused(s("You are not authorized to modify a record")));
-    Ctrl(Qt::Key_S);
-    user->Modify = true;
-    boxes.Expect(outsideWindow());
-    Ctrl(Qt::Key_S);
-    EXPECT_FALSE(wasChanged(id));
-}
-
-TEST_F(AuthorisationTest, TheDateWindowIsTestedBeforeTheFieldsAreAskedFor)
-{
-    window(day(-10), day(-1));
-    Open();
-    Type(It(), "2014");
-    boxes.Expect(outsideWindow());
-    Ctrl(Qt::Key_S);
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
-    window(s("null"), s("null"));
-    boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
-    Ctrl(Qt::Key_S);
-}
-
 TEST_F(AuthorisationTest, AFailingSecurityObjectEndsInTheErrorBoxAndWritesNothing)
 {
     Open();

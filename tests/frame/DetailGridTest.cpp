@@ -338,31 +338,6 @@ TEST_F(DetailGridTest, DoubleClickChoosesTheRowAsEnterDoes)
     EXPECT_EQ(It().TxtProductID.Text(), s("101"));
 }
 
-TEST_F(DetailGridTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
-{
-    Open();
-    EnterHeader();
-    Enter(s("101"));
-    Enter(s("3"));
-    for (Txt* field :
-         {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().TxtProductID}) {
-        Click(It(), It().TxtReturnNewProducts);
-        ASSERT_TRUE(HasFocus(It().TxtReturnNewProducts));
-        Click(It(), *field);
-        EXPECT_TRUE(HasFocus(*field));
-        EXPECT_EQ(FilledRows(), 0);
-    }
-    Click(It(), It().TxtReturnNewProducts);
-    ExpectCloseQuestion(MsgAnswer::No, [this] { EXPECT_EQ(FilledRows(), 0); });
-    Click(It(), It().BtnClose);
-    EXPECT_EQ(FilledRows(), 0);
-    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
-    Click(It(), It().TxtReturnNewProducts);
-    Click(It(), It().TxtDriverCode);
-    EXPECT_EQ(FilledRows(), 1);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
-}
-
 TEST_F(DetailGridTest, ANumberBeyondAllNumbersFailsTheRowAndLosesNothing)
 {
     Open();

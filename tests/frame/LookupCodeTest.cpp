@@ -89,16 +89,6 @@ TEST_F(LookupCodeTest, ADriverOfBlanksCountsAsEmpty)
     EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
 }
 
-TEST_F(LookupCodeTest, AnUnknownBranchIsEmptied)
-{
-    Open();
-    It().ResetFocus(It().TxtBranchID);
-    dialogs.Expect(Cancel());
-    Enter(s("99"));
-    EXPECT_TRUE(HasFocus(It().TxtBranchID));
-    EXPECT_TRUE(It().TxtBranchID.Text().isEmpty());
-}
-
 TEST_F(LookupCodeTest, NothingIsTypedIntoAName)
 {
     Open();
@@ -151,61 +141,6 @@ TEST_F(LookupCodeTest, AUserOfAllBranchesSeesNoBranchConditionInTheStatement)
     Press(It(), Qt::Key_F1);
 }
 
-TEST_F(LookupCodeTest, AUserOfOneBranchReachesNoOtherByListOrByTyping)
-{
-    user->Branch = s("2");
-    Open();
-    It().ResetFocus(It().TxtAreaCode);
-    dialogs.Expect([](Form& dialog) {
-        EXPECT_EQ(statementOf(dialog), s("SELECT * FROM Areas where 1=1  and BranchCode=2"));
-        EXPECT_EQ(dynamic_cast<SearchWindow&>(dialog).List().RowCount(), 1);
-        Press(dialog, Qt::Key_Escape);
-    });
-    Enter(s("Kot")); // of branch 1
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
-
-    It().ResetFocus(It().TxtBranchID);
-    dialogs.Expect([](Form& dialog) {
-        EXPECT_EQ(statementOf(dialog), s("SELECT * FROM Branches where 1=1  and BranchCode=2"));
-        Press(dialog, Qt::Key_Return);
-    });
-    Enter(s("1"));
-    EXPECT_EQ(It().TxtBranchID.Text(), s("2"));
-}
-
-TEST_F(LookupCodeTest, AProductWithNoStockInTheBranchIsRefusedAndShowsTheList)
-{
-    Open();
-    EnterHeader();
-    Enter(s("101"));
-    ASSERT_TRUE(It().LblStock.IsVisible());
-    It().ResetFocus(It().TxtProductID);
-    Press(It(), Qt::Key_A, Qt::ControlModifier);
-    dialogs.Expect([this](Form& dialog) {
-        EXPECT_EQ(dialog.objectName(), s("SchProduct"));
-        EXPECT_FALSE(It().LblStock.IsVisible());
-        Press(dialog, Qt::Key_Escape);
-    });
-    Enter(s("299"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
-    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
-    EXPECT_FALSE(It().LblStock.IsVisible());
-    EXPECT_FALSE(It().LblCaption.IsVisible());
-}
-
-TEST_F(LookupCodeTest, AProductThatOnlyAnotherBranchHasIsRefused)
-{
-    Open();
-    It().TxtBranchID.SetText(s("2"));
-    Press(It(), Qt::Key_Escape);
-    dialogs.Expect(Cancel());
-    Enter(s("104"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
-    Enter(s("101"));
-    EXPECT_EQ(It().LblStock.Text(), s("5"));
-}
-
 TEST_F(LookupCodeTest, WithNoBranchNoProductIsFound)
 {
     Open();
@@ -213,17 +148,6 @@ TEST_F(LookupCodeTest, WithNoBranchNoProductIsFound)
     dialogs.Expect(Cancel());
     Enter(s("101"));
     EXPECT_TRUE(HasFocus(It().TxtProductID));
-}
-
-TEST_F(LookupCodeTest, AProductMarksTheVoucherFoundOrNot)
-{
-    Open();
-    It().TxtBranchID.SetText(s("1"));
-    Press(It(), Qt::Key_Escape);
-    dialogs.Expect(Cancel());
-    ASSERT_EQ(It().FormState(), State::New);
-    Enter(s("299"));
-    EXPECT_EQ(It().FormState(), State::Edited);
 }
 
 TEST_F(LookupCodeTest, AFoundCodeMarksTheVoucherEvenByAMereTab)
@@ -289,32 +213,6 @@ TEST_F(LookupCodeTest, TheButtonMovesOnOrBackToTheCode)
         EXPECT_TRUE(HasFocus(*next)) << qPrintable(button->Name());
         EXPECT_FALSE(code->Text().isEmpty());
     }
-}
-
-TEST_F(LookupCodeTest, TheDriverMustBeAFieldWorker)
-{
-    Open();
-    dialogs.Expect([](Form& dialog) {
-        EXPECT_TRUE(statementOf(dialog).endsWith(s(" where 1=1 and Fieldworker=1 ")))
-            << qPrintable(statementOf(dialog));
-        Press(dialog, Qt::Key_Escape);
-    });
-    Enter(s("3107"));
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
-}
-
-TEST_F(LookupCodeTest, TheReceiverMayBeAnyStaff)
-{
-    Open();
-    Enter(QString());
-    dialogs.Expect([](Form& dialog) {
-        EXPECT_TRUE(statementOf(dialog).endsWith(s(" where 1=1"))) << qPrintable(
-            statementOf(dialog));
-        Press(dialog, Qt::Key_Escape);
-    });
-    Press(It(), Qt::Key_F1);
-    Enter(s("3108"));
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
 }
 
 TEST_F(LookupCodeTest, AQuoteInACodeFailsIntoTheErrorBoxAndBringsUpTheList)

@@ -1,4 +1,4 @@
-// What is the gate pass's own: its columns, its stock rule, its kinds, its fields on opening.
+// What is the gate pass's own: its columns, its stock rule, its kinds, its fields.
 
 #include "support/GatePassDesk.h"
 
@@ -16,7 +16,13 @@ QString s(const char* text)
     return QString::fromUtf8(text);
 }
 
+using State = VoucherForm::State;
 using FrmGatePassTest = GatePassDesk;
+
+QString statementOf(Form& dialog)
+{
+    return dynamic_cast<SearchWindow&>(dialog).ListStatement();
+}
 
 } // namespace
 
@@ -327,6 +333,172 @@ TEST_F(FrmGatePassTest, AQuantityAboveTheStockIsNotLeftForAnotherFieldsListEithe
     Click(It(), It().BtnBranch);
     EXPECT_TRUE(HasFocus(It().TxtOutNewProducts));
     EXPECT_EQ(It().TxtOutNewProducts.Text(), s("99999"));
+}
+
+// ---- Its fields
+
+TEST_F(FrmGatePassTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    Enter(s("3"));
+    for (Txt* field :
+         {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().TxtProductID}) {
+        Click(It(), It().TxtReturnNewProducts);
+        ASSERT_TRUE(HasFocus(It().TxtReturnNewProducts));
+        Click(It(), *field);
+        EXPECT_TRUE(HasFocus(*field));
+        EXPECT_EQ(FilledRows(), 0);
+    }
+    Click(It(), It().TxtReturnNewProducts);
+    ExpectCloseQuestion(MsgAnswer::No, [this] { EXPECT_EQ(FilledRows(), 0); });
+    Click(It(), It().BtnClose);
+    EXPECT_EQ(FilledRows(), 0);
+    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+    Click(It(), It().TxtReturnNewProducts);
+    Click(It(), It().TxtDriverCode);
+    EXPECT_EQ(FilledRows(), 1);
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+}
+
+TEST_F(FrmGatePassTest, AnUnknownBranchIsEmptied)
+{
+    Open();
+    It().ResetFocus(It().TxtBranchID);
+    dialogs.Expect(Cancel());
+    Enter(s("99"));
+    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    EXPECT_TRUE(It().TxtBranchID.Text().isEmpty());
+}
+
+TEST_F(FrmGatePassTest, AUserOfOneBranchReachesNoOtherByListOrByTyping)
+{
+    user->Branch = s("2");
+    Open();
+    It().ResetFocus(It().TxtAreaCode);
+    dialogs.Expect([](Form& dialog) {
+        EXPECT_EQ(statementOf(dialog), s("SELECT * FROM Areas where 1=1  and BranchCode=2"));
+        EXPECT_EQ(dynamic_cast<SearchWindow&>(dialog).List().RowCount(), 1);
+        Press(dialog, Qt::Key_Escape);
+    });
+    Enter(s("Kot")); // of branch 1
+    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+
+    It().ResetFocus(It().TxtBranchID);
+    dialogs.Expect([](Form& dialog) {
+        EXPECT_EQ(statementOf(dialog), s("SELECT * FROM Branches where 1=1  and BranchCode=2"));
+        Press(dialog, Qt::Key_Return);
+    });
+    Enter(s("1"));
+    EXPECT_EQ(It().TxtBranchID.Text(), s("2"));
+}
+
+TEST_F(FrmGatePassTest, AProductThatOnlyAnotherBranchHasIsRefused)
+{
+    Open();
+    It().TxtBranchID.SetText(s("2"));
+    Press(It(), Qt::Key_Escape);
+    dialogs.Expect(Cancel());
+    Enter(s("104"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    Enter(s("101"));
+    EXPECT_EQ(It().LblStock.Text(), s("5"));
+}
+
+TEST_F(FrmGatePassTest, AProductMarksTheVoucherFoundOrNot)
+{
+    Open();
+    It().TxtBranchID.SetText(s("1"));
+    Press(It(), Qt::Key_Escape);
+    dialogs.Expect(Cancel());
+    ASSERT_EQ(It().FormState(), State::New);
+    Enter(s("299"));
+    EXPECT_EQ(It().FormState(), State::Edited);
+}
+
+TEST_F(FrmGatePassTest, TheDriverMustBeAFieldWorker)
+{
+    Open();
+    dialogs.Expect([](Form& dialog) {
+        EXPECT_TRUE(statementOf(dialog).endsWith(s(" where 1=1 and Fieldworker=1 ")))
+            << qPrintable(statementOf(dialog));
+        Press(dialog, Qt::Key_Escape);
+    });
+    Enter(s("3107"));
+    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+}
+
+TEST_F(FrmGatePassTest, TheReceiverMayBeAnyStaff)
+{
+    Open();
+    Enter(QString());
+    dialogs.Expect([](Form& dialog) {
+        EXPECT_TRUE(statementOf(dialog).endsWith(s(" where 1=1"))) << qPrintable(
+            statementOf(dialog));
+        Press(dialog, Qt::Key_Escape);
+    });
+    Press(It(), Qt::Key_F1);
+    Enter(s("3108"));
+    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+}
+
+TEST_F(FrmGatePassTest, TypingMarksTheVoucherOnlyInTheThreeQuantities)
+{
+    Open();
+    Click(It(), It().TxtProductID);
+    Type(It(), s("1"));
+    EXPECT_EQ(It().FormState(), State::New);
+    Press(It(), Qt::Key_Backspace);
+    for (Txt* field :
+         {&It().TxtOutNewProducts, &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+        It().SetFormState(State::New);
+        Click(It(), *field);
+        Press(It(), Qt::Key_Left);
+        EXPECT_EQ(It().FormState(), State::New) << qPrintable(field->Name());
+        Type(It(), s("0"));
+        EXPECT_EQ(It().FormState(), State::Edited) << qPrintable(field->Name());
+        field->SetText(QString());
+    }
+}
+
+TEST_F(FrmGatePassTest, ChangingAStoredPassKeepsItsEntryDateAndItsPostedFlag)
+{
+    Open();
+    const int id = Stored();
+    company.Run(s("update GatePassHeader set EntryDate = '2026-01-02 03:04:05'"));
+    OpenStored(id);
+    Press(It(), Qt::Key_Escape);
+    EnterRow(s("210"), s("1"));
+    HostContext::UserNo = 9;
+    Save();
+    const QVariantList row =
+        company.Rows(s("select EntryDate, isPosted, UserNo from GatePassHeader")).value(0);
+    EXPECT_EQ(row.value(0).toString(), s("2026-01-02 03:04:05"));
+    EXPECT_EQ(row.value(1).toInt(), 0);
+    EXPECT_EQ(row.value(2).toInt(), 9);
+    EXPECT_EQ(BodyOf(id), QStringList({s("101|3|null|null"), s("210|1|null|null")}));
+}
+
+TEST_F(FrmGatePassTest, AProductWithNoStockInTheBranchIsRefusedAndShowsTheList)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    ASSERT_TRUE(It().LblStock.IsVisible());
+    It().ResetFocus(It().TxtProductID);
+    Press(It(), Qt::Key_A, Qt::ControlModifier);
+    dialogs.Expect([this](Form& dialog) {
+        EXPECT_EQ(dialog.objectName(), s("SchProduct"));
+        EXPECT_FALSE(It().LblStock.IsVisible());
+        Press(dialog, Qt::Key_Escape);
+    });
+    Enter(s("299"));
+    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
+    EXPECT_FALSE(It().LblStock.IsVisible());
+    EXPECT_FALSE(It().LblCaption.IsVisible());
 }
 
 } // namespace tests
