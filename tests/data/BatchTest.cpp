@@ -430,6 +430,31 @@ TEST_P(Batch, WritesOneOfTwoRowsThatAreAlike)
                                      QStringLiteral("210 1")}));
 }
 
+TEST_P(Batch, ItsMarksComeBackAsSoonAsTheDatabaseHasEndedTheTransaction)
+{
+    connection_->BeginTrans();
+    add("299", 4);
+    rows_.UpdateBatch();
+    EXPECT_FALSE(rows_.HasPendingChanges());
+    connection_->Execute("rollback");
+    EXPECT_THROW(connection_->Execute("select * from Nowhere"), ProviderFailure);
+    EXPECT_TRUE(rows_.HasPendingChanges()) << "before anybody rolls back";
+    connection_->RollbackTrans();
+    rows_.UpdateBatch();
+    EXPECT_EQ(stored().last(), QStringLiteral("299 4"));
+}
+
+TEST_P(Batch, DeletesOneOfTwoRowsThatAreAlike)
+{
+    company_.Run("insert into GatePassBody values (7, '210', 9, 0, 3)");
+    rows_ = openBody();
+    rows_.MoveToPosition(2);
+    rows_.Delete();
+    rows_.UpdateBatch();
+    EXPECT_EQ(stored(), (QStringList{QStringLiteral("101 5"), QStringLiteral("104 2"),
+                                     QStringLiteral("210 9")}));
+}
+
 TEST_P(Batch, RefusesToGuessWhereTheColumnsReadDoNotTellRowsApart)
 {
     company_.Run("insert into GatePassBody values (7, '101', 5, 2, 0)");

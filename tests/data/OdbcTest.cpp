@@ -2,6 +2,7 @@
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "data/odbc/OdbcEngine.h"
+#include "data/odbc/Parameters.h"
 #include "data/odbc/SqlServer.h"
 #include "data/server/ServerCells.h"
 #include "data/server/SimpleSource.h"
@@ -14,6 +15,8 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+
+#include <dlfcn.h>
 
 using namespace TradeForms;
 using tests::ConnectThrough;
@@ -78,6 +81,31 @@ const std::string lost = "The connection to the database was lost. What stands i
                          "was not saved is not in the database. When the server can be reached "
                          "again, start the program anew. ";
 
+/// A value as it was bound to a question mark.
+struct BoundValue {
+    SQLSMALLINT Type = 0;
+    SQLSMALLINT SqlType = 0;
+    SQLULEN Size = 0;
+    qint64 Integer = 0; ///< of a whole number
+    QByteArray Bytes;   ///< of a text
+    bool IsNull = false;
+};
+
+/// The last one of all.
+BoundValue lastBound;
+
+/// Binds one value and gives what the driver got.
+BoundValue boundFor(const Cell& cell, const ServerColumn& column)
+{
+    OdbcLink link(QStringLiteral("Driver=SQLite3;Database=:memory:"));
+    const OdbcStatement statement = link.NewStatement();
+    Parameters values;
+    values.Add(cell, column);
+    lastBound = BoundValue();
+    values.Bind(link, statement);
+    return lastBound;
+}
+
 class OdbcConnection : public testing::Test {
 protected:
     TestCompany company_;
@@ -85,6 +113,25 @@ protected:
 };
 
 } // namespace
+
+/// Stands before the driver manager's own function, which it calls.
+extern "C" SQLRETURN SQL_API SQLBindParameter(SQLHSTMT statement, SQLUSMALLINT number,
+                                              SQLSMALLINT direction, SQLSMALLINT type,
+                                              SQLSMALLINT sqlType, SQLULEN size,
+                                              SQLSMALLINT decimals, SQLPOINTER value,
+                                              SQLLEN valueSize, SQLLEN* length)
+{
+    static auto* const next =
+        reinterpret_cast<decltype(SQLBindParameter)*>(dlsym(RTLD_NEXT, "SQLBindParameter"));
+    BoundValue bound{type, sqlType, size, 0, {}, *length == SQL_NULL_DATA};
+    if (type == SQL_C_SBIGINT)
+        bound.Integer = *static_cast<const SQLBIGINT*>(value);
+    else if (type != SQL_C_DOUBLE && !bound.IsNull)
+        bound.Bytes = QByteArray(static_cast<const char*>(value), *length);
+    lastBound = bound;
+    return next(statement, number, direction, type, sqlType, size, decimals, value, valueSize,
+                length);
+}
 
 TEST(OpenServer, OpensTheCompanyOfADriverOrASource)
 {
@@ -295,11 +342,100 @@ TEST(TableOfSimpleQuery, IsTheOneTableWhoseColumnsAreReadAsTheyAre)
     EXPECT_EQ(table("select top 1 * from Staff"), "");
     EXPECT_EQ(table("select isnull(Name,'') from Staff"), "");
     EXPECT_EQ(table("select Name from Staff group by Name"), "");
+    EXPECT_EQ(table("select Name from Staff where BranchCode=1 group by Name"), "");
+    EXPECT_EQ(table("select Name from Staff where BranchCode=1 for xml auto"), "");
     EXPECT_EQ(table("select Name from Staff where 1=1 union select AreaName from Areas"), "");
     EXPECT_EQ(table("select * from (select * from Staff) s"), "");
     EXPECT_EQ(table("delete from Staff"), "");
     EXPECT_EQ(table("select"), "");
     EXPECT_EQ(table("select * from"), "");
+}
+
+TEST(OdbcParameters, AreDecimalsOfTheColumnsOwnPlaces)
+{
+    const ServerColumn amount{QStringLiteral("Amount"), SQL_DECIMAL, 18, 4, true};
+    const BoundValue real = boundFor(Cell::FromReal(-1234.5), amount);
+    EXPECT_EQ(real.Type, SQL_C_CHAR);
+    EXPECT_EQ(real.Bytes.toStdString(), "-1234.5000");
+    EXPECT_EQ(boundFor(Cell::FromReal(0.00006), amount).Bytes.toStdString(), "0.0001");
+    EXPECT_EQ(boundFor(Cell::FromInteger(7), amount).Bytes.toStdString(), "7");
+    EXPECT_TRUE(boundFor(Cell(), amount).IsNull);
+}
+
+TEST(OdbcParameters, AreNumbersOfAWidthThatHoldsThem)
+{
+    const ServerColumn number{QStringLiteral("No"), SQL_INTEGER, 10, 0, false};
+    const BoundValue small = boundFor(Cell::FromInteger(-2147483648), number);
+    EXPECT_EQ(small.Integer, -2147483648);
+    EXPECT_EQ(small.SqlType, SQL_INTEGER);
+    for (const std::int64_t large : {2147483648, -2147483649}) {
+        const BoundValue wide = boundFor(Cell::FromInteger(large), number);
+        EXPECT_EQ(wide.Integer, large);
+        EXPECT_EQ(wide.SqlType, SQL_BIGINT);
+    }
+}
+
+TEST(OdbcParameters, AreTextsOfTheColumnsOwnLength)
+{
+    const ServerColumn name{QStringLiteral("Name"), SQL_VARCHAR, 50, 0, true};
+    const QByteArray text = QByteArray("قصور");
+    const BoundValue bound = boundFor(Cell::FromText({text.constData(), 8}), name);
+    EXPECT_EQ(bound.Type, SQL_C_WCHAR);
+    EXPECT_EQ(bound.SqlType, SQL_WVARCHAR);
+    EXPECT_EQ(bound.Size, 50u);
+    EXPECT_EQ(QString::fromUtf16(reinterpret_cast<const char16_t*>(bound.Bytes.constData()),
+                                 bound.Bytes.size() / 2),
+              QStringLiteral("قصور"));
+    const std::string longText(4001, 'x');
+    EXPECT_EQ(boundFor(Cell::FromText(longText), name).SqlType, SQL_WLONGVARCHAR);
+    // A date stays in the letters in which it is stored.
+    const ServerColumn day{QStringLiteral("Day"), SQL_TYPE_DATE, 10, 0, true};
+    EXPECT_EQ(boundFor(Cell::FromText("2026-03-09"), day).Bytes.toStdString(), "2026-03-09");
+}
+
+TEST(SqlServerWords, SetASessionUp)
+{
+    const QStringList settings = SqlServer().Settings();
+    for (const char* setting :
+         {"set language us_english", "set dateformat mdy", "set numeric_roundabort off",
+          "set xact_abort off", "set nocount off", "set transaction isolation level read committed",
+          "set lock_timeout 5000"}) // as long as the embedded engine waits
+        EXPECT_TRUE(settings.contains(QLatin1String(setting))) << setting;
+    EXPECT_EQ(settings.filter(QStringLiteral("quoted_identifier on")).size(), 1);
+}
+
+TEST(SqlServerWords, ReadAsAtOneMomentAndGoBackToTheUsualLevel)
+{
+    const SqlServer server;
+    ASSERT_EQ(server.BeforeReading().size(), 1);
+    EXPECT_TRUE(server.BeforeReading().constFirst().endsWith(
+        QStringLiteral("snapshot_isolation_state = 1) set transaction isolation level snapshot "
+                       "else set transaction isolation level serializable")));
+    EXPECT_EQ(server.AfterReading(),
+              QStringList{QStringLiteral("set transaction isolation level read committed")});
+}
+
+TEST(SqlServerWords, TakeGivenNumbersWhereTheServerNumbersAColumnItself)
+{
+    const SqlServer server;
+    const QString table = QStringLiteral("InsCustomerBody");
+    const QStringList columns{QStringLiteral("serialno"), QStringLiteral("It's")};
+    const std::string where =
+        "if exists (select * from sys.identity_columns where object_id = "
+        "object_id(N'dbo.\"InsCustomerBody\"') and name in (N'serialno', N'It''s')) ";
+    EXPECT_EQ(server.TakeGivenNumbers(table, columns).toStdString(),
+              where + "set identity_insert dbo.\"InsCustomerBody\" on");
+    EXPECT_EQ(server.GiveNumbersAgain(table, columns).toStdString(),
+              where + "set identity_insert dbo.\"InsCustomerBody\" off");
+}
+
+TEST(SqlServerWords, LeaveOutTheTablesThatAreNotTheCompanys)
+{
+    const SqlServer server;
+    for (const char* table : {"SchemaVersion", "schemaversion", "StockLevels", "sysdiagrams"})
+        EXPECT_TRUE(server.IsOwnTable(QLatin1String(table))) << table;
+    for (const char* table : {"Staff", "Versions", "sqlite_schema"})
+        EXPECT_FALSE(server.IsOwnTable(QLatin1String(table))) << table;
 }
 
 TEST(SqlServerWords, WriteDatesInTheFormThatNoSettingMisreads)

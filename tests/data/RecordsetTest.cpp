@@ -334,8 +334,15 @@ TEST_P(Records, AFieldTakesWhatItCanHold)
     EXPECT_EQ(set("TotalAmount", 7), QVariant(7.0));
     EXPECT_EQ(set("PromiseDate", QStringLiteral("31")), QVariant(31));
     EXPECT_EQ(set("PromiseDate", 2.5), QVariant(2));
+    EXPECT_EQ(set("PromiseDate", 3.5), QVariant(4)) << "a half goes to the even number";
+    EXPECT_EQ(set("PromiseDate", QStringLiteral("2.7")), QVariant(3));
+    EXPECT_EQ(set("PromiseDate", -2.7), QVariant(-3));
     EXPECT_EQ(set("PromiseDate", QStringLiteral("9007199254740993")), QVariant(9007199254740993LL));
     EXPECT_EQ(set("Sale", 1), QVariant(true));
+    EXPECT_EQ(set("Sale", 0), QVariant(false));
+    EXPECT_EQ(set("Sale", -1), QVariant(true));
+    EXPECT_EQ(set("Sale", QStringLiteral("0")), QVariant(false));
+    EXPECT_EQ(set("Sale", QStringLiteral(" TRUE ")), QVariant(true));
     EXPECT_EQ(set("Sale", QStringLiteral("False")), QVariant(false));
     EXPECT_EQ(set("CardNo", 12.0), QStringLiteral("12"));
     EXPECT_EQ(set("SaleDate", QStringLiteral("2026-03-09")), QDate(2026, 3, 9));
