@@ -649,8 +649,7 @@ TEST_F(RaceTest, ANumberTakenWhileTheSaveWaitsIsToldAndNothingIsWritten)
     const std::shared_ptr<Connection> other = company.Connect();
     other->BeginTrans();
     // The save has found the number free, and waits for the other to be done.
-    disk.WhenLockRefused([&] {
-        disk.WhenLockRefused({});
+    disk.WhenSomebodyWaits([&] {
         other->Execute("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
                        " values (1, 'Raja', 1, 0)");
         other->CommitTrans();

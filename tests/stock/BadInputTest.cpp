@@ -783,10 +783,13 @@ TEST_F(LockTest, ASaveWaitsForAnotherUserWithoutAWord)
     // The other is done only when the save has asked for the lock again and again.
     constexpr int patience = 5;
     int refused = 0;
-    disk.WhenLockRefused([&] {
-        if (++refused == patience)
+    const std::function<void()> refuse = [&] {
+        if (++refused < patience)
+            disk.WhenSomebodyWaits(refuse);
+        else
             other->RollbackTrans();
-    });
+    };
+    disk.WhenSomebodyWaits(refuse);
     Save();
     EXPECT_EQ(refused, patience);
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
