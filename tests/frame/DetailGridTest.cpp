@@ -24,10 +24,9 @@ protected:
     {
         It().Detail.BodyRecordset.SetFilter(
             Statement("ProductID='{code}'").Bind("code", product));
-        const QString value =
-            It().Detail.BodyRecordset.RecordCount() == 0
-                ? s("none")
-                : It().Detail.BodyRecordset.Value(column).toString();
+        const QString value = It().Detail.BodyRecordset.RecordCount() == 0
+                                  ? s("none")
+                                  : It().Detail.BodyRecordset.Value(column).toString();
         It().Detail.BodyRecordset.ClearFilter();
         return value;
     }

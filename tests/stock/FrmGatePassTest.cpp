@@ -314,7 +314,8 @@ TEST_F(FrmGatePassTest, TheLabelOfTheFocusedOptionIsRed)
     Open();
     for (const auto& [option, label] :
          {std::pair<OptionButton*, Label*>{&It().OptOrder, &It().Label13},
-          {&It().OptSupply, &It().Label12}, {&It().OptSale, &It().Label8}}) {
+          {&It().OptSupply, &It().Label12},
+          {&It().OptSale, &It().Label8}}) {
         Click(It(), *option);
         EXPECT_EQ(label->ForeColor(), QColor(255, 0, 0)) << qPrintable(label->Name());
         EXPECT_TRUE(option->Value());
@@ -343,8 +344,7 @@ TEST_F(FrmGatePassTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
     EnterHeader();
     Enter(s("101"));
     Enter(s("3"));
-    for (Txt* field :
-         {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().TxtProductID}) {
+    for (Txt* field : {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().TxtProductID}) {
         Click(It(), It().TxtReturnNewProducts);
         ASSERT_TRUE(HasFocus(It().TxtReturnNewProducts));
         Click(It(), *field);
@@ -434,8 +434,8 @@ TEST_F(FrmGatePassTest, TheReceiverMayBeAnyStaff)
     Open();
     Enter(QString());
     dialogs.Expect([](Form& dialog) {
-        EXPECT_TRUE(statementOf(dialog).endsWith(s(" where 1=1"))) << qPrintable(
-            statementOf(dialog));
+        EXPECT_TRUE(statementOf(dialog).endsWith(s(" where 1=1")))
+            << qPrintable(statementOf(dialog));
         Press(dialog, Qt::Key_Escape);
     });
     Press(It(), Qt::Key_F1);

@@ -347,8 +347,7 @@ TYPED_TEST(StockFormTest, ADescriptionIsStoredAsItStands)
     this->EnterHeader();
     IT.TxtDescription.SetText(s("  "));
     this->Ctrl(Qt::Key_S);
-    EXPECT_EQ(this->Headers(),
-              QStringList({s("1|1|7| پرانا مال "), s("2|1|7|  ")}));
+    EXPECT_EQ(this->Headers(), QStringList({s("1|1|7| پرانا مال "), s("2|1|7|  ")}));
 }
 
 TYPED_TEST(StockFormTest, OpeningFillsEveryFieldAndClosesTheNumber)
@@ -435,8 +434,8 @@ TYPED_TEST(StockFormTest, TheRightIsTestedBeforeTheBranchIsAskedFor)
     this->boxes.Expect(this->Refused(s("You are not authorized to modify a record")));
     this->Ctrl(Qt::Key_S);
     this->user->Modify = true;
-    this->boxes.Expect(Message{s("Enter Branch Code."), MsgIcon::Exclamation,
-                               s(Kind<TypeParam>::Title)});
+    this->boxes.Expect(
+        Message{s("Enter Branch Code."), MsgIcon::Exclamation, s(Kind<TypeParam>::Title)});
     this->Ctrl(Qt::Key_S);
     EXPECT_EQ(this->Headers(), QStringList(s("1|1|7|null")));
 }
@@ -448,8 +447,8 @@ TYPED_TEST(StockFormTest, TheBranchIsAskedForBeforeTheNumberIsTested)
     IT.ResetFocus(IT.TxtDescription);
     Type(IT, s("x"));
     IT.TxtID.SetText(s("1"));
-    this->boxes.Expect(Message{s("Enter Branch Code."), MsgIcon::Exclamation,
-                               s(Kind<TypeParam>::Title)});
+    this->boxes.Expect(
+        Message{s("Enter Branch Code."), MsgIcon::Exclamation, s(Kind<TypeParam>::Title)});
     this->Ctrl(Qt::Key_S);
     EXPECT_EQ(IT.TxtID.Text(), s("1"));
     IT.TxtBranchID.SetText(s("1"));
@@ -475,8 +474,7 @@ TYPED_TEST(StockFormTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
     }
     for (Txt* from : {&IT.TxtPrice, &IT.TxtQty}) {
         IT.ResetFocus(*from);
-        this->ExpectCloseQuestion(MsgAnswer::No,
-                                  [this] { EXPECT_EQ(this->FilledRows(), 0); });
+        this->ExpectCloseQuestion(MsgAnswer::No, [this] { EXPECT_EQ(this->FilledRows(), 0); });
         Click(IT, IT.BtnClose);
         EXPECT_EQ(this->FilledRows(), 0) << qPrintable(from->Name());
         EXPECT_EQ(IT.TxtProductID.Text(), s("101"));
