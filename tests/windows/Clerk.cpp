@@ -8,7 +8,7 @@ namespace windows_host::clerk {
 
 namespace {
 
-constexpr int kPatience = 20'000; ///< milliseconds until a window that does not come has failed
+constexpr int kPatience = 120'000; ///< milliseconds, also on a busy machine, until a window has failed to come
 constexpr int kGlance = 20;       ///< between two looks
 
 /// The grey keys, which a keyboard tells from those of its number block.
