@@ -444,6 +444,20 @@ TEST_P(Batch, ItsMarksComeBackAsSoonAsTheDatabaseHasEndedTheTransaction)
     EXPECT_EQ(stored().last(), QStringLiteral("299 4"));
 }
 
+TEST_P(Batch, ThatFailsInATransactionLeavesOnlyWhatWentBefore)
+{
+    company_.Run("create trigger Stop before insert on GatePassBody when new.ProductID = '299' "
+                 "begin select raise(abort, 'no'); end");
+    connection_->BeginTrans();
+    connection_->Execute("delete from GatePassBody where GatePassID=7 and ProductID='104'");
+    add("233", 1);
+    add("299", 1);
+    EXPECT_THROW(rows_.UpdateBatch(), ProviderFailure);
+    EXPECT_TRUE(connection_->InTransaction());
+    connection_->CommitTrans();
+    EXPECT_EQ(stored(), (QStringList{QStringLiteral("101 5"), QStringLiteral("210 9")}));
+}
+
 TEST_P(Batch, DeletesOneOfTwoRowsThatAreAlike)
 {
     company_.Run("insert into GatePassBody values (7, '210', 9, 0, 3)");

@@ -5,6 +5,7 @@
 #include "data/odbc/Parameters.h"
 #include "data/odbc/SqlServer.h"
 #include "data/server/ServerCells.h"
+#include "data/server/ServerFailure.h"
 #include "data/server/SimpleSource.h"
 #include "data/server/TransactSql.h"
 #include "support/CutLine.h"
@@ -391,6 +392,16 @@ TEST(OdbcParameters, AreTextsOfTheColumnsOwnLength)
     // A date stays in the letters in which it is stored.
     const ServerColumn day{QStringLiteral("Day"), SQL_TYPE_DATE, 10, 0, true};
     EXPECT_EQ(boundFor(Cell::FromText("2026-03-09"), day).Bytes.toStdString(), "2026-03-09");
+}
+
+TEST(SqlServerWords, TellALockThatWasWaitedForInVainByItsNumber)
+{
+    EXPECT_TRUE(IsLockNumber(1222)) << "the wait was too long";
+    EXPECT_TRUE(IsLockNumber(1205)) << "two waited for each other";
+    EXPECT_FALSE(IsLockNumber(2627)) << "a key that is taken";
+    EXPECT_EQ(InUseText(QStringLiteral("why")),
+              QStringLiteral("The database is in use by another user. Try again in a moment. "
+                             "(why)"));
 }
 
 TEST(SqlServerWords, SetASessionUp)

@@ -98,6 +98,20 @@ protected:
 
 } // namespace
 
+TEST_F(Transfers, AFileThatIsNotProvenIsNotLeftUnderTheName)
+{
+    // A number kept as a text, which becomes a number where it is written anew.
+    source_.Run("create table Ours (A text); insert into Ours values ('1');"
+                "pragma writable_schema = on; update sqlite_schema "
+                "set sql = 'create table Ours (A integer)' where name = 'Ours'");
+    const TransferReport report = TransferCompany(source_.File(), place("new.db"));
+    EXPECT_FALSE(report.IsProven());
+    ASSERT_EQ(report.Differences.size(), 1);
+    EXPECT_THAT(report.Differences.constFirst().Text().toStdString(),
+                HasSubstr("Table Ours, column A: source check sum "));
+    EXPECT_EQ(files(), QStringList());
+}
+
 TEST_F(Transfers, ANewFileGetsEverything)
 {
     FillEveryTable(source_, 25);
