@@ -284,6 +284,15 @@ TEST_P(Execute, GivesAClosedRecordsetForAStatementWithoutRows)
     }
 }
 
+TEST_P(Execute, RefusesACharacterThatWouldEndTheStatement)
+{
+    const QString text =
+        QStringLiteral("delete from Sectors") + QChar(0) + QStringLiteral(" where SectorID=1");
+    EXPECT_EQ(failureOf([&] { connection_->Execute(Statement(text)); }),
+              QStringLiteral("The statement holds a character that cannot be used."));
+    EXPECT_EQ(company_.Scalar("select count(*) from Sectors"), QVariant(3));
+}
+
 TEST_P(Execute, FindsNamesInAnyCase)
 {
     for (const char* statement :

@@ -230,6 +230,17 @@ TEST_F(OdbcConnection, RefusesASecondStatement)
     EXPECT_NO_THROW(connection_->Execute("select ';' as Sign; "));
 }
 
+TEST_F(OdbcConnection, TakesALineUnderInATablesNameForNoOtherLetter)
+{
+    company_.Run("create table Till_1 (No INTEGER PRIMARY KEY, Name TEXT);"
+                 "create table TillX1 (Other TEXT)");
+    const ServerTable& table =
+        static_cast<OdbcEngine&>(connection_->engine()).Table(QStringLiteral("Till_1"));
+    ASSERT_EQ(table.Columns.size(), 2u);
+    EXPECT_TRUE(table.Find(QStringLiteral("name")));
+    EXPECT_FALSE(table.Find(QStringLiteral("Other")));
+}
+
 TEST_F(OdbcConnection, WritesRowsByAUniqueIndexWhereThereIsNoKey)
 {
     company_.Run("create table Tills (No INTEGER NOT NULL, Name TEXT COLLATE CI);"
