@@ -177,6 +177,18 @@ TEST(Open, ACompanyOfANewerVersionIsRefused)
                   .arg(shown(company.File())));
 }
 
+TEST(Open, ACompanyWhoseLastPageBreaksOffIsDamaged)
+{
+    const TestCompany company;
+    const QString copy = company.Folder() + QStringLiteral("/copy.company");
+    ASSERT_TRUE(QFile::copy(company.File(), copy));
+    EXPECT_EQ(openFailure(copy), QStringLiteral("no failure"));
+    ASSERT_TRUE(QFile::resize(copy, QFileInfo(copy).size() + 10));
+    EXPECT_EQ(openFailure(copy),
+              QStringLiteral("'%1' is damaged: its last page breaks off. Restore it from a backup.")
+                  .arg(shown(copy)));
+}
+
 TEST(Open, ACompanyWhoseTablesAreNotItsOwnIsDamaged)
 {
     const struct {

@@ -62,6 +62,16 @@ TEST_F(Filtered, ComparesNumbersWhicheverWayTheyAreWritten)
     EXPECT_EQ(count("ReceiptNo='abc'"), 0);
 }
 
+TEST_F(Filtered, TakesADoubledQuoteForOne)
+{
+    company_.Run("insert into RecoveryBody (VoucherID, InsCustomerID) values (1, 'it''s'), "
+                 "(1, 'it')");
+    rows_.Requery();
+    EXPECT_EQ(count("InsCustomerID='it''s'"), 1);
+    EXPECT_EQ(count("InsCustomerID='it''s' or InsCustomerID = 'it'"), 2);
+    EXPECT_THROW(count("InsCustomerID='it' s'"), Failure);
+}
+
 TEST_F(Filtered, ComparesDates)
 {
     EXPECT_EQ(count("VoucherDate='2026-01-05'"), 2);

@@ -98,6 +98,16 @@ protected:
 
 } // namespace
 
+TEST_F(Transfers, ComparesEachAccountOnceHoweverManyThereAre)
+{
+    source_.Run("with recursive n(i) as (select 1 union all select i + 1 from n where i < 1203) "
+                "insert into InsCustomerHeader (InsCustomerID, TotalAmount) "
+                "select 'Kot ' || i, i from n");
+    const TransferReport report = TransferCompany(source_.File(), place("new.db"));
+    EXPECT_TRUE(report.IsProven());
+    EXPECT_EQ(report.Accounts, 1203);
+}
+
 TEST_F(Transfers, AFileThatIsNotProvenIsNotLeftUnderTheName)
 {
     // A number kept as a text, which becomes a number where it is written anew.
