@@ -469,6 +469,21 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
         EXPECT_THAT(told, HasSubstr("was replaced while it was open"));
 }
 
+TEST_F(Backups, ARestoreThatFailsInTheCompanysPlacePutsTheCompanyBack)
+{
+    // A backup of the first version that cannot be brought up to date: a table has the name of
+    // what is to be made.
+    company_.Run("drop view StockMovements; create table StockMovements (Note text);"
+                 "pragma user_version = 1");
+    const TestCompany former;
+    ASSERT_TRUE(QFile::copy(former.File(), place("company.db")));
+    const auto before = ContentsOf(place("company.db"));
+    EXPECT_THAT(failureOf([&] { RestoreCompany(company_.File(), place("company.db")); }),
+                HasSubstr("StockMovements already exists"));
+    EXPECT_EQ(files(), QStringList{QStringLiteral("company.db")});
+    EXPECT_EQ(ContentsOf(place("company.db")), before);
+}
+
 TEST_F(Backups, OnlyOlderBackupsOfTheSameCompanyAreRemoved)
 {
     const auto touch = [&](const char* name) {
