@@ -46,7 +46,7 @@ TEST_P(ReadInParts, GivesNoMoreRowsAtATimeThanItWasAskedFor)
 {
     Reading reading(sectors_, connection_);
     EXPECT_EQ(reading.RowCount(), 0);
-    if (!isEmbedded()) { // where there is no reading in parts
+    if (isOdbc()) { // where there is no reading in parts
         EXPECT_TRUE(reading.ReadOn(1));
         EXPECT_EQ(reading.RowCount(), 3);
         return;
@@ -101,10 +101,10 @@ TEST_P(ReadInParts, TheWorkGrowsWithTheRows)
     reading.ReadOn(1);
     const qint64 first = reading.Work();
     reading.ReadOn(1);
-    if (isEmbedded()) {
-        EXPECT_GT(first, 0);
-        EXPECT_GT(reading.Work(), first);
-    } else {
+    if (isOdbc()) {
         EXPECT_EQ(reading.Work(), 0) << "a server does not tell";
+        return;
     }
+    EXPECT_GT(first, 0);
+    EXPECT_GT(reading.Work(), first);
 }
