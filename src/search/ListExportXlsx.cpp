@@ -142,7 +142,9 @@ private:
         const bool written = std::fflush(rows) == 0 && std::ferror(rows) == 0;
         // To come: the sheet, its packed form.
         const qint64 wanted = 2 * qint64(std::ftell(rows));
-        if (!written || QStorageInfo(scratch_.path()).bytesAvailable() < wanted)
+        // Less than nothing where the system does not tell, as in some containers.
+        const qint64 room = QStorageInfo(scratch_.path()).bytesAvailable();
+        if (!written || (room >= 0 && room < wanted))
             ExportFile::Fail(target_, QStringLiteral("there is no room for it in the folder of "
                                                      "temporary files, '%1'")
                                           .arg(scratch_.path()));
