@@ -13,9 +13,8 @@ BackgroundWork::BackgroundWork(QObject* parent) : QObject(parent) {}
 BackgroundWork::~BackgroundWork()
 {
     Stop();
-    if (thread_) {
+    if (thread_)
         thread_->wait();
-    }
 }
 
 void BackgroundWork::Start(Work work)

@@ -64,9 +64,8 @@ QString backupProposal(const QString& database)
 QString listOf(const QList<TransferDifference>& differences)
 {
     QStringList lines;
-    for (const TransferDifference& difference : differences) {
+    for (const TransferDifference& difference : differences)
         lines.append(difference.Text());
-    }
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -90,9 +89,8 @@ QString move(const QString& database, const QString& place, const OnProgress& on
                        "is entered here from now on is not there. Let everybody log in "
                        "to the new place.")
             .arg(grouped(report.Rows()), grouped(report.Tables.size()), grouped(report.Accounts));
-    if (!report.Rounded.isEmpty()) {
+    if (!report.Rounded.isEmpty())
         text += QStringLiteral("\n\nRounded to four decimals:\n") + listOf(report.Rounded);
-    }
     return text;
 }
 
@@ -249,25 +247,22 @@ void CareWindow::setRunning(bool isRunning)
 {
     txtPlace_->setEnabled(!isRunning);
     btnStart_->setEnabled(!isRunning);
-    if (btnChoose_) {
+    if (btnChoose_)
         btnChoose_->setEnabled(!isRunning);
-    }
     btnClose_->SetEnglish(isRunning ? QStringLiteral("Stop Esc") : QStringLiteral("Close Esc"));
     bar_->setRange(0, 100);
     bar_->setValue(0);
     lblStageUrdu_->clear();
     lblStage_->clear();
-    if (isRunning) {
+    if (isRunning)
         btnClose_->setFocus();
-    }
 }
 
 void CareWindow::choose()
 {
     const QString chosen = task_.Choose(this, txtPlace_->text());
-    if (!chosen.isEmpty()) {
+    if (!chosen.isEmpty())
         txtPlace_->setText(QDir::toNativeSeparators(chosen));
-    }
 }
 
 void CareWindow::start()
@@ -285,9 +280,8 @@ void CareWindow::start()
 
 void CareWindow::advance(const WorkProgress& progress)
 {
-    if (!work_.IsRunning()) {
+    if (!work_.IsRunning())
         return;
-    }
     const StageText text = textOf(progress.At);
     lblStageUrdu_->setText(text.Urdu);
     lblStage_->setText(progress.At == Stage::Counting ? text.English

@@ -26,9 +26,8 @@ bool DatabaseSecurity::HasRight(const QString& screenKey, std::optional<std::int
                                        "where UserNo = {UserNo} and ScreenKey = '{ScreenKey}'")
                                  .Bind("UserNo", userNo_)
                                  .Bind("ScreenKey", screenKey));
-    if (rights.RecordCount() == 0) {
+    if (rights.RecordCount() == 0)
         return false;
-    }
     const bool modifyHolds = !modifyMarker || rights.Value("CanModify").toBool();
     const bool deleteHolds = !deleteMarker || rights.Value("CanDelete").toBool();
     return modifyHolds && deleteHolds;
@@ -47,9 +46,8 @@ bool DatabaseSecurity::IsAdministrator() const
 std::int16_t DatabaseSecurity::UserNumber() const
 {
     using Limits = std::numeric_limits<std::int16_t>;
-    if (userNo_ < Limits::min() || userNo_ > Limits::max()) {
+    if (userNo_ < Limits::min() || userNo_ > Limits::max())
         throw OverflowFailure();
-    }
     return static_cast<std::int16_t>(userNo_);
 }
 

@@ -190,9 +190,8 @@ void CaptionButton::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor ground = filled && isEnabled() ? Look::Accent() : QColor(Qt::white);
-    if (isDown()) {
+    if (isDown())
         ground = ground.darker(115);
-    }
     const bool focused = hasFocus() && isEnabled();
     painter.setPen(QPen(focused ? Look::Accent() : Look::Border(), focused ? 2 : 1));
     painter.setBrush(ground);

@@ -45,14 +45,11 @@ constexpr const char* tables[] = {
 void EnsureHostSchema(Connection& connection)
 {
     const Recordset users = connection.Execute("select * from Users where 1=0");
-    for (const Column& column : userColumns) {
-        if (users.FieldIndex(column.Name) < 0) {
+    for (const Column& column : userColumns)
+        if (users.FieldIndex(column.Name) < 0)
             connection.Execute(column.Statement);
-        }
-    }
-    for (const char* statement : tables) {
+    for (const char* statement : tables)
         connection.Execute(statement);
-    }
 }
 
 } // namespace Host

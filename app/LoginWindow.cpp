@@ -1,7 +1,7 @@
 #include "LoginWindow.h"
 
-#include "Options.h"
 #include "HostLook.h"
+#include "Options.h"
 
 #include <TradeForms/Failure.h>
 
@@ -79,9 +79,8 @@ void LoginWindow::build(const QString& companyName, const QString& database)
     lblMessage_->setObjectName(QStringLiteral("LblMessage"));
     lblMessage_->setWordWrap(true);
     lblMessageUrdu_ = Look::UrduLabel({}, Look::Urdu(), this);
-    for (QLabel* label : {lblMessage_, lblMessageUrdu_}) {
+    for (QLabel* label : {lblMessage_, lblMessageUrdu_})
         label->setStyleSheet(QStringLiteral("color: %1").arg(Look::Warning().name()));
-    }
     lblMessage_->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
     lblMessage_->setMinimumHeight(2 * lblMessage_->fontMetrics().height());
 

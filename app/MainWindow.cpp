@@ -56,11 +56,10 @@ public:
         const bool heading = number == 0;
         const bool chosen = option.state.testFlag(QStyle::State_Selected);
         painter->save();
-        if (heading) {
+        if (heading)
             painter->fillRect(option.rect, Look::GroupBackground());
-        } else if (chosen) {
+        else if (chosen)
             painter->fillRect(option.rect, Look::Accent());
-        }
         QRect area = option.rect.adjusted(listMargin, 0, -listMargin, 0);
         const QColor ink = chosen ? Look::AccentText() : heading ? Look::Accent() : Look::Text();
         if (!heading) {
@@ -154,9 +153,8 @@ void MainWindow::build(const QString& database)
     body->setSpacing(10);
     body->addWidget(filter_);
     body->addWidget(list_, 1);
-    if (session_.IsAdministrator() && !TradeForms::IsConnectionString(database)) {
+    if (session_.IsAdministrator() && !TradeForms::IsConnectionString(database))
         body->addLayout(newCareBar(database));
-    }
     body->addLayout(bar);
 
     const QString user = QString::fromUtf8("صارف · ") + session_.Account().UserName;
@@ -189,8 +187,8 @@ QLayout* MainWindow::newCareBar(const QString& database)
     bar->addWidget(backup);
     bar->addWidget(move);
     bar->addStretch();
-    connect(backup, &QPushButton::clicked, this,
-            [this, database] { takeCare(BackupTask(database)); });
+    connect(
+        backup, &QPushButton::clicked, this, [this, database] { takeCare(BackupTask(database)); });
     connect(move, &QPushButton::clicked, this, [this, database] { takeCare(MoveTask(database)); });
     connect(new QShortcut(Qt::CTRL | Qt::Key_B, this), &QShortcut::activated, backup,
             &QPushButton::click);
@@ -206,9 +204,8 @@ void MainWindow::fillList()
         bool any = false;
         for (int number = 1; number <= int(Screens().size()); ++number) {
             const Screen& screen = screenOf(number);
-            if (screen.Group != group || !session_.MayOpen(screen)) {
+            if (screen.Group != group || !session_.MayOpen(screen))
                 continue;
-            }
             if (!any) {
                 any = true;
                 list_->addItem(newItem(GroupUrdu(group), GroupEnglish(group), 0));
@@ -231,7 +228,8 @@ void MainWindow::addShortcuts()
     for (int row = 0; row < list_->count(); ++row) {
         const int number = list_->item(row)->data(numberRole).toInt();
         if (number >= 1 && number <= 9) {
-            add(QKeyCombination(Qt::ALT, Qt::Key(Qt::Key_0 + number)),
+            add(
+                QKeyCombination(Qt::ALT, Qt::Key(Qt::Key_0 + number)),
                 [this, number] { Open(screenOf(number)); });
         }
     }
@@ -263,9 +261,8 @@ void MainWindow::applyFilter(const QString& text)
 void MainWindow::openCurrent()
 {
     const QListWidgetItem* item = list_->currentItem();
-    if (item && !item->isHidden()) {
+    if (item && !item->isHidden())
         Open(screenOf(item->data(numberRole).toInt()));
-    }
 }
 
 void MainWindow::Open(const Screen& screen)
@@ -280,9 +277,8 @@ void MainWindow::Open(const Screen& screen)
 
 void MainWindow::logOut()
 {
-    if (closeForms()) {
+    if (closeForms())
         Q_EMIT LogOutRequested();
-    }
 }
 
 void MainWindow::showHelp()
@@ -299,9 +295,8 @@ bool MainWindow::closeForms()
 {
     // A form may take others with it when it closes, so each is looked at anew.
     QList<QPointer<QWidget>> windows;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
+    for (QWidget* window : QApplication::topLevelWidgets())
         windows.append(window);
-    }
     return std::ranges::all_of(windows, [this](const QPointer<QWidget>& window) {
         return !window || window == this || !window->isVisible() || window->close();
     });

@@ -66,9 +66,8 @@ bool IsOnServer(const QString& database)
 
 QString ShownDatabase(const QString& database)
 {
-    if (!IsOnServer(database)) {
+    if (!IsOnServer(database))
         return QDir::toNativeSeparators(database);
-    }
     // A value in braces may hold a semicolon, and a closing brace twice.
     static const QRegularExpression password(
         QStringLiteral(R"(\b(pwd|password)\s*=\s*(\{(?:[^}]|\}\})*\}|[^;]*))"),
@@ -85,9 +84,8 @@ Options ReadOptions(const QStringList& words)
         parser.addOption({QLatin1String(argument.Name), QLatin1String(argument.Help),
                           QLatin1String(argument.Value)});
     }
-    if (!parser.parse(words)) {
+    if (!parser.parse(words))
         return refuse(parser.errorText());
-    }
     const auto given = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
     const auto value = [&parser](const char* name) { return parser.value(QLatin1String(name)); };
 
@@ -109,20 +107,17 @@ Options ReadOptions(const QStringList& words)
     options.Database = given("database") ? value("database") : defaultDatabase();
     if (given("print-to")) {
         options.PrintTo = value("print-to");
-        if (options.PrintTo.isEmpty()) {
+        if (options.PrintTo.isEmpty())
             return refuse(QStringLiteral("--print-to takes a folder."));
-        }
     }
     options.UserName = given("user") ? value("user") : value("first-administrator");
     options.CreateSample = given("create-sample");
-    if (options.CreateSample && IsOnServer(options.Database)) {
+    if (options.CreateSample && IsOnServer(options.Database))
         return refuse(QStringLiteral("--create-sample makes a file, not a company on a server."));
-    }
-    if (given("first-administrator")) {
+    if (given("first-administrator"))
         options.Wanted = Options::Action::AddAdministrator;
-    } else if (options.CreateSample && !given("user") && !given("open")) {
+    else if (options.CreateSample && !given("user") && !given("open"))
         options.Wanted = Options::Action::CreateSample;
-    }
 
     if (given("open")) {
         options.Open = FindScreen(value("open"));
@@ -142,9 +137,8 @@ Options ReadOptions(const QStringList& words)
     options.Until = QDate::currentDate();
     if (given("until")) {
         options.Until = QDate::fromString(value("until"), Qt::ISODate);
-        if (!options.Until.isValid()) {
+        if (!options.Until.isValid())
             return refuse(QStringLiteral("--until takes a date as YYYY-MM-DD."));
-        }
     }
     return options;
 }

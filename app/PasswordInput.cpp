@@ -17,12 +17,10 @@ namespace {
 std::optional<QString> readLine()
 {
     std::string line;
-    if (!std::getline(std::cin, line)) {
+    if (!std::getline(std::cin, line))
         return std::nullopt;
-    }
-    if (!line.empty() && line.back() == '\r') {
+    if (!line.empty() && line.back() == '\r')
         line.pop_back();
-    }
     return QString::fromStdString(line);
 }
 
@@ -62,9 +60,8 @@ std::optional<QString> askOnTerminal(const QString& userName)
 std::optional<QString> ReadPassword([[maybe_unused]] const QString& userName)
 {
 #ifdef Q_OS_UNIX
-    if (isatty(STDIN_FILENO)) {
+    if (isatty(STDIN_FILENO))
         return askOnTerminal(userName);
-    }
 #endif
     return readLine();
 }

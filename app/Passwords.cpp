@@ -35,9 +35,8 @@ bool FitsHash(const QString& hash, const QString& password)
 
 Passwords::Passwords(HashCheck check) : check_(std::move(check))
 {
-    if (sodium_init() < 0) {
+    if (sodium_init() < 0)
         throw TradeForms::Failure(QStringLiteral("The library of ciphers cannot be started."));
-    }
     // Any password will do: no one knows the hash, and what is typed is never taken for it.
     stand_in_ = Hash(QStringLiteral("stand-in"));
 }
@@ -47,9 +46,8 @@ QString Passwords::Hash(const QString& password) const
     const SecretBytes secret(password);
     char hash[crypto_pwhash_STRBYTES];
     if (crypto_pwhash_str(hash, secret.Data(), secret.Size(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
-                          crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0) {
+                          crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
         throw TradeForms::Failure(QStringLiteral("There is not enough memory for a password."));
-    }
     return QString::fromLatin1(hash);
 }
 

@@ -47,9 +47,8 @@ bool boxesCanBeSeen()
 int tellFailure(const QString& text)
 {
     say(text);
-    if (boxesCanBeSeen()) {
+    if (boxesCanBeSeen())
         QMessageBox::critical(nullptr, QStringLiteral("TradeForms"), text);
-    }
     return ExitFailed;
 }
 
@@ -91,9 +90,8 @@ public:
     void operator()(const char* what, int done, int of)
     {
         const int tenth = int(std::int64_t(done) * 10 / std::max(1, of));
-        if (what_ == what && tenth_ == tenth) {
+        if (what_ == what && tenth_ == tenth)
             return;
-        }
         what_ = what;
         tenth_ = tenth;
         say(QStringLiteral("%1 %2 %").arg(QLatin1String(what)).arg(10 * tenth));
@@ -127,9 +125,8 @@ std::shared_ptr<Connection> openCompany(const QString& database)
 /// Sees to it that there is a company to open; returns whether there is.
 bool companyIsThere(const Options& options)
 {
-    if (IsOnServer(options.Database) || QFileInfo::exists(options.Database)) {
+    if (IsOnServer(options.Database) || QFileInfo::exists(options.Database))
         return true;
-    }
     if (options.CreateSample) {
         makeSample(options);
         return true;
@@ -143,9 +140,8 @@ bool companyIsThere(const Options& options)
                                   QStringLiteral("\n\nMake the sample company there? Its users "
                                                  "are admin, clerk and others, all with the "
                                                  "password \"%1\".")
-                                      .arg(SampleCompany::Password())) != QMessageBox::Yes) {
+                                      .arg(SampleCompany::Password())) != QMessageBox::Yes)
         return false;
-    }
     QApplication::setOverrideCursor(Qt::WaitCursor);
     makeSample(options);
     QApplication::restoreOverrideCursor();
@@ -168,9 +164,8 @@ Ending runSession(Session& session, const QString& database, const Screen* first
     window.show();
     // The login window that closed just now had the keyboard.
     window.activateWindow();
-    if (first) {
+    if (first)
         window.Open(*first);
-    }
     loop.exec();
     return ending;
 }
@@ -205,15 +200,13 @@ int runCompany(const Options& options)
     if (!options.UserName.isEmpty()) {
         if (const std::optional<QString> password = ReadPassword(options.UserName)) {
             const std::optional<UserAccount> account = users.LogIn(options.UserName, *password);
-            if (!account) {
+            if (!account)
                 return tellFailure(WrongLoginText());
-            }
             session = std::make_unique<Session>(connection, *account);
         }
     }
-    if (!session) {
+    if (!session)
         session = logInByWindow(connection, users, options.Database, options.UserName);
-    }
     const Screen* first = options.Open;
     while (session && runSession(*session, options.Database, first) == Ending::LoggedOut) {
         first = nullptr;

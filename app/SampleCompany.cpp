@@ -55,9 +55,8 @@ void SampleCompany::Create(const QString& file, int accounts, QDate until, const
         company.EndLoad([&tell](int done, int of) { tell("indexes", done, of); });
     } catch (...) {
         setting.Connection.reset();
-        for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
+        for (const char* ending : {"", "-journal", "-wal", "-shm"})
             QFile::remove(file + QLatin1String(ending));
-        }
         throw;
     }
 }

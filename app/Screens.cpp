@@ -37,9 +37,8 @@ const Screen* FindScreen(const QString& method)
 QStringList ScreenMethods()
 {
     QStringList names;
-    for (const Screen& screen : screens) {
+    for (const Screen& screen : screens)
         names.append(QLatin1String(screen.Method));
-    }
     return names;
 }
 

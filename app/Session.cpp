@@ -15,9 +15,8 @@ using TradeForms::Recordset;
 CompanyInfo ReadCompanyInfo(Connection& connection)
 {
     const Recordset info = connection.Execute("select NameUrdu, LogoFile from CompanyInfo");
-    if (info.RecordCount() == 0) {
+    if (info.RecordCount() == 0)
         return {};
-    }
     return {info.Value("NameUrdu").toString(), info.Value("LogoFile").toString()};
 }
 

@@ -32,9 +32,8 @@ std::optional<UserAccount> Users::LogIn(const QString& userName, const QString& 
             hash = found.Value("PasswordHash").toString();
         }
     }
-    if (!passwords_.Verify(hash, password)) {
+    if (!passwords_.Verify(hash, password))
         return std::nullopt;
-    }
     return account;
 }
 

@@ -60,12 +60,10 @@ std::string format(const char* pattern, double value)
 
 std::string text(double value, bool isMemory)
 {
-    if (isMemory) {
+    if (isMemory)
         return format("%.1f MB", value / 1e6);
-    }
-    if (value < 1e-6) {
+    if (value < 1e-6)
         return format("%.0f ns", value * 1e9);
-    }
     return value < 1e-3 ? format("%.1f us", value * 1e6) : format("%.2f ms", value * 1e3);
 }
 
@@ -97,44 +95,37 @@ public:
                 failed_ = true;
                 return;
             }
-            if (run.run_type != Run::RT_Iteration) {
+            if (run.run_type != Run::RT_Iteration)
                 continue;
-            }
             name = run.run_name.function_name;
             readCounters(run, read);
             values.push_back(read.IsMemory ? counter(run, "memory")
                                            : run.real_accumulated_time / double(run.iterations));
             // Where the time is taken by hand, so is the processor's.
             if (run.run_name.time_type == "manual_time") {
-                if (const double taken = counter(run, "processor"); taken > 0) {
+                if (const double taken = counter(run, "processor"); taken > 0)
                     processor.push_back(taken);
-                }
             } else if (!read.IsMemory) {
                 processor.push_back(run.cpu_accumulated_time / double(run.iterations));
             }
         }
-        if (values.empty()) {
+        if (values.empty())
             return;
-        }
-        if (!processor.empty()) {
+        if (!processor.empty())
             read.Processor = median(processor);
-        }
         note(name, median(values), read);
     }
 
     void Finalize() override
     {
         std::map<std::string, std::vector<const Measure*>> bySubject;
-        for (const auto& [name, measure] : measures_) {
-            if (measure.Accounts > 0 && measure.Ours) {
+        for (const auto& [name, measure] : measures_)
+            if (measure.Accounts > 0 && measure.Ours)
                 bySubject[name.substr(0, name.rfind(", "))].push_back(&measure);
-            }
-        }
         bool isFirst = true;
         for (auto& [subject, sizes] : bySubject) {
-            if (sizes.size() < 2) {
+            if (sizes.size() < 2)
                 continue;
-            }
             std::sort(sizes.begin(), sizes.end(), [](const Measure* first, const Measure* second) {
                 return first->Accounts < second->Accounts;
             });
@@ -144,9 +135,8 @@ public:
             }
             isFirst = false;
             std::printf("%-56s", subject.c_str());
-            for (const Measure* measure : sizes) {
+            for (const Measure* measure : sizes)
                 std::printf(" %11s", text(measure->Cost(), false).c_str());
-            }
             std::printf("  x %.1f from %d to %d\n", sizes.back()->Cost() / sizes.front()->Cost(),
                         sizes.front()->Accounts, sizes.back()->Accounts);
         }
@@ -186,9 +176,8 @@ private:
             measure.Baseline = value;
             measure.BaselineProcessor = read.Processor;
         }
-        if (measure.Ours && measure.Baseline) {
+        if (measure.Ours && measure.Baseline)
             print(subject, measure);
-        }
     }
 
     static void print(const std::string& subject, const Measure& measure)
@@ -199,18 +188,14 @@ private:
                     measure.Processor ? text(*measure.Processor, false).c_str() : "",
                     measure.ProcessorRatio() ? format("%.2f", *measure.ProcessorRatio()).c_str()
                                              : "");
-        if (measure.LimitRatio > 0) {
+        if (measure.LimitRatio > 0)
             std::printf("  ratio %.1f", measure.LimitRatio);
-        }
-        if (measure.LimitTime > 0) {
+        if (measure.LimitTime > 0)
             std::printf("  %s", text(measure.LimitTime, false).c_str());
-        }
-        if (measure.HasLimit()) {
+        if (measure.HasLimit())
             std::printf(" %s", verdict(measure));
-        }
-        if (measure.About > 0) {
+        if (measure.About > 0)
             std::printf("  (%d)", measure.About);
-        }
         if (measure.PlainView > 0) {
             std::printf("  %+.2f ms, a plain view %.2f ms",
                         (*measure.Ours - *measure.Baseline) * 1e3, measure.PlainView * 1e3);
@@ -221,9 +206,8 @@ private:
 
     static const char* verdict(const Measure& measure)
     {
-        if (measure.KeepsLimit()) {
+        if (measure.KeepsLimit())
             return "kept";
-        }
         const bool keepsTime = measure.LimitTime == 0 ||
                                (measure.Processor && *measure.Processor <= measure.LimitTime);
         const bool keepsRatio =
@@ -242,9 +226,8 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
-    }
     Pairs pairs;
     benchmark::RunSpecifiedBenchmarks(&pairs);
     return pairs.Failed() ? 1 : 0;

@@ -29,9 +29,8 @@ void make(const QString& file, int accounts)
                {QStringLiteral("--create-sample"), QStringLiteral("--database"), making,
                 QStringLiteral("--accounts"), QString::number(accounts), QStringLiteral("--until"),
                 QLatin1String(lastDay)});
-    if (!host.waitForFinished(-1) || host.exitCode() != 0 || !QFile::rename(making, file)) {
+    if (!host.waitForFinished(-1) || host.exitCode() != 0 || !QFile::rename(making, file))
         qFatal("The company could not be made.");
-    }
     std::fprintf(stderr, "Made in %.0f s.\n", double(timer.elapsed()) / 1000);
 }
 
@@ -42,9 +41,8 @@ const std::vector<int>& CompanySizes()
     static const std::vector<int> sizes = [] {
         std::vector<int> read;
         const QString wanted = qEnvironmentVariable("TRADEFORMS_BENCH_SIZES");
-        for (const QString& size : wanted.split(u',', Qt::SkipEmptyParts)) {
+        for (const QString& size : wanted.split(u',', Qt::SkipEmptyParts))
             read.push_back(size.toInt());
-        }
         return wanted.isNull() ? std::vector{10'000, 100'000, 1'000'000} : read;
     }();
     return sizes;
@@ -56,9 +54,8 @@ QString CompanyOf(int accounts)
         qEnvironmentVariable("TRADEFORMS_BENCH_COMPANIES", QStringLiteral(COMPANY_FOLDER)));
     folder.mkpath(QStringLiteral("."));
     const QString file = folder.filePath(QStringLiteral("%1.db").arg(accounts));
-    if (!QFile::exists(file)) {
+    if (!QFile::exists(file))
         make(file, accounts);
-    }
     return file;
 }
 

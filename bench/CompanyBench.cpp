@@ -24,9 +24,8 @@ public:
     {
         static std::map<int, std::unique_ptr<Company>> opened;
         std::unique_ptr<Company>& company = opened[accounts];
-        if (!company) {
+        if (!company)
             company.reset(new Company(Bench::CompanyOf(accounts)));
-        }
         return *company;
     }
 
@@ -34,14 +33,11 @@ public:
     int ReadAll(const QString& statement) const
     {
         Recordset rows = Ours->Execute(Statement(statement));
-        if (!rows.IsOpen()) {
+        if (!rows.IsOpen())
             return 0;
-        }
-        for (int row = 0; row < rows.RecordCount(); ++row) {
-            for (int field = 0; field < rows.FieldCount(); ++field) {
+        for (int row = 0; row < rows.RecordCount(); ++row)
+            for (int field = 0; field < rows.FieldCount(); ++field)
                 benchmark::DoNotOptimize(rows.ValueAt(row, field));
-            }
-        }
         return rows.RecordCount();
     }
 
@@ -88,9 +84,8 @@ template <class Make> void ours(State& state, int accounts, Make make)
 {
     Company& company = Company::Of(accounts);
     std::size_t turn = 0;
-    for (auto _ : state) {
+    for (auto _ : state)
         company.ReadAll(s(make(company, turn++)));
-    }
     state.counters["accounts"] = accounts;
 }
 
@@ -98,9 +93,8 @@ template <class Make> void raw(State& state, int accounts, Make make)
 {
     Company& company = Company::Of(accounts);
     std::size_t turn = 0;
-    for (auto _ : state) {
+    for (auto _ : state)
         company.Raw.ReadAll(make(company, turn++));
-    }
 }
 
 // ---- What an account owes
@@ -184,14 +178,12 @@ void runProcedure(State& state, int accounts, double limit,
 {
     Company& company = Company::Of(accounts);
     Bench::LimitTime(state, limit);
-    for (auto _ : state) {
+    for (auto _ : state)
         company.ReadAll(s(call(company)));
-    }
     state.counters["accounts"] = accounts;
     state.counters["about"] = company.*size;
-    if (company.Raw.Number("select count(*) from InstallmentBalances") == 0) {
+    if (company.Raw.Number("select count(*) from InstallmentBalances") == 0)
         state.SkipWithError("there are no balances");
-    }
 }
 
 void runInsert(State& state, int accounts, QByteArray (*insert)(const Company& company))
@@ -280,11 +272,13 @@ void registerFor(int accounts)
         "next number of a voucher" + size,
         [=](State& state) {
             Bench::LimitTime(state, 1e-3);
-            ours(state, accounts,
-                 [](const Company&, std::size_t turn) { return nextNumber(turn, "isnull"); });
+            ours(
+                state, accounts,
+                [](const Company&, std::size_t turn) { return nextNumber(turn, "isnull"); });
         },
         [=](State& state) {
-            raw(state, accounts,
+            raw(
+                state, accounts,
                 [](const Company&, std::size_t turn) { return nextNumber(turn, "ifnull"); });
         },
         many);
@@ -292,11 +286,13 @@ void registerFor(int accounts)
         "next card of an area" + size,
         [=](State& state) {
             Bench::LimitTime(state, 1e-3);
-            ours(state, accounts,
-                 [](const Company& company, std::size_t) { return nextCard(company, "isnull"); });
+            ours(
+                state, accounts,
+                [](const Company& company, std::size_t) { return nextCard(company, "isnull"); });
         },
         [=](State& state) {
-            raw(state, accounts,
+            raw(
+                state, accounts,
                 [](const Company& company, std::size_t) { return nextCard(company, "ifnull"); });
         },
         many);
@@ -319,9 +315,8 @@ void registerFor(int accounts)
 }
 
 const bool registered = [] {
-    for (const int accounts : Bench::CompanySizes()) {
+    for (const int accounts : Bench::CompanySizes())
         registerFor(accounts);
-    }
     return true;
 }();
 

@@ -79,24 +79,19 @@ void readOurs(State& state)
     for (auto _ : state) {
         Recordset rows = openedOn(sixColumns);
         const int fields = rows.FieldCount();
-        for (; !rows.Eof(); rows.MoveNext()) {
-            for (int field = 0; field < fields; ++field) {
+        for (; !rows.Eof(); rows.MoveNext())
+            for (int field = 0; field < fields; ++field)
                 benchmark::DoNotOptimize(rows.Fields(field).Value());
-            }
-        }
-        if (rows.RecordCount() != rowCount) {
+        if (rows.RecordCount() != rowCount)
             state.SkipWithError("the rows are not there");
-        }
     }
 }
 
 void readBaseline(State& state)
 {
-    for (auto _ : state) {
-        if (Desk::Get().Raw.ReadAll(sixColumns) != rowCount) {
+    for (auto _ : state)
+        if (Desk::Get().Raw.ReadAll(sixColumns) != rowCount)
             state.SkipWithError("the rows are not there");
-        }
-    }
 }
 
 // ---- Memory of the rows
@@ -150,9 +145,8 @@ void find(State& state, const char* criterion)
     const Statement wanted(criterion);
     for (auto _ : state) {
         rows.Find(wanted);
-        if (rows.Eof()) {
+        if (rows.Eof())
             state.SkipWithError("nothing is found");
-        }
     }
 }
 
@@ -162,19 +156,16 @@ void filter(State& state)
     const Statement wanted("Name like '%99%' and FName like '%99%'");
     for (auto _ : state) {
         rows.SetFilter(wanted);
-        if (rows.RecordCount() == 0 || rows.RecordCount() > rowCount / 10) {
+        if (rows.RecordCount() == 0 || rows.RecordCount() > rowCount / 10)
             state.SkipWithError("the filter does not fit");
-        }
     }
 }
 
 void search(State& state, const char* statement)
 {
-    for (auto _ : state) {
-        if (Desk::Get().Raw.ReadAll(statement) == 0) {
+    for (auto _ : state)
+        if (Desk::Get().Raw.ReadAll(statement) == 0)
             state.SkipWithError("nothing is found");
-        }
-    }
 }
 
 // ---- Writing a batch
@@ -199,9 +190,8 @@ void batchOurs(State& state)
         rows.UpdateBatch();
         state.PauseTiming();
         desk.Ours->CommitTrans();
-        if (desk.Raw.Number("select count(*) from ReturnProducts") != batchSize) {
+        if (desk.Raw.Number("select count(*) from ReturnProducts") != batchSize)
             state.SkipWithError("the rows are not stored");
-        }
         desk.Raw.Run("delete from ReturnProducts");
         state.ResumeTiming();
     }
@@ -211,9 +201,8 @@ void batchBaseline(State& state)
 {
     Desk& desk = Desk::Get();
     std::vector<QByteArray> accounts;
-    for (int row = 0; row < batchSize; ++row) {
+    for (int row = 0; row < batchSize; ++row)
         accounts.push_back("Kot " + QByteArray::number(row));
-    }
     for (auto _ : state) {
         state.PauseTiming();
         desk.Raw.Run("begin immediate");
@@ -264,18 +253,16 @@ void prepareAdapted(State& state)
     std::vector<QByteArray> texts;
     for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
         const AdaptedStatement adapted = AdaptStatement(statement.toUtf8());
-        if (!adapted.Procedure) {
+        if (!adapted.Procedure)
             texts.push_back(adapted.Text);
-        }
     }
     sqlite3* handle = static_cast<SqliteEngine&>(Desk::Get().Ours->engine()).Raw();
     std::size_t next = 0;
     for (auto _ : state) {
         sqlite3_stmt* prepared = nullptr;
         if (sqlite3_prepare_v2(handle, texts[next].constData(), -1, &prepared, nullptr) !=
-            SQLITE_OK) {
+            SQLITE_OK)
             state.SkipWithError("a statement cannot be prepared");
-        }
         sqlite3_finalize(prepared);
         next = (next + 1) % texts.size();
     }
@@ -285,9 +272,8 @@ void adaptCached(State& state)
 {
     Bench::LimitTime(state, 1e-6);
     auto& engine = static_cast<SqliteEngine&>(Desk::Get().Ours->engine());
-    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
+    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR)))
         engine.Adapted(statement);
-    }
     eachStatement(state, [&engine](const QString& statement) {
         benchmark::DoNotOptimize(engine.Adapted(statement));
     });
@@ -297,9 +283,8 @@ void adaptCached(State& state)
 void lookUp(State& state)
 {
     QHash<QString, int> known;
-    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
+    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR)))
         known.insert(statement, 1);
-    }
     eachStatement(state, [&known](const QString& statement) {
         benchmark::DoNotOptimize(known.constFind(statement));
     });

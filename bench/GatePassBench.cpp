@@ -25,7 +25,6 @@ namespace {
 
 using namespace TradeForms;
 
-
 constexpr int Repetitions = 15;
 
 QString s(const char* text)
@@ -47,13 +46,11 @@ public:
         HostContext::objCN = company.Connect();
         HostContext::objSec = std::make_shared<tests::FakeUser>();
         HostContext::UserNo = 1;
-        presenter = Modal::SetBoxPresenter(
-            [this](QWidget*, const Message& message) {
-                if (onBox) {
-                    onBox();
-                }
-                return message.Buttons == MsgButtons::YesNo ? MsgAnswer::No : MsgAnswer::Ok;
-            });
+        presenter = Modal::SetBoxPresenter([this](QWidget*, const Message& message) {
+            if (onBox)
+                onBox();
+            return message.Buttons == MsgButtons::YesNo ? MsgAnswer::No : MsgAnswer::Ok;
+        });
     }
     ~Desk()
     {
@@ -92,9 +89,8 @@ public:
         form->FormLoad();
         form->ShowModeless(false);
         form->activateWindow();
-        if (!QTest::qWaitForWindowActive(form.get())) {
+        if (!QTest::qWaitForWindowActive(form.get()))
             qFatal("The window does not become active.");
-        }
     }
     void enter(const QString& text)
     {
@@ -120,9 +116,8 @@ public:
     void enterPass()
     {
         enterHeader();
-        for (int row = 0; row < 20; ++row) {
+        for (int row = 0; row < 20; ++row)
             enterRow(1000 + row);
-        }
     }
 
     TestCompany company;
@@ -152,9 +147,8 @@ void openOurs(benchmark::State& state)
         form->FormLoad();
         form->ShowModeless(false);
         form->activateWindow();
-        while (!form->isActiveWindow() || QApplication::focusWidget() != &form->TxtDriverCode) {
+        while (!form->isActiveWindow() || QApplication::focusWidget() != &form->TxtDriverCode)
             QApplication::processEvents();
-        }
         form->grab();
         state.SetIterationTime(seconds(timer));
     }
@@ -167,27 +161,30 @@ void openBaseline(benchmark::State& state)
         timer.start();
         QWidget window(nullptr, Qt::FramelessWindowHint);
         auto* all = new QVBoxLayout(&window);
-        for (int i = 0; i < 19; ++i) {
+        for (int i = 0; i < 19; ++i)
             all->addWidget(new QLineEdit);
-        }
-        for (int i = 0; i < 11; ++i) {
+        for (int i = 0; i < 11; ++i)
             all->addWidget(new QPushButton(s("Button")));
-        }
         all->addWidget(new QTableWidget(1, 5));
         window.show();
         window.activateWindow();
-        while (!window.isActiveWindow() || !QApplication::focusWidget()) {
+        while (!window.isActiveWindow() || !QApplication::focusWidget())
             QApplication::processEvents();
-        }
         window.grab();
         state.SetIterationTime(seconds(timer));
     }
 }
 
-BENCHMARK(openOurs)->Name("open a gate pass window/ours")->UseManualTime()
-    ->Repetitions(Repetitions)->Iterations(1);
-BENCHMARK(openBaseline)->Name("open a gate pass window/baseline")->UseManualTime()
-    ->Repetitions(Repetitions)->Iterations(1);
+BENCHMARK(openOurs)
+    ->Name("open a gate pass window/ours")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(1);
+BENCHMARK(openBaseline)
+    ->Name("open a gate pass window/baseline")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(1);
 
 // ---- Leaving a code field
 
@@ -215,19 +212,24 @@ void leaveBaseline(benchmark::State& state)
         sqlite3_stmt* statement = nullptr;
         sqlite3_prepare_v2(database, "Select * FROM Areas  where AreaCode='Kot'", -1, &statement,
                            nullptr);
-        while (sqlite3_step(statement) == SQLITE_ROW) {
+        while (sqlite3_step(statement) == SQLITE_ROW)
             benchmark::DoNotOptimize(sqlite3_column_text(statement, 1));
-        }
         sqlite3_finalize(statement);
         state.SetIterationTime(seconds(timer));
     }
     desk.closeRaw();
 }
 
-BENCHMARK(leaveOurs)->Name("leave a code field/ours")->UseManualTime()
-    ->Repetitions(Repetitions)->Iterations(50);
-BENCHMARK(leaveBaseline)->Name("leave a code field/baseline")->UseManualTime()
-    ->Repetitions(Repetitions)->Iterations(50);
+BENCHMARK(leaveOurs)
+    ->Name("leave a code field/ours")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(50);
+BENCHMARK(leaveBaseline)
+    ->Name("leave a code field/baseline")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(50);
 
 // ---- Adding a row to a voucher of 500 rows, against an empty one
 
@@ -237,9 +239,8 @@ void addRow(benchmark::State& state, int rowsBefore)
     desk.open();
     desk.enterHeader();
     int product = 1000;
-    for (int row = 0; row < rowsBefore; ++row) {
+    for (int row = 0; row < rowsBefore; ++row)
         desk.enterRow(product++);
-    }
     for (auto _ : state) {
         desk.enter(QString::number(product++));
         desk.enter(s("2"));
@@ -250,15 +251,20 @@ void addRow(benchmark::State& state, int rowsBefore)
         QApplication::processEvents();
         state.SetIterationTime(seconds(timer));
     }
-    if (desk.form->Rows.RowCount() != rowsBefore + int(state.iterations()) + 1) {
+    if (desk.form->Rows.RowCount() != rowsBefore + int(state.iterations()) + 1)
         state.SkipWithError("the rows are not there");
-    }
 }
 
-BENCHMARK_CAPTURE(addRow, ours, 500)->Name("add a row to 500, against an empty pass/ours")
-    ->UseManualTime()->Repetitions(Repetitions)->Iterations(5);
-BENCHMARK_CAPTURE(addRow, baseline, 0)->Name("add a row to 500, against an empty pass/baseline")
-    ->UseManualTime()->Repetitions(Repetitions)->Iterations(5);
+BENCHMARK_CAPTURE(addRow, ours, 500)
+    ->Name("add a row to 500, against an empty pass/ours")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(5);
+BENCHMARK_CAPTURE(addRow, baseline, 0)
+    ->Name("add a row to 500, against an empty pass/baseline")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(5);
 
 // ---- Saving a pass of 20 rows
 
@@ -276,10 +282,9 @@ void saveOurs(benchmark::State& state)
         desk.form->BtnSave.Click();
         state.SetIterationTime(saved);
     }
-    if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt()
-        != 20 * int(state.iterations())) {
+    if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt() !=
+        20 * int(state.iterations()))
         state.SkipWithError("the rows are not stored");
-    }
 }
 
 /// The statements of one save, as the form sends them, through the C API.
@@ -287,9 +292,8 @@ void saveRaw(sqlite3* database, int id)
 {
     const auto run = [database](const QByteArray& sql) {
         sqlite3_stmt* statement = nullptr;
-        if (sqlite3_prepare_v2(database, sql.constData(), -1, &statement, nullptr) != SQLITE_OK) {
+        if (sqlite3_prepare_v2(database, sql.constData(), -1, &statement, nullptr) != SQLITE_OK)
             qFatal("%s: %s", sql.constData(), sqlite3_errmsg(database));
-        }
         while (sqlite3_step(statement) == SQLITE_ROW) {
         }
         sqlite3_finalize(statement);
@@ -300,8 +304,8 @@ void saveRaw(sqlite3* database, int id)
     run("Select * from GatePassHeader where GatePassID = " + number);
     run("begin immediate");
     run("select * from GatePassHeader where GatePassID=" + number);
-    run("insert into GatePassHeader values (" + number
-        + ",'2026-11-21 10:00:00',0,'2026-11-21','2014','3107','Kot',1,0,1,0,1)");
+    run("insert into GatePassHeader values (" + number +
+        ",'2026-11-21 10:00:00',0,'2026-11-21','2014','3107','Kot',1,0,1,0,1)");
     sqlite3_stmt* insert = nullptr;
     sqlite3_prepare_v2(database, "insert into GatePassBody values (?,?,?,?,?)", -1, &insert,
                        nullptr);
@@ -336,30 +340,32 @@ void saveBaseline(benchmark::State& state)
         desk.form->SetFormState(VoucherForm::State::New);
     }
     desk.closeRaw();
-    if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt()
-        != 20 * int(state.iterations())) {
+    if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt() !=
+        20 * int(state.iterations()))
         state.SkipWithError("the rows are not stored");
-    }
 }
 
-BENCHMARK(saveOurs)->Name("save a pass of 20 rows/ours")->UseManualTime()
-    ->Repetitions(Repetitions)->Iterations(10);
-BENCHMARK(saveBaseline)->Name("save a pass of 20 rows/baseline")->UseManualTime()
-    ->Repetitions(Repetitions)->Iterations(10);
+BENCHMARK(saveOurs)
+    ->Name("save a pass of 20 rows/ours")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(10);
+BENCHMARK(saveBaseline)
+    ->Name("save a pass of 20 rows/baseline")
+    ->UseManualTime()
+    ->Repetitions(Repetitions)
+    ->Iterations(10);
 
 // ---- Ten open windows
 
 double residentBytes()
 {
     QFile status(s("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly)) {
+    if (!status.open(QIODevice::ReadOnly))
         return 0;
-    }
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) {
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmRSS:"))
             return line.mid(6).trimmed().split(' ').front().toDouble() * 1024;
-        }
-    }
     return 0;
 }
 
@@ -377,7 +383,8 @@ void windows(benchmark::State& state, int count)
     state.counters["memory"] = residentBytes();
 }
 
-BENCHMARK_CAPTURE(windows, baseline, 1)->Name("ten open windows, against one/baseline")
+BENCHMARK_CAPTURE(windows, baseline, 1)
+    ->Name("ten open windows, against one/baseline")
     ->Iterations(1);
 BENCHMARK_CAPTURE(windows, ours, 10)->Name("ten open windows, against one/ours")->Iterations(1);
 

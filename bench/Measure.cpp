@@ -17,9 +17,8 @@ bool isDate(const char* text, int size)
 int digits(const char* text, int count)
 {
     int number = 0;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         number = 10 * number + (text[i] - '0');
-    }
     return number;
 }
 
@@ -28,9 +27,8 @@ int digits(const char* text, int count)
 Raw::Raw(const QString& file)
 {
     if (sqlite3_open_v2(QFile::encodeName(file).constData(), &handle_, SQLITE_OPEN_READWRITE,
-                        nullptr) != SQLITE_OK) {
+                        nullptr) != SQLITE_OK)
         qFatal("%s cannot be opened.", qPrintable(file));
-    }
     sqlite3_create_collation(
         handle_, "CI", SQLITE_UTF8, nullptr,
         [](void*, int firstSize, const void* first, int secondSize, const void* second) {
@@ -53,9 +51,8 @@ sqlite3_stmt* Raw::Prepare(const QByteArray& statement) const
 {
     sqlite3_stmt* prepared = nullptr;
     if (sqlite3_prepare_v2(handle_, statement.constData(), int(statement.size()), &prepared,
-                           nullptr) != SQLITE_OK) {
+                           nullptr) != SQLITE_OK)
         qFatal("%s: %s", statement.constData(), sqlite3_errmsg(handle_));
-    }
     return prepared;
 }
 
@@ -64,9 +61,8 @@ void Raw::Run(const QByteArray& statement) const
     sqlite3_stmt* prepared = Prepare(statement);
     while (sqlite3_step(prepared) == SQLITE_ROW) {
     }
-    if (sqlite3_finalize(prepared) != SQLITE_OK) {
+    if (sqlite3_finalize(prepared) != SQLITE_OK)
         qFatal("%s: %s", statement.constData(), sqlite3_errmsg(handle_));
-    }
 }
 
 int Raw::ReadAll(const QByteArray& statement) const
@@ -74,11 +70,9 @@ int Raw::ReadAll(const QByteArray& statement) const
     sqlite3_stmt* prepared = Prepare(statement);
     const int columns = sqlite3_column_count(prepared);
     int rows = 0;
-    for (; sqlite3_step(prepared) == SQLITE_ROW; ++rows) {
-        for (int column = 0; column < columns; ++column) {
+    for (; sqlite3_step(prepared) == SQLITE_ROW; ++rows)
+        for (int column = 0; column < columns; ++column)
             TakeValue(prepared, column);
-        }
-    }
     sqlite3_finalize(prepared);
     return rows;
 }

@@ -100,9 +100,8 @@ public:
     /// Until the list is whole and painted.
     void Settle()
     {
-        while (window_->IsReading()) {
+        while (window_->IsReading())
             QCoreApplication::processEvents();
-        }
         paint();
     }
 
@@ -124,9 +123,8 @@ public:
                   "substr(frominscustomerid,instr(frominscustomerid,' ')+1)"},
                  {"right(Toinscustomerid,len(Toinscustomerid)-PATINDEX('% %',Toinscustomerid))",
                   "substr(Toinscustomerid,instr(Toinscustomerid,' ')+1)"},
-                 {"isnull(", "ifnull("}}) {
+                 {"isnull(", "ifnull("}})
             text.replace(servers, own);
-        }
         return AdaptStatement(text).Text;
     }
 
@@ -149,9 +147,8 @@ public:
     {
         for (int row = 0; row < list.RowCount(); ++row) {
             QStringList texts;
-            for (const GridColumn& column : columns_) {
+            for (const GridColumn& column : columns_)
                 texts.append(list.Cell(row, column.Name));
-            }
             all_.append(texts);
         }
     }
@@ -201,9 +198,8 @@ double plainViewOf(const Grid& list)
     view.setSelectionBehavior(QTableView::SelectRows);
     view.verticalHeader()->hide();
     view.verticalHeader()->setDefaultSectionSize(list.verticalHeader()->defaultSectionSize());
-    for (int column = 0; column < rows.columnCount(); ++column) {
+    for (int column = 0; column < rows.columnCount(); ++column)
         view.setColumnWidth(column, list.columnWidth(column));
-    }
     view.resize(list.size());
     view.show();
     std::vector<qint64> times;
@@ -255,11 +251,9 @@ void registerTimed(const std::string& name, void (*work)(State&, const SearchDes
 /// The first field that narrows by query.
 Txt* queryField(SearchWindow& window, const SearchDescription& description)
 {
-    for (const SearchField& field : description.Fields) {
-        if (field.Is == SearchField::Kind::QueryAgain) {
+    for (const SearchField& field : description.Fields)
+        if (field.Is == SearchField::Kind::QueryAgain)
             return &window.NarrowingField(field.Name);
-        }
-    }
     return nullptr;
 }
 
@@ -267,9 +261,8 @@ Txt* queryField(SearchWindow& window, const SearchDescription& description)
 void keyToList(State& state, const SearchDescription& description, bool ours)
 {
     Desk desk(description);
-    if (&description == &SchCustomer) {
+    if (&description == &SchCustomer)
         desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
-    }
     desk.Open();
     const QByteArray statement = desk.RawStatement();
     if (!ours) {
@@ -377,9 +370,8 @@ void typingInWholeList(State& state, const SearchDescription& description, bool 
         for (int letter = 0; letter < 10; ++letter) {
             QElapsedTimer pause;
             pause.start();
-            while (pause.elapsed() < 120) {
+            while (pause.elapsed() < 120)
                 QCoreApplication::processEvents();
-            }
             // It comes in at a moment of its own, while a piece is being read or not.
             QElapsedTimer waiting;
             waiting.start();
@@ -387,9 +379,8 @@ void typingInWholeList(State& state, const SearchDescription& description, bool 
             Type(desk.Window(), s("م"));
             longest = std::max(longest, waiting.nsecsElapsed());
         }
-        if (name.Text().size() != 10) {
+        if (name.Text().size() != 10)
             state.SkipWithError("a letter is lost");
-        }
         desk.Settle();
         state.SetIterationTime(double(longest) / 1e9);
     }
@@ -398,14 +389,11 @@ void typingInWholeList(State& state, const SearchDescription& description, bool 
 double residentBytes()
 {
     QFile status(s("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly)) {
+    if (!status.open(QIODevice::ReadOnly))
         return 0;
-    }
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:")) {
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmRSS:"))
             return line.mid(6).trimmed().split(' ').front().toDouble() * 1024;
-        }
-    }
     return 0;
 }
 
@@ -475,11 +463,10 @@ void jump(State& state, const SearchDescription& description, bool ours)
 void page(State& state, const SearchDescription& description, bool ours)
 {
     Desk desk(description);
-    if (!ours) {
+    if (!ours)
         desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
-    } else {
+    else
         Bench::LimitTime(state, oneFrame);
-    }
     desk.Open();
     desk.Window().ResetFocus(desk.Window().List());
     timed(
@@ -492,17 +479,15 @@ void page(State& state, const SearchDescription& description, bool ours)
 }
 
 const bool registered = [] {
-    if (Bench::CompanySizes().empty()) {
+    if (Bench::CompanySizes().empty())
         return false;
-    }
     registerTimed("customers of an area, emptied field", keyToList, SchCustomer, 5);
     registerTimed("customers of an area, a letter", letterToList, SchCustomer, 5);
     for (const SearchDescription* list :
          {&SchGatePass, &SchInsCustomer, &SchPartnershipProfit, &SchRecoveryVoucher,
           &SchRecoveryVoucherDetail, &SchConcessionVoucher, &SchReturnVoucher, &SchWorkerParts,
-          &SchConvertArea}) {
+          &SchConvertArea})
         registerTimed(std::string(list->Name) + ", default range", keyToList, *list, 3);
-    }
     registerTimed("customers of all areas", wholeList, SchCustomer, 1);
     registerTimed("longest wait of a letter meanwhile", typingInWholeList, SchCustomer, 1);
     registerTimed("memory of the customers of all areas", memoryOfWholeList, SchCustomer, 1);

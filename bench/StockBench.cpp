@@ -35,14 +35,11 @@ QByteArray number(const char* kind, int unit)
 void run(sqlite3* database, const QByteArray& sql)
 {
     sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database, sql.constData(), -1, &statement, nullptr) != SQLITE_OK) {
+    if (sqlite3_prepare_v2(database, sql.constData(), -1, &statement, nullptr) != SQLITE_OK)
         qFatal("%s: %s", sql.constData(), sqlite3_errmsg(database));
-    }
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        for (int column = 0; column < sqlite3_column_count(statement); ++column)
             benchmark::DoNotOptimize(sqlite3_column_text(statement, column));
-        }
-    }
     sqlite3_finalize(statement);
 }
 
@@ -58,10 +55,9 @@ public:
                         nullptr);
         sqlite3_create_collation(raw, "CI", SQLITE_UTF8, nullptr,
                                  [](void*, int an, const void* a, int bn, const void* b) {
-                                     const int difference =
-                                         qstrnicmp(static_cast<const char*>(a),
-                                                   static_cast<const char*>(b),
-                                                   size_t(std::min(an, bn)));
+                                     const int difference = qstrnicmp(static_cast<const char*>(a),
+                                                                      static_cast<const char*>(b),
+                                                                      size_t(std::min(an, bn)));
                                      return difference != 0 ? difference : an - bn;
                                  });
         run(raw, "pragma synchronous=full");
@@ -80,9 +76,8 @@ public:
         form->FormLoad();
         form->ShowModeless(false);
         form->activateWindow();
-        if (!QTest::qWaitForWindowActive(form.get())) {
+        if (!QTest::qWaitForWindowActive(form.get()))
             qFatal("The window does not become active.");
-        }
     }
     void enter(const QByteArray& text)
     {
@@ -116,26 +111,23 @@ void saveOurs(benchmark::State& state)
     int unit = 0;
     for (auto _ : state) {
         desk.enterHeader();
-        for (int i = 0; i < Units; ++i) {
+        for (int i = 0; i < Units; ++i)
             desk.enterUnit(++unit);
-        }
         QElapsedTimer timer;
         timer.start();
         // What follows the commit is the emptying of the form, which begins with its number.
         double saved = 0;
         desk.form->TxtID.OnChange = [&] {
-            if (saved == 0) {
+            if (saved == 0)
                 saved = seconds(timer);
-            }
         };
         desk.form->BtnSave.Click();
         desk.form->TxtID.OnChange = nullptr;
         state.SetIterationTime(saved);
     }
-    if (desk.company.Scalar(QStringLiteral("select count(*) from StockInDetailBody")).toInt()
-        != unit) {
+    if (desk.company.Scalar(QStringLiteral("select count(*) from StockInDetailBody")).toInt() !=
+        unit)
         state.SkipWithError("the units are not stored");
-    }
 }
 
 /// The statements of one save, as the form sends them, through the C API.
@@ -145,8 +137,8 @@ void saveRaw(sqlite3* database, int id, int firstUnit)
     run(database, "Select * from StockInDetailHeader where StockID = " + voucher);
     run(database, "begin immediate");
     run(database, "select * from StockInDetailHeader where StockID=" + voucher);
-    run(database, "insert into StockInDetailHeader values (" + voucher
-                      + ",'2026-11-21','3107',null)");
+    run(database,
+        "insert into StockInDetailHeader values (" + voucher + ",'2026-11-21','3107',null)");
     sqlite3_stmt* insert = nullptr;
     sqlite3_prepare_v2(database,
                        "insert into StockInDetailBody (StockID, ProductID, EngineNo, ChasisNo)"
@@ -177,9 +169,8 @@ void saveBaseline(benchmark::State& state)
     for (auto _ : state) {
         desk.enterHeader();
         const int first = unit + 1;
-        for (int i = 0; i < Units; ++i) {
+        for (int i = 0; i < Units; ++i)
             desk.enterUnit(++unit);
-        }
         QElapsedTimer timer;
         timer.start();
         saveRaw(desk.raw, ++id, first);
@@ -189,28 +180,29 @@ void saveBaseline(benchmark::State& state)
 }
 
 BENCHMARK(saveOurs)->Name("save 300 units/ours")->UseManualTime()->Repetitions(7)->Iterations(1);
-BENCHMARK(saveBaseline)->Name("save 300 units/baseline")->UseManualTime()
-    ->Repetitions(7)->Iterations(1);
+BENCHMARK(saveBaseline)
+    ->Name("save 300 units/baseline")
+    ->UseManualTime()
+    ->Repetitions(7)
+    ->Iterations(1);
 
 // ---- A unit among five million: is it known?
 
 /// Fills the table faster than row by row: its indexes are made afterwards.
 void store(Desk& desk, int units)
 {
-    const QList<QVariantList> indexes = desk.company.Rows(
-        "select name, sql from sqlite_master where type = 'index'"
-        " and tbl_name = 'StockInDetailBody' and sql is not null");
-    for (const QVariantList& index : indexes) {
+    const QList<QVariantList> indexes =
+        desk.company.Rows("select name, sql from sqlite_master where type = 'index'"
+                          " and tbl_name = 'StockInDetailBody' and sql is not null");
+    for (const QVariantList& index : indexes)
         run(desk.raw, "drop index " + index[0].toByteArray());
-    }
-    run(desk.raw, "with recursive n(i) as (select 1 union all select i + 1 from n where i < "
-                      + QByteArray::number(units)
-                      + ") insert into StockInDetailBody (StockID, ProductID, EngineNo, ChasisNo)"
-                        " select i / 300 + 1, '101', printf('E%019d', i), printf('C%019d', i)"
-                        " from n");
-    for (const QVariantList& index : indexes) {
+    run(desk.raw, "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
+                      QByteArray::number(units) +
+                      ") insert into StockInDetailBody (StockID, ProductID, EngineNo, ChasisNo)"
+                      " select i / 300 + 1, '101', printf('E%019d', i), printf('C%019d', i)"
+                      " from n");
+    for (const QVariantList& index : indexes)
         run(desk.raw, index[1].toByteArray());
-    }
     run(desk.raw, "insert into StockInDetailHeader (StockID, Date)"
                   " select distinct StockID, '2026-01-01' from StockInDetailBody");
 }
@@ -232,9 +224,8 @@ void knownOurs(benchmark::State& state)
         desk.form->FocusNext();
         state.SetIterationTime(seconds(timer));
     }
-    if (desk.form->Rows.RowCount() != unit - StoredUnits + 1) {
+    if (desk.form->Rows.RowCount() != unit - StoredUnits + 1)
         state.SkipWithError("the units are not in the grid");
-    }
 }
 
 void knownBaseline(benchmark::State& state)
@@ -245,8 +236,8 @@ void knownBaseline(benchmark::State& state)
     for (auto _ : state) {
         ++unit;
         const QByteArray statement =
-            "Select * from StockInDetailBody where ProductID = '101' and EngineNo = '"
-            + number("E", unit) + "' and ChasisNo = '" + number("C", unit) + "'";
+            "Select * from StockInDetailBody where ProductID = '101' and EngineNo = '" +
+            number("E", unit) + "' and ChasisNo = '" + number("C", unit) + "'";
         QElapsedTimer timer;
         timer.start();
         run(desk.raw, statement);
@@ -254,9 +245,13 @@ void knownBaseline(benchmark::State& state)
     }
 }
 
-BENCHMARK(knownOurs)->Name("add a unit, with 5,000,000 stored/ours")->UseManualTime()
+BENCHMARK(knownOurs)
+    ->Name("add a unit, with 5,000,000 stored/ours")
+    ->UseManualTime()
     ->Iterations(50);
-BENCHMARK(knownBaseline)->Name("add a unit, with 5,000,000 stored/baseline")->UseManualTime()
+BENCHMARK(knownBaseline)
+    ->Name("add a unit, with 5,000,000 stored/baseline")
+    ->UseManualTime()
     ->Iterations(50);
 
 } // namespace

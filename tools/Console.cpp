@@ -18,8 +18,8 @@
 
 namespace Tools {
 
-using TradeForms::WorkProgress;
 using TradeForms::Stage;
+using TradeForms::WorkProgress;
 
 namespace {
 
@@ -95,9 +95,8 @@ bool ReadArguments(QCommandLineParser& parser, const char* program, const QStrin
     const QCommandLineOption version(QStringLiteral("version"),
                                      QStringLiteral("Show the version, and end."));
     parser.addOptions({help, version});
-    if (!parser.parse(arguments)) {
+    if (!parser.parse(arguments))
         throw WrongOptions{parser.errorText()};
-    }
     if (parser.isSet(help)) {
         std::cout << parser.helpText().toStdString();
         return false;
@@ -181,9 +180,8 @@ void ProgressLine::draw(const QString& text, int percent)
 
 void ProgressLine::wipe()
 {
-    if (isTerminal_ && drawnWidth_ > 0) {
+    if (isTerminal_ && drawnWidth_ > 0)
         std::cerr << '\r' << std::string(std::size_t(drawnWidth_), ' ') << '\r' << std::flush;
-    }
 }
 
 } // namespace Tools

@@ -61,12 +61,10 @@ std::vector<SaleLine> chooseLines(SampleRandom& random)
 int payment(SampleRandom& random, int installment)
 {
     const int draw = random.Below(100);
-    if (draw < 12) {
+    if (draw < 12)
         return 0;
-    }
-    if (draw < 20) {
+    if (draw < 20)
         return roundUp(installment / 2, 50);
-    }
     return draw < 25 ? 2 * installment : installment;
 }
 
@@ -75,11 +73,9 @@ int payment(SampleRandom& random, int installment)
 int VoucherBook::Number()
 {
     int last = 0;
-    for (int& id : ids_) {
-        if (id != 0) {
+    for (int& id : ids_)
+        if (id != 0)
             id = ++last;
-        }
-    }
     return last;
 }
 
@@ -113,9 +109,8 @@ AccountPlanner::AccountPlanner(const Extent& extent) : extent_(extent)
 
 int AccountPlanner::accountsSoldIn(std::size_t area) const
 {
-    if (isTown(area)) {
+    if (isTown(area))
         return extent_.Town();
-    }
     const int areas = extent_.AreaCount() - (extent_.IsLarge() ? 1 : 0);
     return std::max(1, (extent_.Sold() - extent_.Town() + areas - 1) / areas);
 }
@@ -131,9 +126,8 @@ Place AccountPlanner::placeOf(int account) const
         return int(std::int64_t(number) * extent_.Town() / extent_.Sold());
     };
     const int town = townBefore(account);
-    if (townBefore(account + 1) > town) {
+    if (townBefore(account + 1) > town)
         return {0, town};
-    }
     const int others = extent_.AreaCount() - 1;
     return {std::size_t(1 + (account - town) % others), (account - town) / others};
 }
@@ -142,9 +136,8 @@ std::optional<int> AccountPlanner::conversionOf(int account) const
 {
     const int turn = (account - firstConverted) / convertedEvery;
     if (account < firstConverted || (account - firstConverted) % convertedEvery != 0 ||
-        turn >= extent_.Converted()) {
+        turn >= extent_.Converted())
         return std::nullopt;
-    }
     return extent_.Sold() + turn;
 }
 
@@ -156,21 +149,18 @@ int AccountPlanner::ConvertedFrom(int account) const
 /// An account moves to the area after its own.
 std::size_t AccountPlanner::AreaOf(int account) const
 {
-    if (account < extent_.Sold()) {
+    if (account < extent_.Sold())
         return placeOf(account).Area;
-    }
     return (placeOf(ConvertedFrom(account)).Area + 1) % std::size_t(extent_.AreaCount());
 }
 
 QString AccountPlanner::CardOf(int account) const
 {
-    if (account >= extent_.Sold()) {
+    if (account >= extent_.Sold())
         return typedCard(u'N', account - extent_.Sold());
-    }
     const Place place = placeOf(account);
-    if (isOld(place.Rank)) {
+    if (isOld(place.Rank))
         return typedCard(u'A', place.Rank / oldEvery * extent_.AreaCount() + int(place.Area));
-    }
     return QString::number(place.Rank - place.Rank / oldEvery + 1);
 }
 
@@ -195,9 +185,8 @@ AccountPlan AccountPlanner::Plan(int account) const
     }
 
     plan.Lines = chooseLines(random);
-    for (const SaleLine& line : plan.Lines) {
+    for (const SaleLine& line : plan.Lines)
         plan.Total += line.Quantity * line.Price;
-    }
     plan.Installment = roundUp(plan.Total / extent_.Instalments(), 100);
     if (plan.Old) {
         const int paid = -plan.SaleDay / daysOfMonth * plan.Installment;
@@ -234,16 +223,14 @@ void AccountPlanner::planReceipts(AccountPlan& plan, int rank, int owing, int la
             isOnNewAccount ? recoverySlot(AreaOf(plan.Conversion->Account), rank, week) : visit;
         const int day = RecoveryDay(slot);
         if (day < plan.SaleDay + 20 || day >= lastDay ||
-            (isOnNewAccount && day <= plan.Conversion->Day)) {
+            (isOnNewAccount && day <= plan.Conversion->Day))
             continue;
-        }
         // An account that is paid off is not converted.
         const bool keepsOwing = plan.Conversion && !isOnNewAccount;
         const int mostly = keepsOwing ? owing - plan.Installment : owing;
         const int amount = std::min(mostly, payment(random, plan.Installment));
-        if (amount <= 0) {
+        if (amount <= 0)
             continue;
-        }
         plan.Receipts.push_back({slot, amount, isOnNewAccount});
         owing -= amount;
         if (keepsOwing) {
@@ -251,9 +238,8 @@ void AccountPlanner::planReceipts(AccountPlan& plan, int rank, int owing, int la
             plan.Conversion->Paid += amount;
         }
     }
-    if (plan.Conversion) {
+    if (plan.Conversion)
         plan.Conversion->Paid += plan.PaidBefore;
-    }
     if (plan.Return && owing > 0) {
         // What is still owed is waived for the goods; what was paid stays paid.
         plan.Return->Amount = owing;
@@ -310,13 +296,11 @@ std::optional<int> AccountPlanner::slotAfter(int day, std::size_t area, int dayO
     constexpr int choice = 8;
     int first = 0;
     const auto slotOf = [&](int month) { return month * extent_.AreaCount() + int(area); };
-    while (first < extent_.Months() && monthlyDay(slotOf(first), dayOfMonth) <= day) {
+    while (first < extent_.Months() && monthlyDay(slotOf(first), dayOfMonth) <= day)
         ++first;
-    }
     const int left = std::min(choice, extent_.Months() - first);
-    if (left == 0) {
+    if (left == 0)
         return std::nullopt;
-    }
     return slotOf(first + random.Below(left));
 }
 

@@ -40,9 +40,8 @@ Extent::Extent(int accounts)
     const std::span<const Area> home = HomeAreas();
     areas_.assign(home.begin(), home.end());
     const int wanted = isLarge_ ? 1 + divideUp(sold_ - town_, accountsOfAnArea) : 0;
-    for (int index = 0; AreaCount() < wanted; ++index) {
+    for (int index = 0; AreaCount() < wanted; ++index)
         areas_.push_back(furtherArea(index));
-    }
 }
 
 int Extent::Trade() const

@@ -23,11 +23,9 @@ template <class Pieces> int prize(const Pieces& pieces, int PrizeBand::*amount)
 {
     int sum = 0;
     for (std::size_t group = 0; group < pieces.size(); ++group) {
-        for (const PrizeBand& band : PrizeBands(ProductGroups()[group])) {
-            if (pieces[group] >= band.Less && pieces[group] <= band.More) {
+        for (const PrizeBand& band : PrizeBands(ProductGroups()[group]))
+            if (pieces[group] >= band.Less && pieces[group] <= band.More)
                 sum += band.*amount;
-            }
-        }
     }
     return sum;
 }
@@ -40,21 +38,18 @@ PayBook::PayBook(const Setting& setting)
 {
     const QDate first = setting.Day(0);
     QDate month(first.year(), first.month(), 1);
-    if (month < first) {
+    if (month < first)
         month = month.addMonths(1);
-    }
     for (; month.addMonths(1) <= setting.LastDay.addDays(1); month = month.addMonths(1)) {
         const auto from = std::size_t(first.daysTo(month));
         std::fill_n(monthOfDay_.begin() + qsizetype(from), month.daysInMonth(),
                     int(months_.size()));
         months_.push_back(month);
     }
-    for (const Product& product : Products()) {
+    for (const Product& product : Products())
         rates_.push_back(RatesOf(product));
-    }
-    for (std::vector<double>& area : received_) {
+    for (std::vector<double>& area : received_)
         area.resize(months_.size());
-    }
 }
 
 int PayBook::monthOf(int day) const
@@ -79,9 +74,8 @@ const PayBook::Earned& PayBook::earned(const QString& staff, int month) const
 void PayBook::AddSale(const EarningSale& sale, const Product& product, int quantity)
 {
     const int month = monthOf(sale.Day);
-    if (month < 0) {
+    if (month < 0)
         return;
-    }
     sale.IsOrder ? addOrder(sale, month, product, quantity)
                  : addSold(sale, month, product, quantity);
     if (!sale.Franchise.isEmpty()) {
@@ -97,9 +91,8 @@ void PayBook::addSold(const EarningSale& sale, int month, const Product& product
     const Rates& rates = rates_[indexOf(product)];
     QStringList counted; // the pieces of an account count once for each person's prize
     const auto pay = [&](const QString& staff, int rate) {
-        if (staff.isEmpty()) {
+        if (staff.isEmpty())
             return;
-        }
         Earned& person = earned(staff, month);
         person.SaleCommission += rate * quantity;
         if (!counted.contains(staff)) {
@@ -116,14 +109,12 @@ void PayBook::addOrder(const EarningSale& sale, int month, const Product& produc
 {
     const Rates& rates = rates_[indexOf(product)];
     const auto pay = [&](const QString& staff, int rate, ByGroup Earned::*ordered) {
-        if (staff.isEmpty()) {
+        if (staff.isEmpty())
             return;
-        }
         Earned& person = earned(staff, month);
         person.OrderCommission += rate * quantity;
-        if (ordered) {
+        if (ordered)
             (person.*ordered)[groupOf(product)] += quantity;
-        }
     };
     const int delivery = (sale.SmallVehicle ? rates.OrderDriverSmall : 0) +
                          (sale.LargeVehicle ? rates.OrderDriverLarge : 0);
@@ -135,23 +126,20 @@ void PayBook::addOrder(const EarningSale& sale, int month, const Product& produc
 
 void PayBook::AddSupply(int day, const QString& driver, int pieces)
 {
-    if (const int month = monthOf(day); month >= 0) {
+    if (const int month = monthOf(day); month >= 0)
         earned(driver, month).SuppliedPieces += pieces;
-    }
 }
 
 void PayBook::AddReceipt(int day, std::size_t area, int amount)
 {
-    if (const int month = monthOf(day); month >= 0) {
+    if (const int month = monthOf(day); month >= 0)
         received_[area][std::size_t(month)] += amount;
-    }
 }
 
 void PayBook::AddPart(int day, const QString& mechanic, int part, int amount)
 {
-    if (const int month = monthOf(day); month >= 0) {
+    if (const int month = monthOf(day); month >= 0)
         workshop_[{mechanic, month}][part] += amount;
-    }
 }
 
 int PayBook::SaleCommission(const QString& staff, int month) const

@@ -90,9 +90,8 @@ template <class Movement> void enter(std::vector<Movement>& movements, VoucherBo
     std::ranges::sort(movements, [](const Movement& first, const Movement& second) {
         return std::pair(first.Slot, first.Account) < std::pair(second.Slot, second.Account);
     });
-    for (const Movement& movement : movements) {
+    for (const Movement& movement : movements)
         book.Use(movement.Slot);
-    }
     book.Number();
 }
 
@@ -140,9 +139,8 @@ public:
             const int from = planner_.ConvertedFrom(account);
             writeConverted(account, from, planner_.Plan(from));
         }
-        for (TableWriter* writer : {&headers_, &lines_, &previous_, &conversions_}) {
+        for (TableWriter* writer : {&headers_, &lines_, &previous_, &conversions_})
             writer->Finish();
-        }
         writeRecoveries();
         writeConcessions();
         writeReturns();
@@ -174,9 +172,8 @@ private:
         const QString products = writeLines(account, id, plan, random);
         const Roles roles = chooseRoles(random, plan, area(plan.Area));
         headers_.Row(header(id, products, plan, roles, random));
-        if (plan.PaidBefore > 0) {
+        if (plan.PaidBefore > 0)
             previous_.Row({id, setting_.Day(-1), plan.PaidBefore, true, false});
-        }
         earn(plan, roles);
         noteMovements(account, plan);
     }
@@ -317,9 +314,8 @@ private:
 
     void earn(const AccountPlan& plan, const Roles& roles)
     {
-        if (plan.Old) {
+        if (plan.Old)
             return;
-        }
         const EarningSale sale{plan.SaleDay,
                                roles.Order,
                                roles.SmallVehicle,
@@ -329,9 +325,8 @@ private:
                                roles.Secretary,
                                roles.CheckingManager.toString(),
                                roles.Franchise.toString()};
-        for (const SaleLine& line : plan.Lines) {
+        for (const SaleLine& line : plan.Lines)
             earned_.AddSale(sale, *line.Item, line.Quantity);
-        }
     }
 
     void noteMovements(int account, const AccountPlan& plan)
@@ -341,9 +336,8 @@ private:
                                  receipt.IsOnNewAccount ? plan.Conversion->Account : account,
                                  receipt.Amount});
         }
-        if (plan.Concession) {
+        if (plan.Concession)
             concessions_.push_back({plan.Concession->Slot, account, plan.Concession->Amount});
-        }
         if (plan.Return) {
             returns_.push_back(
                 {plan.Return->Slot, account, plan.Return->Recovered, plan.Return->Amount});
@@ -384,9 +378,8 @@ private:
                            {"VoucherID", "EntryDate", "isPosted", "VoucherDate", "AreaCode",
                             "AMStaffID", "SAMStaffID", "StaffID", "UserNo"});
         for (int slot = 0; slot < book.Slots(); ++slot) {
-            if (book.Id(slot) == 0) {
+            if (book.Id(slot) == 0)
                 continue;
-            }
             const int day = planner_.RecoveryDay(slot);
             const QDate date = setting_.Day(day);
             const Area& place = area(planner_.RecoveryArea(slot));
@@ -444,9 +437,8 @@ private:
             const AccountPlan plan = planner_.Plan(back.Account);
             writer.Row({voucher, setting_.Day(planner_.ReturnDay(back.Slot)), id, plan.CardNo,
                         utf8("مال واپس"), back.Recovered, plan.Total, back.Amount});
-            for (const SaleLine& line : plan.Lines) {
+            for (const SaleLine& line : plan.Lines)
                 products.Row({voucher, id, utf8(line.Item->Id), line.Quantity});
-            }
         }
         writer.Finish();
         products.Finish();

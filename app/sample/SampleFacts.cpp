@@ -114,12 +114,11 @@ std::span<const Area> HomeAreas()
 {
     static const std::vector<Area> made = [] {
         std::vector<Area> list;
-        for (const AreaFact& fact : areas) {
+        for (const AreaFact& fact : areas)
             list.push_back({QString::fromUtf8(fact.Code), QString::fromUtf8(fact.Name),
                             fact.BranchCode, QString::fromUtf8(fact.Manager),
                             QString::fromUtf8(fact.Secretary), QString::fromUtf8(fact.Collector),
                             QString(), QString()});
-        }
         return list;
     }();
     return made;

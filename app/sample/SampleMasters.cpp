@@ -50,33 +50,28 @@ QString utf8(const char* text)
 void writeBranchesAndAreas(const Setting& setting)
 {
     TableWriter branches(setting.Connection, "Branches", {"BranchCode", "BranchName"});
-    for (const Branch& branch : Branches()) {
+    for (const Branch& branch : Branches())
         branches.Row({branch.Code, utf8(branch.Name)});
-    }
     branches.Finish();
 
     TableWriter areas(setting.Connection, "Areas",
                       {"AreaCode", "AreaName", "AMStaffID", "SAMStaffID", "BranchCode"});
-    for (const Area& area : setting.Extent.Areas()) {
+    for (const Area& area : setting.Extent.Areas())
         areas.Row({area.Code, area.Name, area.Manager, area.Secretary, area.BranchCode});
-    }
     areas.Finish();
 
     TableWriter sectors(setting.Connection, "Sectors", {"SectorID", "SectorName"});
-    for (int i = 0; i < Sectors; ++i) {
+    for (int i = 0; i < Sectors; ++i)
         sectors.Row({i + 1, utf8(sectorNames[i])});
-    }
     sectors.Finish();
 }
 
 /// The manager, secretary and collector of an area work in its branch.
 int homeBranch(const Setting& setting, const QString& staffId, int turn)
 {
-    for (const Area& area : setting.Extent.Areas()) {
-        if (staffId == area.Manager || staffId == area.Secretary || staffId == area.Collector) {
+    for (const Area& area : setting.Extent.Areas())
+        if (staffId == area.Manager || staffId == area.Secretary || staffId == area.Collector)
             return area.BranchCode;
-        }
-    }
     return Branches()[std::size_t(turn) % Branches().size()].Code;
 }
 
@@ -153,12 +148,10 @@ std::vector<StaffMember> writeStaff(const Setting& setting)
                        group.Role == Post::Mechanic, person.BasicSalary, person.MonthlyRecovery,
                        person.GPFund, person.KFFund});
             lend(person, setting.Extent.Days(), random);
-            for (const DatedAmount& loan : person.Loans) {
+            for (const DatedAmount& loan : person.Loans)
                 loans.Row({person.Id, setting.Day(loan.Day), loan.Amount});
-            }
-            for (const DatedAmount& cheque : person.Cheques) {
+            for (const DatedAmount& cheque : person.Cheques)
                 cheques.Row({setting.Day(cheque.Day), person.Id, cheque.Amount});
-            }
             people.push_back(person);
         }
     };
@@ -182,9 +175,8 @@ void writeProducts(const Setting& setting)
     products.Finish();
 
     TableWriter parts(setting.Connection, "Parts", {"PartID", "PartName", "PartRate"});
-    for (int i = 0; i < Parts; ++i) {
+    for (int i = 0; i < Parts; ++i)
         parts.Row({i + 1, utf8(partFacts[i].Name), partFacts[i].Rate});
-    }
     parts.Finish();
 }
 
@@ -193,16 +185,14 @@ void writeAccountsAndParties(const Setting& setting)
     TableWriter accounts(setting.Connection, "Accounts", {"AccountNo", "AccountName"});
     accounts.Row({utf8(OpeningAccount), utf8("ابتدائی سٹاک")});
     accounts.Row({QStringLiteral("1002"), utf8("برانچ منتقلی")});
-    for (int i = 0; i < Suppliers; ++i) {
+    for (int i = 0; i < Suppliers; ++i)
         accounts.Row({QString::number(FirstSupplier + i), utf8(supplierNames[i])});
-    }
     accounts.Finish();
 
     TableWriter parties(setting.Connection, "Parties", {"PartyCode", "PartyName"});
     int code = 501;
-    for (const char* name : partyNames) {
+    for (const char* name : partyNames)
         parties.Row({QString::number(code++), utf8(name)});
-    }
     parties.Finish();
 }
 

@@ -53,9 +53,8 @@ constexpr const char* colours[] = {"سرخ", "سیاہ", "نیلا", "سفید",
 QString digits(SampleRandom& random, int count)
 {
     QString text;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         text += QLatin1Char(char('0' + random.Below(10)));
-    }
     return text;
 }
 
@@ -69,12 +68,10 @@ QString pick(SampleRandom& random, const auto& list)
 QString GivenName(SampleRandom& random)
 {
     const QString first = pick(random, firstNames);
-    if (first == QStringLiteral("عبدال")) {
+    if (first == QStringLiteral("عبدال"))
         return first + pick(random, servantOf);
-    }
-    if (first == QStringLiteral("غلام")) {
+    if (first == QStringLiteral("غلام"))
         return first + QLatin1Char(' ') + pick(random, ghulamOf);
-    }
     const QString second = pick(random, secondNames);
     return second == first ? first : first + QLatin1Char(' ') + second;
 }

@@ -45,11 +45,13 @@ private:
     /// What is dated after the one day and up to the other.
     int sum(const std::vector<DatedAmount>& list, QDate after, QDate until) const
     {
-        return std::accumulate(list.begin(), list.end(), 0, [&](int sum, const DatedAmount& item) {
-            const QDate date = setting_.Day(item.Day);
-            const bool counts = (!after.isValid() || date > after) && date <= until;
-            return counts ? sum + item.Amount : sum;
-        });
+        return std::accumulate(
+            list.begin(), list.end(), 0,
+            [&](int sum, const DatedAmount& item) {
+                const QDate date = setting_.Day(item.Day);
+                const bool counts = (!after.isValid() || date > after) && date <= until;
+                return counts ? sum + item.Amount : sum;
+            });
     }
 
     const Setting& setting_;
@@ -98,10 +100,9 @@ public:
 
     void Finish()
     {
-        for (TableWriter* writer : {&salaries_, &franchiseHeaders_, &franchiseLines_,
-                                    &workshopHeaders_, &workshopLines_}) {
+        for (TableWriter* writer :
+             {&salaries_, &franchiseHeaders_, &franchiseLines_, &workshopHeaders_, &workshopLines_})
             writer->Finish();
-        }
     }
 
 private:
@@ -133,15 +134,13 @@ private:
     std::pair<int, int> recoveryPay(const StaffMember& person, int month)
     {
         const bool manager = person.Role == Post::AreaManager;
-        if (!manager && person.Role != Post::Secretary) {
+        if (!manager && person.Role != Post::Secretary)
             return {0, 0};
-        }
         double received = 0;
         for (std::size_t area = 0; area < std::size_t(setting_.Extent.AreaCount()); ++area) {
             const Area& fact = setting_.Extent.Areas()[area];
-            if (person.Id == (manager ? fact.Manager : fact.Secretary)) {
+            if (person.Id == (manager ? fact.Manager : fact.Secretary))
                 received += earned_.Received(area, month);
-            }
         }
         const int percentage = random_.Between(45, 99);
         const double share = percentage < 50 ? 1 : percentage < 70 ? 2 : 3;
@@ -170,9 +169,8 @@ private:
     {
         int total = 0;
         for (std::size_t product = 0; product < pieces.size(); ++product) {
-            if (pieces[product] == 0) {
+            if (pieces[product] == 0)
                 continue;
-            }
             const int commission = RatesOf(Products()[product]).*rate;
             const int amount = pieces[product] * commission;
             franchiseLines_.Row({id, first, QString::fromUtf8(Products()[product].Id),
@@ -225,9 +223,8 @@ void writePartnership(const Setting& setting, const PayBook& earned)
     for (int month = 0; month < int(earned.Months().size()); ++month) {
         for (std::size_t area = 0; area < std::size_t(setting.Extent.AreaCount()); ++area) {
             const double income = earned.Received(area, month);
-            if (income == 0) {
+            if (income == 0)
                 continue;
-            }
             headers.Row({++voucher, setting.Extent.Areas()[area].Code,
                          earned.Months()[std::size_t(month)]});
             lines.Row({voucher, income, 0, 0});
@@ -244,9 +241,8 @@ void writePartnership(const Setting& setting, const PayBook& earned)
 void WritePay(const Setting& setting, const std::vector<StaffMember>& staff, const PayBook& earned)
 {
     PaySheets sheets(setting, earned);
-    for (const StaffMember& person : staff) {
+    for (const StaffMember& person : staff)
         sheets.Write(person);
-    }
     sheets.Finish();
     writePartnership(setting, earned);
 }

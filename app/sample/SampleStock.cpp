@@ -34,9 +34,8 @@ public:
           areas_(Branches().size()),
           stock_(Branches().size(), std::vector<int>(Products().size(), 0))
     {
-        for (const Area& area : setting.Extent.Areas()) {
+        for (const Area& area : setting.Extent.Areas())
             areas_[std::size_t(area.BranchCode - 1)].push_back(&area);
-        }
     }
 
     void Play()
@@ -44,14 +43,12 @@ public:
         const int days = setting_.Extent.Days();
         for (int day = 0; day < days; ++day) {
             setting_.Progress("stock", day, days);
-            for (std::size_t branch = 0; branch < Branches().size(); ++branch) {
+            for (std::size_t branch = 0; branch < Branches().size(); ++branch)
                 playDay(day, branch);
-            }
         }
         for (TableWriter* writer :
-             {&inHeaders_, &inBodies_, &outHeaders_, &outBodies_, &passHeaders_, &passBodies_}) {
+             {&inHeaders_, &inBodies_, &outHeaders_, &outBodies_, &passHeaders_, &passBodies_})
             writer->Finish();
-        }
     }
 
 private:
@@ -63,20 +60,16 @@ private:
     void playDay(int day, std::size_t branch)
     {
         const int turn = int(branch);
-        if (day == 0) {
+        if (day == 0)
             openStock(branch);
-        } else if (day % 6 == 2 * turn) {
+        else if (day % 6 == 2 * turn)
             buy(day, branch);
-        }
         const bool closed = day % 7 == 6;
-        if (!closed) {
-            for (int passes = random_.Below(2 * trade_ + 1); passes > 0; --passes) {
+        if (!closed)
+            for (int passes = random_.Below(2 * trade_ + 1); passes > 0; --passes)
                 sendOut(day, branch);
-            }
-        }
-        if (day % 12 == 4 + turn) {
+        if (day % 12 == 4 + turn)
             giveBack(day, branch);
-        }
     }
 
     struct Quantity {
@@ -87,9 +80,8 @@ private:
     void openStock(std::size_t branch)
     {
         std::vector<Quantity> all;
-        for (std::size_t i = 0; i < Products().size(); ++i) {
+        for (std::size_t i = 0; i < Products().size(); ++i)
             all.push_back({i, trade_ * (2 * Products()[i].Demand + 4)});
-        }
         receive(0, branch, QString::fromUtf8(OpeningAccount), QString::fromUtf8("ابتدائی سٹاک"),
                 all);
     }
@@ -101,9 +93,8 @@ private:
         for (std::size_t i = 0; i < Products().size(); ++i) {
             const int demand = Products()[i].Demand;
             const int held = stock_[branch][i];
-            if (held < trade_ * (2 + demand / 4)) {
+            if (held < trade_ * (2 + demand / 4))
                 scarce.push_back({i, trade_ * (demand + 4) - held});
-            }
         }
         if (!scarce.empty()) {
             const int supplier = FirstSupplier + random_.Below(Suppliers);
@@ -133,13 +124,11 @@ private:
         for (int tries = random_.Between(1, 4); tries > 0; --tries) {
             const std::size_t product = pickProduct();
             const bool twice = std::ranges::find(chosen, product) != chosen.end();
-            if (!twice && stock_[branch][product] > 0) {
+            if (!twice && stock_[branch][product] > 0)
                 chosen.push_back(product);
-            }
         }
-        if (chosen.empty()) {
+        if (chosen.empty())
             return;
-        }
         ++lastPass_;
         const auto [isSupply, driver] = writePassHeader(day, branch);
         int pieces = 0;
@@ -153,9 +142,8 @@ private:
             held += backNew - out;
             pieces += out;
         }
-        if (isSupply) {
+        if (isSupply)
             earned_.AddSupply(day, driver, pieces);
-        }
     }
 
     struct Carrier {
@@ -189,9 +177,8 @@ private:
     {
         const std::size_t product = pickProduct();
         int& held = stock_[branch][product];
-        if (held == 0) {
+        if (held == 0)
             return;
-        }
         const int quantity = std::min(held, random_.Between(1, 2));
         const Product& fact = Products()[product];
         const int supplier = FirstSupplier + random_.Below(Suppliers);
@@ -239,11 +226,9 @@ void writeNumberedUnits(const Setting& setting)
 {
     SampleRandom random(2002);
     std::vector<const Product*> numbered;
-    for (const Product& product : Products()) {
-        if (product.Numbered) {
+    for (const Product& product : Products())
+        if (product.Numbered)
             numbered.push_back(&product);
-        }
-    }
     TableWriter headers(setting.Connection, "StockInDetailHeader",
                         {"StockID", "Date", "ReceivingCode", "Description"});
     TableWriter bodies(setting.Connection, "StockInDetailBody",

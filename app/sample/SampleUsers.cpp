@@ -85,9 +85,8 @@ void WriteUsers(const Setting& setting)
         rows.Row({user.Number, from, to, QString::fromUtf8(user.Name),
                   passwords.Hash(SampleCompany::Password()), user.Administrator,
                   user.AllowPostedEdit, QString::fromUtf8(user.BranchCode)});
-        for (const char* screen : allScreens) {
+        for (const char* screen : allScreens)
             rights.Row({user.Number, QString::fromUtf8(screen), user.CanModify, user.CanDelete});
-        }
     }
     rows.Finish();
     rights.Finish();

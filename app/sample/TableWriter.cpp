@@ -25,9 +25,8 @@ void TableWriter::Row(std::span<const QVariant> values)
     Q_ASSERT(qsizetype(values.size()) == fields_.size());
     rows_.AddNew();
     auto field = fields_.cbegin();
-    for (const QVariant& value : values) {
+    for (const QVariant& value : values)
         rows_.Fields(*field++).SetValue(value);
-    }
     rows_.Update();
     if (++pending_ == batch) {
         flush();

@@ -112,7 +112,8 @@ OptionButton::OptionButton(const QString& name, const QString& accessibleName, Q
     setCheckable(true);
     setAutoExclusive(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(this, &QAbstractButton::toggled, this, [this] { Fire(OnChange); });
+    connect(
+        this, &QAbstractButton::toggled, this, [this] { Fire(OnChange); });
     connect(this, &QAbstractButton::clicked, this, [this] { Fire(OnClick); });
 }
 

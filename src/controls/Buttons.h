@@ -68,7 +68,7 @@ public:
     bool TakesFocus() const override { return false; }
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override;   // runs OnClick
+    void mousePressEvent(QMouseEvent* event) override; // runs OnClick
 
 private:
     QColor foreColor_;
@@ -85,7 +85,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;   // runs OnClick
+    void mouseReleaseEvent(QMouseEvent* event) override; // runs OnClick
     QSize sizeHint() const override;
 
 private:

@@ -42,7 +42,7 @@ private:
     /// Selects the part of this index, or the nearest there is.
     void SelectPart(int index);
 
-    int typedDay_ = 0;      ///< the day as typed, which may wait for its month; 0 is none
+    int typedDay_ = 0; ///< the day as typed, which may wait for its month; 0 is none
     bool typing_ = false;
     bool advanced_ = false; ///< the last digit has completed a part and gone to the next
 };

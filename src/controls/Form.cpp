@@ -112,10 +112,9 @@ QList<Control*> Form::Private::TabStops() const
     QList<Control*> stops;
     if (tabOrder.isEmpty())
         return form.Controls();
-    for (const QPointer<QWidget>& widget : tabOrder) {
+    for (const QPointer<QWidget>& widget : tabOrder)
         if (Control* control = Control::Of(widget))
             stops.append(control);
-    }
     return stops;
 }
 
@@ -207,10 +206,9 @@ Control* Form::Private::FocusTargetAt(const QPoint& position) const
     if (!control || !CanTakeFocus(*control))
         return nullptr;
     // Scrolling and sizing columns do not enter the grid.
-    for (; pressed != &control->Widget(); pressed = pressed->parentWidget()) {
+    for (; pressed != &control->Widget(); pressed = pressed->parentWidget())
         if (qobject_cast<const QScrollBar*>(pressed) || qobject_cast<const QHeaderView*>(pressed))
             return nullptr;
-    }
     return control;
 }
 
@@ -302,10 +300,9 @@ void Form::SetTabOrderOf(const QList<Control*>& order)
 QList<Control*> Form::Controls() const
 {
     QList<Control*> controls;
-    for (QWidget* widget : findChildren<QWidget*>()) {
+    for (QWidget* widget : findChildren<QWidget*>())
         if (auto* control = dynamic_cast<Control*>(widget))
             controls.append(control);
-    }
     std::sort(controls.begin(), controls.end(),
               [](const Control* a, const Control* b) { return a->serial_ < b->serial_; });
     return controls;

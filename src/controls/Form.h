@@ -14,9 +14,9 @@ namespace TradeForms {
 
 /// A key on its way to a control. The form sees it first.
 struct KeyPress {
-    int Code = 0;                     ///< Qt::Key; the keypad's Enter comes as Qt::Key_Return
-    Qt::KeyboardModifiers Shift;      ///< modifiers, the keypad flag left out
-    QString Text;                     ///< what the key types, if anything
+    int Code = 0;                ///< Qt::Key; the keypad's Enter comes as Qt::Key_Return
+    Qt::KeyboardModifiers Shift; ///< modifiers, the keypad flag left out
+    QString Text;                ///< what the key types, if anything
     bool Swallowed = false;
     void Swallow() { Swallowed = true; }
     bool IsCtrl(int code) const { return Shift == Qt::ControlModifier && Code == code; }

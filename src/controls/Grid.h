@@ -15,13 +15,13 @@ namespace TradeForms {
 enum class StyleSet { ColUrdu, ColEng };
 
 struct GridColumn {
-    QString Name;       ///< looked up without regard to case
-    QString Urdu;       ///< caption
-    QString English;    ///< small caption below it
+    QString Name;    ///< looked up without regard to case
+    QString Urdu;    ///< caption
+    QString English; ///< small caption below it
     StyleSet Style = StyleSet::ColEng;
-    int Width = 100;    ///< pixels at 100 %, a minimum
+    int Width = 100; ///< pixels at 100 %, a minimum
     bool Stretch = false;
-    bool Number = false;///< right-aligned
+    bool Number = false; ///< right-aligned
 };
 
 /// Rows that a grid shows but does not hold.
@@ -125,7 +125,7 @@ private:
 
     std::unique_ptr<Model> model_;
     bool redraw_ = true;
-    bool removing_ = false;  ///< rows are going; which one is current is told afterwards
+    bool removing_ = false; ///< rows are going; which one is current is told afterwards
 };
 
 } // namespace TradeForms

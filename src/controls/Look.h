@@ -14,28 +14,28 @@ class QWidget;
 namespace TradeForms::Look {
 
 // Palette
-QColor Accent();          ///< title strip, primary button, focus ring
+QColor Accent(); ///< title strip, primary button, focus ring
 QColor AccentText();
 QColor Background();      ///< of a form
 QColor EntryBackground(); ///< of the entry row strip
 QColor BarBackground();   ///< of the button bar
 QColor FieldBackground();
-QColor FocusBackground(); ///< of the field that has the focus
-QColor ClosedBackground();///< of a name field, and of a field closed for now
+QColor FocusBackground();  ///< of the field that has the focus
+QColor ClosedBackground(); ///< of a name field, and of a field closed for now
 QColor Border();
 QColor Text();
 QColor MutedText();
 QColor DisabledText();
-QColor Selection();       ///< current row of a grid
+QColor Selection(); ///< current row of a grid
 QColor HeaderBackground();
 QColor AlternateRow();
 QColor Warning();
 
 // Type scale
-QFont LatinFont();        ///< fields and grids
-QFont UrduFont();         ///< ZovUrdu where it is installed, else Noto Naskh Arabic or Nastaliq
+QFont LatinFont(); ///< fields and grids
+QFont UrduFont();  ///< ZovUrdu where it is installed, else Noto Naskh Arabic or Nastaliq
 QFont CaptionUrdu();
-QFont CaptionLatin();     ///< small, under an Urdu caption
+QFont CaptionLatin(); ///< small, under an Urdu caption
 QFont TitleUrdu();
 QFont TitleLatin();
 

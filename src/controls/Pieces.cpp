@@ -271,9 +271,8 @@ Strip* HeaderStrip(const QList<QWidget*>& cells)
     grid->setVerticalSpacing(Look::Space());
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);
-    for (qsizetype i = 0; i < cells.size(); ++i) {
+    for (qsizetype i = 0; i < cells.size(); ++i)
         grid->addWidget(cells[i], int(i / 2), int(i % 2));
-    }
     return strip;
 }
 
@@ -284,9 +283,8 @@ Strip* EntryStrip(QWidget* code, const QList<QWidget*>& fields)
     row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
     row->setSpacing(Look::Space());
     row->addWidget(code, 1);
-    for (QWidget* field : fields) {
+    for (QWidget* field : fields)
         row->addWidget(field);
-    }
     return strip;
 }
 

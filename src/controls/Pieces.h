@@ -14,8 +14,7 @@ namespace TradeForms {
 // The controls of a form, which owns them: each with its name and an English accessible name.
 
 /// A code, or other short text in Latin type.
-Txt& CodeField(QWidget* form, const char* name, const char* accessibleName,
-               bool mandatory = false);
+Txt& CodeField(QWidget* form, const char* name, const char* accessibleName, bool mandatory = false);
 /// A number: aligned at the right, and told where the text is none.
 Txt& NumberField(QWidget* form, const char* name, const char* accessibleName);
 /// Urdu text, or a name beside its code.

@@ -32,10 +32,9 @@ QString onOneLine(QString text)
 /// The digits of an Urdu or Arabic keyboard as Latin ones.
 QString withLatinDigits(QString text)
 {
-    for (QChar& c : text) {
+    for (QChar& c : text)
         if (c.isDigit())
             c = QChar(u'0' + c.digitValue());
-    }
     return text;
 }
 

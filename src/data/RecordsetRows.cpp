@@ -431,9 +431,11 @@ void Recordset::Rows::CancelBatch()
 bool Recordset::Rows::HasPendingChanges() const
 {
     return pending_ ||
-           std::any_of(edits_.begin(), edits_.end(), [](const std::unique_ptr<Edit>& edit) {
-               return edit && edit->Mark != State::Clean && edit->Mark != State::Gone;
-           });
+           std::any_of(
+               edits_.begin(), edits_.end(),
+               [](const std::unique_ptr<Edit>& edit) {
+                   return edit && edit->Mark != State::Clean && edit->Mark != State::Gone;
+               });
 }
 
 /// Works out anew which rows are visible.
@@ -448,10 +450,9 @@ void Recordset::Rows::refilter()
         return;
     std::vector<int> visible;
     const int total = totalRows();
-    for (int row = 0; row < total; ++row) {
+    for (int row = 0; row < total; ++row)
         if (!isDeleted(row) && (!filter_ || filter_->Holds(bytes(row))))
             visible.push_back(row);
-    }
     visible_ = std::move(visible);
 }
 

@@ -29,10 +29,11 @@ char16_t smallLetter(char16_t letter)
 /// Names in the program are plain ASCII, and are asked for at every cell of a list.
 bool isSameName(const QString& name, std::string_view wanted)
 {
-    return std::equal(name.begin(), name.end(), wanted.begin(), wanted.end(),
-                      [](QChar letter, char other) {
-                          return smallLetter(letter.unicode()) == smallLetter(char16_t(other));
-                      });
+    return std::equal(
+        name.begin(), name.end(), wanted.begin(), wanted.end(),
+        [](QChar letter, char other) {
+            return smallLetter(letter.unicode()) == smallLetter(char16_t(other));
+        });
 }
 
 } // namespace
@@ -56,10 +57,9 @@ int Shape::IndexOf(QStringView name) const
 int Shape::IndexOf(const char* name) const
 {
     const std::string_view wanted(name);
-    for (int index = 0; index < Count(); ++index) {
+    for (int index = 0; index < Count(); ++index)
         if (isSameName(At(index).Name, wanted))
             return index;
-    }
     return -1;
 }
 

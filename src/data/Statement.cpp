@@ -149,12 +149,11 @@ Statement& Statement::Splice(const char* name, const Statement& clause)
     const QLatin1String wanted(name);
     QList<Piece> spliced;
     spliced.reserve(pieces_.size() + clause.pieces_.size());
-    for (const Piece& piece : std::as_const(pieces_)) {
+    for (const Piece& piece : std::as_const(pieces_))
         if (piece.IsPlace && piece.Text == wanted)
             spliced += clause.pieces_;
         else
             spliced += piece;
-    }
     pieces_ = std::move(spliced);
     return *this;
 }

@@ -47,7 +47,7 @@ public:
 
 private:
     struct Piece {
-        QString Text;          // literal text, or the place's name
+        QString Text; // literal text, or the place's name
         bool IsPlace = false;
         bool Quoted = false;
         bool Bound = false;

@@ -80,8 +80,8 @@ int CompareText(std::string_view first, std::string_view second)
 
 int TextLength(std::string_view text)
 {
-    return int(
-        std::count_if(text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
+    return int(std::count_if(
+        text.begin(), text.end(), [](char byte) { return !isContinuation(byte); }));
 }
 
 std::size_t ByteOfCharacter(std::string_view text, int character)

@@ -58,7 +58,7 @@ private:
     /// Moves over blanks and comments; false at the end of the text.
     bool skipBetween()
     {
-        while (at_ < text_.size()) {
+        while (at_ < text_.size())
             if (isBlank(text_[at_]))
                 ++at_;
             else if (startsWith("--"))
@@ -67,7 +67,6 @@ private:
                 skipTo("*/", 2, QStringLiteral("A comment is not closed."));
             else
                 return true;
-        }
         return false;
     }
 
@@ -143,8 +142,9 @@ private:
 bool Token::IsWord(std::string_view word) const
 {
     return What == Kind::Word && Text.size() == word.size() &&
-           std::equal(Text.begin(), Text.end(), word.begin(),
-                      [](char mine, char wanted) { return smallLetter(mine) == wanted; });
+           std::equal(
+               Text.begin(), Text.end(), word.begin(),
+               [](char mine, char wanted) { return smallLetter(mine) == wanted; });
 }
 
 std::vector<Token> ReadTokens(std::string_view text)
@@ -157,8 +157,8 @@ std::vector<Token> ReadTokens(std::string_view text)
 
 std::string_view DropEnd(std::string_view text, std::vector<Token>& tokens)
 {
-    const auto end = std::find_if(tokens.begin(), tokens.end(),
-                                  [](const Token& token) { return token.IsSign(';'); });
+    const auto end = std::find_if(
+        tokens.begin(), tokens.end(), [](const Token& token) { return token.IsSign(';'); });
     if (std::any_of(end, tokens.end(), [](const Token& token) { return !token.IsSign(';'); }))
         raise(QStringLiteral("Only one statement can be run at a time: there is more after its "
                              "end."));

@@ -216,10 +216,12 @@ TableProof Transfer::copy(const CarriedTable& table)
         to_.Atomically([&] {
             const auto writer = to_.LoaderFor(table.Target);
             const std::vector<bool> all(std::size_t(table.Target->Count()), true);
-            read(from_, table, Stage::Copying, [&](std::string_view row) {
-                writer->Insert(row.data(), all);
-                proof.Add(row);
-            });
+            read(
+                from_, table, Stage::Copying,
+                [&](std::string_view row) {
+                    writer->Insert(row.data(), all);
+                    proof.Add(row);
+                });
         });
     } catch (const ProviderFailure& failure) {
         throw ProviderFailure(QStringLiteral("%1, after %2 rows: %3 The target's table is as it "

@@ -23,23 +23,22 @@ bool refuse(QWidget* owner, const QString& words)
 bool MayModify(QWidget* owner, const QString& screenKey, const QString& refusal)
 {
     UserSecurity& user = HostContext::Security();
-    return user.IsAdministrator() || user.HasRight(screenKey, Marker, std::nullopt)
-        || refuse(owner, refusal);
+    return user.IsAdministrator() || user.HasRight(screenKey, Marker, std::nullopt) ||
+           refuse(owner, refusal);
 }
 
 bool MayDelete(QWidget* owner, const QString& screenKey, const QString& refusal)
 {
     UserSecurity& user = HostContext::Security();
-    return user.IsAdministrator() || user.HasRight(screenKey, std::nullopt, Marker)
-        || refuse(owner, refusal);
+    return user.IsAdministrator() || user.HasRight(screenKey, std::nullopt, Marker) ||
+           refuse(owner, refusal);
 }
 
 bool PassesPostedRule(QWidget* owner, const QString& screenKey, const Statement& isPosted)
 {
     const Recordset stored = HostContext::Database()->Execute(isPosted);
-    if (stored.RecordCount() != 1) {
+    if (stored.RecordCount() != 1)
         return true;
-    }
     if (!stored.Value("isPosted").toBool()) {
         return MayModify(owner, screenKey,
                          QStringLiteral("You are not authorized to modify a record"));
@@ -47,11 +46,10 @@ bool PassesPostedRule(QWidget* owner, const QString& screenKey, const Statement&
     UserSecurity& user = HostContext::Security();
     // Hosts count on being asked for the flag; its value decides nothing.
     static_cast<void>(user.UserFlagA());
-    if (!user.AllowPostedEdit()) {
+    if (!user.AllowPostedEdit())
         return false;
-    }
-    return user.IsAdministrator()
-        || refuse(owner, QStringLiteral("You are not authorized to modify a posted record"));
+    return user.IsAdministrator() ||
+           refuse(owner, QStringLiteral("You are not authorized to modify a posted record"));
 }
 
 bool PassesDateWindow(QWidget* owner, const QDate& voucherDate)
@@ -59,14 +57,12 @@ bool PassesDateWindow(QWidget* owner, const QDate& voucherDate)
     const Recordset window = HostContext::Database()->Execute(
         Statement("Select * from Users where UserNo = {UserNo} and FromDate is not null")
             .Bind("UserNo", int(HostContext::UserNo)));
-    if (window.RecordCount() == 0) {
+    if (window.RecordCount() == 0)
         return true;
-    }
     const QDate from = window.Value("FromDate").toDate();
     const QDate to = window.Value("ToDate").toDate();
-    if (voucherDate >= from && (!to.isValid() || voucherDate <= to)) {
+    if (voucherDate >= from && (!to.isValid() || voucherDate <= to))
         return true;
-    }
     Inform(owner, QStringLiteral("You are not authorized to add a record in this Date."),
            MsgIcon::Information, QStringLiteral("Information"));
     return false;
@@ -75,9 +71,8 @@ bool PassesDateWindow(QWidget* owner, const QDate& voucherDate)
 Statement BranchFilter()
 {
     const QString branch = HostContext::Security().UserBranchCode();
-    if (branch == QLatin1String("0")) {
+    if (branch == QLatin1String("0"))
         return Statement();
-    }
     return Statement(" and BranchCode={BranchCode}").Bind("BranchCode", branch);
 }
 

@@ -52,9 +52,8 @@ DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declarat
 
 void DetailGrid::attach()
 {
-    for (const RowEnd& end : is_.Ends) {
+    for (const RowEnd& end : is_.Ends)
         end.Field->OnLostFocus = [this, &end] { ended(end); };
-    }
     grid_.OnGotFocus = [this] {
         IsGridActive = true;
         openCode(false);
@@ -116,22 +115,19 @@ void DetailGrid::LoadDetail()
     const std::shared_ptr<Connection>& connection = HostContext::Database();
     const double id = form_.VoucherId();
     rowsId_ = id;
-    if (BodyRecordset.IsOpen()) {
+    if (BodyRecordset.IsOpen())
         BodyRecordset.Close();
-    }
     BodyRecordset.Open(Statement(is_.Body).Bind("id", id), connection, CursorType::Static,
                        LockType::BatchOptimistic);
-    if (BodyRecordset.RecordCount() == 0) {
+    if (BodyRecordset.RecordCount() == 0)
         return;
-    }
     Recordset shown = connection->Execute(Statement(is_.Display).Bind("id", id));
     grid_.SetRedraw(false);
     grid_.RemoveAllRows();
     for (; !shown.Eof(); shown.MoveNext()) {
         const int row = grid_.AddRow();
-        for (const DetailColumn& column : is_.Columns) {
+        for (const DetailColumn& column : is_.Columns)
             grid_.SetCell(row, column.Column.Name, TextOf(shown.Value(column.Field)));
-        }
     }
     appendBlankRow();
     grid_.SetRedraw(true);
@@ -141,23 +137,21 @@ Statement DetailGrid::filterOf(const char* filter, const QString& code) const
 {
     Statement row(filter);
     row.Bind("id", rowsId_).Bind("code", code);
-    for (const DetailColumn& column : is_.Columns) {
-        if (column.TellsRows) {
+    for (const DetailColumn& column : is_.Columns)
+        if (column.TellsRows)
             row.Bind(column.BodyColumn, column.Control->Text());
-        }
-    }
     return row;
 }
 
 bool DetailGrid::isEntryOf(int row) const
 {
-    return std::all_of(is_.Columns.begin(), is_.Columns.end(), [&](const DetailColumn& column) {
-        const bool tells = column.TellsRows || column.Is == DetailColumn::Stored::Key;
-        return !tells
-            || column.Control->Text().compare(grid_.Cell(row, column.Column.Name),
-                                              Qt::CaseInsensitive)
-                   == 0;
-    });
+    return std::all_of(
+        is_.Columns.begin(), is_.Columns.end(),
+        [&](const DetailColumn& column) {
+            const bool tells = column.TellsRows || column.Is == DetailColumn::Stored::Key;
+            return !tells || column.Control->Text().compare(grid_.Cell(row, column.Column.Name),
+                                                            Qt::CaseInsensitive) == 0;
+        });
 }
 
 bool DetailGrid::AddDetailRow()
@@ -170,14 +164,12 @@ bool DetailGrid::AddDetailRow()
         }
         return false;
     }
-    if (IsRowAdd && is_.MayAdd && !is_.MayAdd()) {
+    if (IsRowAdd && is_.MayAdd && !is_.MayAdd())
         return false;
-    }
     // Read before anything is changed: a number that cannot be read must not leave half a row.
     QList<QVariant> values;
-    for (const DetailColumn& column : is_.Columns) {
+    for (const DetailColumn& column : is_.Columns)
         values.append(storedValue(column.Is, column.Control->Text()));
-    }
     BodyRecordset.SetFilter(filterOf(is_.EntryFilter ? is_.EntryFilter : is_.RowFilter, code));
     if (IsRowAdd) {
         if (BodyRecordset.RecordCount() > 0) {
@@ -200,19 +192,16 @@ bool DetailGrid::AddDetailRow()
     grid_.SetRedraw(false);
     for (qsizetype i = 0; i < is_.Columns.size(); ++i) {
         const DetailColumn& column = is_.Columns[i];
-        if (column.Is == DetailColumn::Stored::Key) {
+        if (column.Is == DetailColumn::Stored::Key)
             continue;
-        }
         grid_.SetCell(grid_.Row(), column.Column.Name, column.Control->Text());
-        if (column.BodyColumn) {
+        if (column.BodyColumn)
             BodyRecordset.Fields(column.BodyColumn).SetValue(values[i]);
-        }
     }
     BodyRecordset.Update();
     grid_.MoveLast();
-    if (!isBlank(grid_.Row())) {
+    if (!isBlank(grid_.Row()))
         appendBlankRow();
-    }
     ClearEntryRow();
     form_.SetFocus(*code_);
     IsRowAdd = true;
@@ -225,20 +214,17 @@ bool DetailGrid::AddDetailRow()
 void DetailGrid::ClearEntryRow()
 {
     openCode(true);
-    for (const DetailColumn& column : is_.Columns) {
+    for (const DetailColumn& column : is_.Columns)
         column.Control->SetText(QString());
-    }
-    if (is_.OnClearEntryRow) {
+    if (is_.OnClearEntryRow)
         is_.OnClearEntryRow();
-    }
 }
 
 void DetailGrid::ShowGridRow()
 {
     const int row = grid_.Row();
-    if (row < 0) {
+    if (row < 0)
         return;
-    }
     for (const DetailColumn& column : is_.Columns) {
         const QString text = grid_.Cell(row, column.Column.Name);
         column.Control->SetText(column.Is == DetailColumn::Stored::Key ? text.trimmed() : text);
@@ -251,9 +237,8 @@ void DetailGrid::GridChosen()
     if (isBlank(grid_.Row())) {
         code_->SetText(QString());
         openCode(true);
-        if (code_->IsVisible()) {
+        if (code_->IsVisible())
             form_.SetFocus(*code_);
-        }
         IsRowAdd = true;
     } else {
         openCode(false);
@@ -269,9 +254,8 @@ void DetailGrid::GridChosen()
 
 void DetailGrid::ShowRowMenu(const QPoint& position)
 {
-    if (isBlank(grid_.Row())) {
+    if (isBlank(grid_.Row()))
         return;
-    }
     auto* menu = new QMenu(QStringLiteral("Delete"), &form_);
     menu->setObjectName(QStringLiteral("MnuDelete"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -287,13 +271,11 @@ void DetailGrid::ShowRowMenu(const QPoint& position)
 
 void DetailGrid::RemoveRow()
 {
-    if (isBlank(grid_.Row())) {
+    if (isBlank(grid_.Row()))
         return;
-    }
     BodyRecordset.SetFilter(filterOf(is_.RowFilter, currentId()));
-    if (BodyRecordset.RecordCount() > 0) {
+    if (BodyRecordset.RecordCount() > 0)
         BodyRecordset.Delete();
-    }
     grid_.ClearSelection();
     grid_.SelectRow(grid_.Row());
     grid_.DeleteSelected();
@@ -303,17 +285,18 @@ void DetailGrid::RemoveRow()
 
 bool DetailGrid::AddsWhenLeft(const Control* from, const Control& to) const
 {
-    return std::any_of(is_.Ends.begin(), is_.Ends.end(), [&](const RowEnd& end) {
-        return end.Field == from
-            && std::find(end.Unless.begin(), end.Unless.end(), &to) == end.Unless.end();
-    });
+    return std::any_of(
+        is_.Ends.begin(), is_.Ends.end(),
+        [&](const RowEnd& end) {
+            return end.Field == from &&
+                   std::find(end.Unless.begin(), end.Unless.end(), &to) == end.Unless.end();
+        });
 }
 
 void DetailGrid::ended(const RowEnd& end)
 {
-    if (end.Unless.contains(form_.ActiveControl())) {
+    if (end.Unless.contains(form_.ActiveControl()))
         return;
-    }
     try {
         AddDetailRow();
     } catch (...) {
@@ -333,14 +316,12 @@ void DetailGrid::stampId()
 {
     rowsId_ = form_.VoucherId();
     BodyRecordset.ClearFilter();
-    if (BodyRecordset.RecordCount() == 0) {
+    if (BodyRecordset.RecordCount() == 0)
         return;
-    }
     for (BodyRecordset.MoveFirst(); !BodyRecordset.Eof(); BodyRecordset.MoveNext()) {
         BodyRecordset.Fields(is_.IdColumn).SetValue(rowsId_);
-        if (is_.OnStamp) {
+        if (is_.OnStamp)
             is_.OnStamp(BodyRecordset);
-        }
         BodyRecordset.Update();
     }
 }

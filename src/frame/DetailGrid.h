@@ -17,16 +17,16 @@ class VoucherForm;
 /// displayed, a column of the body table.
 struct DetailColumn {
     enum class Stored {
-        Key,         ///< the row's code: text, written only when the row is added
-        Display,     ///< not stored
-        NumberOrNull,///< Val of the text, or null for an empty one
-        Number,      ///< Val of the text
-        Text,        ///< the text
-        TextOrNull   ///< the text, or null for an empty one
+        Key,          ///< the row's code: text, written only when the row is added
+        Display,      ///< not stored
+        NumberOrNull, ///< Val of the text, or null for an empty one
+        Number,       ///< Val of the text
+        Text,         ///< the text
+        TextOrNull    ///< the text, or null for an empty one
     };
     GridColumn Column;
     Txt* Control;
-    const char* Field;      ///< of the display statement
+    const char* Field; ///< of the display statement
     Stored Is;
     const char* BodyColumn = nullptr;
     bool TellsRows = false; ///< with the code it tells one row from another
@@ -40,23 +40,23 @@ struct RowEnd {
 
 /// What tells the rows of one form from those of another.
 struct DetailDeclaration {
-    QList<DetailColumn> Columns;            ///< in the order of the grid
-    const char* IdColumn;                   ///< the voucher's id in the body table
-    const char* Body;                       ///< selects the body rows of voucher {id}
-    const char* Display;                    ///< the same with the names, for the grid
-    const char* RowFilter;                  ///< the row of {code} in voucher {id}
+    QList<DetailColumn> Columns; ///< in the order of the grid
+    const char* IdColumn;        ///< the voucher's id in the body table
+    const char* Body;            ///< selects the body rows of voucher {id}
+    const char* Display;         ///< the same with the names, for the grid
+    const char* RowFilter;       ///< the row of {code} in voucher {id}
     /// The row that is entered, where the code alone does not tell it: takes {id}, {code} and
     /// the names of the columns that tell rows. Null is RowFilter.
     const char* EntryFilter = nullptr;
     /// Whether the entry may become a row; where it may not, the user has been told and the
     /// focus set.
     std::function<bool()> MayAdd = {};
-    Message NoCode = {};                    ///< an empty text says nothing
+    Message NoCode = {}; ///< an empty text says nothing
     Message Duplicate = {QStringLiteral("The Record Already Exist"), MsgIcon::Information,
                          QStringLiteral("Alert")};
-    Txt* EditFirst;                         ///< gets the focus for correcting a row
+    Txt* EditFirst; ///< gets the focus for correcting a row
     QList<RowEnd> Ends;
-    std::function<void()> OnClearEntryRow = {};  ///< what else is cleared with the entry controls
+    std::function<void()> OnClearEntryRow = {}; ///< what else is cleared with the entry controls
     std::function<void(Recordset& row)> OnStamp = {}; ///< copies more of the header into a row
 };
 

@@ -23,9 +23,8 @@ LookupCode::LookupCode(VoucherForm& form, LookupDescription description)
 
     is_.Code.OnChange = [this] { changed(); };
     is_.Code.OnValidate = [this](bool& cancel) { validate(cancel); };
-    if (is_.OnLeaving != LookupDescription::Casing::AsTyped) {
+    if (is_.OnLeaving != LookupDescription::Casing::AsTyped)
         is_.Code.OnLostFocus = [this] { left(); };
-    }
     is_.Button.OnClick = [this] { clicked(); };
     form_.AddLookup(*this);
 }
@@ -43,72 +42,58 @@ bool LookupCode::Lookup(Mode mode)
 bool LookupCode::choose()
 {
     SearchDialog& dialog = SearchDialog::Shared(is_.Dialog);
-    if (is_.ParaIn) {
+    if (is_.ParaIn)
         dialog.SetParaIn(is_.ParaIn, is_.ParaInValue ? is_.ParaInValue() : QVariant(QString()));
-    }
     dialog.Show(&form_);
     const QString chosen = dialog.ParaOut(is_.ParaOut).toString();
-    if (chosen.isEmpty()) {
+    if (chosen.isEmpty())
         return false;
-    }
     is_.Code.SetText(chosen);
     return true;
 }
 
 bool LookupCode::lookup(Mode mode)
 {
-    if (mode != Mode::Check && !choose()) {
+    if (mode != Mode::Check && !choose())
         return false;
-    }
-    if (is_.Code.Text().isEmpty()) {
+    if (is_.Code.Text().isEmpty())
         return false;
-    }
     const Recordset row = HostContext::Database()->Execute(is_.Find());
     const bool found = row.RecordCount() > 0;
     if (found) {
         is_.Name.SetText(TextOf(row.Value(is_.NameColumn)));
-        if (is_.OnFound) {
+        if (is_.OnFound)
             is_.OnFound(row);
-        }
     } else {
-        if (is_.MissEmptiesCode) {
+        if (is_.MissEmptiesCode)
             is_.Code.SetText(QString());
-        }
         is_.Name.SetText(QString());
-        if (is_.OnMissed) {
+        if (is_.OnMissed)
             is_.OnMissed();
-        }
     }
-    if (found ? is_.FoundMarksEdited : is_.MissMarksEdited) {
+    if (found ? is_.FoundMarksEdited : is_.MissMarksEdited)
         form_.MarkEdited();
-    }
     return found;
 }
 
 void LookupCode::changed()
 {
-    if (!is_.Code.IsVisible() || !form_.IsActive(is_.Code)) {
+    if (!is_.Code.IsVisible() || !form_.IsActive(is_.Code))
         return;
-    }
-    if (!is_.Name.Text().isEmpty()) {
+    if (!is_.Name.Text().isEmpty())
         is_.Name.SetText(QString());
-    }
-    if (is_.ChangeMarksEdited) {
+    if (is_.ChangeMarksEdited)
         form_.MarkEdited();
-    }
 }
 
 void LookupCode::validate(bool& cancel)
 {
-    if (!form_.IsActive(is_.Code)) {
+    if (!form_.IsActive(is_.Code))
         return;
-    }
-    if (!is_.EmptyBringsList && is_.Code.Text().trimmed().isEmpty()) {
+    if (!is_.EmptyBringsList && is_.Code.Text().trimmed().isEmpty())
         return;
-    }
-    if (is_.TrustsName && !is_.Name.Text().isEmpty()) {
+    if (is_.TrustsName && !is_.Name.Text().isEmpty())
         return;
-    }
     cancel = !Lookup(Mode::Check) && !Lookup(Mode::Button);
 }
 
@@ -116,26 +101,23 @@ void LookupCode::left()
 {
     const QString text = is_.Code.Text();
     is_.Code.SetText(is_.OnLeaving == LookupDescription::Casing::Proper ? ProperCase(text)
-                                                                       : UpperCase(text));
+                                                                        : UpperCase(text));
 }
 
 void LookupCode::clicked()
 {
-    if (!Lookup(Mode::Button)) {
+    if (!Lookup(Mode::Button))
         form_.SetFocus(is_.Code);
-    } else if (Control* next = is_.NextAfterButton ? is_.NextAfterButton() : nullptr) {
+    else if (Control* next = is_.NextAfterButton ? is_.NextAfterButton() : nullptr)
         form_.SetFocus(*next);
-    }
 }
 
 void LookupCode::PressF1()
 {
-    if (!Lookup(Mode::F1)) {
+    if (!Lookup(Mode::F1))
         return;
-    }
-    if (Control* next = is_.NextAfterF1 ? is_.NextAfterF1() : nullptr) {
+    if (Control* next = is_.NextAfterF1 ? is_.NextAfterF1() : nullptr)
         form_.SetFocus(*next);
-    }
 }
 
 } // namespace TradeForms

@@ -19,15 +19,15 @@ struct SearchDescription;
 /// What tells one code field from another.
 struct LookupDescription {
     Txt& Code;
-    UTxt& Name;                               ///< read-only, filled from NameColumn
-    JeweledButton& Button;                    ///< "..."
+    UTxt& Name;            ///< read-only, filled from NameColumn
+    JeweledButton& Button; ///< "..."
 
     const SearchDescription& Dialog;
-    const char* ParaIn = nullptr;             ///< the dialog's input, if it has one
-    std::function<QVariant()> ParaInValue = {};    ///< its value at the moment of showing
-    const char* ParaOut = nullptr;            ///< the dialog's output that goes into Code
+    const char* ParaIn = nullptr;               ///< the dialog's input, if it has one
+    std::function<QVariant()> ParaInValue = {}; ///< its value at the moment of showing
+    const char* ParaOut = nullptr;              ///< the dialog's output that goes into Code
 
-    std::function<Statement()> Find;          ///< selects the code's row
+    std::function<Statement()> Find; ///< selects the code's row
     const char* NameColumn = nullptr;
     /// What else a found row fills, and what else a miss empties.
     std::function<void(const Recordset& row)> OnFound = {};
@@ -55,9 +55,9 @@ struct LookupDescription {
 class LookupCode {
 public:
     enum class Mode {
-        Check = 1,  ///< the code now in the field
-        F1 = 2,     ///< the list, by key
-        Button = 3  ///< the list, by button or after a failed check
+        Check = 1, ///< the code now in the field
+        F1 = 2,    ///< the list, by key
+        Button = 3 ///< the list, by button or after a failed check
     };
 
     LookupCode(VoucherForm& form, LookupDescription description);

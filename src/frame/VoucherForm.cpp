@@ -1,11 +1,11 @@
 #include "frame/VoucherForm.h"
 
+#include "controls/Look.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Numbers.h"
 #include "data/Recordset.h"
 #include "frame/Authorisation.h"
-#include "controls/Look.h"
 #include "host/HostContext.h"
 #include "search/SearchDialog.h"
 
@@ -89,17 +89,15 @@ void VoucherForm::Compose(QWidget* header, QWidget* entryRow)
     all->setSpacing(0);
     all->addWidget(&Title);
     all->addWidget(header);
-    if (entryRow) {
+    if (entryRow)
         all->addWidget(entryRow);
-    }
     auto* rows = new QHBoxLayout;
     rows->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
     rows->addWidget(&Rows);
     all->addLayout(rows, 1);
     QList<JeweledButton*> work{&BtnSave, &BtnOpen};
-    if (is_.Prints) {
+    if (is_.Prints)
         work.append(&BtnPrint);
-    }
     work.append(&BtnDelete);
     all->addWidget(ButtonBar(work, {&BtnClear, &BtnClose}));
 }
@@ -144,9 +142,8 @@ void VoucherForm::enterNew()
         dropRowsOfAnother();
         detail_->StartAdding();
     }
-    if (newFocus_) {
+    if (newFocus_)
         ResetFocus(*newFocus_);
-    }
     BtnOpen.SetEnabled(true);
     BtnDelete.SetEnabled(false);
     BtnSave.SetEnabled(false);
@@ -161,9 +158,8 @@ void VoucherForm::dropRowsOfAnother()
 {
     while (detail_->CountRows() > 0) {
         const QString next = QString::number(NextVoucherId());
-        if (next == id_->Text()) {
+        if (next == id_->Text())
             return;
-        }
         id_->SetText(next);
         detail_->EmptyGrid();
         LoadDetail();
@@ -180,12 +176,10 @@ void VoucherForm::enterEdited()
 
 void VoucherForm::enterOpened()
 {
-    if (detail_) {
+    if (detail_)
         detail_->StartAdding();
-    }
-    if (openedFocus_) {
+    if (openedFocus_)
         ResetFocus(*openedFocus_);
-    }
     BtnOpen.SetEnabled(true);
     BtnDelete.SetEnabled(true);
     BtnClear.SetEnabled(true);
@@ -211,9 +205,8 @@ void VoucherForm::showState()
 
 void VoucherForm::MarkEdited()
 {
-    if (!IsDirty()) {
+    if (!IsDirty())
         SetFormState(State::Edited);
-    }
 }
 
 // ---- The voucher on the screen
@@ -235,11 +228,9 @@ Statement VoucherForm::WithId(const char* text) const
 
 void VoucherForm::ClearVoucher()
 {
-    for (Control* control : Controls()) {
-        if (auto* txt = dynamic_cast<Txt*>(control)) {
+    for (Control* control : Controls())
+        if (auto* txt = dynamic_cast<Txt*>(control))
             txt->SetText(QString());
-        }
-    }
     if (detail_) {
         detail_->EmptyGrid();
         detail_->ClearEntryRow();
@@ -248,9 +239,8 @@ void VoucherForm::ClearVoucher()
 
 void VoucherForm::ClearEntryRow()
 {
-    if (detail_) {
+    if (detail_)
         detail_->ClearEntryRow();
-    }
 }
 
 qint32 VoucherForm::NextVoucherId()
@@ -264,9 +254,8 @@ void VoucherForm::OpenVoucher()
     SearchDialog& vouchers = SearchDialog::Shared(*is_.Vouchers);
     vouchers.Show(this);
     const int id = vouchers.ParaOut(is_.ChosenVoucher).toInt();
-    if (id == 0) {
+    if (id == 0)
         return;
-    }
     id_->SetText(QString::number(id));
     LoadVoucher();
 }
@@ -274,18 +263,16 @@ void VoucherForm::OpenVoucher()
 void VoucherForm::LoadVoucher()
 {
     const Recordset stored = Database().Execute(WithId(is_.Load));
-    if (!stored.Bof()) {
+    if (!stored.Bof())
         header_.Load(stored);
-    }
     LoadDetail();
     SetFormState(State::Opened);
 }
 
 void VoucherForm::LoadDetail()
 {
-    if (detail_) {
+    if (detail_)
         detail_->LoadDetail();
-    }
 }
 
 // ---- Saving and deleting
@@ -333,9 +320,8 @@ bool VoucherForm::PassesDateWindow()
 
 bool VoucherForm::IsFilled(Txt& field, const QString& message)
 {
-    if (!field.Text().trimmed().isEmpty()) {
+    if (!field.Text().trimmed().isEmpty())
         return true;
-    }
     Inform(this, message, MsgIcon::Exclamation, utf8(is_.WindowCaption));
     SetFocus(field);
     return false;
@@ -343,9 +329,8 @@ bool VoucherForm::IsFilled(Txt& field, const QString& message)
 
 bool VoucherForm::PassesRaceRule()
 {
-    if (!IsNew || Database().Execute(WithId(is_.Race)).RecordCount() == 0) {
+    if (!IsNew || Database().Execute(WithId(is_.Race)).RecordCount() == 0)
         return true;
-    }
     giveNewNumber();
     return false;
 }
@@ -358,9 +343,8 @@ void VoucherForm::giveNewNumber()
 
 bool VoucherForm::HasRows()
 {
-    if (detail_->CountRows() > 0) {
+    if (detail_->CountRows() > 0)
         return true;
-    }
     MsgBox(this, is_.NoRows);
     SetFocus(detail_->CodeControl());
     return false;
@@ -377,12 +361,10 @@ void VoucherForm::SaveHeader()
     header.Open(WithId(is_.Header), HostContext::Database(), CursorType::Static,
                 LockType::Pessimistic);
     const bool isNew = header.Bof();
-    if (IsNew && !isNew && is_.Race) {
+    if (IsNew && !isNew && is_.Race)
         throw NumberTaken(is_.IdTaken);
-    }
-    if (isNew) {
+    if (isNew)
         header.AddNew();
-    }
     header_.Save(header, isNew);
     header.Update();
     header.Close();
@@ -411,16 +393,13 @@ void VoucherForm::PrintVoucher() {}
 void VoucherForm::DeleteVoucher()
 {
     if (!Ask(this, QStringLiteral("Do you want to remove this record?"),
-             QStringLiteral("Confirmation"))) {
+             QStringLiteral("Confirmation")))
         return;
-    }
-    if (!Authorisation::MayDelete(this, utf8(is_.ScreenKey), is_.NotDelete)) {
+    if (!Authorisation::MayDelete(this, utf8(is_.ScreenKey), is_.NotDelete))
         return;
-    }
     BeginTrans();
-    for (const char* statement : is_.Delete) {
+    for (const char* statement : is_.Delete)
         Database().Execute(WithId(statement));
-    }
     CommitTrans();
     // The rows leave the screen when they have left the table.
     SetFormState(State::New);
@@ -428,11 +407,10 @@ void VoucherForm::DeleteVoucher()
 
 void VoucherForm::ConfirmClose(bool& cancel)
 {
-    if (IsDirty()) {
+    if (IsDirty())
         cancel = !Ask(this, is_.CloseQuestion, alert());
-    } else if (detail_ && detail_->BodyRecordset.IsOpen()) {
+    else if (detail_ && detail_->BodyRecordset.IsOpen())
         detail_->BodyRecordset.Close();
-    }
 }
 
 void VoucherForm::QueryUnload(bool& cancel)
@@ -450,11 +428,9 @@ void VoucherForm::HandlerFailed(const std::exception& failure)
 
 LookupCode* VoucherForm::lookupOf(const Control* control) const
 {
-    for (LookupCode* lookup : lookups_) {
-        if (&lookup->Code() == control) {
+    for (LookupCode* lookup : lookups_)
+        if (&lookup->Code() == control)
             return lookup;
-        }
-    }
     return nullptr;
 }
 
@@ -462,11 +438,10 @@ void VoucherForm::clickSave()
 {
     // A row that is entered but for its last field's leaving belongs to the voucher, as it does
     // when the mouse clicks the button.
-    if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_
-        && detail_->AddsWhenLeft(ActiveControl(), BtnSave)
-        && !detail_->CodeControl().Text().trimmed().isEmpty() && !detail_->AddDetailRow()) {
+    if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_ &&
+        detail_->AddsWhenLeft(ActiveControl(), BtnSave) &&
+        !detail_->CodeControl().Text().trimmed().isEmpty() && !detail_->AddDetailRow())
         return;
-    }
     BtnSave.Click();
 }
 
@@ -489,9 +464,8 @@ bool VoucherForm::pressCtrl(int key)
         BtnDelete.Click();
         return true;
     case Qt::Key_P:
-        if (is_.Prints) {
+        if (is_.Prints)
             BtnPrint.Click();
-        }
         return is_.Prints;
     default:
         return false;
@@ -503,9 +477,8 @@ void VoucherForm::FormKeyDown(KeyPress& key)
     if (key.Shift == Qt::ControlModifier) {
         // Swallowed before the click: it may close the form.
         const bool taken = pressCtrl(key.Code);
-        if (taken) {
+        if (taken)
             key.Swallow();
-        }
         return;
     }
     Control* active = ActiveControl();
@@ -550,9 +523,8 @@ void VoucherForm::FormKeyDown(KeyPress& key)
     case Qt::Key_F12:
         if (detail_ && active == &detail_->CodeControl()) {
             key.Swallow();
-            if (BtnSave.IsEnabled()) {
+            if (BtnSave.IsEnabled())
                 SetFocus(BtnSave);
-            }
         }
         return;
     default:
@@ -569,9 +541,8 @@ bool VoucherForm::TypingCounts(const Control& control) const
 void VoucherForm::FormKeyPress()
 {
     const Control* active = ActiveControl();
-    if (active && TypingCounts(*active)) {
+    if (active && TypingCounts(*active))
         MarkEdited();
-    }
 }
 
 } // namespace TradeForms

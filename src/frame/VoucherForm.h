@@ -31,18 +31,18 @@ enum class Rollback {
 
 /// What tells one voucher form from another and is a value: each form has it at its top.
 struct VoucherDeclaration {
-    const char* WindowCaption;        ///< for the task bar, and title of the mandatory checks
-    const char* Urdu;                 ///< title strip
-    const char* ScreenKey;            ///< the host's menu entry: "MniGatePass"
+    const char* WindowCaption; ///< for the task bar, and title of the mandatory checks
+    const char* Urdu;          ///< title strip
+    const char* ScreenKey;     ///< the host's menu entry: "MniGatePass"
 
     // Statements; {id} is the voucher's id.
-    const char* NextId;               ///< the largest id so far, or the next one
-    bool NextIdAddsOne = true;        ///< whether the program adds 1 to it
-    const char* IsPosted = nullptr;   ///< on forms with a posted flag
-    const char* Load;                 ///< the header with its names
-    const char* Race;                 ///< finds a row where the id is taken
-    const char* Header;               ///< the header row to write
-    QList<const char*> Delete;        ///< the body always first
+    const char* NextId;             ///< the largest id so far, or the next one
+    bool NextIdAddsOne = true;      ///< whether the program adds 1 to it
+    const char* IsPosted = nullptr; ///< on forms with a posted flag
+    const char* Load;               ///< the header with its names
+    const char* Race;               ///< finds a row where the id is taken
+    const char* Header;             ///< the header row to write
+    QList<const char*> Delete;      ///< the body always first
 
     // The list of stored vouchers, and the output of it that goes into the id field.
     const SearchDescription* Vouchers = nullptr;
@@ -50,8 +50,8 @@ struct VoucherDeclaration {
 
     // Messages.
     QString IdTaken = {};
-    Message NoRows = {};              ///< an empty text: a voucher without rows is stored
-    QString PrintQuestion = {};       ///< empty on forms that do not print
+    Message NoRows = {};        ///< an empty text: a voucher without rows is stored
+    QString PrintQuestion = {}; ///< empty on forms that do not print
     QString NotModify = QStringLiteral("You are not authorized to modify a record");
     QString NotDelete = QStringLiteral("You are not authorized to Delete a record");
     QString CloseQuestion = QStringLiteral("Are you sure to close without save?");
@@ -60,7 +60,7 @@ struct VoucherDeclaration {
     Rollback DeleteTail = Rollback::IfErrors;
 
     // Keys.
-    bool Prints = false;              ///< has BtnPrint, and Ctrl+P clicks it
+    bool Prints = false; ///< has BtnPrint, and Ctrl+P clicks it
     bool DownBecomesTab = false;
     bool EscClearsEntryRow = true;
 };

@@ -86,21 +86,17 @@ HeaderField Value(const char* column, HeaderField::Write when, std::function<QVa
 
 void VoucherHeader::Load(const Recordset& record) const
 {
-    for (const HeaderField& field : fields_) {
-        if (field.Load) {
+    for (const HeaderField& field : fields_)
+        if (field.Load)
             field.Load(record.Value(field.Column));
-        }
-    }
 }
 
 void VoucherHeader::Save(Recordset& record, bool isNew) const
 {
     using Write = HeaderField::Write;
-    for (const HeaderField& field : fields_) {
-        if (field.When == Write::Always || (field.When == Write::NewOnly && isNew)) {
+    for (const HeaderField& field : fields_)
+        if (field.When == Write::Always || (field.When == Write::NewOnly && isNew))
             record.Fields(field.Column).SetValue(field.Save());
-        }
-    }
 }
 
 } // namespace TradeForms

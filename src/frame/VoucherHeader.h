@@ -22,8 +22,8 @@ struct HeaderField {
     };
     const char* Column;
     Write When;
-    std::function<QVariant()> Save;             ///< null where it is never written
-    std::function<void(const QVariant&)> Load;  ///< null where nothing shows it
+    std::function<QVariant()> Save;            ///< null where it is never written
+    std::function<void(const QVariant&)> Load; ///< null where nothing shows it
 };
 
 /// The kinds of field that forms have.

@@ -112,10 +112,9 @@ QRectF TextRun::LineBox() const
 QList<TextRun> Page::Texts() const
 {
     QList<TextRun> texts;
-    for (const Primitive& primitive : Primitives) {
+    for (const Primitive& primitive : Primitives)
         if (const auto* run = std::get_if<TextRun>(&primitive))
             texts.append(*run);
-    }
     return texts;
 }
 

@@ -17,9 +17,8 @@ constexpr int kFirstParameter = 1;
 /// The copies that a choice stands for.
 QStringList chosen(const QString& choice, const QStringList& copies)
 {
-    if (choice == QLatin1String("B")) {
+    if (choice == QLatin1String("B"))
         return copies;
-    }
     return copies.contains(choice) ? QStringList(choice) : QStringList();
 }
 
@@ -39,9 +38,8 @@ bool FormReport::IsOpen() const
 
 void FormReport::Close()
 {
-    if (rows_->IsOpen()) {
+    if (rows_->IsOpen())
         rows_->Close();
-    }
 }
 
 void FormReport::Feed(std::shared_ptr<Report> report, const Statement& statement)
@@ -63,12 +61,10 @@ void FormReport::PrintCopies(const CopyDeclaration& declaration, QWidget* owner)
 
     SchPrint& dialog = SchPrint::Shared();
     dialog.Load();
-    for (const int number : declaration.Shown) {
+    for (const int number : declaration.Shown)
         dialog.SetOptionVisible(dialog.Option(number), true);
-    }
-    for (const int number : declaration.Hidden) {
+    for (const int number : declaration.Hidden)
         dialog.SetOptionVisible(dialog.Option(number), false);
-    }
     dialog.ClickOption(dialog.Option4);
     dialog.Show(owner);
 

@@ -16,7 +16,8 @@ class Report;
 
 /// Which copies a form prints.
 struct CopyDeclaration {
-    QList<int> Shown = {};  ///< options of SchPrint, from 1, that are made visible before it comes up
+    QList<int> Shown =
+        {}; ///< options of SchPrint, from 1, that are made visible before it comes up
     QList<int> Hidden = {}; ///< and those that are hidden; the rest stay as they are
     QStringList Copies;     ///< the copy numbers, in the order in which all of them are printed
 };

@@ -101,10 +101,9 @@ private:
     template <class Counts> double most(Counts counts) const
     {
         double by = 0;
-        for (const Growth& growth : growths_) {
+        for (const Growth& growth : growths_)
             if (counts(growth.Place))
                 by = std::max(by, growth.By);
-        }
         return by;
     }
 
@@ -128,10 +127,9 @@ Paginator::Paginator(ReportState state)
     : state_(std::move(state)), rows_(state_.Rows), now_(rows_, state_.Parameters),
       placed_(rows_, state_.Parameters)
 {
-    for (const ReportSection& section : state_.Definition.Sections) {
+    for (const ReportSection& section : state_.Definition.Sections)
         for (const ReportTotal& total : section.Totals)
             now_.Totals.insert(total.Name, 0);
-    }
     placed_.Totals = now_.Totals;
 }
 
@@ -240,10 +238,9 @@ bool Paginator::isPlacedHere(const ReportSection& section) const
 QList<Paginator::Strip> Paginator::strips(SectionKind kind) const
 {
     QList<Strip> found;
-    for (const ReportSection& section : state_.Definition.Sections) {
+    for (const ReportSection& section : state_.Definition.Sections)
         if (section.Kind == kind && !section.Suppress && isPlacedHere(section))
             found.append(strip(section));
-    }
     return found;
 }
 
@@ -377,21 +374,18 @@ void Paginator::openPage()
     page_ = Page();
     y_ = definition.Margins.top();
     bottom_ = definition.PageSize().height() - definition.Margins.bottom();
-    for (const ReportSection& section : definition.Sections) {
+    for (const ReportSection& section : definition.Sections)
         if (section.Kind == SectionKind::PageFooter && !section.Suppress && isPlacedHere(section))
             bottom_ -= section.Height;
-    }
-    if (pages_.empty()) {
+    if (pages_.empty())
         for (const Strip& header : strips(SectionKind::ReportHeader))
             append(header);
-    }
     for (const Strip& header : strips(SectionKind::PageHeader))
         append(header);
     if (inGroup_) {
-        for (const Strip& header : strips(SectionKind::GroupHeader)) {
+        for (const Strip& header : strips(SectionKind::GroupHeader))
             if (header.Section->Repeat)
                 append(header);
-        }
     }
     top_ = y_;
     if (top_ >= bottom_)

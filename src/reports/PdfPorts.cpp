@@ -40,9 +40,8 @@ FolderPort::FolderPort(const QString& folder) : folder_(folder) {}
 QString FolderPort::FileName(const PrintJob& job, const QDateTime& time)
 {
     QString name = asFileName(job.Title);
-    if (!job.Copy.isEmpty()) {
+    if (!job.Copy.isEmpty())
         name += QStringLiteral(" copy ") + asFileName(job.Copy);
-    }
     return name + time.toString(QStringLiteral(" yyyy-MM-dd HH.mm.ss")) + QStringLiteral(".pdf");
 }
 
@@ -53,17 +52,15 @@ void FolderPort::Print(const Document& document, const PrintJob& job)
         return Failure(QStringLiteral("%1 cannot be written: %2. Nothing was printed.")
                            .arg(QDir::toNativeSeparators(path), why));
     };
-    if (!QDir().mkpath(folder_)) {
+    if (!QDir().mkpath(folder_))
         throw failed(folder_, QStringLiteral("the folder cannot be made"));
-    }
 
     // Opened only where there is none of the name yet, so that two programs may share a folder.
     const QString wanted = QDir(folder_).filePath(FileName(job, QDateTime::currentDateTime()));
     QFile file(wanted);
     for (int next = 2; !file.open(QIODevice::WriteOnly | QIODevice::NewOnly); ++next) {
-        if (!file.exists()) {
+        if (!file.exists())
             throw failed(file.fileName(), file.errorString());
-        }
         QString other = wanted;
         other.insert(wanted.size() - 4, QStringLiteral(" (%1)").arg(next));
         file.setFileName(other);
@@ -99,9 +96,8 @@ void PrinterOrFolderPort::Print(const Document& document, const PrintJob& job)
         return;
     }
     folder_.Print(document, job);
-    if (const auto tell = std::exchange(onFolder_, {})) {
+    if (const auto tell = std::exchange(onFolder_, {}))
         tell(path_);
-    }
 }
 
 } // namespace TradeForms

@@ -21,9 +21,8 @@ PrintPort::~PrintPort() = default;
 
 PrintPort& PrintPort::Current()
 {
-    if (!current()) {
+    if (!current())
         current() = std::make_unique<PrinterPort>();
-    }
     return *current();
 }
 

@@ -43,9 +43,8 @@ QString PrinterPort::Resolve(const PrintJob& job) const
         const auto found = std::find_if(names.begin(), names.end(), [&](const QString& name) {
             return name.compare(wanted, Qt::CaseInsensitive) == 0;
         });
-        if (found != names.end()) {
+        if (found != names.end())
             return *found;
-        }
     }
     const QString usual = system_->DefaultName();
     return usual.isEmpty() && names.size() == 1 ? names.front() : usual;
@@ -75,9 +74,8 @@ void PrinterPort::Print(const Document& document, const PrintJob& job)
     sheet.setMode(QPageLayout::FullPageMode);
     printer->setPageLayout(sheet);
     QPainter painter;
-    if (!painter.begin(printer.get())) {
+    if (!painter.begin(printer.get()))
         throw failed(QStringLiteral("does not take the document"));
-    }
     const qreal scale = printer->resolution() / 254.0;
     painter.scale(scale, scale);
     for (int page = 0; page < document.PageCount(); ++page) {
@@ -89,9 +87,8 @@ void PrinterPort::Print(const Document& document, const PrintJob& job)
         }
         document.Paint(painter, page);
     }
-    if (!painter.end() || printer->printerState() == QPrinter::Error) {
+    if (!painter.end() || printer->printerState() == QPrinter::Error)
         throw failed(QStringLiteral("has failed at the end of the document"));
-    }
 }
 
 } // namespace TradeForms

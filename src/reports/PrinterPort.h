@@ -24,8 +24,8 @@ public:
 /// The system's printers, without a dialog.
 class PrinterPort : public PrintPort {
 public:
-    explicit PrinterPort(std::unique_ptr<SystemPrinters> system =
-                             std::make_unique<SystemPrinters>());
+    explicit PrinterPort(
+        std::unique_ptr<SystemPrinters> system = std::make_unique<SystemPrinters>());
 
     /// Raises Failure where there is no printer, or it refuses the job or a page of it.
     void Print(const Document& document, const PrintJob& job) override;

@@ -11,11 +11,11 @@ namespace TradeForms {
 
 /// What goes to a print port together with the pages: one job is one copy.
 struct TRADEFORMS_EXPORT PrintJob {
-    QString Driver;      ///< the three strings of SelectPrinter, as the program gives them
+    QString Driver; ///< the three strings of SelectPrinter, as the program gives them
     QString PrinterName;
     QString Port;
-    QString Title;       ///< names the report and the voucher, "Gate Pass 12"
-    QString Copy;        ///< "1", "2" or "3"; empty where a report knows no copies
+    QString Title; ///< names the report and the voucher, "Gate Pass 12"
+    QString Copy;  ///< "1", "2" or "3"; empty where a report knows no copies
 };
 
 /// Where printed pages go. A host chooses once, before the first print; without a choice they

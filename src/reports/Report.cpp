@@ -19,10 +19,9 @@ Report::~Report() = default;
 ReportObject& Report::Object(const QString& name)
 {
     for (ReportSection& section : definition_.Sections) {
-        for (ReportObject& object : section.Objects) {
+        for (ReportObject& object : section.Objects)
             if (object.Name.compare(name, Qt::CaseInsensitive) == 0)
                 return object;
-        }
     }
     throw Failure(QStringLiteral("The report %1 has no object %2.").arg(Name(), name));
 }

@@ -2,8 +2,8 @@
 
 #include "controls/Look.h"
 
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -14,8 +14,8 @@ namespace TradeForms {
 
 namespace {
 
-const int kGap = 12;        ///< round the pages, in pixels
-const int kLineStep = 48;   ///< of the arrow keys and the wheel, in pixels
+const int kGap = 12;      ///< round the pages, in pixels
+const int kLineStep = 48; ///< of the arrow keys and the wheel, in pixels
 const int kCacheKiB = 96 * 1024;
 const int kLargestPictureKiB = 24 * 1024; ///< larger pages are painted as far as they are seen
 const int kZoomSteps[] = {25, 33, 50, 67, 75, 93, 100, 125, 150, 200, 300, 400};
@@ -62,9 +62,8 @@ ReportView::~ReportView() = default;
 
 void ReportView::SetDocument(std::shared_ptr<const Document> document)
 {
-    if (document) {
+    if (document)
         document->PageCount(); // lays out all pages: the rows may be closed while they are shown
-    }
     document_ = std::move(document);
     hits_.clear();
     hit_ = -1;
@@ -189,9 +188,8 @@ void ReportView::ZoomOut()
 void ReportView::FitWidth()
 {
     fitsWidth_ = true;
-    if (!document_) {
+    if (!document_)
         return;
-    }
     const qreal whole = document_->PageSize().width() * wholeScale();
     zoomAbout(int(std::floor((viewport()->width() - 2 * kGap) / whole * 100)),
               QPoint(viewport()->width() / 2, 0));
@@ -201,13 +199,11 @@ void ReportView::FitWidth()
 
 int ReportView::Page() const
 {
-    if (PageCount() == 0) {
+    if (PageCount() == 0)
         return 0;
-    }
     const QScrollBar& bar = *verticalScrollBar();
-    if (bar.maximum() > 0 && bar.value() == bar.maximum()) {
+    if (bar.maximum() > 0 && bar.value() == bar.maximum())
         return PageCount();
-    }
     const int last = indexAt(bar.value() + viewport()->height());
     int most = 0;
     int page = indexAt(bar.value()) + 1;
@@ -249,25 +245,23 @@ void ReportView::ScrollPage(int direction)
 
 QString ReportView::PageText() const
 {
-    if (PageCount() == 0) {
+    if (PageCount() == 0)
         return {};
-    }
     QList<TextRun> runs = document_->PageAt(Page() - 1).Texts();
     std::stable_sort(runs.begin(), runs.end(), [](const TextRun& a, const TextRun& b) {
         return a.Origin.y() < b.Origin.y();
     });
     QStringList lines;
     for (auto line = runs.begin(); line != runs.end();) {
-        const auto next = std::find_if(line, runs.end(), [line](const TextRun& run) {
-            return run.Origin.y() > line->Origin.y() + kSameLine;
-        });
+        const auto next = std::find_if(
+            line, runs.end(),
+            [line](const TextRun& run) { return run.Origin.y() > line->Origin.y() + kSameLine; });
         std::stable_sort(line, next, [](const TextRun& a, const TextRun& b) {
             return a.Origin.x() > b.Origin.x();
         });
         QStringList texts;
-        for (; line != next; ++line) {
+        for (; line != next; ++line)
             texts.append(line->Text);
-        }
         lines.append(texts.join(u'\t'));
     }
     return lines.join(u'\n');
@@ -279,13 +273,13 @@ int ReportView::Search(const QString& words)
 {
     hits_.clear();
     hit_ = -1;
-    if (document_ && !words.trimmed().isEmpty()) {
+    if (document_ && !words.trimmed().isEmpty())
         hits_ = document_->Find(words.trimmed());
-    }
     if (!hits_.isEmpty()) {
         const int from = Page() - 1;
-        const auto first = std::find_if(hits_.begin(), hits_.end(),
-                                        [from](const Document::Match& hit) { return hit.Page >= from; });
+        const auto first =
+            std::find_if(hits_.begin(), hits_.end(),
+                         [from](const Document::Match& hit) { return hit.Page >= from; });
         goToHit(first == hits_.end() ? 0 : int(first - hits_.begin()));
     }
     viewport()->update();
@@ -332,9 +326,8 @@ void ReportView::paintEvent(QPaintEvent* event)
     QPainter painter(viewport());
     const QRect seen = event->rect();
     painter.fillRect(seen, ground());
-    if (PageCount() == 0) {
+    if (PageCount() == 0)
         return;
-    }
     const int last = indexAt(verticalScrollBar()->value() + seen.bottom());
     for (int index = indexAt(verticalScrollBar()->value() + seen.top()); index <= last; ++index) {
         const QRect place = PageRect(index + 1);
@@ -369,13 +362,11 @@ const QPixmap* ReportView::picture(int index)
 {
     // Another screen has another density.
     const QPixmap* found = pictures_.object(index);
-    if (found && found->devicePixelRatio() == devicePixelRatioF()) {
+    if (found && found->devicePixelRatio() == devicePixelRatioF())
         return found;
-    }
     const QSize pixels = (QSizeF(pageSize()) * devicePixelRatioF()).toSize();
-    if (kibOf(pixels) > kLargestPictureKiB) {
+    if (kibOf(pixels) > kLargestPictureKiB)
         return nullptr;
-    }
     auto made = std::make_unique<QPixmap>(pixels);
     made->setDevicePixelRatio(devicePixelRatioF());
     made->fill(Qt::white);
@@ -409,9 +400,8 @@ void ReportView::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
     layOut();
-    if (fitsWidth_) {
+    if (fitsWidth_)
         FitWidth();
-    }
 }
 
 void ReportView::wheelEvent(QWheelEvent* event)
@@ -422,9 +412,8 @@ void ReportView::wheelEvent(QWheelEvent* event)
     }
     event->accept();
     wheel_ += event->angleDelta().y();
-    for (; std::abs(wheel_) >= kWheelStep; wheel_ -= wheel_ > 0 ? kWheelStep : -kWheelStep) {
+    for (; std::abs(wheel_) >= kWheelStep; wheel_ -= wheel_ > 0 ? kWheelStep : -kWheelStep)
         wheel_ > 0 ? ZoomIn() : ZoomOut();
-    }
 }
 
 void ReportView::keyPressEvent(QKeyEvent* event)
@@ -439,9 +428,8 @@ void ReportView::keyPressEvent(QKeyEvent* event)
 void ReportView::scrollContentsBy(int dx, int dy)
 {
     viewport()->scroll(dx, dy);
-    if (Page() != toldPage_) {
+    if (Page() != toldPage_)
         tell();
-    }
 }
 
 void ReportView::focusInEvent(QFocusEvent* event)

@@ -103,7 +103,7 @@ private:
     bool fitsWidth_ = false;
     QList<Document::Match> hits_;
     int hit_ = -1;
-    int wheel_ = 0;      ///< turned with Ctrl, not yet a step
+    int wheel_ = 0; ///< turned with Ctrl, not yet a step
     int toldPage_ = 0;
     QCache<int, QPixmap> pictures_; ///< of pages at the present zoom
 };

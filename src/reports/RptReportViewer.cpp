@@ -80,8 +80,7 @@ RptReportViewer::RptReportViewer()
     : CRViewer1(*new ReportView(QStringLiteral("CRViewer1"), this)),
       TxtSearch(*new Txt(QStringLiteral("TxtSearch"), QStringLiteral("Words to search"), this)),
       BtnPreviousHit(sign(this, "BtnPreviousHit", "▲", "Previous place found")),
-      BtnNextHit(sign(this, "BtnNextHit", "▼", "Next place found")),
-      LblHits(note(this, "LblHits")),
+      BtnNextHit(sign(this, "BtnNextHit", "▼", "Next place found")), LblHits(note(this, "LblHits")),
       TxtPage(*new Txt(QStringLiteral("TxtPage"), QStringLiteral("Page number"), this)),
       LblPages(note(this, "LblPages")), BtnZoomOut(sign(this, "BtnZoomOut", "−", "Zoom out")),
       BtnZoomIn(sign(this, "BtnZoomIn", "+", "Zoom in")), LblZoom(note(this, "LblZoom")),
@@ -168,9 +167,8 @@ void RptReportViewer::compose()
 
 void RptReportViewer::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (title_->geometry().contains(event->position().toPoint())) {
+    if (title_->geometry().contains(event->position().toPoint()))
         toggleMaximized();
-    }
 }
 
 void RptReportViewer::toggleMaximized()
@@ -183,19 +181,17 @@ void RptReportViewer::toggleMaximized()
 void RptReportViewer::Show()
 {
     load();
-    if (isVisible()) {
+    if (isVisible())
         ShowOver(nullptr);
-    } else {
+    else
         ShowModeless(false);
-    }
     ResetFocus(CRViewer1);
 }
 
 void RptReportViewer::load()
 {
-    if (!Report) {
+    if (!Report)
         throw Failure(QStringLiteral("There is no report to show."));
-    }
     const Hourglass hourglass;
     auto document = std::make_shared<Document>(Report->Format());
     PrintJob job = Report->Job();
@@ -214,9 +210,8 @@ void RptReportViewer::unload()
 
 void RptReportViewer::RemoveObjectColors()
 {
-    if (Report) {
+    if (Report)
         TradeForms::RemoveObjectColors(*Report);
-    }
 }
 
 // ---- What the controls do
@@ -243,15 +238,13 @@ void RptReportViewer::attach()
 void RptReportViewer::showPlace()
 {
     const int pages = CRViewer1.PageCount();
-    if (!IsActive(TxtPage)) {
+    if (!IsActive(TxtPage))
         TxtPage.SetText(pages == 0 ? QString() : QString::number(CRViewer1.Page()));
-    }
     LblPages.SetText(pages == 0 ? QString() : QStringLiteral("/ %1").arg(pages));
     LblZoom.SetText(QStringLiteral("%1%").arg(CRViewer1.Zoom()));
-    title_->SetState(QString(), pages == 0 ? QString()
-                                           : QStringLiteral("page %1 of %2")
-                                                 .arg(CRViewer1.Page())
-                                                 .arg(pages));
+    title_->SetState(QString(),
+                     pages == 0 ? QString()
+                                : QStringLiteral("page %1 of %2").arg(CRViewer1.Page()).arg(pages));
     showHits();
 }
 
@@ -272,13 +265,12 @@ void RptReportViewer::search()
 
 void RptReportViewer::goOn(bool forward)
 {
-    if (TxtSearch.Text().trimmed().isEmpty()) {
+    if (TxtSearch.Text().trimmed().isEmpty())
         SetFocus(TxtSearch);
-    } else if (forward) {
+    else if (forward)
         CRViewer1.NextHit();
-    } else {
+    else
         CRViewer1.PreviousHit();
-    }
 }
 
 void RptReportViewer::goToTypedPage()
@@ -298,11 +290,9 @@ void RptReportViewer::savePdf()
 {
     LblNote.SetText(QString());
     const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const QString file =
-        AskForFile(this, documents.filePath(job_.Title + QStringLiteral(".pdf")));
-    if (file.isEmpty()) {
+    const QString file = AskForFile(this, documents.filePath(job_.Title + QStringLiteral(".pdf")));
+    if (file.isEmpty())
         return;
-    }
     const Hourglass hourglass;
     CRViewer1.Shown()->WritePdf(file);
     LblNote.SetText(QDir::toNativeSeparators(file));
@@ -327,9 +317,8 @@ bool RptReportViewer::pressCtrl(int key)
         TxtPage.selectAll();
         return true;
     case Qt::Key_C:
-        if (dynamic_cast<Txt*>(ActiveControl())) {
+        if (dynamic_cast<Txt*>(ActiveControl()))
             return false;
-        }
         QGuiApplication::clipboard()->setText(CRViewer1.PageText());
         LblNote.SetText(QStringLiteral("Copied the page"));
         return true;
@@ -384,14 +373,12 @@ bool RptReportViewer::pressPaging(int key)
         CRViewer1.ScrollPage(1);
         return true;
     case Qt::Key_Home:
-        if (!inField) {
+        if (!inField)
             CRViewer1.GoToPage(CRViewer1.Page());
-        }
         return !inField;
     case Qt::Key_End:
-        if (!inField) {
+        if (!inField)
             CRViewer1.GoToPageEnd();
-        }
         return !inField;
     default:
         return false;
@@ -432,14 +419,13 @@ void RptReportViewer::FormKeyDown(KeyPress& key)
         taken = pressReturn(key);
         break;
     default:
-        taken = key.Shift.testFlag(Qt::ControlModifier) ? pressCtrl(key.Code)
-                                                        : pressPaging(key.Code);
+        taken =
+            key.Shift.testFlag(Qt::ControlModifier) ? pressCtrl(key.Code) : pressPaging(key.Code);
     }
-    if (taken) {
+    if (taken)
         key.Swallow();
-    } else {
+    else
         Form::FormKeyDown(key);
-    }
 }
 
 } // namespace TradeForms

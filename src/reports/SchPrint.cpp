@@ -31,9 +31,8 @@ SchPrint::SchPrint()
       BtnSelect(*new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"),
                                    QStringLiteral("Select"), QStringLiteral("Enter"),
                                    JeweledButton::Kind::Primary, this)),
-      BtnClose(*new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"),
-                                  QStringLiteral("Close"), QStringLiteral("Esc"),
-                                  JeweledButton::Kind::Plain, this)),
+      BtnClose(*new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"), QStringLiteral("Close"),
+                                  QStringLiteral("Esc"), JeweledButton::Kind::Plain, this)),
       choices_{choice(Option1, "1", "پہلی کاپی", "Copy One"),
                choice(Option2, "2", "دوسری کاپی", "Copy Two"),
                choice(Option3, "3", "تیسری کاپی", "Copy Three"),
@@ -74,9 +73,8 @@ void SchPrint::compose()
     grid->setVerticalSpacing(Look::Space() / 2);
     grid->setColumnStretch(2, 1);
     grid->setColumnMinimumWidth(1, 110);
-    for (const Choice& each : choices_) {
+    for (const Choice& each : choices_)
         addRow(*grid, each);
-    }
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);
@@ -106,9 +104,8 @@ void SchPrint::attach()
         option.OnClick = [this, &option] { ClickOption(option); };
         for (Label* caption : {&each.Urdu, &each.English}) {
             caption->OnClick = [this, &option] {
-                if (SetFocus(option)) {
+                if (SetFocus(option))
                     ClickOption(option);
-                }
             };
         }
     }
@@ -117,25 +114,22 @@ void SchPrint::attach()
     // Nothing but a selection prints, however else the window goes.
     connect(this, &Form::Unloaded, this, [this] {
         loaded_ = false;
-        if (!selected_) {
+        if (!selected_)
             ParaOutPrint.clear();
-        }
     });
 }
 
 OptionButton& SchPrint::Option(int number) const
 {
-    if (number < 1 || number > choices_.size()) {
+    if (number < 1 || number > choices_.size())
         throw std::out_of_range("SchPrint::Option");
-    }
     return choices_[number - 1].Option;
 }
 
 void SchPrint::Load()
 {
-    if (loaded_) {
+    if (loaded_)
         return;
-    }
     loaded_ = true;
     selected_ = false;
     ClickOption(Option1);
@@ -170,11 +164,9 @@ void SchPrint::ClickOption(OptionButton& option)
 void SchPrint::Show(QWidget* owner)
 {
     Load();
-    for (const Choice& each : choices_) {
-        if (each.Option.Value()) {
+    for (const Choice& each : choices_)
+        if (each.Option.Value())
             ResetFocus(each.Option);
-        }
-    }
     ShowModal(owner);
 }
 

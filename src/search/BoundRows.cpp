@@ -12,9 +12,8 @@ void BoundRows::Take(Recordset rows)
 {
     rows_ = std::move(rows);
     fieldOfColumn_.clear();
-    for (const SearchColumn& column : columns_) {
+    for (const SearchColumn& column : columns_)
         fieldOfColumn_.push_back(rows_.FieldIndex(QString::fromUtf8(column.Field)));
-    }
 }
 
 void BoundRows::Drop()
@@ -36,9 +35,8 @@ QVariant BoundRows::Value(int row, int column) const
 QString BoundRows::Text(int row, int column) const
 {
     const QVariant value = Value(row, column);
-    if (columns_[column].Is == SearchColumn::Kind::Month) {
+    if (columns_[column].Is == SearchColumn::Kind::Month)
         return QLocale(QLocale::English).toString(value.toDate(), QStringLiteral("MMM-yyyy"));
-    }
     return TextOf(value);
 }
 

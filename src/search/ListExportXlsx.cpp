@@ -72,8 +72,8 @@ public:
         worksheet_freeze_panes(sheet_, 1, 0);
         worksheet_autofilter(sheet_, 0, 0, lxw_row_t(rows), last);
         for (lxw_col_t column = 0; column <= last; ++column) {
-            worksheet_set_column(sheet_, column, column,
-                                 columns[column].Width / pixelsOfACharacter, nullptr);
+            worksheet_set_column(sheet_, column, column, columns[column].Width / pixelsOfACharacter,
+                                 nullptr);
             writeText(0, column, columns[column].Title, bold_);
         }
     }
@@ -128,7 +128,7 @@ private:
             return;
         }
         const QTime time = moment.time();
-        lxw_datetime parts{day.year(), day.month(),   day.day(),
+        lxw_datetime parts{day.year(),  day.month(),   day.day(),
                            time.hour(), time.minute(), double(time.second())};
         require(worksheet_write_datetime(sheet_, row, column, &parts,
                                          time == QTime(0, 0) ? date_ : moment_));

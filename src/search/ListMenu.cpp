@@ -44,12 +44,14 @@ void ListMenu::Show(const QPoint& position)
             Qt::QueuedConnection);
         return item;
     };
-    add("mniCopyRow", "سطر کاپی کریں · Copy row\tCtrl+C", [this] { CopyRow(); })
+    add(
+        "mniCopyRow", "سطر کاپی کریں · Copy row\tCtrl+C", [this] { CopyRow(); })
         ->setEnabled(currentRow_() >= 0);
     add("mniCopyList", "پوری فہرست کاپی کریں · Copy whole list", [this] { copyList(); });
     menu->addSeparator();
-    add("mniSaveCsv", "CSV میں محفوظ کریں · Save as CSV…",
-        [this] { save(QStringLiteral("Comma-separated values"), QStringLiteral("csv"), ExportCsv); });
+    add("mniSaveCsv", "CSV میں محفوظ کریں · Save as CSV…", [this] {
+        save(QStringLiteral("Comma-separated values"), QStringLiteral("csv"), ExportCsv);
+    });
     if (CanExportXlsx())
         add("mniSaveXlsx", "ایکسل میں محفوظ کریں · Save as XLSX…",
             [this] { save(QStringLiteral("Spreadsheet"), QStringLiteral("xlsx"), ExportXlsx); });

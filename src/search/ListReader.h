@@ -21,8 +21,8 @@ class Form;
 /// pieces, for each of which the event loop finds time when no key is waiting; a Read that comes
 /// meanwhile gives it up. After a list that was long, or long in the making, the next one begins in
 /// the event loop too, and while keys follow each other it waits for a pause, since the database
-/// cannot be stopped between two rows that lie far apart. Who needs the list that belongs to what is typed calls Finish. Until it is whole nobody
-/// sees anything of it.
+/// cannot be stopped between two rows that lie far apart. Who needs the list that belongs to what
+/// is typed calls Finish. Until it is whole nobody sees anything of it.
 class ListReader : public QObject {
     Q_OBJECT
 public:
@@ -63,7 +63,7 @@ private:
     std::optional<Reading> reading_;
     QBasicTimer timer_;
     QElapsedTimer asked_; ///< since the last Read that had to wait
-    QElapsedTimer told_; ///< since OnState ran
+    QElapsedTimer told_;  ///< since OnState ran
     bool wasLong_ = false;
 };
 

@@ -29,8 +29,7 @@ SearchDescription salaryList(const char* name, const SearchCaption& title,
 }
 
 /// Salaries whose amount lies partly in the rows of a body.
-SearchDescription salaryListWithRows(const char* name, const SearchCaption& title,
-                                     const char* kind)
+SearchDescription salaryListWithRows(const char* name, const SearchCaption& title, const char* kind)
 {
     return salaryList(
         name, title,
@@ -51,24 +50,23 @@ SearchDescription salaryListWithRows(const char* name, const SearchCaption& titl
 
 } // namespace
 
-const SearchDescription SchSalary = salaryList(
-    "SchSalary", {"تنخواہ تلاش کریں", "Find salary"},
-    " Select s.*, f.name, f.FName, designation, SalaryMonth ,"
-    " s.BasicSalary+Salecomm+saleprize+ordercomm+orderprize+reccomm+recprize+supplycomm"
-    "+s.other-s.GPFund-s.KFFund-RecLoan-less as total"
-    " FROM salaries s inner join staff f on s.StaffID = f.StaffID"
-    " WHERE SalaryMonth >='{DtpFrom}' and SalaryMonth < '{MonthAfterDtpTo}'"
-    "{NameClause}{StaffClause}",
-    {{"ID", "StaffID", Captions::Code, 90},
-     {"Name", "Name", Captions::Name, 160, Column::Urdu, true},
-     {"FName", "FName", Captions::FatherName, 160, Column::Urdu, true},
-     {"Date", "SalaryMonth", Captions::Month, 100, Column::Month},
-     {"Designation", "Designation", Captions::Post, 190, Column::Urdu},
-     {"Total", "Total", Captions::Total, 110, Column::Number}});
+const SearchDescription SchSalary =
+    salaryList("SchSalary", {"تنخواہ تلاش کریں", "Find salary"},
+               " Select s.*, f.name, f.FName, designation, SalaryMonth ,"
+               " s.BasicSalary+Salecomm+saleprize+ordercomm+orderprize+reccomm+recprize+supplycomm"
+               "+s.other-s.GPFund-s.KFFund-RecLoan-less as total"
+               " FROM salaries s inner join staff f on s.StaffID = f.StaffID"
+               " WHERE SalaryMonth >='{DtpFrom}' and SalaryMonth < '{MonthAfterDtpTo}'"
+               "{NameClause}{StaffClause}",
+               {{"ID", "StaffID", Captions::Code, 90},
+                {"Name", "Name", Captions::Name, 160, Column::Urdu, true},
+                {"FName", "FName", Captions::FatherName, 160, Column::Urdu, true},
+                {"Date", "SalaryMonth", Captions::Month, 100, Column::Month},
+                {"Designation", "Designation", Captions::Post, 190, Column::Urdu},
+                {"Total", "Total", Captions::Total, 110, Column::Number}});
 
 const SearchDescription SchFrenchiserSalary = salaryListWithRows(
-    "SchFrenchiserSalary", {"فرنچائزر کی تنخواہ تلاش کریں", "Find franchise salary"},
-    "Frenchiser");
+    "SchFrenchiserSalary", {"فرنچائزر کی تنخواہ تلاش کریں", "Find franchise salary"}, "Frenchiser");
 
 const SearchDescription SchWorkShopSalary = salaryListWithRows(
     "SchWorkShopSalary", {"ورکشاپ کی تنخواہ تلاش کریں", "Find workshop salary"}, "WorkShop");

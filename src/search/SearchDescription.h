@@ -21,18 +21,18 @@ struct SearchInput {
         Value,      ///< goes into Clause
         ReadyClause ///< is a clause itself and is appended as it stands
     };
-    const char* Name;          ///< "ParaInBranchCode"
-    const char* Place;         ///< of the statement, where the clause lands: "BranchFilter"
+    const char* Name;  ///< "ParaInBranchCode"
+    const char* Place; ///< of the statement, where the clause lands: "BranchFilter"
     Kind Is = Kind::Value;
-    const char* Clause = "";   ///< " and BranchCode={ParaInBranchCode}"
-    const char* NoClauseFor = "";///< the one value for which there is no clause; "" is a blank one
+    const char* Clause = "";      ///< " and BranchCode={ParaInBranchCode}"
+    const char* NoClauseFor = ""; ///< the one value for which there is no clause; "" is a blank one
 };
 
 /// Something that the caller reads after the dialog has returned.
 struct SearchResult {
     enum class Kind { Text, Int16, Int32 };
-    const char* Name;          ///< "ParaOutGatePassID"
-    const char* Field;         ///< of the statement
+    const char* Name;  ///< "ParaOutGatePassID"
+    const char* Field; ///< of the statement
     Kind Is = Kind::Text;
 };
 
@@ -43,10 +43,10 @@ struct SearchField {
         QueryAgain, ///< Text is a clause; the list is read again on each change
         OnFilter    ///< Text is a clause that takes effect at the next query
     };
-    const char* Name;          ///< "TxtID"
+    const char* Name; ///< "TxtID"
     Kind Is;
-    QByteArray Text;           ///< with a place of the field's name for what is typed
-    const char* Place;         ///< of the statement, where a clause lands; null for a jump
+    QByteArray Text;   ///< with a place of the field's name for what is typed
+    const char* Place; ///< of the statement, where a clause lands; null for a jump
     SearchCaption Caption;
     bool TypesUrdu = false;
 };
@@ -55,31 +55,31 @@ struct SearchField {
 /// and the day one month after DtpTo in {MonthAfterDtpTo}.
 struct SearchDates {
     using Rule = QDate (*)(const QDate& today);
-    Rule From = nullptr;       ///< default; null on dialogs without dates
-    Rule To = nullptr;         ///< default
+    Rule From = nullptr; ///< default; null on dialogs without dates
+    Rule To = nullptr;   ///< default
     const char* Format = "dd/MM/yyyy";
-    bool QueryAgain = true;    ///< the list is read again when a picker changes
-    bool WholeMonths = false;  ///< before each read the range is widened to whole months
+    bool QueryAgain = true;   ///< the list is read again when a picker changes
+    bool WholeMonths = false; ///< before each read the range is widened to whole months
 };
 
 /// A column of the list, or of the lines below it.
 struct SearchColumn {
-    const char* Name;          ///< "ID"
-    const char* Field;         ///< of the statement: "BranchCode"
+    const char* Name;  ///< "ID"
+    const char* Field; ///< of the statement: "BranchCode"
     SearchCaption Caption;
-    int Width;                 ///< pixels at 100 %
+    int Width; ///< pixels at 100 %
     enum class Kind { Latin, Number, Urdu, Month } Is = Kind::Latin;
     bool Stretch = false;
 };
 
 /// A second list that shows the lines of the current voucher.
 struct SearchLines {
-    QByteArray Statement;      ///< empty on dialogs without lines; {ID} is the column of the list
+    QByteArray Statement; ///< empty on dialogs without lines; {ID} is the column of the list
     QList<SearchColumn> Columns;
 };
 
 struct SearchDescription {
-    const char* Name;          ///< "SchBranch"
+    const char* Name; ///< "SchBranch"
     SearchCaption Title;
     const char* WindowTitle = nullptr; ///< of the task bar; null is the English title
     QByteArray Statement;
@@ -89,15 +89,15 @@ struct SearchDescription {
     /// list on Down, and gets what is typed in the list.
     QList<SearchField> Fields;
     SearchDates Dates = {};
-    bool BtnFilter = false;    ///< whether there is one
-    bool FilterOnF12 = false;  ///< whether F12 clicks it
+    bool BtnFilter = false;   ///< whether there is one
+    bool FilterOnF12 = false; ///< whether F12 clicks it
     const char* FilterTip = "";
     QList<SearchColumn> Columns;
     SearchLines GridDetail = {};
     /// LblBalance shows the first field of each, for the current row; empty is no such label.
     QList<QByteArray> LblBalance = {};
-    bool LblTotalCards = false;///< whether there is one, with the record count
-    bool MinimizeWorks = true; ///< whether ImgMin has an action
+    bool LblTotalCards = false; ///< whether there is one, with the record count
+    bool MinimizeWorks = true;  ///< whether ImgMin has an action
 };
 
 } // namespace TradeForms

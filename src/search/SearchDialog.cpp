@@ -16,9 +16,8 @@ template <class Member> const Member& named(const QList<Member>& members, const 
     const auto found = std::find_if(members.begin(), members.end(), [name](const Member& member) {
         return qstrcmp(member.Name, name) == 0;
     });
-    if (found == members.end()) {
+    if (found == members.end())
         throw std::out_of_range(name);
-    }
     return *found;
 }
 
@@ -26,18 +25,16 @@ template <class Member> const Member& named(const QList<Member>& members, const 
 
 SearchDialog::SearchDialog(const SearchDescription& description) : description_(description)
 {
-    for (const SearchResult& result : description_.Results) {
+    for (const SearchResult& result : description_.Results)
         EmptyParaOut(result);
-    }
 }
 
 SearchDialog& SearchDialog::Shared(const SearchDescription& description)
 {
     static std::map<const SearchDescription*, std::unique_ptr<SearchDialog>> instances;
     std::unique_ptr<SearchDialog>& instance = instances[&description];
-    if (!instance) {
+    if (!instance)
         instance = std::make_unique<SearchDialog>(description);
-    }
     return *instance;
 }
 

@@ -61,9 +61,8 @@ int widthOf(const QList<SearchColumn>& columns)
 /// Whether a key typed in the list belongs into the jump field.
 bool jumps(const QString& text)
 {
-    if (text.size() != 1) {
+    if (text.size() != 1)
         return false;
-    }
     const char16_t c = text.front().unicode();
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9');
 }
@@ -73,7 +72,8 @@ bool jumps(const QString& text)
 SearchWindow::SearchWindow(SearchDialog& dialog)
     : dialog_(dialog), is_(dialog.Description()), list_(is_.Columns),
       lines_(is_.GridDetail.Columns), reader_(*this),
-      menu_(*this, [this] { return exported(); }, [this] { return grid_->Row(); })
+      menu_(
+          *this, [this] { return exported(); }, [this] { return grid_->Row(); })
 {
     setObjectName(utf8(is_.Name));
     SetWindowCaption(utf8(is_.WindowTitle ? is_.WindowTitle : is_.Title.English));
@@ -85,19 +85,18 @@ SearchWindow::~SearchWindow()
 {
     // The rows go before the base class takes the grids down.
     grid_->SetSource(nullptr);
-    if (gridDetail_) {
+    if (gridDetail_)
         gridDetail_->SetSource(nullptr);
-    }
 }
 
 void SearchWindow::compose()
 {
     title_ = new TitleStrip(utf8(is_.Title.Urdu), utf8(is_.Title.English));
-    btnSelect_ = new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"),
-                                   QStringLiteral("Select"), QStringLiteral("Enter"),
-                                   JeweledButton::Kind::Primary);
-    btnClose_ = new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"),
-                                  QStringLiteral("Close"), QStringLiteral("Esc"));
+    btnSelect_ =
+        new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"), QStringLiteral("Select"),
+                          QStringLiteral("Enter"), JeweledButton::Kind::Primary);
+    btnClose_ = new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"), QStringLiteral("Close"),
+                                  QStringLiteral("Esc"));
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);
@@ -108,15 +107,12 @@ void SearchWindow::compose()
     all->addWidget(ButtonBar({btnSelect_}, {btnClose_}));
 
     QList<Control*> tabOrder;
-    for (const Narrowing& narrowing : narrowings_) {
+    for (const Narrowing& narrowing : narrowings_)
         tabOrder << narrowing.Field;
-    }
     for (Control* control : std::initializer_list<Control*>{dtpFrom_, dtpTo_, btnFilter_, grid_,
-                                                            gridDetail_, btnSelect_, btnClose_}) {
-        if (control) {
+                                                            gridDetail_, btnSelect_, btnClose_})
+        if (control)
             tabOrder << control;
-        }
-    }
     SetTabOrderOf(tabOrder);
     resize(std::max(640, widthOf(is_.Columns) + 8 * Look::Space()), gridDetail_ ? 680 : 560);
 }
@@ -143,17 +139,15 @@ QWidget* SearchWindow::composeFields()
     if (is_.Dates.From) {
         dtpFrom_ = new DTPicker(QStringLiteral("DtpFrom"), QStringLiteral("From date"));
         dtpTo_ = new DTPicker(QStringLiteral("DtpTo"), QStringLiteral("To date"));
-        for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
+        for (DTPicker* picker : {dtpFrom_, dtpTo_})
             picker->SetCustomFormat(utf8(is_.Dates.Format));
-        }
-        row->addWidget(
-            Stacked(new Caption(utf8("تاریخ سے"), QStringLiteral("From")), dtpFrom_));
+        row->addWidget(Stacked(new Caption(utf8("تاریخ سے"), QStringLiteral("From")), dtpFrom_));
         row->addWidget(Stacked(new Caption(utf8("تاریخ تک"), QStringLiteral("To")), dtpTo_));
     }
     if (is_.BtnFilter) {
-        btnFilter_ = new JeweledButton(QStringLiteral("BtnFilter"), utf8("تلاش"),
-                                       QStringLiteral("Search"),
-                                       is_.FilterOnF12 ? QStringLiteral("F12") : QString());
+        btnFilter_ =
+            new JeweledButton(QStringLiteral("BtnFilter"), utf8("تلاش"), QStringLiteral("Search"),
+                              is_.FilterOnF12 ? QStringLiteral("F12") : QString());
         btnFilter_->setToolTip(utf8(is_.FilterTip));
         row->addWidget(btnFilter_, 0, Qt::AlignBottom);
     }
@@ -205,13 +199,11 @@ void SearchWindow::attach()
             break;
         }
     }
-    if (btnFilter_) {
+    if (btnFilter_)
         btnFilter_->OnClick = [this] { loadList(); };
-    }
     reader_.OnBegin = [this] {
-        if (is_.Dates.From) {
+        if (is_.Dates.From)
             showRange();
-        }
         return buildStatement();
     };
     reader_.OnRead = [this](Recordset rows, const QString& statement) {
@@ -246,18 +238,15 @@ void SearchWindow::attach()
     btnSelect_->OnClick = [this] { select(); };
     btnClose_->OnClick = [this] { leaveEmpty(); };
     title_->ImgExit().OnClick = [this] { Unload(); };
-    if (is_.MinimizeWorks) {
+    if (is_.MinimizeWorks)
         title_->ImgMin().OnClick = [this] { Minimize(); };
-    }
 }
 
 Txt& SearchWindow::NarrowingField(const char* name)
 {
-    for (const Narrowing& narrowing : narrowings_) {
-        if (qstrcmp(narrowing.Is->Name, name) == 0) {
+    for (const Narrowing& narrowing : narrowings_)
+        if (qstrcmp(narrowing.Is->Name, name) == 0)
             return *narrowing.Field;
-        }
-    }
     throw std::out_of_range(name);
 }
 
@@ -277,9 +266,8 @@ void SearchWindow::Load()
         // From here on, so that the defaults do not read the list.
         for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
             picker->OnChange = [this] {
-                if (!showingRange_) {
+                if (!showingRange_)
                     loadList();
-                }
             };
             picker->OnLostFocus = [this] { showRange(); };
         }
@@ -294,9 +282,8 @@ SearchWindow::DateRange SearchWindow::range() const
 {
     const QDate from = dtpFrom_->Value();
     const QDate to = dtpTo_->Value();
-    if (!is_.Dates.WholeMonths) {
+    if (!is_.Dates.WholeMonths)
         return {from, to};
-    }
     return {QDate(from.year(), from.month(), 1), QDate(to.year(), to.month(), to.daysInMonth())};
 }
 
@@ -306,9 +293,8 @@ void SearchWindow::showRange()
     const QScopedValueRollback<bool> quiet(showingRange_, true);
     const DateRange dates = range();
     const auto set = [](DTPicker& picker, const QDate& date) {
-        if (!picker.IsBeingTyped() && picker.Value() != date) {
+        if (!picker.IsBeingTyped() && picker.Value() != date)
             picker.SetValue(date);
-        }
     };
     set(*dtpFrom_, dates.From);
     set(*dtpTo_, dates.To);
@@ -321,21 +307,18 @@ Statement SearchWindow::buildStatement() const
         const QString given = dialog_.ParaIn(input.Name).toString();
         const QString value = given.trimmed().isEmpty() ? QString() : given;
         Statement clause;
-        if (input.Is == SearchInput::Kind::ReadyClause) {
+        if (input.Is == SearchInput::Kind::ReadyClause)
             clause = Statement(given);
-        } else if (value != QLatin1String(input.NoClauseFor)) {
+        else if (value != QLatin1String(input.NoClauseFor))
             clause = Statement(input.Clause).Bind(input.Name, value);
-        }
         statement.Splice(input.Place, clause);
     }
     for (const Narrowing& narrowing : narrowings_) {
-        if (!narrowing.Is->Place) {
+        if (!narrowing.Is->Place)
             continue;
-        }
         Statement clause;
-        if (const QString typed = narrowing.Field->Text(); !typed.trimmed().isEmpty()) {
+        if (const QString typed = narrowing.Field->Text(); !typed.trimmed().isEmpty())
             clause = Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed);
-        }
         statement.Splice(narrowing.Is->Place, clause);
     }
     if (is_.Dates.From) {
@@ -360,19 +343,15 @@ void SearchWindow::showList(Recordset rows, const QString& statement)
     list_.Take(std::move(rows));
     grid_->SourceChanged();
     jumpTo(0);
-    if (list_.RowCount() == 0) {
+    if (list_.RowCount() == 0)
         showRow();
-    }
     showCount();
-    if (lblTotalCards_) {
+    if (lblTotalCards_)
         lblTotalCards_->SetText(QString::number(list_.RowCount()));
-    }
-    if (loading_ && lblBalance_) {
+    if (loading_ && lblBalance_)
         lblBalance_->SetText(QString());
-    }
-    if (const auto owed = std::exchange(owedJump_, std::nullopt)) {
+    if (const auto owed = std::exchange(owedJump_, std::nullopt))
         jump(*owed);
-    }
 }
 
 void SearchWindow::showCount()
@@ -380,13 +359,12 @@ void SearchWindow::showCount()
     const auto count = [](const char* what, int rows) {
         return utf8(what) + QLocale(QLocale::English).toString(rows);
     };
-    if (reader_.IsReading()) {
+    if (reader_.IsReading())
         title_->SetState(utf8("پڑھا جا رہا ہے"), count("reading ", reader_.RowCount()));
-    } else if (list_.Rows().IsOpen()) {
+    else if (list_.Rows().IsOpen())
         title_->SetState(QString(), count("rows ", list_.RowCount()));
-    } else {
+    else
         title_->SetState(QString(), QString());
-    }
 }
 
 void SearchWindow::jump(const Narrowing& narrowing)
@@ -395,9 +373,8 @@ void SearchWindow::jump(const Narrowing& narrowing)
         owedJump_ = narrowing;
         return;
     }
-    if (!list_.Rows().IsOpen()) {
+    if (!list_.Rows().IsOpen())
         return;
-    }
     const QString typed = narrowing.Field->Text();
     if (typed.trimmed().isEmpty()) {
         jumpTo(0);
@@ -411,9 +388,8 @@ void SearchWindow::jump(const Narrowing& narrowing)
 void SearchWindow::jumpTo(int row)
 {
     grid_->ClearSelection();
-    if (row < 0 || row >= grid_->RowCount()) {
+    if (row < 0 || row >= grid_->RowCount())
         return;
-    }
     grid_->SetRow(row);
     list_.Rows().MoveToPosition(row);
     grid_->SelectRow(row);
@@ -426,12 +402,10 @@ Recordset SearchWindow::readAboutRow(const QByteArray& statement) const
     const Recordset& rows = list_.Rows();
     const int row = grid_->Row();
     // Backwards, so that of two fields of one name the first counts.
-    for (int field = rows.FieldCount() - 1; field >= 0; --field) {
+    for (int field = rows.FieldCount() - 1; field >= 0; --field)
         about.Bind(rows.FieldName(field).toUtf8(), rows.ValueAt(row, field));
-    }
-    for (int column = 0; column < is_.Columns.size(); ++column) {
+    for (int column = 0; column < is_.Columns.size(); ++column)
         about.Bind(is_.Columns[column].Name, list_.Text(row, column));
-    }
     return HostContext::Database()->Execute(about);
 }
 
@@ -441,19 +415,16 @@ void SearchWindow::showRow()
     const bool none = list_.RowCount() == 0;
     if (lblBalance_) {
         QStringList texts;
-        for (const QByteArray& statement : is_.LblBalance) {
-            if (!none) {
+        for (const QByteArray& statement : is_.LblBalance)
+            if (!none)
                 texts << TextOf(readAboutRow(statement).Fields(0).Value());
-            }
-        }
         lblBalance_->SetText(texts.join(u' '));
     }
     if (gridDetail_) {
-        if (none) {
+        if (none)
             lines_.Drop();
-        } else {
+        else
             lines_.Take(readAboutRow(is_.GridDetail.Statement));
-        }
         gridDetail_->SourceChanged();
     }
 }
@@ -461,9 +432,8 @@ void SearchWindow::showRow()
 void SearchWindow::select()
 {
     reader_.Finish();
-    if (grid_->RowCount() == 0) {
+    if (grid_->RowCount() == 0)
         return;
-    }
     for (const SearchResult& result : is_.Results) {
         const QVariant value = list_.Rows().Value(result.Field);
         switch (result.Is) {
@@ -483,9 +453,8 @@ void SearchWindow::select()
 
 void SearchWindow::leaveEmpty()
 {
-    for (const SearchResult& result : is_.Results) {
+    for (const SearchResult& result : is_.Results)
         dialog_.EmptyParaOut(result);
-    }
     Unload();
 }
 
@@ -508,9 +477,8 @@ void SearchWindow::FormKeyDown(KeyPress& key)
     const bool goesIntoList = key.Code == Qt::Key_Down && IsActive(firstField());
     const bool actsOnList =
         goesIntoList || (IsActive(*grid_) && key.Code != Qt::Key_Escape && !jumps(key.Text));
-    if (actsOnList) {
+    if (actsOnList)
         reader_.Finish();
-    }
     switch (key.Code) {
     case Qt::Key_Escape:
         key.Swallow();

@@ -80,9 +80,9 @@ private:
     BoundRows list_;
     BoundRows lines_;
     QString listStatement_;
-    bool loading_ = false;     ///< the list is the first one of this showing
+    bool loading_ = false;              ///< the list is the first one of this showing
     std::optional<Narrowing> owedJump_; ///< to be made in the list that is being read
-    bool showingRange_ = false;///< the program sets the pickers, on the way to a read
+    bool showingRange_ = false;         ///< the program sets the pickers, on the way to a read
     std::vector<Narrowing> narrowings_;
     DTPicker* dtpFrom_ = nullptr;
     DTPicker* dtpTo_ = nullptr;

@@ -6,9 +6,9 @@ namespace {
 
 const SearchField numberField{"TxtFilter", Narrow::Jump, "StockID = {TxtFilter}", nullptr,
                               Captions::Number};
-const SearchField productField{"TxtProductName", Narrow::OnFilter,
-                               " and ProductName like '%{TxtProductName}%'", "ProductClause",
-                               Captions::Product, true};
+const SearchField productField{
+    "TxtProductName", Narrow::OnFilter,  " and ProductName like '%{TxtProductName}%'",
+    "ProductClause",  Captions::Product, true};
 
 /// Stock that came in or went out by number of pieces.
 SearchDescription stockDocuments(const char* name, const SearchCaption& title, const char* kind)
@@ -17,18 +17,20 @@ SearchDescription stockDocuments(const char* name, const SearchCaption& title, c
         .Name = name,
         .Title = title,
         .Statement =
-            of(kind,
-               "Select h.StockID, Date, sum(qty) as Qty, BranchName, AccountName"
-               " from {Kind}Header h inner join {Kind}Body b on h.StockID = b.StockID"
-               " inner join branches br on br.branchcode = h.branchcode"
-               " left outer join Accounts a on a.AccountNo = h.AccountNo"
-               " inner join Products p on p.ProductID = b.ProductID"
-               " WHERE Date Between '{DtpFrom}' AND '{DtpTo}'{BranchClause}{ProductClause}"
-               " Group By h.StockID, Date, BranchName, AccountName"),
+            of(kind, "Select h.StockID, Date, sum(qty) as Qty, BranchName, AccountName"
+                     " from {Kind}Header h inner join {Kind}Body b on h.StockID = b.StockID"
+                     " inner join branches br on br.branchcode = h.branchcode"
+                     " left outer join Accounts a on a.AccountNo = h.AccountNo"
+                     " inner join Products p on p.ProductID = b.ProductID"
+                     " WHERE Date Between '{DtpFrom}' AND '{DtpTo}'{BranchClause}{ProductClause}"
+                     " Group By h.StockID, Date, BranchName, AccountName"),
         .Results = {{"ParaOutStockID", "StockID", Result::Int16}},
         .Fields = {numberField,
-                   {"TxtBranchCode", Narrow::QueryAgain, " and h.BranchCode={TxtBranchCode}",
-                    "BranchClause", {"برانچ", "Branch code"}},
+                   {"TxtBranchCode",
+                    Narrow::QueryAgain,
+                    " and h.BranchCode={TxtBranchCode}",
+                    "BranchClause",
+                    {"برانچ", "Branch code"}},
                    productField},
         .Dates = {.From = Dates::daysAgo<30>, .To = Dates::today},
         .BtnFilter = true,
@@ -38,10 +40,9 @@ SearchDescription stockDocuments(const char* name, const SearchCaption& title, c
                     {"BranchName", "BranchName", Captions::Branch, 150, Column::Urdu},
                     {"TotalItems", "Qty", Captions::Quantity, 90, Column::Number}},
         .GridDetail =
-            {of(kind,
-                " Select ProductName, Qty from {Kind}Header h"
-                " inner join {Kind}Body b on h.StockID = b.StockID"
-                " inner join Products p on p.ProductID = b.ProductID Where h.StockID = {ID}"),
+            {of(kind, " Select ProductName, Qty from {Kind}Header h"
+                      " inner join {Kind}Body b on h.StockID = b.StockID"
+                      " inner join Products p on p.ProductID = b.ProductID Where h.StockID = {ID}"),
              {{"ProductName", "ProductName", Captions::Product, 300, Column::Urdu, true},
               {"Qty", "Qty", Captions::Quantity, 90, Column::Number}}},
     };
@@ -66,7 +67,8 @@ const SearchDescription SchStockInDetail{
         " WHERE Date Between '{DtpFrom}' AND '{DtpTo}'"
         "{ProductClause}{EngineClause}{ChasisClause} Group By h.StockID, Date, r.Name",
     .Results = {{"ParaOutStockID", "StockID", Result::Int16}},
-    .Fields = {numberField, productField,
+    .Fields = {numberField,
+               productField,
                {"TxtEngineNo", Narrow::QueryAgain, " and EngineNo = '{TxtEngineNo}'",
                 "EngineClause", Captions::EngineNo},
                {"TxtChasisNo", Narrow::QueryAgain, " and ChasisNo = '{TxtChasisNo}'",
@@ -77,13 +79,12 @@ const SearchDescription SchStockInDetail{
                 {"Date", "Date", Captions::Date, 110},
                 {"ReceivingName", "ReceivingName", Captions::Receiver, 220, Column::Urdu, true},
                 {"TotalItems", "Qty", Captions::Quantity, 90, Column::Number}},
-    .GridDetail =
-        {" Select ProductName, ChasisNo, EngineNo from StockInDetailHeader h"
-         " inner join StockInDetailBody b on h.StockID = b.StockID"
-         " inner join Products p on p.ProductID = b.ProductID Where h.StockID = {ID}",
-         {{"ProductName", "ProductName", Captions::Product, 260, Column::Urdu, true},
-          {"ChasisNo", "ChasisNo", Captions::ChassisNo, 150},
-          {"EngineNo", "EngineNo", Captions::EngineNo, 150}}},
+    .GridDetail = {" Select ProductName, ChasisNo, EngineNo from StockInDetailHeader h"
+                   " inner join StockInDetailBody b on h.StockID = b.StockID"
+                   " inner join Products p on p.ProductID = b.ProductID Where h.StockID = {ID}",
+                   {{"ProductName", "ProductName", Captions::Product, 260, Column::Urdu, true},
+                    {"ChasisNo", "ChasisNo", Captions::ChassisNo, 150},
+                    {"EngineNo", "EngineNo", Captions::EngineNo, 150}}},
 };
 
 } // namespace TradeForms

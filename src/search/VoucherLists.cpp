@@ -10,15 +10,14 @@ SearchDescription creditVouchers(const char* name, const SearchCaption& title, c
     return {
         .Name = name,
         .Title = title,
-        .Statement =
-            of(kind,
-               "Select {Kind}Header.VoucherID, {Kind}Header.AreaCode,"
-               " VoucherDate,{Kind}body.TotalAmount ,Areas.AreaName from {Kind}Header"
-               " join (SELECT VoucherID, sum(amount) as TotalAmount FROM {Kind}Body"
-               " GROUP BY VoucherID) {Kind}Body on {Kind}Header.VoucherID={Kind}Body.VoucherID"
-               " join Areas on {Kind}Header.AreaCode=Areas.AreaCode"
-               " WHERE VoucherDate Between '{DtpFrom}' AND '{DtpTo}'{AreaClause}"
-               " order by VoucherDate, {Kind}Header.VoucherID"),
+        .Statement = of(
+            kind, "Select {Kind}Header.VoucherID, {Kind}Header.AreaCode,"
+                  " VoucherDate,{Kind}body.TotalAmount ,Areas.AreaName from {Kind}Header"
+                  " join (SELECT VoucherID, sum(amount) as TotalAmount FROM {Kind}Body"
+                  " GROUP BY VoucherID) {Kind}Body on {Kind}Header.VoucherID={Kind}Body.VoucherID"
+                  " join Areas on {Kind}Header.AreaCode=Areas.AreaCode"
+                  " WHERE VoucherDate Between '{DtpFrom}' AND '{DtpTo}'{AreaClause}"
+                  " order by VoucherDate, {Kind}Header.VoucherID"),
         .Results = {{"ParaOutVoucherID", "VoucherID", Result::Int16}},
         .Fields = {{"TxtFilter", Narrow::Jump, "VoucherID = {TxtFilter}", nullptr,
                     Captions::Number},
@@ -38,19 +37,18 @@ SearchDescription creditVouchers(const char* name, const SearchCaption& title, c
 const SearchDescription SchGatePass{
     .Name = "SchGatePass",
     .Title = {"گیٹ پاس تلاش کریں", "Find gate pass"},
-    .Statement =
-        "Select GatePassHeader.GatePassID, GatePassDate, d.Name as DriverName,"
-        " r.Name as Receiving, GatePassBody.outnew, GatePassBody.returnold,"
-        " GatePassBody.returnnew, AreaCode from GatePassHeader"
-        " join (SELECT GatePassID, sum(OutNewProducts) as outnew,"
-        " sum(ReturnOldProducts) as returnold, sum(ReturnNewProducts) as returnnew"
-        " FROM GatePassBody GROUP BY GatePassID) GatePassBody"
-        " on GatePassHeader.GatePassID=GatePassBody.GatePassID"
-        " left outer join staff d on GatePassHeader.DriverCode = d.StaffID"
-        " left outer join staff r on GatePassHeader.ReceivingCode = r.StaffID"
-        " WHERE GatePassDate Between '{DtpFrom}' AND '{DtpTo}'"
-        "{ReceivingClause}{AreaClause}{DriverClause}"
-        " ORDER By GatePassDate, GatePassHeader.GatePassID",
+    .Statement = "Select GatePassHeader.GatePassID, GatePassDate, d.Name as DriverName,"
+                 " r.Name as Receiving, GatePassBody.outnew, GatePassBody.returnold,"
+                 " GatePassBody.returnnew, AreaCode from GatePassHeader"
+                 " join (SELECT GatePassID, sum(OutNewProducts) as outnew,"
+                 " sum(ReturnOldProducts) as returnold, sum(ReturnNewProducts) as returnnew"
+                 " FROM GatePassBody GROUP BY GatePassID) GatePassBody"
+                 " on GatePassHeader.GatePassID=GatePassBody.GatePassID"
+                 " left outer join staff d on GatePassHeader.DriverCode = d.StaffID"
+                 " left outer join staff r on GatePassHeader.ReceivingCode = r.StaffID"
+                 " WHERE GatePassDate Between '{DtpFrom}' AND '{DtpTo}'"
+                 "{ReceivingClause}{AreaClause}{DriverClause}"
+                 " ORDER By GatePassDate, GatePassHeader.GatePassID",
     .Results = {{"ParaOutGatePassID", "GatePassID", Result::Int16}},
     .Fields = {{"TxtFilter", Narrow::Jump, "GatePassID = {TxtFilter}", nullptr, Captions::Number},
                {"TxtAreaCode", Narrow::QueryAgain, " and areacode='{TxtAreaCode}'", "AreaClause",
@@ -60,40 +58,37 @@ const SearchDescription SchGatePass{
                {"TxtReceiving", Narrow::QueryAgain, " and r.Name like '%{TxtReceiving}%'",
                 "ReceivingClause", Captions::Receiver, true}},
     .Dates = {.From = Dates::daysAgo<30>, .To = Dates::today},
-    .Columns = {{"ID", "GatePassID", Captions::Number, 80, Column::Number},
-                {"Date", "GatePassDate", Captions::Date, 100},
-                {"Driver", "DriverName", Captions::Driver, 160, Column::Urdu, true},
-                {"Receiving", "Receiving", Captions::Receiver, 160, Column::Urdu, true},
-                {"AreaName", "AreaCode", Captions::Area, 90},
-                {"outnewstock", "outnew", {"باہر", "Out"}, 80, Column::Number},
-                {"returnoldstock", "returnold", {"واپس پرانا", "Returned old"}, 100,
-                 Column::Number},
-                {"returnnewstock", "returnnew", {"واپس نیا", "Returned new"}, 100,
-                 Column::Number}},
+    .Columns =
+        {{"ID", "GatePassID", Captions::Number, 80, Column::Number},
+         {"Date", "GatePassDate", Captions::Date, 100},
+         {"Driver", "DriverName", Captions::Driver, 160, Column::Urdu, true},
+         {"Receiving", "Receiving", Captions::Receiver, 160, Column::Urdu, true},
+         {"AreaName", "AreaCode", Captions::Area, 90},
+         {"outnewstock", "outnew", {"باہر", "Out"}, 80, Column::Number},
+         {"returnoldstock", "returnold", {"واپس پرانا", "Returned old"}, 100, Column::Number},
+         {"returnnewstock", "returnnew", {"واپس نیا", "Returned new"}, 100, Column::Number}},
     .MinimizeWorks = false,
 };
 
 const SearchDescription SchInsCustomer{
     .Name = "SchInsCustomer",
     .Title = {"قسط کا کھاتہ تلاش کریں", "Find instalment account"},
-    .Statement =
-        " SELECT InsCustomerHeader.InsCustomerID,InsCustomerHeader.CardNo, SaleDate,"
-        " InsCustomerHeader.Name, InsCustomerHeader.FName ,InsCustomerHeader.TotalAmount,"
-        "PromiseDate, isnull(TotalItems,0) as TotalItems, Areas.AreaName,"
-        "InsCustomerHeader.AreaCode, r.Name as Receiving, f.Name as Frenchiser"
-        " FROM InsCustomerHeader"
-        " Left Outer Join (SELECT InsCustomerBody.InsCustomerID, sum(qty) as TotalItems"
-        " FROM InsCustomerBody GROUP BY InsCustomerBody.InsCustomerID) InsCustomerBody"
-        " ON InsCustomerHeader.InsCustomerID = InsCustomerBody.InsCustomerID"
-        " INNER JOIN Areas ON InsCustomerHeader.AreaCode = Areas.AreaCode"
-        " left outer JOIN Staff f ON InsCustomerHeader.FStaffID = f.StaffID"
-        " left outer JOIN Staff r ON InsCustomerHeader.ReceivingCode = r.StaffID"
-        " WHERE SaleDate Between '{DtpFrom}' AND '{DtpTo}'"
-        "{AreaClause}{NameClause}{FNameClause}{FrenchiserClause}{ReceivingClause}"
-        " order by InsCustomerHeader.CardNo",
+    .Statement = " SELECT InsCustomerHeader.InsCustomerID,InsCustomerHeader.CardNo, SaleDate,"
+                 " InsCustomerHeader.Name, InsCustomerHeader.FName ,InsCustomerHeader.TotalAmount,"
+                 "PromiseDate, isnull(TotalItems,0) as TotalItems, Areas.AreaName,"
+                 "InsCustomerHeader.AreaCode, r.Name as Receiving, f.Name as Frenchiser"
+                 " FROM InsCustomerHeader"
+                 " Left Outer Join (SELECT InsCustomerBody.InsCustomerID, sum(qty) as TotalItems"
+                 " FROM InsCustomerBody GROUP BY InsCustomerBody.InsCustomerID) InsCustomerBody"
+                 " ON InsCustomerHeader.InsCustomerID = InsCustomerBody.InsCustomerID"
+                 " INNER JOIN Areas ON InsCustomerHeader.AreaCode = Areas.AreaCode"
+                 " left outer JOIN Staff f ON InsCustomerHeader.FStaffID = f.StaffID"
+                 " left outer JOIN Staff r ON InsCustomerHeader.ReceivingCode = r.StaffID"
+                 " WHERE SaleDate Between '{DtpFrom}' AND '{DtpTo}'"
+                 "{AreaClause}{NameClause}{FNameClause}{FrenchiserClause}{ReceivingClause}"
+                 " order by InsCustomerHeader.CardNo",
     .Results = {{"ParaOutInsCustomerID", "InsCustomerID", Result::Text}},
-    .Fields = {{"TxtFilter", Narrow::Jump, "CardNo like '{TxtFilter}%'", nullptr,
-                Captions::CardNo},
+    .Fields = {{"TxtFilter", Narrow::Jump, "CardNo like '{TxtFilter}%'", nullptr, Captions::CardNo},
                {"TxtAreaCode", Narrow::OnFilter, " AND InsCustomerHeader.AreaCode='{TxtAreaCode}'",
                 "AreaClause", Captions::AreaCode},
                {"TxtName", Narrow::OnFilter, " AND InsCustomerHeader.Name like '%{TxtName}%'",
@@ -163,11 +158,13 @@ const SearchDescription SchRecoveryVoucherDetail{
     .Results = {{"ParaOutVoucherID", "VoucherID", Result::Int32},
                 {"ParaOutInsCustomerID", "InsCustomerID", Result::Text}},
     .Fields = {{"TxtID", Narrow::Jump, "CardNo Like '{TxtID}'", nullptr, Captions::CardNo},
-               {"TxtAreaCode", Narrow::QueryAgain,
-                " AND RecoveryHeader.AreaCode = '{TxtAreaCode}'", "AreaClause",
-                Captions::AreaCode},
-               {"TxtFilter", Narrow::QueryAgain, " AND RecoveryHeader.voucherID = {TxtFilter}",
-                "VoucherClause", {"واؤچر نمبر", "Voucher no"}},
+               {"TxtAreaCode", Narrow::QueryAgain, " AND RecoveryHeader.AreaCode = '{TxtAreaCode}'",
+                "AreaClause", Captions::AreaCode},
+               {"TxtFilter",
+                Narrow::QueryAgain,
+                " AND RecoveryHeader.voucherID = {TxtFilter}",
+                "VoucherClause",
+                {"واؤچر نمبر", "Voucher no"}},
                {"TxtName", Narrow::QueryAgain, " AND InsCustomerHeader.Name like '%{TxtName}%'",
                 "NameClause", Captions::Name, true}},
     .Dates = {.From = Dates::daysAgo<60>, .To = Dates::today},
@@ -185,19 +182,18 @@ const SearchDescription SchRecoveryVoucherDetail{
 const SearchDescription SchConcessionVoucher = creditVouchers(
     "SchConcessionVoucher", {"رعایت واؤچر تلاش کریں", "Find concession voucher"}, "Concession");
 
-const SearchDescription SchReturnVoucher = creditVouchers(
-    "SchReturnVoucher", {"واپسی واؤچر تلاش کریں", "Find return voucher"}, "Return");
+const SearchDescription SchReturnVoucher =
+    creditVouchers("SchReturnVoucher", {"واپسی واؤچر تلاش کریں", "Find return voucher"}, "Return");
 
 const SearchDescription SchWorkerParts{
     .Name = "SchWorkerParts",
     .Title = {"پرزہ جات واؤچر تلاش کریں", "Find parts voucher"},
-    .Statement =
-        "Select h.VoucherID, VoucherDate, b.TotalAmount ,Name, h.StaffID"
-        " from WorkShopPartsHeader h"
-        " join (SELECT VoucherID, sum(amount) as TotalAmount FROM WorkShopPartsBody"
-        " GROUP BY VoucherID) b on h.VoucherID = b.VoucherID"
-        " left outer join Staff s on h.StaffID = s.staffid"
-        " WHERE VoucherDate Between '{DtpFrom}' AND '{DtpTo}'{NameClause}{StaffClause}",
+    .Statement = "Select h.VoucherID, VoucherDate, b.TotalAmount ,Name, h.StaffID"
+                 " from WorkShopPartsHeader h"
+                 " join (SELECT VoucherID, sum(amount) as TotalAmount FROM WorkShopPartsBody"
+                 " GROUP BY VoucherID) b on h.VoucherID = b.VoucherID"
+                 " left outer join Staff s on h.StaffID = s.staffid"
+                 " WHERE VoucherDate Between '{DtpFrom}' AND '{DtpTo}'{NameClause}{StaffClause}",
     .Results = {{"ParaOutVoucherID", "VoucherID", Result::Int16}},
     .Fields = {{"TxtFilter", Narrow::Jump, "VoucherID = {TxtFilter}", nullptr, Captions::Number},
                {"TxtStaffName", Narrow::QueryAgain, " and name like '%{TxtStaffName}%'",
@@ -224,8 +220,8 @@ const SearchDescription SchPartnershipProfit{
         " Group By h.VoucherID, h.AreaCode, [Month], AreaName order by [Month], h.VoucherID",
     .Results = {{"ParaOutVoucherID", "VoucherID", Result::Int16}},
     .Fields = {{"TxtFilter", Narrow::Jump, "VoucherID = {TxtFilter}", nullptr, Captions::Number},
-               {"TxtAreaCode", Narrow::QueryAgain, " AND h.AreaCode ='{TxtAreaCode}'",
-                "AreaClause", Captions::AreaCode}},
+               {"TxtAreaCode", Narrow::QueryAgain, " AND h.AreaCode ='{TxtAreaCode}'", "AreaClause",
+                Captions::AreaCode}},
     .Dates = {.From = Dates::today, .To = Dates::today, .WholeMonths = true},
     .Columns = {{"ID", "VoucherID", Captions::Number, 90, Column::Number},
                 {"Month", "Month", Captions::Month, 110, Column::Month},
@@ -247,24 +243,26 @@ const SearchDescription SchConvertArea{
         " where ToDate between '{DtpFrom}' and '{DtpTo}'{NameClause}{AreaClause}{CardClause}",
     .Results = {{"ParaOutPrevAreaCode", "PrevAreaCode", Result::Text},
                 {"ParaOutPrevCardNo", "PrevCardNo", Result::Text}},
-    .Fields = {{"TxtPrevCardNo", Narrow::QueryAgain,
+    .Fields = {{"TxtPrevCardNo",
+                Narrow::QueryAgain,
                 " and right(frominscustomerid,len(frominscustomerid)-"
                 "PATINDEX('% %',frominscustomerid)) like '%{TxtPrevCardNo}%'",
-                "CardClause", {"سابقہ کارڈ نمبر", "Previous card no"}},
-               {"TxtPrevAreaCode", Narrow::QueryAgain,
+                "CardClause",
+                {"سابقہ کارڈ نمبر", "Previous card no"}},
+               {"TxtPrevAreaCode",
+                Narrow::QueryAgain,
                 " and left(frominscustomerid,PATINDEX('% %',frominscustomerid)-1)"
                 " = '{TxtPrevAreaCode}'",
-                "AreaClause", {"سابقہ علاقہ", "Previous area"}},
+                "AreaClause",
+                {"سابقہ علاقہ", "Previous area"}},
                {"TxtName", Narrow::QueryAgain, " and Name like '%{TxtName}%'", "NameClause",
                 Captions::Name, true}},
     .Dates = {.From = Dates::daysAgo<180>, .To = Dates::today},
     .Columns = {{"PrevAreaCode", "PrevAreaCode", {"سابقہ علاقہ", "Previous area"}, 100},
-                {"PrevCardNo", "PrevCardNo", {"سابقہ کارڈ", "Previous card"}, 100,
-                 Column::Number},
+                {"PrevCardNo", "PrevCardNo", {"سابقہ کارڈ", "Previous card"}, 100, Column::Number},
                 {"Name", "Name", Captions::Name, 170, Column::Urdu, true},
                 {"Total", "Total", Captions::Total, 100, Column::Number},
-                {"Previous", "Previous", {"سابقہ بقایا", "Previous balance"}, 120,
-                 Column::Number},
+                {"Previous", "Previous", {"سابقہ بقایا", "Previous balance"}, 120, Column::Number},
                 {"NewAreaCode", "NewAreaCode", {"نیا علاقہ", "New area"}, 90},
                 {"NewCardNo", "NewCardNo", {"نیا کارڈ", "New card"}, 90, Column::Number},
                 {"Remain", "Remain", {"بقایا", "Balance"}, 100, Column::Number},

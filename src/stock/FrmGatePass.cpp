@@ -52,7 +52,8 @@ VoucherDeclaration gatePass()
 /// Option2 and Option3 stay as the last print has left them.
 CopyDeclaration copies()
 {
-    return {.Shown = {4}, .Copies = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}};
+    return {.Shown = {4},
+            .Copies = {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}};
 }
 
 QVariant usersBranch()
@@ -76,7 +77,8 @@ FrmGatePass::FrmGatePass()
       TxtBranchID(CodeField(this, "TxtBranchID", "Branch code", true)),
       BtnBranch(ListButton(this, "BtnBranch", "List of branches")),
       TxtBranchName(UrduField(this, "TxtBranchName", "Branch name")),
-      OptSupply(OptionField(this, "OptSupply", "Supply")), OptOrder(OptionField(this, "OptOrder", "Order")),
+      OptSupply(OptionField(this, "OptSupply", "Supply")),
+      OptOrder(OptionField(this, "OptOrder", "Order")),
       OptSale(OptionField(this, "OptSale", "Sale")), Label12(TextLabel(this, "Label12", "سپلائی")),
       Label13(TextLabel(this, "Label13", "آرڈر")), Label8(TextLabel(this, "Label8", "سیل")),
       TxtProductID(CodeField(this, "TxtProductID", "Product code", true)),
@@ -87,8 +89,8 @@ FrmGatePass::FrmGatePass()
       TxtReturnNewProducts(NumberField(this, "TxtReturnNewProducts", "New pieces returned")),
       LblCaption(TextLabel(this, "LblCaption", "سٹاک")), LblStock(TextLabel(this, "LblStock", "")),
       Detail(*this, Rows, detail()), LookupDriver(*this, driver()),
-      LookupReceiving(*this, receiving()), LookupArea(*this, area()),
-      LookupBranch(*this, branch()), LookupProduct(*this, product())
+      LookupReceiving(*this, receiving()), LookupArea(*this, area()), LookupBranch(*this, branch()),
+      LookupProduct(*this, product())
 {
     setObjectName(QStringLiteral("FrmGatePass"));
     TxtGatePassID.SetEnabled(false);
@@ -144,12 +146,12 @@ DetailDeclaration FrmGatePass::detail()
                     {NumberColumn("ReturnOldProducts", "واپس پرانا", "Returned old", QuantityWidth),
                      &TxtReturnOldProducts, "ReturnOldProducts", Stored::NumberOrNull,
                      "ReturnOldProducts"},
-                    {NumberColumn("OutNewProducts", "باہر", "Out", QuantityWidth), &TxtOutNewProducts, "OutNewProducts",
-                     Stored::NumberOrNull, "OutNewProducts"},
-                    {NameColumn("Name", "نام", "Product", 240),
-                     &TxtProductName, "ProductName", Stored::Display},
-                    {NumberColumn("ID", "کوڈ", "Code", 150),
-                     &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
+                    {NumberColumn("OutNewProducts", "باہر", "Out", QuantityWidth),
+                     &TxtOutNewProducts, "OutNewProducts", Stored::NumberOrNull, "OutNewProducts"},
+                    {NameColumn("Name", "نام", "Product", 240), &TxtProductName, "ProductName",
+                     Stored::Display},
+                    {NumberColumn("ID", "کوڈ", "Code", 150), &TxtProductID, "ProductID",
+                     Stored::Key, "ProductID"}},
         .IdColumn = "GatePassID",
         .Body = "Select * from GatePassBody where GatePassID={id}",
         .Display = "select pr.ProductName,gpb.* from GatePassBody gpb"
@@ -178,8 +180,7 @@ LookupDescription FrmGatePass::driver()
         .ParaOut = "ParaOutStaffID",
         .Find =
             [this] {
-                return Statement(
-                           "Select Name From Staff where FieldWorker=1 and StaffID='{code}'")
+                return Statement("Select Name From Staff where FieldWorker=1 and StaffID='{code}'")
                     .Bind("code", TxtDriverCode.Text());
             },
         .NameColumn = "Name",
@@ -320,24 +321,18 @@ void FrmGatePass::ClearVoucher()
 
 void FrmGatePass::SaveVoucher()
 {
-    if (!PassesPostedRule()) {
+    if (!PassesPostedRule())
         return;
-    }
-    if (!PassesDateWindow()) {
+    if (!PassesDateWindow())
         return;
-    }
-    if (!IsFilled(TxtBranchID, QStringLiteral("Enter Branch Code."))) {
+    if (!IsFilled(TxtBranchID, QStringLiteral("Enter Branch Code.")))
         return;
-    }
-    if (!IsFilled(TxtAreaCode, QStringLiteral("Enter Area Code."))) {
+    if (!IsFilled(TxtAreaCode, QStringLiteral("Enter Area Code.")))
         return;
-    }
-    if (!PassesRaceRule()) {
+    if (!PassesRaceRule())
         return;
-    }
-    if (!HasRows()) {
+    if (!HasRows())
         return;
-    }
     BeginTrans();
     SaveHeader();
     SaveBody();
@@ -357,15 +352,14 @@ void FrmGatePass::PrintVoucher()
 void FrmGatePass::ConfirmClose(bool& cancel)
 {
     VoucherForm::ConfirmClose(cancel);
-    if (!cancel) {
+    if (!cancel)
         PrintReport.Close();
-    }
 }
 
 bool FrmGatePass::TypingCounts(const Control& control) const
 {
-    return &control == &TxtOutNewProducts || &control == &TxtReturnOldProducts
-        || &control == &TxtReturnNewProducts;
+    return &control == &TxtOutNewProducts || &control == &TxtReturnOldProducts ||
+           &control == &TxtReturnNewProducts;
 }
 
 // ---- Layout
@@ -377,9 +371,9 @@ QWidget* FrmGatePass::composeHeader()
     optionRow->setContentsMargins(0, 0, 0, 0);
     optionRow->setSpacing(Look::Space());
     optionRow->addWidget(&DtpDate);
-    for (const auto& [button, its] :
-         {std::pair<OptionButton*, Label*>{&OptSale, &Label8}, {&OptOrder, &Label13},
-          {&OptSupply, &Label12}}) {
+    for (const auto& [button, its] : {std::pair<OptionButton*, Label*>{&OptSale, &Label8},
+                                      {&OptOrder, &Label13},
+                                      {&OptSupply, &Label12}}) {
         button->setParent(options);
         optionRow->addSpacing(Look::Space());
         optionRow->addWidget(button);
@@ -419,9 +413,8 @@ QWidget* FrmGatePass::composeEntryRow()
     productColumn->addWidget(stock, 1);
     productColumn->addWidget(CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName));
 
-    for (Txt* txt : {&TxtOutNewProducts, &TxtReturnOldProducts, &TxtReturnNewProducts}) {
+    for (Txt* txt : {&TxtOutNewProducts, &TxtReturnOldProducts, &TxtReturnNewProducts})
         txt->setFixedWidth(QuantityWidth);
-    }
     const auto field = [](const char* urdu, const char* english, Txt& txt) {
         return Stacked(MakeCaption(urdu, english), &txt);
     };

@@ -45,9 +45,8 @@ FrmStockInDetail::FrmStockInDetail()
       BtnProduct(ListButton(this, "BtnProduct", "List of products")),
       TxtProductName(UrduField(this, "TxtProductName", "Product name")),
       TxtEngineNo(CodeField(this, "TxtEngineNo", "Engine number")),
-      TxtChasisNo(CodeField(this, "TxtChasisNo", "Chassis number")),
-      Detail(*this, Rows, detail()), LookupReceiving(*this, receiving()),
-      LookupProduct(*this, product())
+      TxtChasisNo(CodeField(this, "TxtChasisNo", "Chassis number")), Detail(*this, Rows, detail()),
+      LookupReceiving(*this, receiving()), LookupProduct(*this, product())
 {
     setObjectName(QStringLiteral("FrmStockInDetail"));
     TxtID.SetEnabled(false);
@@ -82,14 +81,14 @@ DetailDeclaration FrmStockInDetail::detail()
 {
     using Stored = DetailColumn::Stored;
     return DetailDeclaration{
-        .Columns = {{CodeColumn("ChasisNo", "چیسس نمبر", "Chassis no", UnitWidth), &TxtChasisNo, "ChasisNo",
-                     Stored::Text, "ChasisNo", true},
-                    {CodeColumn("EngineNo", "انجن نمبر", "Engine no", UnitWidth), &TxtEngineNo, "EngineNo",
-                     Stored::Text, "EngineNo", true},
-                    {NameColumn("Name", "نام", "Product", 200),
-                     &TxtProductName, "ProductName", Stored::Display},
-                    {NumberColumn("ID", "کوڈ", "Code", 120),
-                     &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
+        .Columns = {{CodeColumn("ChasisNo", "چیسس نمبر", "Chassis no", UnitWidth), &TxtChasisNo,
+                     "ChasisNo", Stored::Text, "ChasisNo", true},
+                    {CodeColumn("EngineNo", "انجن نمبر", "Engine no", UnitWidth), &TxtEngineNo,
+                     "EngineNo", Stored::Text, "EngineNo", true},
+                    {NameColumn("Name", "نام", "Product", 200), &TxtProductName, "ProductName",
+                     Stored::Display},
+                    {NumberColumn("ID", "کوڈ", "Code", 120), &TxtProductID, "ProductID",
+                     Stored::Key, "ProductID"}},
         .IdColumn = "StockID",
         .Body = "Select * from StockInDetailBody where StockID={id}",
         .Display = "select pr.ProductName,sib.* from StockInDetailBody sib"
@@ -162,9 +161,8 @@ bool FrmStockInDetail::isNewUnit()
                                .Bind("code", TxtProductID.Text())
                                .Bind("EngineNo", TxtEngineNo.Text())
                                .Bind("ChasisNo", TxtChasisNo.Text()));
-    if (known.RecordCount() == 0) {
+    if (known.RecordCount() == 0)
         return true;
-    }
     Inform(this, QStringLiteral("Engine No or Chasis No Already Entered"), MsgIcon::Exclamation,
            QStringLiteral("Alert"));
     SetFocus(TxtEngineNo);
@@ -176,15 +174,12 @@ bool FrmStockInDetail::isNewUnit()
 
 void FrmStockInDetail::SaveVoucher()
 {
-    if (!IsNew && !PassesModifyRule()) {
+    if (!IsNew && !PassesModifyRule())
         return;
-    }
-    if (!IsFilled(TxtReceivingCode, QStringLiteral("Enter Receiving Code."))) {
+    if (!IsFilled(TxtReceivingCode, QStringLiteral("Enter Receiving Code.")))
         return;
-    }
-    if (!PassesRaceRule()) {
+    if (!PassesRaceRule())
         return;
-    }
     BeginTrans();
     SaveHeader();
     SaveBody();
@@ -207,9 +202,8 @@ QWidget* FrmStockInDetail::composeHeader()
 
 QWidget* FrmStockInDetail::composeEntryRow()
 {
-    for (Txt* txt : {&TxtEngineNo, &TxtChasisNo}) {
+    for (Txt* txt : {&TxtEngineNo, &TxtChasisNo})
         txt->setFixedWidth(UnitWidth);
-    }
     return EntryStrip(Stacked(MakeCaption("مال", "Product"),
                               CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName)),
                       {Stacked(MakeCaption("انجن نمبر", "Engine no"), &TxtEngineNo),

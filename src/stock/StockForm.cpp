@@ -30,10 +30,10 @@ StockForm::StockForm(const StockDeclaration& declaration)
       TxtProductName(UrduField(this, "TxtProductName", "Product name")),
       TxtQty(NumberField(this, "TxtQty", "Quantity")),
       TxtPrice(NumberField(this, "TxtPrice", "Price")),
-      TxtAmount(NumberField(this, "TxtAmount", "Amount")),
-      Label8(*MakeCaption("قیمت", "Price")), Label15(*MakeCaption("رقم", "Amount")),
-      Detail(*this, Rows, detail(declaration)), LookupBranch(*this, branch()),
-      LookupAccount(*this, account()), LookupProduct(*this, product())
+      TxtAmount(NumberField(this, "TxtAmount", "Amount")), Label8(*MakeCaption("قیمت", "Price")),
+      Label15(*MakeCaption("رقم", "Amount")), Detail(*this, Rows, detail(declaration)),
+      LookupBranch(*this, branch()), LookupAccount(*this, account()),
+      LookupProduct(*this, product())
 {
     Label8.setObjectName(QStringLiteral("Label8"));
     Label15.setObjectName(QStringLiteral("Label15"));
@@ -48,8 +48,7 @@ StockForm::StockForm(const StockDeclaration& declaration)
     Compose(composeHeader(), composeEntryRow());
     // The number comes last: it is seldom typed over, and never by one who begins to type.
     SetTabOrderOf({&DtpDate, &TxtBranchID, &TxtAccountNo, &TxtDescription, &TxtProductID, &TxtQty,
-                   &TxtPrice, &Rows, &BtnSave, &BtnOpen, &BtnDelete, &BtnClear, &BtnClose,
-                   &TxtID});
+                   &TxtPrice, &Rows, &BtnSave, &BtnOpen, &BtnDelete, &BtnClear, &BtnClose, &TxtID});
     resize(1000, 620);
 }
 
@@ -76,15 +75,16 @@ DetailDeclaration StockForm::detail(const StockDeclaration& declaration)
 {
     using Stored = DetailColumn::Stored;
     return DetailDeclaration{
-        .Columns = {{NumberColumn("Amount", "رقم", "Amount", NumberWidth), &TxtAmount, "Amount", Stored::Number,
-                     "Amount"},
-                    {NumberColumn("Price", "قیمت", "Price", NumberWidth), &TxtPrice, "price", Stored::Number,
-                     "price"},
-                    {NumberColumn("Qty", "تعداد", "Quantity", NumberWidth), &TxtQty, "Qty", Stored::Number, "Qty"},
-                    {NameColumn("Name", "نام", "Product", 240),
-                     &TxtProductName, "ProductName", Stored::Display},
-                    {NumberColumn("ID", "کوڈ", "Code", 150),
-                     &TxtProductID, "ProductID", Stored::Key, "ProductID"}},
+        .Columns = {{NumberColumn("Amount", "رقم", "Amount", NumberWidth), &TxtAmount, "Amount",
+                     Stored::Number, "Amount"},
+                    {NumberColumn("Price", "قیمت", "Price", NumberWidth), &TxtPrice, "price",
+                     Stored::Number, "price"},
+                    {NumberColumn("Qty", "تعداد", "Quantity", NumberWidth), &TxtQty, "Qty",
+                     Stored::Number, "Qty"},
+                    {NameColumn("Name", "نام", "Product", 240), &TxtProductName, "ProductName",
+                     Stored::Display},
+                    {NumberColumn("ID", "کوڈ", "Code", 150), &TxtProductID, "ProductID",
+                     Stored::Key, "ProductID"}},
         .IdColumn = "StockID",
         .Body = declaration.Body,
         .Display = declaration.Display,
@@ -192,9 +192,8 @@ void StockForm::SetFormState(State state)
 {
     VoucherForm::SetFormState(state);
     // The number of a new document may be typed over; whether it is taken is seen on saving.
-    if (state != State::Edited) {
+    if (state != State::Edited)
         TxtID.SetEnabled(state == State::New);
-    }
 }
 
 /// The amount of a row is its quantity times its price.
@@ -205,15 +204,12 @@ void StockForm::workOutAmount()
 
 void StockForm::SaveVoucher()
 {
-    if (!IsNew && !PassesModifyRule()) {
+    if (!IsNew && !PassesModifyRule())
         return;
-    }
-    if (!IsFilled(TxtBranchID, QStringLiteral("Enter Branch Code."))) {
+    if (!IsFilled(TxtBranchID, QStringLiteral("Enter Branch Code.")))
         return;
-    }
-    if (!PassesRaceRule()) {
+    if (!PassesRaceRule())
         return;
-    }
     BeginTrans();
     SaveHeader();
     SaveBody();
@@ -236,13 +232,12 @@ QWidget* StockForm::composeHeader()
 
 QWidget* StockForm::composeEntryRow()
 {
-    for (Txt* txt : {&TxtQty, &TxtPrice, &TxtAmount}) {
+    for (Txt* txt : {&TxtQty, &TxtPrice, &TxtAmount})
         txt->setFixedWidth(NumberWidth);
-    }
     return EntryStrip(Stacked(MakeCaption("مال", "Product"),
                               CodeSet(nullptr, &TxtProductID, &BtnProduct, &TxtProductName)),
-                      {Stacked(MakeCaption("تعداد", "Quantity"), &TxtQty), Stacked(&Label8, &TxtPrice),
-                       Stacked(&Label15, &TxtAmount)});
+                      {Stacked(MakeCaption("تعداد", "Quantity"), &TxtQty),
+                       Stacked(&Label8, &TxtPrice), Stacked(&Label15, &TxtAmount)});
 }
 
 } // namespace TradeForms

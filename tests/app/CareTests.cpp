@@ -76,11 +76,9 @@ CareTask endless()
 {
     CareTask task = Host::BackupTask(QStringLiteral("company.db"));
     task.Work = [](const QString&, const TradeForms::OnProgress& onProgress) -> QString {
-        for (qint64 page = 0;; page = (page + 1) % 1000) {
-            if (!onProgress({TradeForms::Stage::Copying, {}, page, 1000})) {
+        for (qint64 page = 0;; page = (page + 1) % 1000)
+            if (!onProgress({TradeForms::Stage::Copying, {}, page, 1000}))
                 throw TradeForms::CancelledFailure();
-            }
-        }
     };
     return task;
 }

@@ -45,9 +45,8 @@ protected:
         // Seconds go by when a test says so.
         Window.findChild<QTimer*>(QStringLiteral("Second"))->setInterval(24h);
         Window.show();
-        if (!QTest::qWaitForWindowActive(&Window, patience)) {
+        if (!QTest::qWaitForWindowActive(&Window, patience))
             throw std::runtime_error("the login window does not become active");
-        }
     }
 
     QLineEdit& Field(const char* name)
@@ -188,9 +187,8 @@ TEST(LoginThrottleTest, TheDelayDoublesUpToHalfAMinute)
 {
     LoginThrottle throttle;
     std::vector<std::chrono::seconds> delays;
-    for (int i = 0; i < 8; ++i) {
+    for (int i = 0; i < 8; ++i)
         delays.push_back(throttle.Failed());
-    }
     EXPECT_THAT(delays, ElementsAre(1s, 2s, 4s, 8s, 16s, 30s, 30s, 30s));
 }
 

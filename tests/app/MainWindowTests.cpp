@@ -28,9 +28,8 @@ QWidgetList gatePasses()
     QWidgetList open;
     for (QWidget* window : QApplication::topLevelWidgets()) {
         const QLatin1String name(window->metaObject()->className());
-        if (window->isVisible() && name == QLatin1String("TradeForms::FrmGatePass")) {
+        if (window->isVisible() && name == QLatin1String("TradeForms::FrmGatePass"))
             open.append(window);
-        }
     }
     return open;
 }
@@ -46,15 +45,13 @@ protected:
     Menu()
     {
         Window.show();
-        if (!QTest::qWaitForWindowActive(&Window, patience)) {
+        if (!QTest::qWaitForWindowActive(&Window, patience))
             throw std::runtime_error("the main window does not become active");
-        }
     }
     ~Menu() override
     {
-        for (QWidget* form : gatePasses()) {
+        for (QWidget* form : gatePasses())
             form->close();
-        }
     }
 
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
@@ -82,12 +79,14 @@ class BoxAnswer {
 public:
     BoxAnswer()
     {
-        QTimer::singleShot(0, &timer_, [this] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                Text = box->text();
-                QTest::keyClick(box, Qt::Key_Escape);
-            }
-        });
+        QTimer::singleShot(
+            0, &timer_,
+            [this] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    Text = box->text();
+                    QTest::keyClick(box, Qt::Key_Escape);
+                }
+            });
     }
     QString Text;
 
@@ -100,9 +99,8 @@ private:
 TEST_F(Menu, ShowsCompanyUserAndDatabase)
 {
     QStringList shown;
-    for (const QLabel* label : Window.findChildren<QLabel*>()) {
+    for (const QLabel* label : Window.findChildren<QLabel*>())
         shown.append(label->text());
-    }
     const QString all = shown.join(QLatin1Char('\n'));
     EXPECT_THAT(text(all), AllOf(HasSubstr("المدینہ ٹریڈرز قصور"), HasSubstr("clerk"),
                                  HasSubstr(text(QDir::toNativeSeparators(File)))));
@@ -201,16 +199,14 @@ TEST_F(Menu, F1ShowsTheKeys)
         QWidget* help = QApplication::activeModalWidget();
         ASSERT_NE(help, nullptr);
         EXPECT_EQ(help->objectName(), QStringLiteral("HelpWindow"));
-        for (const QLabel* label : help->findChildren<QLabel*>()) {
+        for (const QLabel* label : help->findChildren<QLabel*>())
             shown.append(label->text());
-        }
         QTest::keyClick(help, Qt::Key_Escape);
     });
     Press(Qt::Key_F1);
     for (const char* key : {"Enter", "F1", "Esc", "Ctrl+S", "Ctrl+W", "Ctrl+Q", "Ctrl+O", "Ctrl+R",
-                            "Ctrl+P", "Down", "F12"}) {
+                            "Ctrl+P", "Down", "F12"})
         EXPECT_TRUE(shown.contains(QLatin1String(key))) << key;
-    }
 }
 
 TEST_F(Menu, AUserWithoutRightsSeesNoScreens)

@@ -61,10 +61,9 @@ TEST_F(Program, TellsItsOptions)
 {
     const Ended ended = run({QStringLiteral("--help")});
     EXPECT_EQ(ended.Code, 0);
-    for (const char* option : {"--database", "--user", "--open", "--print-to", "--create-sample", "--accounts",
-                               "--until", "--first-administrator", "--version"}) {
+    for (const char* option : {"--database", "--user", "--open", "--print-to", "--create-sample",
+                               "--accounts", "--until", "--first-administrator", "--version"})
         EXPECT_THAT(ended.Out, HasSubstr(option));
-    }
 }
 
 TEST_F(Program, AnUnknownScreenIsToldWithTheKnownOnes)

@@ -29,9 +29,8 @@ protected:
     SampleFixture()
     {
         File = Folder.filePath(QStringLiteral("company.db"));
-        if (!QFile::copy(original(), File)) {
+        if (!QFile::copy(original(), File))
             throw std::runtime_error("the sample company cannot be copied");
-        }
         Connection = TradeForms::Connection::Open(File);
     }
 

@@ -317,11 +317,9 @@ TEST_P(SampleOfAnySize, FranchiseHoldersArePaidWhatTheirFormWorksOut)
     Recordset found = company->Execute(Statement(stored));
     EXPECT_GT(wanted.RecordCount(), 0);
     ASSERT_EQ(found.RecordCount(), wanted.RecordCount());
-    for (int row = 0; row < wanted.RecordCount(); ++row) {
-        for (int field = 0; field < wanted.FieldCount(); ++field) {
+    for (int row = 0; row < wanted.RecordCount(); ++row)
+        for (int field = 0; field < wanted.FieldCount(); ++field)
             EXPECT_EQ(found.ValueAt(row, field).toString(), wanted.ValueAt(row, field).toString());
-        }
-    }
 }
 
 TEST_P(SampleOfAnySize, MechanicsArePaidWhatTheirVouchersSay)
@@ -384,9 +382,8 @@ TEST_P(SampleOfAnySize, TellsHowFarItIs)
     for (const Progress& progress : told) {
         EXPECT_GE(progress.Done, 0);
         EXPECT_LE(progress.Done, progress.Of);
-        if (!parts.contains(progress.Part)) {
+        if (!parts.contains(progress.Part))
             parts.append(progress.Part);
-        }
     }
     ASSERT_FALSE(parts.isEmpty());
     EXPECT_TRUE(parts.contains(QStringLiteral("stock")));

@@ -22,9 +22,8 @@ QStringList tableNames(Connection& connection)
     QStringList names;
     Recordset tables = connection.Execute("select name from sqlite_master where type = 'table' "
                                           "and name not like 'sqlite%' order by name");
-    for (; !tables.Eof(); tables.MoveNext()) {
+    for (; !tables.Eof(); tables.MoveNext())
         names.append(tables.Value("name").toString());
-    }
     return names;
 }
 
@@ -37,9 +36,8 @@ QStringList contents(Connection& connection, const QString& table, QDate last)
     for (; !found.Eof(); found.MoveNext()) {
         QStringList row;
         for (int field = 0; field < found.FieldCount(); ++field) {
-            if (found.FieldName(field) == QStringLiteral("PasswordHash")) {
+            if (found.FieldName(field) == QStringLiteral("PasswordHash"))
                 continue;
-            }
             const QVariant value = found.Fields(field).Value();
             const bool dated = value.typeId() == QMetaType::QDate;
             row.append(dated ? QStringLiteral("day %1").arg(last.daysTo(value.toDate()))
@@ -254,11 +252,10 @@ TEST(AccountPlans, CardNumbersFitAndAreUniqueInTheLargestSample)
     for (int account = 0; account < extent.Accounts(); ++account) {
         const QString card = planner.CardOf(account);
         longest = std::max(longest, int(card.size()));
-        if (card.front().isLetter()) {
+        if (card.front().isLetter())
             typedCards.insert(card);
-        } else {
+        else
             cards.insert(planner.IdOf(account));
-        }
     }
     EXPECT_LE(longest, 5);
     EXPECT_EQ(cards.size() + typedCards.size(), extent.Accounts());
@@ -270,9 +267,8 @@ TEST(AccountPlans, AnAreaHoldsNoMoreThanFiveThousandSoldAccountsAtAnySize)
         const Host::Sample::Extent extent(accounts);
         const Host::Sample::AccountPlanner planner(extent);
         std::vector<int> held(std::size_t(extent.AreaCount()));
-        for (int account = 0; account < extent.Sold(); ++account) {
+        for (int account = 0; account < extent.Sold(); ++account)
             ++held[planner.AreaOf(account)];
-        }
         EXPECT_LE(*std::max_element(held.begin(), held.end()), 5000) << accounts;
         EXPECT_GT(*std::min_element(held.begin(), held.end()), 0) << accounts;
         EXPECT_EQ(held.front(), extent.Town());

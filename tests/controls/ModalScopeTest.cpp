@@ -18,10 +18,13 @@ protected:
         previous_ = Modal::SetBarrier([this] {
             ++closed_;
             log_ << s("closed");
-            return std::shared_ptr<void>(this, [this](void*) {
-                --closed_;
-                log_ << (modalIsUp() ? s("opened before it goes") : s("opened when it has gone"));
-            });
+            return std::shared_ptr<void>(
+                this,
+                [this](void*) {
+                    --closed_;
+                    log_ << (modalIsUp() ? s("opened before it goes")
+                                         : s("opened when it has gone"));
+                });
         });
     }
     ~ModalScopeTest() override

@@ -34,7 +34,8 @@ MsgAnswer answered(const Message& message, const std::function<void(Form& box)>&
 
 MsgAnswer answeredBy(const Message& message, Qt::Key key)
 {
-    return answered(message, [key](Form& box) { Press(box, key); });
+    return answered(
+        message, [key](Form& box) { Press(box, key); });
 }
 
 } // namespace
@@ -52,11 +53,12 @@ TEST(MsgBoxTest, KeysAnswerAQuestion)
 TEST(MsgBoxTest, EnterAnswersTheButtonThatHasTheFocus)
 {
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Left, Qt::Key_Right}) {
-        EXPECT_EQ(answered(kQuestion,
-                           [key](Form& box) {
-                               Press(box, key);
-                               Press(box, Qt::Key_Return);
-                           }),
+        EXPECT_EQ(answered(
+                      kQuestion,
+                      [key](Form& box) {
+                          Press(box, key);
+                          Press(box, Qt::Key_Return);
+                      }),
                   MsgAnswer::No);
     }
 }
@@ -79,10 +81,9 @@ TEST(MsgBoxTest, ClicksAnswer)
 {
     const auto click = [](const char* name) {
         return [name](Form& box) {
-            for (const Control* control : box.Controls()) {
+            for (const Control* control : box.Controls())
                 if (control->Name() == s(name))
                     Click(box, *control);
-            }
         };
     };
     EXPECT_EQ(answered(kQuestion, click("BtnYes")), MsgAnswer::Yes);
@@ -112,46 +113,52 @@ TEST(MsgBoxTest, LongTextsWrapAndScroll)
 {
     for (const QString& text : {QString(10'000, QLatin1Char('x')), s("لفظ ").repeated(2'500),
                                 s("line\n").repeated(2'000)}) {
-        answered({text, MsgIcon::Information, s("Alert")}, [&](Form& box) {
-            const QSize screen = box.screen()->availableSize();
-            EXPECT_LT(box.height(), screen.height());
-            EXPECT_LT(box.width(), screen.width());
-            auto* shown = box.findChild<QTextEdit*>();
-            EXPECT_EQ(shown->toPlainText(), text);
-            EXPECT_EQ(shown->horizontalScrollBar()->maximum(), 0);
-            EXPECT_TRUE(shown->verticalScrollBar()->isVisible());
-            Press(box, Qt::Key_Escape);
-        });
+        answered(
+            {text, MsgIcon::Information, s("Alert")},
+            [&](Form& box) {
+                const QSize screen = box.screen()->availableSize();
+                EXPECT_LT(box.height(), screen.height());
+                EXPECT_LT(box.width(), screen.width());
+                auto* shown = box.findChild<QTextEdit*>();
+                EXPECT_EQ(shown->toPlainText(), text);
+                EXPECT_EQ(shown->horizontalScrollBar()->maximum(), 0);
+                EXPECT_TRUE(shown->verticalScrollBar()->isVisible());
+                Press(box, Qt::Key_Escape);
+            });
     }
 }
 
 TEST(MsgBoxTest, ShortTextsNeedNoScrolling)
 {
     for (const Message& message : {kQuestion, kWarning}) {
-        answered(message, [&](Form& box) {
-            EXPECT_EQ(box.findChild<QTextEdit*>()->verticalScrollBar()->maximum(), 0);
-            Press(box, Qt::Key_Escape);
-        });
+        answered(
+            message,
+            [&](Form& box) {
+                EXPECT_EQ(box.findChild<QTextEdit*>()->verticalScrollBar()->maximum(), 0);
+                Press(box, Qt::Key_Escape);
+            });
     }
 }
 
 TEST(MsgBoxTest, TextIsCopied)
 {
-    answered(kWarning, [](Form& box) {
-        Press(box, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(QGuiApplication::clipboard()->text(), kWarning.Text);
-        box.findChild<QTextEdit*>()->selectAll();
-        Press(box, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(QGuiApplication::clipboard()->text(), kWarning.Text);
-        auto* shown = box.findChild<QTextEdit*>();
-        QTextCursor word = shown->textCursor();
-        word.setPosition(6);
-        word.setPosition(12, QTextCursor::KeepAnchor);
-        shown->setTextCursor(word);
-        Press(box, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(QGuiApplication::clipboard()->text(), s("Branch"));
-        Press(box, Qt::Key_Escape);
-    });
+    answered(
+        kWarning,
+        [](Form& box) {
+            Press(box, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(QGuiApplication::clipboard()->text(), kWarning.Text);
+            box.findChild<QTextEdit*>()->selectAll();
+            Press(box, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(QGuiApplication::clipboard()->text(), kWarning.Text);
+            auto* shown = box.findChild<QTextEdit*>();
+            QTextCursor word = shown->textCursor();
+            word.setPosition(6);
+            word.setPosition(12, QTextCursor::KeepAnchor);
+            shown->setTextCursor(word);
+            Press(box, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(QGuiApplication::clipboard()->text(), s("Branch"));
+            Press(box, Qt::Key_Escape);
+        });
 }
 
 TEST(MsgBoxTest, EachIconHasASignOfItsOwn)
@@ -159,10 +166,9 @@ TEST(MsgBoxTest, EachIconHasASignOfItsOwn)
     const auto signOf = [](MsgIcon icon) {
         QImage sign;
         answered({s("text"), icon, s("Alert")}, [&sign](Form& box) {
-            for (QWidget* widget : box.findChildren<QWidget*>()) {
+            for (QWidget* widget : box.findChildren<QWidget*>())
                 if (widget->size() == QSize(40, 40))
                     sign = widget->grab().toImage();
-            }
             Press(box, Qt::Key_Escape);
         });
         return sign;

@@ -13,10 +13,9 @@ protected:
     /// The window that tells of the work; null where there is none.
     static Form* window()
     {
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
+        for (QWidget* widget : QApplication::topLevelWidgets())
             if (widget->objectName() == s("Progress") && widget->isVisible())
                 return qobject_cast<Form*>(widget);
-        }
         return nullptr;
     }
     static const Control& button() { return *window()->findChild<JeweledButton*>(s("BtnCancel")); }

@@ -105,8 +105,8 @@ TEST(Adapter, LeavesOtherRangesAlone)
           "select * from T where 1 + a between '2026-01-01' and '2026-01-31'",
           "select * from T where not a between '2026-01-01' and '2026-01-31'",
           "select a from (select a from T) t where a between '2026-01-01' and '2026-01-31'",
-          "select a between '2026-01-01' and '2026-01-31' from T", "select * from T where a between",
-          "select * from T where T.", "select * from T where"})
+          "select a between '2026-01-01' and '2026-01-31' from T",
+          "select * from T where a between", "select * from T where T.", "select * from T where"})
         EXPECT_EQ(adapted(text), text);
 }
 

@@ -281,9 +281,10 @@ TEST_F(Backups, StoppedAtAnyMomentItLeavesNothing)
 {
     FillEveryTable(company_, 200);
     for (const Stage stage : {Stage::Counting, Stage::Copying, Stage::Checking}) {
-        EXPECT_THROW(BackUpCompany(company_.File(), place("copy.db"), Existing::Keep,
-                                   [&](const WorkProgress& progress) { return progress.At != stage; }),
-                     CancelledFailure);
+        EXPECT_THROW(
+            BackUpCompany(company_.File(), place("copy.db"), Existing::Keep,
+                          [&](const WorkProgress& progress) { return progress.At != stage; }),
+            CancelledFailure);
         EXPECT_TRUE(files().isEmpty()) << int(stage);
     }
     // A check is stopped in its midst, too.

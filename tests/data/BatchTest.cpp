@@ -502,10 +502,9 @@ TEST_P(EmbeddedBatch, FindsItsRowsByAnIndex)
     const auto searches = [&](const char* statement) {
         Recordset plan = connection_->Execute(
             Statement(QStringLiteral("EXPLAIN QUERY PLAN ") + QString::fromUtf8(statement)));
-        for (int row = 0; row < plan.RecordCount(); ++row) {
+        for (int row = 0; row < plan.RecordCount(); ++row)
             if (plan.ValueAt(row, 3).toString().startsWith(QStringLiteral("SCAN")))
                 return false;
-        }
         return plan.RecordCount() > 0;
     };
     QList<QByteArray> statements;

@@ -48,8 +48,8 @@ protected:
     void receive(int pieces)
     {
         Recordset header;
-        header.Open(Statement("Select * from StockInHeader where 1=0"), connection_, CursorType::Static,
-                    LockType::BatchOptimistic);
+        header.Open(Statement("Select * from StockInHeader where 1=0"), connection_,
+                    CursorType::Static, LockType::BatchOptimistic);
         header.AddNew();
         header.Fields("StockID").SetValue(1);
         header.Fields("BranchCode").SetValue(2);

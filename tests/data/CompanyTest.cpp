@@ -319,9 +319,8 @@ TEST_F(Company, TheNextCardOfAnAreaIsReadFromAnIndex)
     Recordset program =
         connection_->Execute(Statement(QStringLiteral("EXPLAIN ") + QString::fromUtf8(statement)));
     QStringList seeks;
-    for (; !program.Eof(); program.MoveNext()) {
+    for (; !program.Eof(); program.MoveNext())
         if (program.Value("opcode").toString().startsWith(QStringLiteral("Seek")))
             seeks.append(program.Value("opcode").toString());
-    }
     EXPECT_EQ(seeks, QStringList(QStringLiteral("SeekLE")));
 }

@@ -1,8 +1,8 @@
+#include "support/LibraryStatements.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "support/Engines.h"
-#include "support/LibraryStatements.h"
 
 #include <gtest/gtest.h>
 
@@ -112,10 +112,9 @@ TEST_P(LibraryStatements, GiveTheSameRowsInAnyCaseOfTheirNames)
         const Recordset second = connection->Execute(Statement(other));
         ASSERT_EQ(first.RecordCount(), second.RecordCount()) << other.toStdString();
         withRows += first.RecordCount() > 0;
-        for (int position = 0; position < first.RecordCount(); ++position) {
+        for (int position = 0; position < first.RecordCount(); ++position)
             for (int field = 0; field < first.FieldCount(); ++field)
                 EXPECT_EQ(first.ValueAt(position, field), second.ValueAt(position, field));
-        }
     }
     EXPECT_GT(withRows, 80);
 }

@@ -2,8 +2,8 @@
 
 #include "data/Connection.h"
 #include "data/Recordset.h"
-#include "data/sqlite/Adapter.h"
 #include "data/Tokens.h"
+#include "data/sqlite/Adapter.h"
 #include "support/TestCompany.h"
 
 #include <gtest/gtest.h>
@@ -57,10 +57,9 @@ QByteArray literalOf(const QString& text)
 std::vector<std::string> literalsIn(const QByteArray& statement)
 {
     std::vector<std::string> literals;
-    for (const Token& token : ReadTokens({statement.constData(), std::size_t(statement.size())})) {
+    for (const Token& token : ReadTokens({statement.constData(), std::size_t(statement.size())}))
         if (token.What == Token::Kind::Literal)
             literals.emplace_back(token.Text);
-    }
     return literals;
 }
 

@@ -102,10 +102,9 @@ QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement)
             scanned.insert(cursors.value(cursor));
     }
     QStringList found;
-    for (const char* table : voucherTables) {
+    for (const char* table : voucherTables)
         if (scanned.contains(QString::fromUtf8(table)))
             found.append(QString::fromUtf8(table));
-    }
     return found;
 }
 

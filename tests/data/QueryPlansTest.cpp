@@ -41,7 +41,8 @@ constexpr Exception exceptions[] = {
     {"from WorkShopSalaryBody group by staffid", "WorkShopSalaryBody", groupedBeforeJoined, true},
     {"where left(frominscustomerid,PATINDEX('% %',frominscustomerid)-1) = ", "ConvertArea",
      "an index on the parts of the key would need functions that no other program has", false},
-    {"SELECT AreaCode, InsCustomerID, CardNo, Name, FName, PAddress FROM InsCustomerHeader where 1=1",
+    {"SELECT AreaCode, InsCustomerID, CardNo, Name, FName, PAddress FROM InsCustomerHeader where "
+     "1=1",
      "InsCustomerHeader", "asks for the accounts of all areas", false},
     {"select * from FrenchiserSalaryBody", "FrenchiserSalaryBody",
      "asks for all rows, to add to them", false},
@@ -51,11 +52,10 @@ constexpr Exception exceptions[] = {
 
 const Exception* exceptionFor(const QString& statement, const QStringList& tables)
 {
-    for (const Exception& exception : exceptions) {
+    for (const Exception& exception : exceptions)
         if (statement.contains(QString::fromUtf8(exception.Part)) &&
             tables == QStringList(QString::fromUtf8(exception.Table)))
             return &exception;
-    }
     return nullptr;
 }
 

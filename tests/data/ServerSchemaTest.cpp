@@ -110,9 +110,8 @@ TEST(ServerSchema, CanBeRunAgain)
                                 batch.startsWith(QStringLiteral("create table "));
         const bool makesIndex = batch.contains(QStringLiteral("create index ")) ||
                                 batch.contains(QStringLiteral("create unique index "));
-        if (makesTable) {
+        if (makesTable)
             EXPECT_TRUE(batch.contains(QStringLiteral("if object_id("))) << batch.toStdString();
-        }
         if (makesIndex) {
             EXPECT_TRUE(batch.contains(QStringLiteral("if not exists (select 1 from sys.indexes")))
                 << batch.toStdString();

@@ -25,10 +25,9 @@ QStringList linesOf(const char* name)
     QFile file(QStringLiteral(SOURCE_DIR "/tests/data/") + QLatin1String(name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     QStringList lines;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
         if (!line.isEmpty() && !line.startsWith(QStringLiteral("--")))
             lines.append(line);
-    }
     return lines;
 }
 

@@ -59,7 +59,8 @@ public:
         statement.replace(QStringLiteral("QUANTITY"), QString::fromUtf8(pair.Quantity));
         statement.replace(QStringLiteral("DOCUMENT"), QString::number(below(4) + 10));
         statement.replace(QStringLiteral("BRANCH"), orNull(6, QString::number(below(3) + 1)));
-        statement.replace(QStringLiteral("PRODUCT"), orNull(9, QString::number(101 + 3 * below(2))));
+        statement.replace(QStringLiteral("PRODUCT"),
+                          orNull(9, QString::number(101 + 3 * below(2))));
         statement.replace(QStringLiteral("PIECES"), orNull(7, QString::number(below(500) / 100.0)));
         return statement;
     }

@@ -73,9 +73,8 @@ TEST(TextCompare, IsAnOrderAndAgreesWithUnicodeFolding)
         EXPECT_EQ(compare(a, b), sign(trimmed(a).compare(trimmed(b), Qt::CaseInsensitive)))
             << a.toStdString() << "|" << b.toStdString();
         EXPECT_EQ(compare(a, b), -compare(b, a));
-        if (compare(a, b) <= 0 && compare(b, c) <= 0) {
+        if (compare(a, b) <= 0 && compare(b, c) <= 0)
             EXPECT_LE(compare(a, c), 0);
-        }
     }
 }
 

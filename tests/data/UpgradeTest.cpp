@@ -24,13 +24,12 @@ protected:
     {
         sqlite3* handle = nullptr;
         sqlite3_open(file_.toUtf8().constData(), &handle);
-        sqlite3_create_collation(handle, "CI", SQLITE_UTF8, nullptr,
-                                 [](void*, int firstSize, const void* first, int secondSize,
-                                    const void* second) {
-                                     return qstrnicmp(static_cast<const char*>(first), firstSize,
-                                                      static_cast<const char*>(second),
-                                                      secondSize);
-                                 });
+        sqlite3_create_collation(
+            handle, "CI", SQLITE_UTF8, nullptr,
+            [](void*, int firstSize, const void* first, int secondSize, const void* second) {
+                return qstrnicmp(static_cast<const char*>(first), firstSize,
+                                 static_cast<const char*>(second), secondSize);
+            });
         QFile script(QStringLiteral(SOURCE_DIR "/tests/data/company-1.sql"));
         EXPECT_TRUE(script.open(QIODevice::ReadOnly));
         run(handle, "begin;" + script.readAll() + "commit");

@@ -134,10 +134,9 @@ private:
 
     static void readAll(const Recordset& rows)
     {
-        for (int position = 0; position < rows.RecordCount(); ++position) {
+        for (int position = 0; position < rows.RecordCount(); ++position)
             for (int field = 0; field < rows.FieldCount(); ++field)
                 rows.ValueAt(position, field).toString();
-        }
     }
 
     void savePass()
@@ -335,11 +334,10 @@ TEST_F(Damaged, ALetterOfTheSchemaIsHarmlessOrTold)
         const qsizetype page = pages[qsizetype(random_() % unsigned(pages.size()))];
         bytes[page + qsizetype(random_() % pageSize)] ^= char(1u << random_() % 8);
         Company company(bytes);
-        if (company.OpenFailure().isEmpty()) {
+        if (company.OpenFailure().isEmpty())
             expectRightSchema(company.It());
-        } else {
+        else
             ++told;
-        }
     }
     EXPECT_GT(told, all / 2);
     std::cout << told << " of " << all << " files with a damaged schema were told of\n";

@@ -31,7 +31,8 @@ protected:
     bool wasChanged(int id) { return BodyOf(id).size() == 2; }
     void window(const QString& from, const QString& to)
     {
-        company.Run(s("update Users set FromDate = %1, ToDate = %2 where UserNo = 1").arg(from, to));
+        company.Run(
+            s("update Users set FromDate = %1, ToDate = %2 where UserNo = 1").arg(from, to));
     }
     static QString day(int fromToday)
     {

@@ -22,8 +22,7 @@ protected:
     /// What a row has in a column of BodyRecordset, or "none".
     QString inBody(const QString& product, const char* column = "OutNewProducts")
     {
-        It().Detail.BodyRecordset.SetFilter(
-            Statement("ProductID='{code}'").Bind("code", product));
+        It().Detail.BodyRecordset.SetFilter(Statement("ProductID='{code}'").Bind("code", product));
         const QString value = It().Detail.BodyRecordset.RecordCount() == 0
                                   ? s("none")
                                   : It().Detail.BodyRecordset.Value(column).toString();
@@ -134,9 +133,8 @@ TEST_F(DetailGridTest, EditingARowAndPressingEscLeavesRowAndRecordUnchanged)
     }
     Press(It(), Qt::Key_Escape);
     for (const Txt* field : {&It().TxtProductID, &It().TxtOutNewProducts,
-                             &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+                             &It().TxtReturnOldProducts, &It().TxtReturnNewProducts})
         EXPECT_TRUE(field->Text().isEmpty()) << qPrintable(field->Name());
-    }
     for (const auto& [column, value] : before) {
         EXPECT_EQ(Cell(0, column), value) << column;
         EXPECT_EQ(inBody(s("101"), column), value) << column;
@@ -429,9 +427,8 @@ TEST_F(DetailGridTest, HundredsOfRowsAreStoredAndOpenedInOrder)
                   " from Products where ProductName like 'P1%'"));
     Open();
     EnterHeader();
-    for (int product = 1000; product < 1300; ++product) {
+    for (int product = 1000; product < 1300; ++product)
         EnterRow(QString::number(product), s("2"));
-    }
     EXPECT_EQ(FilledRows(), 300);
     Save();
     EXPECT_EQ(BodyOf(1).size(), 300);

@@ -27,9 +27,8 @@ protected:
     {
         if (event->type() == QEvent::KeyPress) {
             const int key = static_cast<QKeyEvent*>(event)->key();
-            if (key != Qt::Key_Control) {
+            if (key != Qt::Key_Control)
                 Seen.append(key);
-            }
         }
         return false;
     }
@@ -118,16 +117,14 @@ TEST_F(KeysTest, ACtrlKeyIsSwallowedEvenIfItsButtonIsOff)
     Type(It(), s("2014"));
     ASSERT_EQ(It().FormState(), State::Edited);
     const ReachingKeys field(It().TxtDriverCode);
-    for (const Qt::Key key : {Qt::Key_O, Qt::Key_R, Qt::Key_P}) {
+    for (const Qt::Key key : {Qt::Key_O, Qt::Key_R, Qt::Key_P})
         Ctrl(key);
-    }
     EXPECT_EQ(It().FormState(), State::Edited);
     It().SetFormState(State::New);
     It().BtnClear.SetEnabled(false);
     It().BtnClose.SetEnabled(false);
-    for (const Qt::Key key : {Qt::Key_S, Qt::Key_W, Qt::Key_Q}) {
+    for (const Qt::Key key : {Qt::Key_S, Qt::Key_W, Qt::Key_Q})
         Ctrl(key);
-    }
     EXPECT_TRUE(It().isVisible());
     EXPECT_EQ(field.Seen, QList<int>());
     Ctrl(Qt::Key_D); // of other forms
@@ -153,9 +150,8 @@ TEST_F(KeysTest, F12ElsewhereThanOnTheProductCodeDoesNothing)
 TEST_F(KeysTest, KeysThatOtherFormsHaveDoNothingHere)
 {
     Open();
-    for (const Qt::Key key : {Qt::Key_D, Qt::Key_G, Qt::Key_N}) {
+    for (const Qt::Key key : {Qt::Key_D, Qt::Key_G, Qt::Key_N})
         Ctrl(key);
-    }
     EXPECT_EQ(It().FormState(), State::New);
     EXPECT_TRUE(It().isVisible());
 }

@@ -240,9 +240,8 @@ TEST_F(LookupCodeTest, HostileTextInACodeIsJustAnUnknownCode)
 {
     Open();
     It().ResetFocus(It().TxtReceivingCode);
-    for (const QString& hostile :
-         {s("%"), s("; drop table Staff"), s("-- all"), s("محمد"), s("two\nlines"),
-          QString(10'000, QLatin1Char('7'))}) {
+    for (const QString& hostile : {s("%"), s("; drop table Staff"), s("-- all"), s("محمد"),
+                                   s("two\nlines"), QString(10'000, QLatin1Char('7'))}) {
         dialogs.Expect(Cancel());
         It().TxtReceivingCode.SetText(QString());
         Paste(It(), hostile);

@@ -2,10 +2,10 @@
 
 #include "data/Engine.h"
 #include "data/Failure.h"
+#include "data/Tokens.h"
 #include "data/sqlite/Adapter.h"
 #include "data/sqlite/CompanyFile.h"
 #include "data/sqlite/SqliteEngine.h"
-#include "data/Tokens.h"
 
 #include <QTemporaryDir>
 
@@ -42,10 +42,9 @@ Kept keptOf(const QByteArray& text)
         if (token.What == Token::Kind::Literal)
             kept.Literals.emplace_back(token.Text);
         const std::size_t begin = std::size_t(token.Text.data() - view.data());
-        for (const char letter : view.substr(end, begin - end)) {
+        for (const char letter : view.substr(end, begin - end))
             if (letter != ' ')
                 kept.Comments += letter;
-        }
         end = begin + token.Text.size();
     }
     return kept;

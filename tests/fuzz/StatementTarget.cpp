@@ -15,13 +15,14 @@ namespace {
 
 /// Statements with two places, {a} quoted and {b} bare; the values that stand in them here are as
 /// harmless as can be.
-constexpr const char* templates[] = {"select * from T where A='{a}' and B={b}",
-                                     "select * from T where A like '%{a}%' and B ={b} order by C",
-                                     "Delete from T where B = {b} and A='{a}'",
-                                     "select A-{b}, left('{a}',2) from T",
-                                     "insert into T (A, B) values ('{a}',{b})",
-                                     "Select A from T where C <> 'x' and B={b} and A='{a}' or D in ('{a}',{b})",
-                                     "exec P '{a}',{b}"};
+constexpr const char* templates[] = {
+    "select * from T where A='{a}' and B={b}",
+    "select * from T where A like '%{a}%' and B ={b} order by C",
+    "Delete from T where B = {b} and A='{a}'",
+    "select A-{b}, left('{a}',2) from T",
+    "insert into T (A, B) values ('{a}',{b})",
+    "Select A from T where C <> 'x' and B={b} and A='{a}' or D in ('{a}',{b})",
+    "exec P '{a}',{b}"};
 
 using Shape = std::vector<std::string>;
 
@@ -30,14 +31,13 @@ Shape shapeOf(const QString& statement)
 {
     const QByteArray text = statement.toUtf8();
     Shape shape;
-    for (const Token& token : ReadTokens({text.constData(), std::size_t(text.size())})) {
+    for (const Token& token : ReadTokens({text.constData(), std::size_t(text.size())}))
         if (token.What == Token::Kind::Literal)
             shape.emplace_back("'");
         else if (token.What == Token::Kind::Number)
             shape.emplace_back("0");
         else
             shape.emplace_back(token.Text);
-    }
     return shape;
 }
 

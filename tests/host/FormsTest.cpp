@@ -47,11 +47,9 @@ protected:
     template <class TheForm> static QList<TheForm*> windows()
     {
         QList<TheForm*> found;
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (auto* form = qobject_cast<TheForm*>(window)) {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* form = qobject_cast<TheForm*>(window))
                 found.append(form);
-            }
-        }
         return found;
     }
     static QList<FrmGatePass*> open() { return windows<FrmGatePass>(); }
@@ -76,9 +74,8 @@ protected:
         for (const Primitive& primitive : document.PageAt(0).Primitives) {
             head.first += std::holds_alternative<PictureShape>(primitive) ? 1 : 0;
             const auto* run = std::get_if<TextRun>(&primitive);
-            if (run && run->Object == QStringLiteral("TxtNameUrdu")) {
+            if (run && run->Object == QStringLiteral("TxtNameUrdu"))
                 head.second = run->Text;
-            }
         }
         return head;
     }

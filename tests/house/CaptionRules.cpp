@@ -140,10 +140,9 @@ bool isCells(const QWidget& widget)
 QList<QWidget*> visibleChildren(const QWidget& widget)
 {
     QList<QWidget*> children;
-    for (auto* child : widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    for (auto* child : widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
         if (child->isVisible() && !child->isWindow())
             children.append(child);
-    }
     return children;
 }
 
@@ -157,10 +156,9 @@ public:
         examineColumns(widget);
         const QList<QWidget*> children = visibleChildren(widget);
         examinePlaces(widget, children);
-        for (QWidget* child : children) {
+        for (QWidget* child : children)
             if (!isCells(*child))
                 Examine(*child);
-        }
     }
 
 private:

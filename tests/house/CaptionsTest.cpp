@@ -64,9 +64,8 @@ void expectWholeUnder(const QList<std::pair<const char*, QString>>& settings)
          {"CaptionsTest.OfAnOpenedGatePassAreWhole",
           "Of/SearchCaptionsTest.AreWhole/SchInsCustomer",
           "CaptionsTest.OfTheChoiceOfCopiesAreWhole", "CaptionsTest.OfTheReportInViewAreWhole",
-          "CaptionRulesTest.FindALabelThatIsTooNarrow"}) {
+          "CaptionRulesTest.FindALabelThatIsTooNarrow"})
         EXPECT_TRUE(printed.contains(s("[       OK ] ") + s(ran))) << ran << qPrintable(printed);
-    }
 }
 
 class CaptionsTest : public GatePassDesk {
@@ -149,12 +148,14 @@ TEST_F(CaptionsTest, OfAnOpenedGatePassAreWhole)
 
 TEST_P(SearchCaptionsTest, AreWhole)
 {
-    Look(*GetParam(), [](SearchWindow& window) {
-        EXPECT_GT(window.List().RowCount(), 0);
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_Down); // what tells of the current row stands there
-        expectNothingClipped(window);
-    });
+    Look(
+        *GetParam(),
+        [](SearchWindow& window) {
+            EXPECT_GT(window.List().RowCount(), 0);
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_Down); // what tells of the current row stands there
+            expectNothingClipped(window);
+        });
 }
 
 TEST_F(CaptionsTest, OfTheChoiceOfCopiesAreWhole)

@@ -36,26 +36,22 @@ const QHash<QString, QSet<QString>>& mayInclude()
 QString roomOf(const QString& path)
 {
     // The entry class stands on top of all forms though it lives beside HostContext.
-    if (path.startsWith(QLatin1String("src/host/Forms.")) || path == QLatin1String("host/Forms.h")) {
+    if (path.startsWith(QLatin1String("src/host/Forms.")) || path == QLatin1String("host/Forms.h"))
         return QStringLiteral("entry");
-    }
     // Its outer face stands in front of that.
     static const QRegularExpression face(QStringLiteral("^(?:src/)?host/com/"));
-    if (face.match(path).hasMatch()) {
+    if (face.match(path).hasMatch())
         return QStringLiteral("com");
-    }
     static const QRegularExpression inRoom(QStringLiteral("^(?:src/)?([a-z]+)/"));
     return inRoom.match(path).captured(1);
 }
 
 QString publicHeaderRoom(const QString& name)
 {
-    if (name == QLatin1String("Forms.h")) {
+    if (name == QLatin1String("Forms.h"))
         return QStringLiteral("entry");
-    }
-    if (name == QLatin1String("Printing.h")) {
+    if (name == QLatin1String("Printing.h"))
         return QStringLiteral("reports");
-    }
     return name == QLatin1String("UserSecurity.h") ? QStringLiteral("host")
                                                    : QStringLiteral("data");
 }
@@ -74,30 +70,27 @@ QStringList roomViolations(const QString& path, const QString& content)
         const QString header = found.next().captured(1);
         QString target;
         if (header.startsWith(QLatin1String("TradeForms/"))) {
-            if (isHost || header.endsWith(QLatin1String("/Export.h"))
-                || header.endsWith(QLatin1String("/Version.h"))) {
+            if (isHost || header.endsWith(QLatin1String("/Export.h")) ||
+                header.endsWith(QLatin1String("/Version.h")))
                 continue;
-            }
             target = publicHeaderRoom(header.mid(11));
         } else {
             target = roomOf(header);
-            if (!mayInclude().contains(target)) {
+            if (!mayInclude().contains(target))
                 continue;
-            }
         }
-        if (target != room && !mayInclude().value(room).contains(target)) {
+        if (target != room && !mayInclude().value(room).contains(target))
             violations.append(QStringLiteral("%1 includes %2").arg(path, header));
-        }
     }
     // The data room uses QtCore and nothing more of Qt.
     if (room == QLatin1String("data")) {
-        static const QRegularExpression widgets(QStringLiteral(
-            "^\\s*#\\s*include\\s*<(QWidget|QApplication|QtWidgets|QtGui|QColor|QFont|QMessageBox)"
-            ".*>"),
+        static const QRegularExpression widgets(
+            QStringLiteral("^\\s*#\\s*include\\s*<(QWidget|QApplication|QtWidgets|QtGui|QColor|"
+                           "QFont|QMessageBox)"
+                           ".*>"),
             QRegularExpression::MultilineOption);
-        if (widgets.match(content).hasMatch()) {
+        if (widgets.match(content).hasMatch())
             violations.append(QStringLiteral("%1 includes more of Qt than QtCore").arg(path));
-        }
     }
     return violations;
 }

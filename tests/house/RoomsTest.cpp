@@ -15,9 +15,8 @@ QStringList sources(const QString& folder)
     QDirIterator files(QStringLiteral(SOURCE_DIR "/") + folder,
                        {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
                        QDirIterator::Subdirectories);
-    while (files.hasNext()) {
+    while (files.hasNext())
         found.append(files.next().mid(int(qstrlen(SOURCE_DIR "/"))));
-    }
     return found;
 }
 
@@ -25,8 +24,8 @@ QStringList sources(const QString& folder)
 
 TEST(Rooms, NoFileIncludesARoomAboveItsOwn)
 {
-    const QStringList files = sources(QStringLiteral("src")) +
-                              sources(QStringLiteral("app")) + sources(QStringLiteral("tools"));
+    const QStringList files = sources(QStringLiteral("src")) + sources(QStringLiteral("app")) +
+                              sources(QStringLiteral("tools"));
     ASSERT_GT(files.size(), 40);
     for (const QString& path : files) {
         QFile file(QStringLiteral(SOURCE_DIR "/") + path);

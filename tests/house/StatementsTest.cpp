@@ -30,9 +30,8 @@ QString withoutValues(QString statement)
 QSet<QString> withoutValues(const QStringList& statements)
 {
     QSet<QString> all;
-    for (const QString& statement : statements) {
+    for (const QString& statement : statements)
         all << withoutValues(statement);
-    }
     return all;
 }
 
@@ -42,13 +41,11 @@ QSet<QString> withoutValues(const QStringList& statements)
 TEST(Statements, OfTheDialogsAllStandInTheirDescriptions)
 {
     QStringList described;
-    for (const SearchDescription* description : AllSearchDialogs()) {
+    for (const SearchDescription* description : AllSearchDialogs())
         for (const QByteArray& statement :
              QList<QByteArray>{description->Statement, description->GridDetail.Statement} +
-                 description->LblBalance) {
+                 description->LblBalance)
             described << QString::fromUtf8(statement);
-        }
-    }
     const QStringList written = StatementLiteralsIn(s(SOURCE_DIR "/src/search"));
     EXPECT_GT(written.size(), 20);
     for (const QString& statement : written) {
@@ -81,9 +78,8 @@ TEST(Statements, OfFormsFrameAndReportsAreGathered)
           "Select * FROM Areas  where AreaCode='Kot'",
           "SELECT * from vuCurrentStock WHERE ProductID='101' and branchcode =1",
           "Delete from StockOutHeader where StockID = 1",
-          "exec SPInstallmentBalances '2026-01-05'"}) {
+          "exec SPInstallmentBalances '2026-01-05'"})
         EXPECT_TRUE(all.contains(s(statement))) << statement;
-    }
 }
 
 // The gathering itself.

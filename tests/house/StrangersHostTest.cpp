@@ -18,8 +18,7 @@ QString output(const QString& program, const QStringList& arguments,
     process.start(program, arguments);
     const bool finished = process.waitForFinished(240'000);
     const QString printed = QString::fromUtf8(process.readAll());
-    EXPECT_TRUE(finished && process.exitStatus() == QProcess::NormalExit
-                && process.exitCode() == 0)
+    EXPECT_TRUE(finished && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
         << qPrintable(program + QLatin1Char(' ') + arguments.join(QLatin1Char(' '))) << '\n'
         << qPrintable(printed);
     return printed;

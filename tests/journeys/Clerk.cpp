@@ -17,9 +17,8 @@ namespace {
 
 QWidget* activeWindow()
 {
-    if (QWidget* popup = QApplication::activePopupWidget()) {
+    if (QWidget* popup = QApplication::activePopupWidget())
         return popup;
-    }
     QWidget* modal = QApplication::activeModalWidget();
     return modal ? modal : QApplication::activeWindow();
 }
@@ -27,19 +26,16 @@ QWidget* activeWindow()
 /// Where no window manager runs, nothing gives the keyboard to another window when one closes.
 void activateAsAManagerWould(const QString& window)
 {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible() && widget->objectName() == window) {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->isVisible() && widget->objectName() == window)
             widget->activateWindow();
-        }
-    }
 }
 
 QString focusName()
 {
     const QWidget* widget = QApplication::focusWidget();
-    while (widget && widget->objectName().isEmpty()) {
+    while (widget && widget->objectName().isEmpty())
         widget = widget->parentWidget();
-    }
     return widget ? widget->objectName() : QString();
 }
 
@@ -53,15 +49,16 @@ bool Clerk::Work(const std::function<void(Clerk&)>& script, const std::function<
             done_ = true;
         } catch (const GivenUp&) {
             // The program may stand before a question: leave at once.
-            QMetaObject::invokeMethod(qApp, [] { std::_Exit(1); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                qApp, [] { std::_Exit(1); }, Qt::QueuedConnection);
         }
     });
-    QMetaObject::invokeMethod(qApp, [thread] { thread->start(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        qApp, [thread] { thread->start(); }, Qt::QueuedConnection);
     run();
     // The script may still look at the screen.
-    while (!thread->wait(1)) {
+    while (!thread->wait(1))
         QCoreApplication::processEvents();
-    }
     delete thread;
     return done_;
 }
@@ -96,9 +93,8 @@ void Clerk::act(const std::function<void(QWidget*)>& doIt)
         [doIt, progress] {
             progress->StartedIn = activeWindow();
             progress->Started = true;
-            if (progress->StartedIn) {
+            if (progress->StartedIn)
                 doIt(progress->StartedIn);
-            }
             progress->Done = true;
         },
         Qt::QueuedConnection);
@@ -107,13 +103,12 @@ void Clerk::act(const std::function<void(QWidget*)>& doIt)
     timer.start();
     while (timer.elapsed() < Patience) {
         const QString state = onScreen([progress](QWidget* active) {
-            const bool waits = progress->Started && active && active->isActiveWindow()
-                && active != progress->StartedIn;
+            const bool waits = progress->Started && active && active->isActiveWindow() &&
+                               active != progress->StartedIn;
             return progress->Done || waits ? QStringLiteral("on") : QString();
         });
-        if (!state.isEmpty()) {
+        if (!state.isEmpty())
             return;
-        }
         QThread::msleep(1);
     }
     giveUp(QStringLiteral("the program does not answer"));
@@ -127,9 +122,8 @@ void Clerk::until(const std::function<QString(QWidget*)>& look, const QString& w
     QString seen;
     do {
         seen = onScreen(look);
-        if (seen == wanted) {
+        if (seen == wanted)
             return;
-        }
         QThread::msleep(2);
     } while (timer.elapsed() < Patience);
     giveUp(QStringLiteral("expected %1 \"%2\", saw \"%3\"").arg(what, wanted, seen));
@@ -139,11 +133,10 @@ void Clerk::See(const QString& window)
 {
     until(
         [window](QWidget* active) {
-            if (!active) {
+            if (!active)
                 activateAsAManagerWould(window);
-            }
-            const bool ready = active && active->windowHandle()
-                && active->windowHandle()->isExposed() && active->isActiveWindow();
+            const bool ready = active && active->windowHandle() &&
+                               active->windowHandle()->isExposed() && active->isActiveWindow();
             return ready ? active->objectName() : QStringLiteral("(none)");
         },
         window, QStringLiteral("the window"));
@@ -164,8 +157,9 @@ void Clerk::Answer(const QString& text, const QString& title, Qt::Key key)
     until(
         [](QWidget* active) {
             return active && active->isActiveWindow()
-                ? active->windowTitle() + QStringLiteral(": ") + active->accessibleDescription()
-                : QString();
+                       ? active->windowTitle() + QStringLiteral(": ") +
+                             active->accessibleDescription()
+                       : QString();
         },
         title + QStringLiteral(": ") + text, QStringLiteral("the message"));
     Picture(QStringLiteral("message"));
@@ -176,8 +170,8 @@ void Clerk::AnswerLike(const QString& part, const QString& title, Qt::Key key)
 {
     until(
         [part](QWidget* active) {
-            const bool there = active && active->isActiveWindow()
-                && active->accessibleDescription().contains(part);
+            const bool there = active && active->isActiveWindow() &&
+                               active->accessibleDescription().contains(part);
             return there ? active->windowTitle() : QString();
         },
         title, QStringLiteral("a message of the title"));
@@ -208,9 +202,8 @@ void Clerk::Type(const QString& text)
 void Clerk::Press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     act([key, modifiers](QWidget* active) {
-        if (QWindow* window = active->windowHandle()) {
+        if (QWindow* window = active->windowHandle())
             QTest::keyClick(window, key, modifiers);
-        }
     });
 }
 
@@ -258,24 +251,21 @@ void Clerk::ExpectText(const QString& control, const QString& text)
 
 void Clerk::Expect(bool holds, const QString& what)
 {
-    if (!holds) {
+    if (!holds)
         giveUp(what);
-    }
 }
 
 void Clerk::Picture(const QString& name)
 {
-    if (pictures_.isEmpty()) {
+    if (pictures_.isEmpty())
         return;
-    }
     const QString file = QDir(pictures_).filePath(
         QStringLiteral("%1-%2.png").arg(++picture_, 2, 10, QLatin1Char('0')).arg(name));
     // Once around, so that what the last key changed is painted.
     onScreen([](QWidget*) { return QString(); });
     onScreen([file](QWidget* active) {
-        if (active) {
+        if (active)
             active->grab().save(file);
-        }
         return QString();
     });
 }

@@ -58,14 +58,14 @@ struct Known {
         Receiver = rows(file, s("select StaffID from Staff where FieldWorker = 0"
                                 " order by StaffID limit 1"))
                        .value(0);
-        const QString stock = s(
-            "select ProductID, sum(Q) from ("
-            "select BranchCode B, ProductID, Qty Q from StockInHeader join StockInBody using"
-            " (StockID) union all select BranchCode, ProductID, -Qty from StockOutHeader join"
-            " StockOutBody using (StockID) union all select BranchCode, ProductID,"
-            " ifnull(ReturnNewProducts, 0) - ifnull(OutNewProducts, 0) from GatePassHeader join"
-            " GatePassBody using (GatePassID)) where B = %1 group by 1 having sum(Q) >= 8"
-            " order by 1 limit 3");
+        const QString stock =
+            s("select ProductID, sum(Q) from ("
+              "select BranchCode B, ProductID, Qty Q from StockInHeader join StockInBody using"
+              " (StockID) union all select BranchCode, ProductID, -Qty from StockOutHeader join"
+              " StockOutBody using (StockID) union all select BranchCode, ProductID,"
+              " ifnull(ReturnNewProducts, 0) - ifnull(OutNewProducts, 0) from GatePassHeader join"
+              " GatePassBody using (GatePassID)) where B = %1 group by 1 having sum(Q) >= 8"
+              " order by 1 limit 3");
         for (const QString& row : rows(file, stock.arg(Branch))) {
             Products.append(row.section(QLatin1Char('|'), 0, 0));
             Stock = row.section(QLatin1Char('|'), 1, 1).toInt();
@@ -92,8 +92,8 @@ void enterHeader(Clerk& clerk, const Known& known)
     clerk.ExpectFocus(s("TxtProductID"));
 }
 
-void enterRow(Clerk& clerk, const QString& product, const QString& out,
-              const QString& oldBack = {}, const QString& newBack = {})
+void enterRow(Clerk& clerk, const QString& product, const QString& out, const QString& oldBack = {},
+              const QString& newBack = {})
 {
     clerk.Enter(product);
     clerk.ExpectFocus(s("TxtOutNewProducts"));
@@ -143,8 +143,8 @@ void printCopies(Clerk& clerk, const Known& known, const QString& folder, int id
         clerk.Expect(all[copy].startsWith(s("Gate Pass %1 copy %2 ").arg(id).arg(copy + 1)),
                      s("a file named by its copy, not ") + all[copy]);
         const QString text = printedText(folder, all[copy]);
-        clerk.Expect(text.contains(marks[copy]) && text.contains(known.Products[1])
-                         && text.contains(known.Products[2]),
+        clerk.Expect(text.contains(marks[copy]) && text.contains(known.Products[1]) &&
+                         text.contains(known.Products[2]),
                      s("the marked copy with its products, not ") + text);
     }
 
@@ -263,12 +263,12 @@ void GatePassDay(Clerk& clerk, const QString& file, const QString& printTo)
     clerk.Answer(Saved, Alert, Qt::Key_N);
     clerk.ExpectText(s("TxtGatePassID"), QString::number(id + 1));
     clerk.Picture(s("saved"));
-    clerk.Expect(header(file, id)
-                     == s("%1|%2|%3|%4|0|1|0|2|0")
-                            .arg(known.Driver, known.Receiver, known.Area, known.Branch),
-                 s("the header as entered, not ") + header(file, id));
-    clerk.Expect(body(file, id)
-                     == s("%1|5|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
+    clerk.Expect(
+        header(file, id) ==
+            s("%1|%2|%3|%4|0|1|0|2|0").arg(known.Driver, known.Receiver, known.Area, known.Branch),
+        s("the header as entered, not ") + header(file, id));
+    clerk.Expect(body(file, id) ==
+                     s("%1|5|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
                  s("the rows as entered, not ") + body(file, id));
 
     // Open it again, change a quantity, save and print.
@@ -292,8 +292,8 @@ void GatePassDay(Clerk& clerk, const QString& file, const QString& printTo)
     clerk.Enter(QString());
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
     printCopies(clerk, known, printTo, id);
-    clerk.Expect(body(file, id)
-                     == s("%1|6|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
+    clerk.Expect(body(file, id) ==
+                     s("%1|6|4|null %2|2|null|1").arg(known.Products[1], known.Products[2]),
                  s("the changed quantity, not ") + body(file, id));
 
     // Close with unsaved work.

@@ -32,10 +32,9 @@ QStringList rows(const QString& file, const QString& sql)
                              });
     sqlite3_stmt* statement = nullptr;
     QStringList found;
-    if (sqlite3_prepare_v2(database, sql.toUtf8().constData(), -1, &statement, nullptr)
-        != SQLITE_OK) {
+    if (sqlite3_prepare_v2(database, sql.toUtf8().constData(), -1, &statement, nullptr) !=
+        SQLITE_OK)
         found.append(QString::fromUtf8(sqlite3_errmsg(database)));
-    }
     while (statement && sqlite3_step(statement) == SQLITE_ROW) {
         QStringList cells;
         for (int i = 0; i < sqlite3_column_count(statement); ++i) {
@@ -80,34 +79,30 @@ int main(int argc, char* argv[])
     Host::Options options;
     const QString second = after("--second-clerk");
     QTemporaryDir folder;
-    options.Database =
-        second.isEmpty() ? folder.filePath(QStringLiteral("company.db")) : second;
+    options.Database = second.isEmpty() ? folder.filePath(QStringLiteral("company.db")) : second;
     options.CreateSample = second.isEmpty();
     options.PrintTo = folder.filePath(QStringLiteral("printed"));
     options.Until = QDate::currentDate();
 
     // The company first: the clerk looks facts up in it before the program is on the screen.
-    if (options.CreateSample && Host::CreateSampleCompany(options) != Host::ExitDone) {
+    if (options.CreateSample && Host::CreateSampleCompany(options) != Host::ExitDone)
         return 1;
-    }
     journeys::Clerk clerk(after("--pictures"));
     const bool done = clerk.Work(
         [&](journeys::Clerk& it) {
-            if (!second.isEmpty()) {
+            if (!second.isEmpty())
                 journeys::SecondGatePassClerk(it, options.Database);
-            } else if (arguments.contains(QLatin1String("stock"))) {
+            else if (arguments.contains(QLatin1String("stock")))
                 journeys::StockDay(it, options.Database);
-            } else {
+            else
                 journeys::GatePassDay(it, options.Database, options.PrintTo);
-            }
         },
         [&options] { Host::RunHost(options); });
     if (!done) {
         std::fprintf(stderr, "journey: not finished\n");
         return 1;
     }
-    if (second.isEmpty()) {
+    if (second.isEmpty())
         std::puts("journey: done");
-    }
     return 0;
 }

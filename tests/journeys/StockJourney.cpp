@@ -71,8 +71,8 @@ void StockDay(Clerk& clerk, const QString& file)
     clerk.ExpectFocus(s("TxtProductID"));
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
     clerk.ExpectText(s("TxtID"), QString::number(in + 1));
-    clerk.Expect(body(file, s("StockInBody"), in)
-                     == s("%1|4|%2|%3").arg(product[0]).arg(rate).arg(4 * rate),
+    clerk.Expect(body(file, s("StockInBody"), in) ==
+                     s("%1|4|%2|%3").arg(product[0]).arg(rate).arg(4 * rate),
                  s("the row with its unseen price, not ") + body(file, s("StockInBody"), in));
     close(clerk);
 
@@ -155,8 +155,7 @@ void StockDay(Clerk& clerk, const QString& file)
     clerk.See(s("MainWindow"));
     clerk.Expect(rows(file, s("select EngineNo from StockInDetailBody where StockID = %1"
                               " order by rowid")
-                                .arg(units))
-                     == QStringList({s("NEW-ENGINE-1"), s("NEW-ENGINE-2")}),
+                                .arg(units)) == QStringList({s("NEW-ENGINE-1"), s("NEW-ENGINE-2")}),
                  s("the two units"));
     clerk.Press(Qt::Key_Q, Qt::ControlModifier);
 }

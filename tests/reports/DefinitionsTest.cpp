@@ -167,9 +167,8 @@ TEST_F(DefinitionsTest, ALongGatePassRepeatsItsHeadsAndNamesItself)
                   page == 0 && !HostContext::NameUrdu.isEmpty() ? 1 : 0);
         const QList<TextRun> again = RunsOf(pass, page, s("FldTitleAgainEnglish"));
         ASSERT_EQ(again.size(), page == 0 ? 0 : 1);
-        if (page > 0) {
+        if (page > 0)
             EXPECT_EQ(again.first().Text, s("Gate pass  7"));
-        }
     }
     EXPECT_FALSE(RunsOf(pass, pass.PageCount() - 1, s("TxtSigner")).isEmpty());
 }
@@ -539,9 +538,8 @@ TEST_F(DefinitionsTest, TheFirstSignerSignsAtTheRightAtTheBottomOfTheLastPage)
     for (int signer = 0; signer < 3; ++signer) {
         EXPECT_EQ(english[signer].Text, names[signer]);
         EXPECT_EQ(english[signer].Place.left(), signers[signer].Place.left());
-        if (signer > 0) {
+        if (signer > 0)
             EXPECT_LT(signers[signer].Place.right(), signers[signer - 1].Place.left());
-        }
     }
     EXPECT_DOUBLE_EQ(signers[0].Place.right(), pass.PageSize().width() - 120);
     EXPECT_NEAR(signers[2].Place.left(), 120, 0.01);

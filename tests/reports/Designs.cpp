@@ -47,10 +47,9 @@ ReportDefinition PlainDesign()
 
 ReportSection& SectionOf(ReportDefinition& definition, SectionKind kind)
 {
-    for (ReportSection& section : definition.Sections) {
+    for (ReportSection& section : definition.Sections)
         if (section.Kind == kind)
             return section;
-    }
     ADD_FAILURE() << "no such section";
     return definition.Sections.first();
 }
@@ -107,10 +106,9 @@ QStringList Shown(const Document& document, int page)
 QList<TextRun> RunsOf(const Document& document, int page, const QString& object)
 {
     QList<TextRun> runs;
-    for (const TextRun& run : document.PageAt(page).Texts()) {
+    for (const TextRun& run : document.PageAt(page).Texts())
         if (run.Object == object)
             runs.append(run);
-    }
     return runs;
 }
 

@@ -35,9 +35,13 @@ protected:
     }
     Document layOut(const QString& statement = Counted(1))
     {
-        return Document(std::make_unique<Paginator>(
-            ReportState{design, RowsOf(connection, statement), {}, s("Plain"),
-                        QDateTime(QDate(2026, 3, 5), QTime(14, 5)), s("7")}));
+        return Document(
+            std::make_unique<Paginator>(ReportState{design,
+                                                    RowsOf(connection, statement),
+                                                    {},
+                                                    s("Plain"),
+                                                    QDateTime(QDate(2026, 3, 5), QTime(14, 5)),
+                                                    s("7")}));
     }
     /// A page at a pixel for a tenth of a millimetre, from the left top of what is printed on.
     QImage painted(const Document& document, int page = 0) const
@@ -52,10 +56,9 @@ protected:
     static int darkIn(const QImage& image, const QRect& place)
     {
         int dark = 0;
-        for (int y = place.top(); y <= place.bottom(); ++y) {
+        for (int y = place.top(); y <= place.bottom(); ++y)
             for (int x = place.left(); x <= place.right(); ++x)
                 dark += qGray(image.pixel(x, y)) < 128 ? 1 : 0;
-        }
         return dark;
     }
 
@@ -74,10 +77,9 @@ TEST_F(DocumentTest, ATextIsDrawnInItsPlaceAndColour)
     EXPECT_EQ(darkIn(page, QRect(0, 0, 1000, 300)), 0);
     EXPECT_EQ(darkIn(page, QRect(120, 300, 880, 600)), 0);
     int blue = 0;
-    for (int y = 300; y < 400; ++y) {
+    for (int y = 300; y < 400; ++y)
         for (int x = 0; x < 100; ++x)
             blue += page.pixelColor(x, y) == QColor(0, 0, 200) ? 1 : 0;
-    }
     EXPECT_GT(blue, 20);
 }
 

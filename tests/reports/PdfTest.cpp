@@ -112,10 +112,9 @@ QRect inkOf(const TextRun& run, const QSizeF& page, double scale)
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
         const uchar* line = image.constScanLine(y);
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             if (line[x] < 160)
                 ink |= QRect(x, y, 1, 1);
-        }
     }
     return ink;
 }

@@ -1,9 +1,9 @@
 // Where printed pages go: the printer and how it is found, the folder, the host.
 
+#include "reports/PrintPort.h"
 #include "data/Failure.h"
 #include "reports/Document.h"
 #include "reports/PdfPorts.h"
-#include "reports/PrintPort.h"
 #include "reports/PrinterPort.h"
 #include "reports/SampleReport.h"
 #include "support/Pdf.h"
@@ -30,8 +30,11 @@ QString s(const char* text)
     return QString::fromUtf8(text);
 }
 
-const PrintJob kJob{.Driver = s("Printer Driver"), .PrinterName = s("Printer Name"),
-                    .Port = s("LPT1"), .Title = s("Gate Pass 12"), .Copy = s("2")};
+const PrintJob kJob{.Driver = s("Printer Driver"),
+                    .PrinterName = s("Printer Name"),
+                    .Port = s("LPT1"),
+                    .Title = s("Gate Pass 12"),
+                    .Copy = s("2")};
 
 /// A printer that takes some pages and then fails.
 class FailingEngine : public QPaintEngine, public QPrintEngine {
@@ -170,9 +173,8 @@ TEST_F(PrintPortTest, ThePrinterGetsAllPagesOnThePaperOfTheDocument)
     EXPECT_THAT(PdfInfo(path("paper.pdf"), s("Page size")).toStdString(), HasSubstr("(A5)"));
     EXPECT_EQ(PdfInfo(path("paper.pdf"), s("Title")), s("Gate Pass 12 (2)"));
     const QString text = TextOfPdf(path("paper.pdf"));
-    for (const char* line : {"Title of the sample", "P00001", "P00060"}) {
+    for (const char* line : {"Title of the sample", "P00001", "P00060"})
         EXPECT_TRUE(text.contains(s(line))) << line;
-    }
 }
 
 TEST_F(PrintPortTest, ThePrinterDrawsInTheSizeAndTurnOfTheDocument)
@@ -247,9 +249,8 @@ TEST_F(PrintPortTest, NoFileIsOverwritten)
     const Document document = sample.Make()->Format();
     FolderPort port(folder.path());
     // As many in one second as it takes.
-    for (int job = 0; job < 5; ++job) {
+    for (int job = 0; job < 5; ++job)
         port.Print(document, kJob);
-    }
     EXPECT_EQ(files(folder.path()).size(), 5);
 }
 
@@ -257,9 +258,9 @@ TEST_F(PrintPortTest, ATitleCannotLeadOutOfTheFolder)
 {
     const QDateTime time(QDate(2026, 3, 31), QTime(14, 5, 9));
     const auto name = [&time](const char* title, const char* copy) {
-        return FolderPort::FileName({.Driver = {}, .PrinterName = {}, .Port = {},
-                                     .Title = s(title), .Copy = s(copy)},
-                                    time);
+        return FolderPort::FileName(
+            {.Driver = {}, .PrinterName = {}, .Port = {}, .Title = s(title), .Copy = s(copy)},
+            time);
     };
     EXPECT_EQ(name("Gate Pass 12", "1"), s("Gate Pass 12 copy 1 2026-03-31 14.05.09.pdf"));
     EXPECT_EQ(name("گیٹ پاس 12", ""), s("گیٹ پاس 12 2026-03-31 14.05.09.pdf"));

@@ -53,10 +53,9 @@ protected:
     static QList<PictureShape> pictures(const Document& document)
     {
         QList<PictureShape> found;
-        for (const Primitive& primitive : document.PageAt(0).Primitives) {
+        for (const Primitive& primitive : document.PageAt(0).Primitives)
             if (const auto* picture = std::get_if<PictureShape>(&primitive))
                 found.append(*picture);
-        }
         return found;
     }
 

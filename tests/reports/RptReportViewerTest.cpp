@@ -1,9 +1,9 @@
 // The report window: load, zoom, pages, search, printing, saving, and what replaces what.
 
+#include "reports/RptReportViewer.h"
 #include "controls/MsgBox.h"
 #include "data/Failure.h"
 #include "reports/PrintPort.h"
-#include "reports/RptReportViewer.h"
 #include "reports/SampleReport.h"
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
@@ -58,11 +58,9 @@ protected:
     {
         const QImage image = View().viewport()->grab().toImage();
         for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixelColor(x, y) == color) {
+            for (int x = 0; x < image.width(); ++x)
+                if (image.pixelColor(x, y) == color)
                     return true;
-                }
-            }
         }
         return false;
     }
@@ -114,8 +112,8 @@ TEST_F(RptReportViewerTest, TheViewFillsTheWindow)
         // All between the tools and the buttons, but for the window's own frame.
         const QRect tools = It().TxtSearch.parentWidget()->geometry();
         const QRect buttons = It().BtnClose.parentWidget()->geometry();
-        EXPECT_EQ(View().geometry(),
-                  QRect(QPoint(1, tools.bottom() + 1), QPoint(size.width() - 2, buttons.top() - 1)));
+        EXPECT_EQ(View().geometry(), QRect(QPoint(1, tools.bottom() + 1),
+                                           QPoint(size.width() - 2, buttons.top() - 1)));
     }
 }
 
@@ -192,11 +190,10 @@ TEST_F(RptReportViewerTest, EscClosesItAndUnloadSetsTheReportToNothing)
     for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Space}) {
         show(sample);
         EXPECT_NE(It().Report, nullptr);
-        if (key == Qt::Key_Escape) {
+        if (key == Qt::Key_Escape)
             Press(It(), key);
-        } else {
+        else
             Click(It(), It().BtnClose);
-        }
         EXPECT_FALSE(It().isVisible());
         EXPECT_EQ(It().Report, nullptr);
         EXPECT_EQ(View().PageCount(), 0);
@@ -252,13 +249,11 @@ TEST_F(RptReportViewerTest, CtrlPlusAndMinusStepTheZoom)
     EXPECT_EQ(zoomAfter(Qt::Key_Minus), 75);
     EXPECT_EQ(zoomAfter(Qt::Key_1), 100);
     EXPECT_EQ(zoomAfter(Qt::Key_0), 93);
-    for (int step = 0; step < 20; ++step) {
+    for (int step = 0; step < 20; ++step)
         ctrl(Qt::Key_Minus);
-    }
     EXPECT_EQ(View().Zoom(), 25);
-    for (int step = 0; step < 20; ++step) {
+    for (int step = 0; step < 20; ++step)
         ctrl(Qt::Key_Plus);
-    }
     EXPECT_EQ(View().Zoom(), 400);
     EXPECT_GT(View().horizontalScrollBar()->maximum(), 0);
 }
@@ -279,7 +274,9 @@ TEST_F(RptReportViewerTest, CtrlAndTheWheelZoomAndKeepWhatIsUnderThePointer)
     show(sample);
     View().GoToPage(3);
     const QPoint at = View().viewport()->rect().center();
-    const auto placeOnPage = [&at] { return (at - View().PageRect(3).topLeft()) / (View().Zoom() / 100.0); };
+    const auto placeOnPage = [&at] {
+        return (at - View().PageRect(3).topLeft()) / (View().Zoom() / 100.0);
+    };
     const QPointF before = placeOnPage();
     for (int click = 0; click < 2; ++click) {
         QWheelEvent wheel(at, View().viewport()->mapToGlobal(at), {}, {0, 120}, Qt::NoButton,

@@ -69,14 +69,12 @@ std::shared_ptr<Report> SampleReport::Make(const QString& title) const
     logo.Suppress = true;
 
     const ReportSource copy = formula([onLayout = &OnLayout](const ReportValues& values) {
-        if (*onLayout) {
+        if (*onLayout)
             (*onLayout)();
-        }
         return QVariant(QStringLiteral("copy ") + values.Parameter(1));
     });
-    const ReportSource product{.Kind = ReportSource::From::Column,
-                               .Name = QStringLiteral("ProductID"),
-                               .Compute = {}};
+    const ReportSource product{
+        .Kind = ReportSource::From::Column, .Name = QStringLiteral("ProductID"), .Compute = {}};
 
     ReportDefinition definition;
     definition.Name = QStringLiteral("CrpSample");

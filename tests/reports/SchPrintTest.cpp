@@ -1,7 +1,7 @@
 // The choice of copies: its codes, its keys, and the options that stay hidden.
 
-#include "controls/Form.h"
 #include "reports/SchPrint.h"
+#include "controls/Form.h"
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
 
@@ -29,9 +29,8 @@ protected:
     }
     ~SchPrintTest() override
     {
-        for (OptionButton* option : {&It().Option1, &It().Option2, &It().Option3, &It().Option4}) {
+        for (OptionButton* option : {&It().Option1, &It().Option2, &It().Option3, &It().Option4})
             It().SetOptionVisible(*option, true);
-        }
         // Touching the options has loaded it: the next test is to find it unloaded.
         It().ShowModeless(false);
         It().Unload();
@@ -105,9 +104,9 @@ TEST_F(SchPrintTest, AClickOnACaptionChoosesItsOption)
 {
     EXPECT_EQ(show([] {
                   const QList<Label*> labels = It().findChildren<Label*>();
-                  const auto caption =
-                      std::find_if(labels.begin(), labels.end(),
-                                   [](const Label* label) { return label->Text() == s("Copy Two"); });
+                  const auto caption = std::find_if(
+                      labels.begin(), labels.end(),
+                      [](const Label* label) { return label->Text() == s("Copy Two"); });
                   ASSERT_NE(caption, labels.end());
                   Click(It(), **caption);
                   EXPECT_EQ(It().ActiveControl(), &It().Option2);
@@ -175,10 +174,10 @@ TEST_F(SchPrintTest, AnOptionThatWasHiddenStaysHiddenAndLeavesNoGap)
             EXPECT_TRUE(It().Option4.IsVisible());
             EXPECT_LT(It().height(), whole - 40);
             for (const Label* label : It().findChildren<Label*>()) {
-                const bool hidden = label->Text() == s("Copy Two") || label->Text() == s("Copy Three");
-                if (hidden) {
+                const bool hidden =
+                    label->Text() == s("Copy Two") || label->Text() == s("Copy Three");
+                if (hidden)
                     EXPECT_FALSE(label->isVisible()) << qPrintable(label->Text());
-                }
             }
             Press(It(), Qt::Key_Escape);
         });

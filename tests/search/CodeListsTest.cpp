@@ -25,18 +25,20 @@ protected:
 
     void ExpectJumps(const SearchDescription& description, const QList<Jump>& jumps)
     {
-        Look(description, [&](SearchWindow& window) {
-            const QString listed = Column(window, "ID");
-            for (const Jump& jump : jumps) {
-                SCOPED_TRACE(jump.Typed);
-                TypeInto(window, jump.Field, s(jump.Typed));
-                EXPECT_EQ(Current(window, "ID"), s(jump.Reached));
-                EXPECT_EQ(window.List().SelectedRows(), QList<int>{window.List().Row()});
-                TypeInto(window, jump.Field, QString());
-                EXPECT_EQ(window.List().Row(), 0);
-            }
-            EXPECT_EQ(Column(window, "ID"), listed); // the list stays whole
-        });
+        Look(
+            description,
+            [&](SearchWindow& window) {
+                const QString listed = Column(window, "ID");
+                for (const Jump& jump : jumps) {
+                    SCOPED_TRACE(jump.Typed);
+                    TypeInto(window, jump.Field, s(jump.Typed));
+                    EXPECT_EQ(Current(window, "ID"), s(jump.Reached));
+                    EXPECT_EQ(window.List().SelectedRows(), QList<int>{window.List().Row()});
+                    TypeInto(window, jump.Field, QString());
+                    EXPECT_EQ(window.List().Row(), 0);
+                }
+                EXPECT_EQ(Column(window, "ID"), listed); // the list stays whole
+            });
     }
 
     static void GiveBranch(const SearchDescription& description, const char* code)
@@ -59,9 +61,8 @@ TEST_F(CodeListsTest, AreasJumpByTheBeginningOfTheirCodeAndName)
 
 TEST_F(CodeListsTest, AllAreasAreListedForBranchZeroAndOtherwiseTheBranchsOwn)
 {
-    Look(SchArea, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "ID"), s("Kot Raja Lahore"));
-    });
+    Look(SchArea,
+         [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("Kot Raja Lahore")); });
     GiveBranch(SchArea, "2");
     Look(SchArea, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("Lahore")); });
 }
@@ -98,31 +99,31 @@ TEST_F(CodeListsTest, ProductsShowTheirStockOfAllBranchesAndJumpByTheBeginningOf
 {
     company.Run("delete from StockOutBody; delete from GatePassBody;"
                 "delete from StockInBody where StockID > 2");
-    Look(SchProduct, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "Stock"), s("25 14 30 8"));
-    });
+    Look(SchProduct,
+         [](SearchWindow& window) { EXPECT_EQ(Column(window, "Stock"), s("25 14 30 8")); });
     ExpectJumps(SchProduct, {{"TxtID", "2", "210"}, {"TxtID", "23", "233"}, {"TxtID", "3", "233"}});
 }
 
 TEST_F(CodeListsTest, ProductsAreReadAgainByAnyPartOfTheirName)
 {
-    Look(SchProduct, [](SearchWindow& window) {
-        TypeInto(window, "TxtName", s("سائیکل"));
-        EXPECT_EQ(Column(window, "ID"), s("101 104"));
-        TypeInto(window, "TxtName", s("پنکھا")); // was never in stock
-        EXPECT_EQ(window.List().RowCount(), 0);
-        TypeInto(window, "TxtName", QString());
-        EXPECT_EQ(window.List().RowCount(), 4);
-    });
+    Look(
+        SchProduct,
+        [](SearchWindow& window) {
+            TypeInto(window, "TxtName", s("سائیکل"));
+            EXPECT_EQ(Column(window, "ID"), s("101 104"));
+            TypeInto(window, "TxtName", s("پنکھا")); // was never in stock
+            EXPECT_EQ(window.List().RowCount(), 0);
+            TypeInto(window, "TxtName", QString());
+            EXPECT_EQ(window.List().RowCount(), 4);
+        });
 }
 
 // Staff
 
 TEST_F(CodeListsTest, StaffJumpByTheBeginningOfTheirCode)
 {
-    ExpectJumps(SchStaff, {{"TxtID", "31", "3107"},
-                           {"TxtID", "3108", "3108"},
-                           {"TxtID", "1", "5002"}});
+    ExpectJumps(SchStaff,
+                {{"TxtID", "31", "3107"}, {"TxtID", "3108", "3108"}, {"TxtID", "1", "5002"}});
 }
 
 TEST_F(CodeListsTest, StaffWithAFranchiseClauseListsFranchiseHoldersAndItLandsBehindTheName)
@@ -185,9 +186,8 @@ TEST_F(CodeListsTest, PartsJumpByTheirWholeNumberAndTheBeginningOfTheirName)
                            {"TxtID", "1", "13"}, // no part has this number
                            {"TxtName", "بریک", "12"},
                            {"TxtName", "شو", "13"}});
-    Look(SchParts, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "Rate"), s("850 420.5 2900"));
-    });
+    Look(SchParts,
+         [](SearchWindow& window) { EXPECT_EQ(Column(window, "Rate"), s("850 420.5 2900")); });
 }
 
 TEST_F(CodeListsTest, PartiesJumpByTheBeginningOfTheirCodeAndAnyPartOfTheirName)
@@ -236,9 +236,7 @@ TEST_F(CodeListsTest, CustomersOfNoAreaAreAllAccountsOfAllAreas)
 TEST_F(CodeListsTest, CustomersOfAnAreaAreItsOwnWhateverItsCase)
 {
     SearchDialog::Shared(SchCustomer).SetParaIn("ParaInAreaCode", s("kOT"));
-    Look(SchCustomer, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "ID"), s("11 12 13"));
-    });
+    Look(SchCustomer, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("11 12 13")); });
 }
 
 TEST_F(CodeListsTest, CustomersJumpByTheWholeCardNumberOnly)
@@ -248,15 +246,17 @@ TEST_F(CodeListsTest, CustomersJumpByTheWholeCardNumberOnly)
 
 TEST_F(CodeListsTest, CustomersAreReadAgainByAnyPartOfNameAndFathersName)
 {
-    Look(SchCustomer, [](SearchWindow& window) {
-        TypeInto(window, "TxtName", s("احمد"));
-        EXPECT_EQ(Column(window, "ID"), s("11 12 13 12"));
-        TypeInto(window, "TxtFName", s("نبی"));
-        EXPECT_EQ(Column(window, "ID"), s("12"));
-        TypeInto(window, "TxtName", QString());
-        TypeInto(window, "TxtFName", s("احمد"));
-        EXPECT_EQ(Column(window, "ID"), s("7"));
-    });
+    Look(
+        SchCustomer,
+        [](SearchWindow& window) {
+            TypeInto(window, "TxtName", s("احمد"));
+            EXPECT_EQ(Column(window, "ID"), s("11 12 13 12"));
+            TypeInto(window, "TxtFName", s("نبی"));
+            EXPECT_EQ(Column(window, "ID"), s("12"));
+            TypeInto(window, "TxtName", QString());
+            TypeInto(window, "TxtFName", s("احمد"));
+            EXPECT_EQ(Column(window, "ID"), s("7"));
+        });
 }
 
 TEST_F(CodeListsTest, CustomersAreGivenByCardAndArea)
@@ -273,21 +273,22 @@ TEST_F(CodeListsTest, LblBalanceIsEmptyAtFirstAndTellsOfEachRowThatBecomesCurren
 {
     company.Run("delete from ConvertArea; delete from ConcessionBody; delete from ReturnBody;"
                 "delete from RecoveryBody where VoucherID > 1");
-    Look(SchCustomer, [](SearchWindow& window) {
-        EXPECT_EQ(window.LblBalance()->Text(), QString());
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_Down);
-        EXPECT_EQ(window.LblBalance()->Text(),
-                  s("129500 موٹر سائیکل 70 سی سی, پنکھا x2"));
-        Press(window, Qt::Key_Up);
-        EXPECT_EQ(window.LblBalance()->Text(), s("180000 موٹر سائیکل 125 سی سی"));
-        TypeInto(window, "TxtID", s("7"));
-        EXPECT_EQ(window.LblBalance()->Text(), s("7400 ")); // sold nothing that is told
-        TypeInto(window, "TxtName", s("نذیر"));
-        EXPECT_EQ(window.LblBalance()->Text(), s("84000 ریفریجریٹر درمیانہ"));
-        TypeInto(window, "TxtName", s("zzz"));
-        EXPECT_EQ(window.LblBalance()->Text(), QString());
-    });
+    Look(
+        SchCustomer,
+        [](SearchWindow& window) {
+            EXPECT_EQ(window.LblBalance()->Text(), QString());
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_Down);
+            EXPECT_EQ(window.LblBalance()->Text(), s("129500 موٹر سائیکل 70 سی سی, پنکھا x2"));
+            Press(window, Qt::Key_Up);
+            EXPECT_EQ(window.LblBalance()->Text(), s("180000 موٹر سائیکل 125 سی سی"));
+            TypeInto(window, "TxtID", s("7"));
+            EXPECT_EQ(window.LblBalance()->Text(), s("7400 ")); // sold nothing that is told
+            TypeInto(window, "TxtName", s("نذیر"));
+            EXPECT_EQ(window.LblBalance()->Text(), s("84000 ریفریجریٹر درمیانہ"));
+            TypeInto(window, "TxtName", s("zzz"));
+            EXPECT_EQ(window.LblBalance()->Text(), QString());
+        });
     Look(SchArea, [](SearchWindow& window) { EXPECT_EQ(window.LblBalance(), nullptr); });
 }
 

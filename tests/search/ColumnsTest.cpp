@@ -97,10 +97,7 @@ const QList<Lists>& allLists()
           {"Receipt", "501"},
           {"Amount", "5000"}}},
         {&SchConcessionVoucher,
-         {{"ID", "1"},
-          {"Date", "{-30}"},
-          {"AreaName", "کوٹ رادھا کشن"},
-          {"TotalAmount", "750.5"}}},
+         {{"ID", "1"}, {"Date", "{-30}"}, {"AreaName", "کوٹ رادھا کشن"}, {"TotalAmount", "750.5"}}},
         {&SchReturnVoucher,
          {{"ID", "1"}, {"Date", "{-30}"}, {"AreaName", "کوٹ رادھا کشن"}, {"TotalAmount", "9000"}}},
         {&SchWorkerParts,
@@ -175,12 +172,10 @@ protected:
     QString textOf(const ColumnText& shown) const
     {
         const QString text = s(shown.Text);
-        if (text == s("{month}")) {
+        if (text == s("{month}"))
             return monthText(month);
-        }
-        if (text == s("{1st}")) {
+        if (text == s("{1st}"))
             return month.toString(s("dd/MM/yyyy"));
-        }
         return text.startsWith(u'{') ? Shown(text.mid(1).chopped(1).toInt()) : text;
     }
 
@@ -190,9 +185,8 @@ protected:
         QSet<QString> fields;
         for (int field = 0; field < rows.FieldCount(); ++field) {
             const QVariant value = rows.ValueAt(0, field);
-            if (TextOf(value) == text || monthText(value.toDate()) == text) {
+            if (TextOf(value) == text || monthText(value.toDate()) == text)
                 fields << rows.FieldName(field).toLower();
-            }
         }
         return fields;
     }
@@ -210,9 +204,8 @@ protected:
                 << shown.Column << " could be bound to another field as well";
         }
         QStringList columns;
-        for (const GridColumn& column : grid.Columns()) {
+        for (const GridColumn& column : grid.Columns())
             columns << column.Name;
-        }
         EXPECT_EQ(columns, names);
     }
 };
@@ -227,9 +220,8 @@ INSTANTIATE_TEST_SUITE_P(Of, ColumnsTest, ::testing::ValuesIn(allLists()),
 TEST(Columns, OfEveryDialogAreTested)
 {
     QList<const SearchDescription*> tested;
-    for (const Lists& lists : allLists()) {
+    for (const Lists& lists : allLists())
         tested << lists.Is;
-    }
     EXPECT_EQ(tested, AllSearchDialogs());
 }
 
@@ -240,11 +232,10 @@ TEST_P(ColumnsTest, ShowEachItsOwnFieldOfTheRow)
     Look(*expected.Is, [&](SearchWindow& window) {
         ExpectRow(window.List(), expected.Columns, Statement(window.ListStatement()));
         ASSERT_EQ(window.GridDetail() != nullptr, !expected.Lines.isEmpty());
-        if (window.GridDetail()) {
+        if (window.GridDetail())
             ExpectRow(*window.GridDetail(), expected.Lines,
                       Statement(expected.Is->GridDetail.Statement.constData())
                           .Bind("ID", Current(window, "ID")));
-        }
     });
 }
 

@@ -110,9 +110,8 @@ protected:
     QStringList results() const
     {
         QStringList texts;
-        for (const SearchResult& result : is().Results) {
+        for (const SearchResult& result : is().Results)
             texts << SearchDialog::Shared(is()).ParaOut(result.Name).toString();
-        }
         return texts;
     }
 
@@ -126,9 +125,8 @@ protected:
     QStringList emptyResults() const
     {
         QStringList texts;
-        for (const SearchResult& result : is().Results) {
+        for (const SearchResult& result : is().Results)
             texts << (result.Is == SearchResult::Kind::Text ? QString() : s("0"));
-        }
         return texts;
     }
 
@@ -174,13 +172,11 @@ TEST(TheCatalogue, ListsEveryDialogThatIsDeclaredUnderItsOwnName)
         s("extern\\s+const\\s+SearchDescription\\s+(\\w+)"));
     QStringList declared;
     for (auto found = declaration.globalMatch(QString::fromUtf8(header.readAll()));
-         found.hasNext();) {
+         found.hasNext();)
         declared << found.next().captured(1);
-    }
     QStringList listed;
-    for (const SearchDescription* description : AllSearchDialogs()) {
+    for (const SearchDescription* description : AllSearchDialogs())
         listed << s(description->Name);
-    }
     EXPECT_EQ(declared, listed);
     EXPECT_EQ(listed.size(), 24);
 }
@@ -188,21 +184,23 @@ TEST(TheCatalogue, ListsEveryDialogThatIsDeclaredUnderItsOwnName)
 TEST(TheCatalogue, IsWhatIsTestedHere)
 {
     QList<const SearchDescription*> tested;
-    for (const Dialog& dialog : dialogs()) {
+    for (const Dialog& dialog : dialogs())
         tested << dialog.Is;
-    }
     EXPECT_EQ(tested, AllSearchDialogs());
 }
 
 TEST_P(EveryDialog, ComesUpWithItsRowsAndTheFirstOneMarked)
 {
-    Look(is(), [this](SearchWindow& window) {
-        EXPECT_EQ(Column(window, GetParam().Key), s(GetParam().Listed));
-        EXPECT_EQ(window.List().SelectedRows(), QList<int>{0});
-        EXPECT_TRUE(window.IsActive(window.NarrowingField(firstField())));
-        EXPECT_EQ(window.Title().StateText(), s("rows %1").arg(window.List().RowCount()));
-        EXPECT_EQ(window.windowTitle(), &is() == &SchSector ? s("Search") : s(is().Title.English));
-    });
+    Look(
+        is(),
+        [this](SearchWindow& window) {
+            EXPECT_EQ(Column(window, GetParam().Key), s(GetParam().Listed));
+            EXPECT_EQ(window.List().SelectedRows(), QList<int>{0});
+            EXPECT_TRUE(window.IsActive(window.NarrowingField(firstField())));
+            EXPECT_EQ(window.Title().StateText(), s("rows %1").arg(window.List().RowCount()));
+            EXPECT_EQ(window.windowTitle(),
+                      &is() == &SchSector ? s("Search") : s(is().Title.English));
+        });
 }
 
 TEST_P(EveryDialog, TakesNamesInUrduAndAllElseInLatin)
@@ -221,11 +219,13 @@ TEST_P(EveryDialog, TakesNamesInUrduAndAllElseInLatin)
 
 TEST_P(EveryDialog, MinimisesButForGatePasses)
 {
-    Look(is(), [this](SearchWindow& window) {
-        Click(window, window.Title().ImgMin());
-        EXPECT_EQ(window.isMinimized(), &is() != &SchGatePass);
-        window.showNormal();
-    });
+    Look(
+        is(),
+        [this](SearchWindow& window) {
+            Click(window, window.Title().ImgMin());
+            EXPECT_EQ(window.isMinimized(), &is() != &SchGatePass);
+            window.showNormal();
+        });
 }
 
 TEST_P(EveryDialog, GivesItsResultsOnEnter)
@@ -247,9 +247,8 @@ TEST_P(DialogOfEachKind, GivesTheMarkedRowOnEnterWhereverTheFocusIs)
     for (int stop = 0; stop < places.size(); ++stop) {
         SCOPED_TRACE(places[stop].toStdString());
         Show(is(), [stop](SearchWindow& window) {
-            for (int step = 0; step < stop; ++step) {
+            for (int step = 0; step < stop; ++step)
                 Press(window, Qt::Key_Tab);
-            }
             Press(window, Qt::Key_Return);
             EXPECT_FALSE(window.isVisible());
         });
@@ -261,7 +260,8 @@ TEST_P(DialogOfEachKind, GivesTheMarkedRowOnDoubleClickAndOnBtnSelect)
 {
     Show(is(), [](SearchWindow& window) { DoubleClickRow(window, window.List(), 0); });
     EXPECT_EQ(results(), firstResults());
-    Look(is(), [](SearchWindow&) {});
+    Look(
+        is(), [](SearchWindow&) {});
     Show(is(), [](SearchWindow& window) { Click(window, window.BtnSelect()); });
     EXPECT_EQ(results(), firstResults());
 }
@@ -271,7 +271,8 @@ TEST_P(DialogOfEachKind, GivesTheEmptyResultOnEscAndOnBtnClose)
     Show(is(), [](SearchWindow& window) { Press(window, Qt::Key_Return); });
     Look(is(), [](SearchWindow&) {});
     EXPECT_EQ(results(), emptyResults());
-    Show(is(), [](SearchWindow& window) { Press(window, Qt::Key_Return); });
+    Show(
+        is(), [](SearchWindow& window) { Press(window, Qt::Key_Return); });
     Show(is(), [](SearchWindow& window) { Click(window, window.BtnClose()); });
     EXPECT_EQ(results(), emptyResults());
 }
@@ -290,12 +291,10 @@ TEST_P(DialogOfEachKind, ShowsAnEmptyListInWhichEnterDoesNothing)
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_Down);
         EXPECT_TRUE(window.IsActive(window.List()));
-        if (window.GridDetail()) {
+        if (window.GridDetail())
             EXPECT_EQ(window.GridDetail()->RowCount(), 0);
-        }
-        if (window.LblTotalCards()) {
+        if (window.LblTotalCards())
             EXPECT_EQ(window.LblTotalCards()->Text(), s("0"));
-        }
     });
     EXPECT_EQ(results(), emptyResults());
 }
@@ -306,9 +305,8 @@ TEST_P(DialogOfEachKind, TakesTheOnlyRowOfAList)
     Show(is(), [this](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(), 1);
         EXPECT_EQ(window.Title().StateText(), s("rows 1"));
-        if (is().Fields.front().Is == SearchField::Kind::Jump) {
+        if (is().Fields.front().Is == SearchField::Kind::Jump)
             TypeInto(window, firstField(), s("77")); // no match: the last row is the first
-        }
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_Up);
@@ -337,9 +335,8 @@ TEST_P(EveryDialog, SaysThatAQuoteFailsAndTriesAgainAtTheNextKey)
             EXPECT_EQ(boxes.Left(), 0);
             EXPECT_EQ(Column(window, GetParam().Key), listed);
             Press(window, Qt::Key_Backspace);
-            if (waits) {
+            if (waits)
                 Click(window, *window.BtnFilter());
-            }
             EXPECT_TRUE(window.NarrowingField(field.Name).Text().isEmpty());
             EXPECT_EQ(Column(window, GetParam().Key), listed);
             EXPECT_EQ(window.List().SelectedRows(), QList<int>{0});
@@ -361,15 +358,17 @@ TEST_P(DialogOfEachKind, ComesUpEmptyWhereTheListCannotBeRead)
 
 TEST_P(DialogOfEachKind, GoesIntoTheListOnDownAndBackWithATypedCharacter)
 {
-    Look(is(), [this](SearchWindow& window) {
-        Txt& field = window.NarrowingField(firstField());
-        TypeInto(window, firstField(), s("1"));
-        Press(window, Qt::Key_Down);
-        EXPECT_TRUE(window.IsActive(window.List()));
-        Type(window, s("2"));
-        EXPECT_TRUE(window.IsActive(field));
-        EXPECT_EQ(field.Text(), s("2")); // in place of what it held
-    });
+    Look(
+        is(),
+        [this](SearchWindow& window) {
+            Txt& field = window.NarrowingField(firstField());
+            TypeInto(window, firstField(), s("1"));
+            Press(window, Qt::Key_Down);
+            EXPECT_TRUE(window.IsActive(window.List()));
+            Type(window, s("2"));
+            EXPECT_TRUE(window.IsActive(field));
+            EXPECT_EQ(field.Text(), s("2")); // in place of what it held
+        });
 }
 
 TEST_P(EveryDialog, ReadsAgainOnF12WhereItIsAKeyOfBtnFilterOnly)
@@ -403,36 +402,37 @@ TEST_P(EveryDialog, HasBtnFilterWhereAFieldWaitsForIt)
 
 TEST_P(EveryDialog, ReadsAgainWhenAPickerChangesButForAccounts)
 {
-    Look(is(), [this](SearchWindow& window) {
-        EXPECT_EQ(window.DtpFrom() == nullptr, is().Dates.From == nullptr);
-        if (!window.DtpFrom()) {
-            return;
-        }
-        company.Run(emptyAll);
-        const int before = window.List().RowCount();
-        window.DtpFrom()->SetValue(QDate(2001, 2, 1));
-        EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer ? before : 0);
-        window.DtpTo()->SetValue(QDate(2001, 2, 1));
-        EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer ? before : 0);
-    });
+    Look(
+        is(),
+        [this](SearchWindow& window) {
+            EXPECT_EQ(window.DtpFrom() == nullptr, is().Dates.From == nullptr);
+            if (!window.DtpFrom())
+                return;
+            company.Run(emptyAll);
+            const int before = window.List().RowCount();
+            window.DtpFrom()->SetValue(QDate(2001, 2, 1));
+            EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer ? before : 0);
+            window.DtpTo()->SetValue(QDate(2001, 2, 1));
+            EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer ? before : 0);
+        });
 }
 
 TEST_P(DialogOfEachKind, LeavesDownInAPickerToThePicker)
 {
-    Look(is(), [this](SearchWindow& window) {
-        for (DTPicker* picker : {window.DtpFrom(), window.DtpTo()}) {
-            if (!picker) {
-                continue;
+    Look(
+        is(),
+        [this](SearchWindow& window) {
+            for (DTPicker* picker : {window.DtpFrom(), window.DtpTo()}) {
+                if (!picker)
+                    continue;
+                picker->SetValue(QDate(2026, 3, 15));
+                window.SetFocus(*picker);
+                Press(window, Qt::Key_Down);
+                EXPECT_TRUE(window.IsActive(*picker));
+                if (&is() != &SchPartnershipProfit) // which keeps to whole months
+                    EXPECT_LT(picker->Value(), QDate(2026, 3, 15));
             }
-            picker->SetValue(QDate(2026, 3, 15));
-            window.SetFocus(*picker);
-            Press(window, Qt::Key_Down);
-            EXPECT_TRUE(window.IsActive(*picker));
-            if (&is() != &SchPartnershipProfit) { // which keeps to whole months
-                EXPECT_LT(picker->Value(), QDate(2026, 3, 15));
-            }
-        }
-    });
+        });
 }
 
 } // namespace tests

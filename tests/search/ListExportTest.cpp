@@ -83,8 +83,9 @@ private:
 
 int openFiles()
 {
-    return int(QDir(s("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries
-                                                  | QDir::System).size());
+    return int(QDir(s("/proc/self/fd"))
+                   .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System)
+                   .size());
 }
 
 class ListExportTest : public ::testing::Test {
@@ -121,10 +122,7 @@ protected:
         write.write(content);
     }
 
-    QStringList files() const
-    {
-        return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden);
-    }
+    QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 
     QTemporaryDir folder;
     QString file = folder.filePath(s("list"));
@@ -263,12 +261,10 @@ TEST_F(ListExportTest, ListsOfNoneOneAndAHundredThousandRowsAreWhole)
 
 TEST_F(ListExportTest, CopiedCellsKeepTheirPlaces)
 {
-    const ExportList list = listOf({s("کوڈ"), s("نام")},
-                                   {{s("K\tot"), s("one\r\ntwo")},
-                                    {-7, QDate(2026, 1, 31)}});
+    const ExportList list =
+        listOf({s("کوڈ"), s("نام")}, {{s("K\tot"), s("one\r\ntwo")}, {-7, QDate(2026, 1, 31)}});
     EXPECT_EQ(CopiedRow(list, 0), s("K ot\tone  two"));
-    EXPECT_EQ(CopiedList(list, always),
-              s("کوڈ\tنام\nK ot\tone  two\n-7\t31/01/2026\n"));
+    EXPECT_EQ(CopiedList(list, always), s("کوڈ\tنام\nK ot\tone  two\n-7\t31/01/2026\n"));
     EXPECT_TRUE(CopiedList(list, [](int row) { return row < 1; }).isNull());
 }
 

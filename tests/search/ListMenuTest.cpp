@@ -42,8 +42,7 @@ protected:
     ~ListMenuTest() override { HostContext::objCN.reset(); }
 
     /// Shows a dialog, lets the test drive it, and leaves it by Esc.
-    void show(const SearchDescription& description,
-              const std::function<void(SearchWindow&)>& drive)
+    void show(const SearchDescription& description, const std::function<void(SearchWindow&)>& drive)
     {
         SearchDialog& dialog = SearchDialog::Shared(description);
         dialogs.Expect([&](Form& form) {
@@ -112,81 +111,95 @@ protected:
 
 TEST_F(ListMenuTest, CtrlCInTheListCopiesTheMarkedRow)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(clipboard(), s("1\tقصور"));
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(clipboard(), s("2\tلاہور"));
-        EXPECT_EQ(window.ActiveControl(), &window.List());
-        EXPECT_TRUE(window.NarrowingField("TxtID").Text().isEmpty());
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(clipboard(), s("1\tقصور"));
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(clipboard(), s("2\tلاہور"));
+            EXPECT_EQ(window.ActiveControl(), &window.List());
+            EXPECT_TRUE(window.NarrowingField("TxtID").Text().isEmpty());
+        });
 }
 
 TEST_F(ListMenuTest, CtrlCInAFieldCopiesTheField)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        Type(window, s("2"));
-        Press(window, Qt::Key_A, Qt::ControlModifier);
-        Press(window, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(clipboard(), s("2"));
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            Type(window, s("2"));
+            Press(window, Qt::Key_A, Qt::ControlModifier);
+            Press(window, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(clipboard(), s("2"));
+        });
 }
 
 TEST_F(ListMenuTest, CtrlCInAnEmptyListCopiesNothing)
 {
-    show(SchGatePass, [](SearchWindow& window) {
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_C, Qt::ControlModifier);
-        EXPECT_EQ(clipboard(), s("before"));
-    });
+    show(
+        SchGatePass,
+        [](SearchWindow& window) {
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_C, Qt::ControlModifier);
+            EXPECT_EQ(clipboard(), s("before"));
+        });
 }
 
 TEST_F(ListMenuTest, TheMenuKeyBringsTheMenuAndEnterDoesWhatItsFirstRowSays)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_Menu);
-        ASSERT_TRUE(menu());
-        QTest::keyClick(menu()->windowHandle(), Qt::Key_Return);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(clipboard(), s("1\tقصور"));
-        EXPECT_TRUE(window.isVisible());
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_Menu);
+            ASSERT_TRUE(menu());
+            QTest::keyClick(menu()->windowHandle(), Qt::Key_Return);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(clipboard(), s("1\tقصور"));
+            EXPECT_TRUE(window.isVisible());
+        });
 }
 
 TEST_F(ListMenuTest, EscLeavesTheMenuAndNotTheDialog)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_Menu);
-        ASSERT_TRUE(menu());
-        QTest::keyClick(menu()->windowHandle(), Qt::Key_Escape);
-        EXPECT_FALSE(menu());
-        EXPECT_TRUE(window.isVisible());
-        EXPECT_EQ(clipboard(), s("before"));
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_Menu);
+            ASSERT_TRUE(menu());
+            QTest::keyClick(menu()->windowHandle(), Qt::Key_Escape);
+            EXPECT_FALSE(menu());
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_EQ(clipboard(), s("before"));
+        });
 }
 
 TEST_F(ListMenuTest, TheRightButtonMarksTheRowUnderItAlone)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        ClickRow(window, window.List(), 2, Qt::RightButton);
-        EXPECT_EQ(window.List().Row(), 2);
-        EXPECT_EQ(window.List().SelectedRows(), QList<int>({2}));
-        choose("mniCopyRow");
-        EXPECT_EQ(clipboard(), s("3\tپتوکی"));
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            ClickRow(window, window.List(), 2, Qt::RightButton);
+            EXPECT_EQ(window.List().Row(), 2);
+            EXPECT_EQ(window.List().SelectedRows(), QList<int>({2}));
+            choose("mniCopyRow");
+            EXPECT_EQ(clipboard(), s("3\tپتوکی"));
+        });
 }
 
 TEST_F(ListMenuTest, TheWholeListIsCopiedWithItsTitles)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        ClickRow(window, window.List(), 1, Qt::RightButton);
-        choose("mniCopyList");
-        EXPECT_EQ(clipboard(), s("کوڈ · Code\tنام · Name\n1\tقصور\n2\tلاہور\n3\tپتوکی\n"));
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            ClickRow(window, window.List(), 1, Qt::RightButton);
+            choose("mniCopyList");
+            EXPECT_EQ(clipboard(), s("کوڈ · Code\tنام · Name\n1\tقصور\n2\tلاہور\n3\tپتوکی\n"));
+        });
 }
 
 TEST_F(ListMenuTest, AnEmptyListOffersNoRowAndIsSavedAsItsTitles)

@@ -351,8 +351,8 @@ TEST_F(LongListTest, OtherStatementsRunWhileItIsRead)
     window.Load();
     // More of them than the engine keeps.
     for (int i = 0; i < 300; ++i) {
-        const QByteArray statement = "select count(*) as N from Branches where 1=1 or 2=" +
-                                     QByteArray::number(i);
+        const QByteArray statement =
+            "select count(*) as N from Branches where 1=1 or 2=" + QByteArray::number(i);
         EXPECT_EQ(HostContext::objCN->Execute(statement.constData()).Value("N").toInt(), 3);
     }
     ASSERT_TRUE(window.IsReading());

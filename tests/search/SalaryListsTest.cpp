@@ -32,8 +32,7 @@ protected:
         });
     }
 
-    const QList<const SearchDescription*> all{&SchSalary, &SchFrenchiserSalary,
-                                              &SchWorkShopSalary};
+    const QList<const SearchDescription*> all{&SchSalary, &SchFrenchiserSalary, &SchWorkShopSalary};
 };
 
 } // namespace
@@ -42,29 +41,33 @@ TEST_F(SalaryListsTest, ComeUpFromTheMonthThirtyDaysAgoToThisOne)
 {
     const QDate ago = today.addDays(-30);
     for (const SearchDescription* description : all) {
-        Look(*description, [&](SearchWindow& window) {
-            EXPECT_EQ(window.DtpFrom()->Value(), QDate(ago.year(), ago.month(), 1));
-            EXPECT_EQ(window.DtpTo()->Value(), month);
-            EXPECT_EQ(window.DtpTo()->text(), shown(month));
-        });
+        Look(
+            *description,
+            [&](SearchWindow& window) {
+                EXPECT_EQ(window.DtpFrom()->Value(), QDate(ago.year(), ago.month(), 1));
+                EXPECT_EQ(window.DtpTo()->Value(), month);
+                EXPECT_EQ(window.DtpTo()->text(), shown(month));
+            });
     }
 }
 
 TEST_F(SalaryListsTest, ListWholeMonthsFromTheFirstUpToTheOneAfterTheLast)
 {
     for (const SearchDescription* description : all) {
-        LookAtTwoMonths(*description, [&](SearchWindow& window) {
-            const char* column = description == &SchSalary ? "Date" : "Month";
-            QStringList months = Column(window, column).split(u' ');
-            months.sort();
-            QStringList expected{shown(month), shown(month.addMonths(-1))};
-            expected.sort();
-            EXPECT_EQ(months, expected);
-            window.DtpTo()->SetValue(month.addMonths(-1));
-            EXPECT_EQ(Column(window, column), shown(month.addMonths(-1)));
-            window.DtpFrom()->SetValue(month.addMonths(-3));
-            EXPECT_EQ(window.List().RowCount(), 2);
-        });
+        LookAtTwoMonths(
+            *description,
+            [&](SearchWindow& window) {
+                const char* column = description == &SchSalary ? "Date" : "Month";
+                QStringList months = Column(window, column).split(u' ');
+                months.sort();
+                QStringList expected{shown(month), shown(month.addMonths(-1))};
+                expected.sort();
+                EXPECT_EQ(months, expected);
+                window.DtpTo()->SetValue(month.addMonths(-1));
+                EXPECT_EQ(Column(window, column), shown(month.addMonths(-1)));
+                window.DtpFrom()->SetValue(month.addMonths(-3));
+                EXPECT_EQ(window.List().RowCount(), 2);
+            });
     }
 }
 
@@ -82,19 +85,21 @@ TEST_F(SalaryListsTest, ASalaryOnTheLastDayOfTheLastMonthIsListed)
 
 TEST_F(SalaryListsTest, MonthsAreReadAgainAsTheyAreTypedOrStepped)
 {
-    Look(SchSalary, [](SearchWindow& window) {
-        window.SetFocus(*window.DtpTo());
-        Type(window, s("mar"));
-        Press(window, Qt::Key_Right);
-        Type(window, s("2024"));
-        Press(window, Qt::Key_Tab);
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 3, 1));
-        EXPECT_TRUE(Read(window, s("SalaryMonth < '2024-04-01'")));
-        window.SetFocus(*window.DtpTo());
-        Press(window, Qt::Key_Down);
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 1));
-        EXPECT_TRUE(Read(window, s("SalaryMonth < '2024-03-01'")));
-    });
+    Look(
+        SchSalary,
+        [](SearchWindow& window) {
+            window.SetFocus(*window.DtpTo());
+            Type(window, s("mar"));
+            Press(window, Qt::Key_Right);
+            Type(window, s("2024"));
+            Press(window, Qt::Key_Tab);
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 3, 1));
+            EXPECT_TRUE(Read(window, s("SalaryMonth < '2024-04-01'")));
+            window.SetFocus(*window.DtpTo());
+            Press(window, Qt::Key_Down);
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 1));
+            EXPECT_TRUE(Read(window, s("SalaryMonth < '2024-03-01'")));
+        });
 }
 
 TEST_F(SalaryListsTest, ShowTheSumOfEachSalary)
@@ -112,14 +117,15 @@ TEST_F(SalaryListsTest, ShowTheSumOfEachSalary)
         EXPECT_EQ(Current(window, "FName"), s("محمد اکرم"));
         EXPECT_EQ(Current(window, "Designation"), s("ڈرائیور"));
     });
-    LookAtTwoMonths(SchFrenchiserSalary, [&](SearchWindow& window) {
-        // 1400 of rows and 10000 and 7, less 20, 10, 5 and 2; and a month without rows.
-        EXPECT_EQ(totals(window), s("10000 11370"));
-        EXPECT_EQ(Current(window, "Name"), s("طارق محمود"));
-    });
-    LookAtTwoMonths(SchWorkShopSalary, [&](SearchWindow& window) {
-        EXPECT_EQ(totals(window), s("12800 14071"));
-    });
+    LookAtTwoMonths(
+        SchFrenchiserSalary,
+        [&](SearchWindow& window) {
+            // 1400 of rows and 10000 and 7, less 20, 10, 5 and 2; and a month without rows.
+            EXPECT_EQ(totals(window), s("10000 11370"));
+            EXPECT_EQ(Current(window, "Name"), s("طارق محمود"));
+        });
+    LookAtTwoMonths(SchWorkShopSalary,
+                    [&](SearchWindow& window) { EXPECT_EQ(totals(window), s("12800 14071")); });
 }
 
 TEST_F(SalaryListsTest, AreReadAgainByAnyPartOfTheNameAndTheWholeCode)
@@ -148,14 +154,16 @@ TEST_F(SalaryListsTest, AreReadAgainByAnyPartOfTheNameAndTheWholeCode)
 
 TEST_F(SalaryListsTest, ACharacterTypedInTheListReadsByCode)
 {
-    LookAtTwoMonths(SchSalary, [](SearchWindow& window) {
-        Press(window, Qt::Key_Down);
-        Type(window, s("5"));
-        EXPECT_TRUE(window.IsActive(window.NarrowingField("TxtID")));
-        EXPECT_EQ(window.List().RowCount(), 0); // no code is just 5
-        Type(window, s("001"));
-        EXPECT_EQ(Column(window, "ID"), s("5001"));
-    });
+    LookAtTwoMonths(
+        SchSalary,
+        [](SearchWindow& window) {
+            Press(window, Qt::Key_Down);
+            Type(window, s("5"));
+            EXPECT_TRUE(window.IsActive(window.NarrowingField("TxtID")));
+            EXPECT_EQ(window.List().RowCount(), 0); // no code is just 5
+            Type(window, s("001"));
+            EXPECT_EQ(Column(window, "ID"), s("5001"));
+        });
 }
 
 TEST_F(SalaryListsTest, GiveThePersonAndTheMonth)

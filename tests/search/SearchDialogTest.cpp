@@ -1,9 +1,9 @@
 // The shell that all search dialogs share, and the descriptions of the first five.
 
+#include "search/SearchDialog.h"
 #include "data/Connection.h"
 #include "host/HostContext.h"
 #include "search/Catalogue.h"
-#include "search/SearchDialog.h"
 #include "search/SearchWindow.h"
 #include "support/ExpectedBoxes.h"
 #include "support/FakeUser.h"
@@ -30,9 +30,8 @@ protected:
     SearchDialogTest()
     {
         HostContext::objCN = company.Connect();
-        for (const SearchDescription* description : {&SchArea, &SchBranch}) {
+        for (const SearchDescription* description : {&SchArea, &SchBranch})
             SearchDialog::Shared(*description).SetParaIn("ParaInBranchCode", s("0"));
-        }
         owner.resize(200, 100);
         owner.show();
     }
@@ -98,8 +97,8 @@ TEST_F(SearchDialogTest, EnterInTxtIDSelectsTheRowThatTheJumpReachedNotTheTextTy
         EXPECT_EQ(cell(window, window.List().Row(), "ID").left(3), s("310"));
         Press(window, Qt::Key_Return);
     });
-    EXPECT_TRUE(dialog.ParaOut("ParaOutStaffID").toString() == s("3107")
-                || dialog.ParaOut("ParaOutStaffID").toString() == s("3108"));
+    EXPECT_TRUE(dialog.ParaOut("ParaOutStaffID").toString() == s("3107") ||
+                dialog.ParaOut("ParaOutStaffID").toString() == s("3108"));
 }
 
 TEST_F(SearchDialogTest, AJumpWithNoMatchStandsOnTheLastRowAndEnterSelectsIt)
@@ -119,28 +118,32 @@ TEST_F(SearchDialogTest, AJumpWithNoMatchStandsOnTheLastRowAndEnterSelectsIt)
 
 TEST_F(SearchDialogTest, AJumpWithEmptiedTextGoesToTheFirstRow)
 {
-    show(SchStaff, [](SearchWindow& window) {
-        Type(window, s("zzz"));
-        EXPECT_NE(window.List().Row(), 0);
-        Press(window, Qt::Key_A, Qt::ControlModifier);
-        Press(window, Qt::Key_Backspace);
-        EXPECT_EQ(window.List().Row(), 0);
-        EXPECT_EQ(window.List().SelectedRows(), QList<int>({0}));
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchStaff,
+        [](SearchWindow& window) {
+            Type(window, s("zzz"));
+            EXPECT_NE(window.List().Row(), 0);
+            Press(window, Qt::Key_A, Qt::ControlModifier);
+            Press(window, Qt::Key_Backspace);
+            EXPECT_EQ(window.List().Row(), 0);
+            EXPECT_EQ(window.List().SelectedRows(), QList<int>({0}));
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, BlanksAloneJumpToTheFirstRow)
 {
-    show(SchArea, [](SearchWindow& window) {
-        ASSERT_GT(window.List().RowCount(), 1);
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_End);
-        window.SetFocus(window.NarrowingField("TxtID"));
-        Type(window, s("  "));
-        EXPECT_EQ(window.List().Row(), 0);
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchArea,
+        [](SearchWindow& window) {
+            ASSERT_GT(window.List().RowCount(), 1);
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_End);
+            window.SetFocus(window.NarrowingField("TxtID"));
+            Type(window, s("  "));
+            EXPECT_EQ(window.List().Row(), 0);
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, ASixteenBitResultCannotCarryAnIdAbove32767)
@@ -203,11 +206,13 @@ TEST_F(SearchDialogTest, ParaInKeepsItsValueFromCallToCall)
 {
     SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
     for (int i = 0; i < 2; ++i) {
-        show(SchStaff, [](SearchWindow& window) {
-            EXPECT_EQ(window.List().RowCount(), 1);
-            EXPECT_EQ(first(window, "ID"), s("4001"));
-            Press(window, Qt::Key_Escape);
-        });
+        show(
+            SchStaff,
+            [](SearchWindow& window) {
+                EXPECT_EQ(window.List().RowCount(), 1);
+                EXPECT_EQ(first(window, "ID"), s("4001"));
+                Press(window, Qt::Key_Escape);
+            });
     }
     SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", QString());
 }
@@ -247,20 +252,22 @@ TEST_F(SearchDialogTest, EveryShowingIsAFreshLoad)
 
 TEST_F(SearchDialogTest, DownInTheFirstFieldGoesIntoTheListAndATypedCharacterBack)
 {
-    show(SchStaff, [](SearchWindow& window) {
-        Txt& id = window.NarrowingField("TxtID");
-        Type(window, s("2"));
-        Press(window, Qt::Key_Down);
-        EXPECT_EQ(window.ActiveControl(), &window.List());
-        Press(window, Qt::Key_Down);
-        Type(window, s("4"));
-        EXPECT_EQ(window.ActiveControl(), &id);
-        EXPECT_EQ(id.Text(), s("4"));
-        Type(window, s("0"));
-        EXPECT_EQ(id.Text(), s("40"));
-        EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("4001"));
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchStaff,
+        [](SearchWindow& window) {
+            Txt& id = window.NarrowingField("TxtID");
+            Type(window, s("2"));
+            Press(window, Qt::Key_Down);
+            EXPECT_EQ(window.ActiveControl(), &window.List());
+            Press(window, Qt::Key_Down);
+            Type(window, s("4"));
+            EXPECT_EQ(window.ActiveControl(), &id);
+            EXPECT_EQ(id.Text(), s("4"));
+            Type(window, s("0"));
+            EXPECT_EQ(id.Text(), s("40"));
+            EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("4001"));
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, OnlyLettersAndDigitsTypedInTheListGoIntoTheField)
@@ -278,38 +285,40 @@ TEST_F(SearchDialogTest, OnlyLettersAndDigitsTypedInTheListGoIntoTheField)
         });
         return taken;
     };
-    for (const QChar typed : s("azAZ09")) {
+    for (const QChar typed : s("azAZ09"))
         EXPECT_TRUE(isTaken(typed)) << char(typed.toLatin1());
-    }
     // What stands next to them in the order of codes, and others.
-    for (const QChar typed : s("`{@[/:- ")) {
+    for (const QChar typed : s("`{@[/:- "))
         EXPECT_FALSE(isTaken(typed)) << char(typed.toLatin1());
-    }
     EXPECT_FALSE(isTaken(QChar(0x0661))); // an Arabic digit
 }
 
 TEST_F(SearchDialogTest, AKeyWithoutACharacterInTheListDoesNothingSpecial)
 {
-    show(SchStaff, [](SearchWindow& window) {
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_F5);
-        EXPECT_EQ(window.ActiveControl(), &window.List());
-        EXPECT_TRUE(window.NarrowingField("TxtID").Text().isEmpty());
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchStaff,
+        [](SearchWindow& window) {
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_F5);
+            EXPECT_EQ(window.ActiveControl(), &window.List());
+            EXPECT_TRUE(window.NarrowingField("TxtID").Text().isEmpty());
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, DownInAnotherFieldStays)
 {
-    show(SchStaff, [](SearchWindow& window) {
-        Txt& name = window.NarrowingField("TxtName");
-        window.SetFocus(name);
-        Press(window, Qt::Key_Down);
-        EXPECT_EQ(window.ActiveControl(), &name);
-        Press(window, Qt::Key_F12); // no BtnFilter here
-        EXPECT_TRUE(window.isVisible());
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchStaff,
+        [](SearchWindow& window) {
+            Txt& name = window.NarrowingField("TxtName");
+            window.SetFocus(name);
+            Press(window, Qt::Key_Down);
+            EXPECT_EQ(window.ActiveControl(), &name);
+            Press(window, Qt::Key_F12); // no BtnFilter here
+            EXPECT_TRUE(window.isVisible());
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, ArrowsMoveTheMarkedRowAndEnterTakesIt)
@@ -347,11 +356,13 @@ TEST_F(SearchDialogTest, DoubleClickBelowTheRowsSelectsTheMarkedOne)
 
 TEST_F(SearchDialogTest, DoubleClickInAnEmptyListDoesNothing)
 {
-    show(SchGatePass, [](SearchWindow& window) {
-        DoubleClick(window, window.List());
-        EXPECT_TRUE(window.isVisible());
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchGatePass,
+        [](SearchWindow& window) {
+            DoubleClick(window, window.List());
+            EXPECT_TRUE(window.isVisible());
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, BtnSelectSelects)
@@ -389,13 +400,15 @@ TEST_F(SearchDialogTest, ALetterInANumberJumpFailsAndTheDialogStays)
 
 TEST_F(SearchDialogTest, NamesJumpByPrefixInAreasAndBranches)
 {
-    show(SchBranch, [](SearchWindow& window) {
-        window.NarrowingField("TxtName").SetText(s("لا"));
-        EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("2"));
-        window.NarrowingField("TxtName").SetText(s("ہور")); // inside a name
-        EXPECT_EQ(window.List().Row(), 2);
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchBranch,
+        [](SearchWindow& window) {
+            window.NarrowingField("TxtName").SetText(s("لا"));
+            EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("2"));
+            window.NarrowingField("TxtName").SetText(s("ہور")); // inside a name
+            EXPECT_EQ(window.List().Row(), 2);
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, GatePassesShowTheLastThirtyDaysAndTheirSums)
@@ -461,9 +474,8 @@ TEST_F(SearchDialogTest, AVoucherWithoutRowsIsMissingFromTheList)
 
 TEST_F(SearchDialogTest, GatePassesJumpByNumber)
 {
-    for (const int id : {1, 5, 12}) {
+    for (const int id : {1, 5, 12})
         addPass(id, s("Kot"), s("'2014'"), s("null"));
-    }
     show(SchGatePass, [](SearchWindow& window) {
         Type(window, s("5"));
         EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("5"));
@@ -473,11 +485,13 @@ TEST_F(SearchDialogTest, GatePassesJumpByNumber)
 
 TEST_F(SearchDialogTest, ProductsShowTheStockOfAllBranches)
 {
-    show(SchProduct, [](SearchWindow& window) {
-        Type(window, s("101"));
-        EXPECT_EQ(cell(window, window.List().Row(), "Stock"), s("25"));
-        Press(window, Qt::Key_Escape);
-    });
+    show(
+        SchProduct,
+        [](SearchWindow& window) {
+            Type(window, s("101"));
+            EXPECT_EQ(cell(window, window.List().Row(), "Stock"), s("25"));
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 TEST_F(SearchDialogTest, AFailureInTheLoadLeavesADialogWithAnEmptyList)

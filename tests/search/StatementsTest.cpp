@@ -56,11 +56,9 @@ protected:
     /// What is typed or given: a text of a name, or a number for all else.
     QString valueOf(const QString& field) const
     {
-        for (const SearchField& candidate : GetParam()->Fields) {
-            if (field == QLatin1String(candidate.Name) && candidate.TypesUrdu) {
+        for (const SearchField& candidate : GetParam()->Fields)
+            if (field == QLatin1String(candidate.Name) && candidate.TypesUrdu)
                 return s("احمد");
-            }
-        }
         return s("12");
     }
 
@@ -69,17 +67,15 @@ protected:
     {
         QString text = laid_.Statement;
         for (const Clause& clause : laid_.Clauses) {
-            if (!fields.contains(clause.Field)) {
+            if (!fields.contains(clause.Field))
                 continue;
-            }
             const QString filled =
                 QString(clause.Text).replace(u'{' + clause.Field + u'}', valueOf(clause.Field));
             const QString place = u'{' + clause.Place + u'}';
             text.replace(place, filled + place); // the next one of this place stands behind
         }
-        for (const Clause& clause : laid_.Clauses) {
+        for (const Clause& clause : laid_.Clauses)
             text.remove(u'{' + clause.Place + u'}');
-        }
         text.remove(s("{ParaInStr}"));
         if (window.DtpFrom()) {
             const QDate to = window.DtpTo()->Value();
@@ -95,9 +91,8 @@ protected:
     void fill(SearchWindow& window, const QString& field, const QString& text)
     {
         window.NarrowingField(field.toUtf8()).SetText(text);
-        if (window.BtnFilter()) {
+        if (window.BtnFilter())
             Click(window, *window.BtnFilter());
-        }
     }
 
     const Laid laid_ = laidDown(*GetParam());
@@ -109,22 +104,20 @@ INSTANTIATE_TEST_SUITE_P(Of, StatementsTest, ::testing::ValuesIn(AllSearchDialog
 
 TEST_P(StatementsTest, WithoutAnyClause)
 {
-    Look(*GetParam(), [&](SearchWindow& window) {
-        EXPECT_EQ(window.ListStatement(), expected({}, window));
-    });
+    Look(
+        *GetParam(),
+        [&](SearchWindow& window) { EXPECT_EQ(window.ListStatement(), expected({}, window)); });
 }
 
 TEST_P(StatementsTest, WithEachClauseInItsPlace)
 {
     for (const Clause& clause : laid_.Clauses) {
         SCOPED_TRACE(clause.Field.toStdString());
-        if (isInput(clause.Field)) {
+        if (isInput(clause.Field))
             SearchDialog::Shared(*GetParam()).SetParaIn(clause.Field.toUtf8(), s("12"));
-        }
         Look(*GetParam(), [&](SearchWindow& window) {
-            if (!isInput(clause.Field)) {
+            if (!isInput(clause.Field))
                 fill(window, clause.Field, valueOf(clause.Field));
-            }
             EXPECT_EQ(window.ListStatement(), expected({clause.Field}, window));
             if (!isInput(clause.Field)) {
                 fill(window, clause.Field, s("  ")); // a blank field has no clause
@@ -143,16 +136,13 @@ TEST_P(StatementsTest, WithAllClauses)
     QStringList fields;
     for (const Clause& clause : laid_.Clauses) {
         fields << clause.Field;
-        if (isInput(clause.Field)) {
+        if (isInput(clause.Field))
             SearchDialog::Shared(*GetParam()).SetParaIn(clause.Field.toUtf8(), s("12"));
-        }
     }
     Look(*GetParam(), [&](SearchWindow& window) {
-        for (const QString& field : fields) {
-            if (!isInput(field)) {
+        for (const QString& field : fields)
+            if (!isInput(field))
                 fill(window, field, valueOf(field));
-            }
-        }
         EXPECT_EQ(window.ListStatement(), expected(fields, window));
     });
 }
@@ -161,20 +151,15 @@ TEST_P(StatementsTest, WithAllClauses)
 TEST_P(StatementsTest, HaveNoClauseBesides)
 {
     QStringList laid;
-    for (const Clause& clause : laid_.Clauses) {
+    for (const Clause& clause : laid_.Clauses)
         laid << clause.Field;
-    }
     QStringList described;
-    for (const SearchInput& input : GetParam()->Inputs) {
-        if (input.Is == SearchInput::Kind::Value) {
+    for (const SearchInput& input : GetParam()->Inputs)
+        if (input.Is == SearchInput::Kind::Value)
             described << s(input.Name);
-        }
-    }
-    for (const SearchField& field : GetParam()->Fields) {
-        if (field.Is != SearchField::Kind::Jump) {
+    for (const SearchField& field : GetParam()->Fields)
+        if (field.Is != SearchField::Kind::Jump)
             described << s(field.Name);
-        }
-    }
     laid.sort();
     described.sort();
     EXPECT_EQ(described, laid);

@@ -70,28 +70,32 @@ TEST_F(StockListsTest, ShowTheLinesOfEachRowThatBecomesCurrent)
         ClickRow(window, window.List(), 1);
         EXPECT_EQ(Column(*window.GridDetail(), "Qty"), s("1 2"));
     });
-    Look(SchStockInDetail, [](SearchWindow& window) {
-        Grid& lines = *window.GridDetail();
-        EXPECT_EQ(Column(lines, "ChasisNo"), s("CH-10021 CH-10022"));
-        EXPECT_EQ(Column(lines, "EngineNo"), s("EN-70881 EN-70882"));
-        window.List().SetRow(1);
-        EXPECT_EQ(Column(lines, "ProductName"), s("موٹر سائیکل 70 سی سی"));
-        EXPECT_EQ(Column(lines, "EngineNo"), s("EN-5531"));
-    });
+    Look(
+        SchStockInDetail,
+        [](SearchWindow& window) {
+            Grid& lines = *window.GridDetail();
+            EXPECT_EQ(Column(lines, "ChasisNo"), s("CH-10021 CH-10022"));
+            EXPECT_EQ(Column(lines, "EngineNo"), s("EN-70881 EN-70882"));
+            window.List().SetRow(1);
+            EXPECT_EQ(Column(lines, "ProductName"), s("موٹر سائیکل 70 سی سی"));
+            EXPECT_EQ(Column(lines, "EngineNo"), s("EN-5531"));
+        });
     Look(SchGatePass, [](SearchWindow& window) { EXPECT_EQ(window.GridDetail(), nullptr); });
 }
 
 TEST_F(StockListsTest, ShowTheLinesAfterEachReadAndNoneForAnEmptyList)
 {
-    Look(SchStockIn, [](SearchWindow& window) {
-        TypeInto(window, "TxtBranchCode", s("2"));
-        EXPECT_EQ(Column(*window.GridDetail(), "ProductName"), s("موٹر سائیکل 70 سی سی"));
-        TypeInto(window, "TxtBranchCode", s("9"));
-        EXPECT_EQ(window.List().RowCount(), 0);
-        EXPECT_EQ(window.GridDetail()->RowCount(), 0);
-        TypeInto(window, "TxtBranchCode", QString());
-        EXPECT_EQ(Column(*window.GridDetail(), "Qty"), s("2 3"));
-    });
+    Look(
+        SchStockIn,
+        [](SearchWindow& window) {
+            TypeInto(window, "TxtBranchCode", s("2"));
+            EXPECT_EQ(Column(*window.GridDetail(), "ProductName"), s("موٹر سائیکل 70 سی سی"));
+            TypeInto(window, "TxtBranchCode", s("9"));
+            EXPECT_EQ(window.List().RowCount(), 0);
+            EXPECT_EQ(window.GridDetail()->RowCount(), 0);
+            TypeInto(window, "TxtBranchCode", QString());
+            EXPECT_EQ(Column(*window.GridDetail(), "Qty"), s("2 3"));
+        });
 }
 
 TEST_F(StockListsTest, KeysInTheLinesMoveThereAndEnterStillTakesTheDocument)
@@ -108,23 +112,27 @@ TEST_F(StockListsTest, KeysInTheLinesMoveThereAndEnterStillTakesTheDocument)
 
 TEST_F(StockListsTest, WhereTheLinesCannotBeReadTheDialogStays)
 {
-    Look(SchStockInDetail, [this](SearchWindow& window) {
-        company.Run("alter table StockInDetailBody rename to Gone");
-        boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
-        Press(window, Qt::Key_Down);
-        Press(window, Qt::Key_Down);
-        EXPECT_EQ(window.List().Row(), 1);
-        EXPECT_TRUE(window.isVisible());
-    });
+    Look(
+        SchStockInDetail,
+        [this](SearchWindow& window) {
+            company.Run("alter table StockInDetailBody rename to Gone");
+            boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
+            Press(window, Qt::Key_Down);
+            Press(window, Qt::Key_Down);
+            EXPECT_EQ(window.List().Row(), 1);
+            EXPECT_TRUE(window.isVisible());
+        });
 }
 
 TEST_F(StockListsTest, AreReadAgainByBranchAtOnce)
 {
     for (const SearchDescription* description : {&SchStockIn, &SchStockOut}) {
-        Look(*description, [&](SearchWindow& window) {
-            TypeInto(window, "TxtBranchCode", s("1"));
-            EXPECT_EQ(Column(window, "ID"), s("11"));
-        });
+        Look(
+            *description,
+            [&](SearchWindow& window) {
+                TypeInto(window, "TxtBranchCode", s("1"));
+                EXPECT_EQ(Column(window, "ID"), s("11"));
+            });
     }
 }
 
@@ -152,8 +160,7 @@ TEST_F(StockListsTest, AProductNameTakesEffectAtTheNextRead)
             window.DtpTo()->SetValue(window.DtpTo()->Value().addDays(1)); // a read, too
             EXPECT_EQ(Column(window, "ID"), s(before));
             TypeInto(window, "TxtProductName", s(text));
-            TypeInto(window, dialog == &SchStockInDetail ? "TxtEngineNo" : "TxtBranchCode",
-                     s("9"));
+            TypeInto(window, dialog == &SchStockInDetail ? "TxtEngineNo" : "TxtBranchCode", s("9"));
             EXPECT_EQ(window.List().RowCount(), 0);
             EXPECT_TRUE(Read(window, s(" and ProductName like '%") + s(text) + s("%'")));
         });
@@ -162,16 +169,18 @@ TEST_F(StockListsTest, AProductNameTakesEffectAtTheNextRead)
 
 TEST_F(StockListsTest, NumberedStockIsReadAgainByTheWholeEngineOrChassisNumber)
 {
-    Look(SchStockInDetail, [](SearchWindow& window) {
-        TypeInto(window, "TxtEngineNo", s("en-5531"));
-        EXPECT_EQ(Column(window, "ID"), s("2"));
-        TypeInto(window, "TxtEngineNo", s("EN-553"));
-        EXPECT_EQ(window.List().RowCount(), 0);
-        TypeInto(window, "TxtEngineNo", QString());
-        TypeInto(window, "TxtChasisNo", s("CH-10022"));
-        EXPECT_EQ(Column(window, "ID"), s("1"));
-        EXPECT_EQ(Column(window, "TotalItems"), s("1")); // those that meet the clause
-    });
+    Look(
+        SchStockInDetail,
+        [](SearchWindow& window) {
+            TypeInto(window, "TxtEngineNo", s("en-5531"));
+            EXPECT_EQ(Column(window, "ID"), s("2"));
+            TypeInto(window, "TxtEngineNo", s("EN-553"));
+            EXPECT_EQ(window.List().RowCount(), 0);
+            TypeInto(window, "TxtEngineNo", QString());
+            TypeInto(window, "TxtChasisNo", s("CH-10022"));
+            EXPECT_EQ(Column(window, "ID"), s("1"));
+            EXPECT_EQ(Column(window, "TotalItems"), s("1")); // those that meet the clause
+        });
 }
 
 TEST_F(StockListsTest, JumpByNumber)
@@ -207,16 +216,14 @@ TEST_F(StockListsTest, CarryNumbersUpTo32767)
                             .arg(number));
             number = next;
             const bool fails = next > 32767;
-            if (fails) {
+            if (fails)
                 boxes.Expect({s("Overflow"), MsgIcon::Stop, s("Error occured")});
-            }
             SearchDialog& dialog = Show(*description, [&](SearchWindow& window) {
                 TypeInto(window, "TxtFilter", QString::number(next));
                 Press(window, Qt::Key_Return);
                 EXPECT_EQ(window.isVisible(), fails);
-                if (fails) {
+                if (fails)
                     Press(window, Qt::Key_Escape);
-                }
             });
             EXPECT_EQ(dialog.ParaOut("ParaOutStockID").toInt(), fails ? 0 : next);
         }

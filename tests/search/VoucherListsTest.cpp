@@ -39,16 +39,18 @@ protected:
     void ExpectQueries(const SearchDescription& description, const QList<Query>& queries,
                        const char* key = "ID")
     {
-        Look(description, [&](SearchWindow& window) {
-            const QString listed = Column(window, key);
-            for (const Query& query : queries) {
-                SCOPED_TRACE(query.Typed);
-                TypeInto(window, query.Field, s(query.Typed));
-                EXPECT_EQ(Column(window, key), s(query.Listed));
-                TypeInto(window, query.Field, QString());
-                EXPECT_EQ(Column(window, key), listed);
-            }
-        });
+        Look(
+            description,
+            [&](SearchWindow& window) {
+                const QString listed = Column(window, key);
+                for (const Query& query : queries) {
+                    SCOPED_TRACE(query.Typed);
+                    TypeInto(window, query.Field, s(query.Typed));
+                    EXPECT_EQ(Column(window, key), s(query.Listed));
+                    TypeInto(window, query.Field, QString());
+                    EXPECT_EQ(Column(window, key), listed);
+                }
+            });
     }
 
     /// A list of two vouchers, 1 and 2, in which a number is sought.
@@ -83,9 +85,8 @@ protected:
                             .arg(number));
             number = next;
             const bool fails = narrow && next > 32767;
-            if (fails) {
+            if (fails)
                 boxes.Expect({s("Overflow"), MsgIcon::Stop, s("Error occured")});
-            }
             SearchDialog& dialog = Show(description, [&](SearchWindow& window) {
                 TypeInto(window, "TxtFilter", QString::number(next));
                 Press(window, Qt::Key_Return);
@@ -121,9 +122,8 @@ TEST_F(VoucherListsTest, JumpByNumber)
 {
     for (const SearchDescription* description :
          {&SchGatePass, &SchRecoveryVoucher, &SchConcessionVoucher, &SchReturnVoucher,
-          &SchWorkerParts, &SchPartnershipProfit}) {
+          &SchWorkerParts, &SchPartnershipProfit})
         ExpectJumpByNumber(*description);
-    }
 }
 
 TEST_F(VoucherListsTest, CarryNumbersAsFarAsTheirResultIsWide)
@@ -155,14 +155,16 @@ TEST_F(VoucherListsTest, AVoucherWithoutRowsIsMissing)
 
 TEST_F(VoucherListsTest, ADateTypedIntoAPickerReadsTheListAgain)
 {
-    Look(SchGatePass, [this](SearchWindow& window) {
-        window.SetFocus(*window.DtpFrom());
-        Press(window, Qt::Key_Home);
-        Type(window, today.addDays(-31).toString(s("ddMMyyyy")));
-        EXPECT_EQ(window.DtpFrom()->Value(), today.addDays(-31));
-        EXPECT_EQ(Column(window, "ID"), s("3 1 2"));
-        EXPECT_TRUE(window.IsActive(*window.DtpFrom()));
-    });
+    Look(
+        SchGatePass,
+        [this](SearchWindow& window) {
+            window.SetFocus(*window.DtpFrom());
+            Press(window, Qt::Key_Home);
+            Type(window, today.addDays(-31).toString(s("ddMMyyyy")));
+            EXPECT_EQ(window.DtpFrom()->Value(), today.addDays(-31));
+            EXPECT_EQ(Column(window, "ID"), s("3 1 2"));
+            EXPECT_TRUE(window.IsActive(*window.DtpFrom()));
+        });
 }
 
 TEST_F(VoucherListsTest, EnterWithADateTypedInPartTakesTheRowThatIsMarkedOnTheScreen)
@@ -181,15 +183,17 @@ TEST_F(VoucherListsTest, EnterWithADateTypedInPartTakesTheRowThatIsMarkedOnTheSc
 
 TEST_F(VoucherListsTest, GatePassesShowTheirSumsAndNames)
 {
-    Look(SchGatePass, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "Date"), Shown(-30) + u' ' + Shown(0));
-        EXPECT_EQ(Column(window, "Driver"), s("محمد اسلم عبدالرشید"));
-        EXPECT_EQ(Column(window, "Receiving"), s("غلام رسول "));
-        EXPECT_EQ(Column(window, "AreaName"), s("Kot Raja"));
-        EXPECT_EQ(Column(window, "outnewstock"), s("7 1"));
-        EXPECT_EQ(Column(window, "returnoldstock"), s("1 "));
-        EXPECT_EQ(Column(window, "returnnewstock"), s("2 "));
-    });
+    Look(
+        SchGatePass,
+        [](SearchWindow& window) {
+            EXPECT_EQ(Column(window, "Date"), Shown(-30) + u' ' + Shown(0));
+            EXPECT_EQ(Column(window, "Driver"), s("محمد اسلم عبدالرشید"));
+            EXPECT_EQ(Column(window, "Receiving"), s("غلام رسول "));
+            EXPECT_EQ(Column(window, "AreaName"), s("Kot Raja"));
+            EXPECT_EQ(Column(window, "outnewstock"), s("7 1"));
+            EXPECT_EQ(Column(window, "returnoldstock"), s("1 "));
+            EXPECT_EQ(Column(window, "returnnewstock"), s("2 "));
+        });
 }
 
 TEST_F(VoucherListsTest, GatePassesAreReadAgainByAreaDriverAndReceiver)
@@ -205,97 +209,105 @@ TEST_F(VoucherListsTest, GatePassesAreReadAgainByAreaDriverAndReceiver)
 TEST_F(VoucherListsTest, AccountsAreNotReadAgainUntilBtnFilterOrF12)
 {
     for (const bool byKey : {false, true}) {
-        Look(SchInsCustomer, [byKey](SearchWindow& window) {
-            const QString all = s("Kot 11 Kot 12 Raja 12");
-            TypeInto(window, "TxtName", s("حسن"));
-            EXPECT_EQ(Column(window, "CusID"), all);
-            window.DtpFrom()->SetValue(window.DtpFrom()->Value().addDays(1));
-            EXPECT_EQ(Column(window, "CusID"), all);
-            if (byKey) {
+        Look(
+            SchInsCustomer,
+            [byKey](SearchWindow& window) {
+                const QString all = s("Kot 11 Kot 12 Raja 12");
+                TypeInto(window, "TxtName", s("حسن"));
+                EXPECT_EQ(Column(window, "CusID"), all);
+                window.DtpFrom()->SetValue(window.DtpFrom()->Value().addDays(1));
+                EXPECT_EQ(Column(window, "CusID"), all);
+                if (byKey)
+                    Press(window, Qt::Key_F12);
+                else
+                    Click(window, *window.BtnFilter());
+                EXPECT_EQ(Column(window, "CusID"), s("Kot 12"));
+                TypeInto(window, "TxtName", QString());
+                EXPECT_EQ(Column(window, "CusID"), s("Kot 12"));
                 Press(window, Qt::Key_F12);
-            } else {
-                Click(window, *window.BtnFilter());
-            }
-            EXPECT_EQ(Column(window, "CusID"), s("Kot 12"));
-            TypeInto(window, "TxtName", QString());
-            EXPECT_EQ(Column(window, "CusID"), s("Kot 12"));
-            Press(window, Qt::Key_F12);
-            EXPECT_EQ(Column(window, "CusID"), s("Kot 12 Raja 12")); // the day of Kot 11 is out
-        });
+                EXPECT_EQ(Column(window, "CusID"), s("Kot 12 Raja 12")); // the day of Kot 11 is out
+            });
     }
 }
 
 TEST_F(VoucherListsTest, AccountsAreNarrowedByEachField)
 {
-    Look(SchInsCustomer, [](SearchWindow& window) {
-        const struct {
-            const char* Field;
-            const char* Typed;
-            const char* Listed;
-        } cases[] = {{"TxtAreaCode", "RAJA", "Raja 12"},
-                     {"TxtName", "احمد", "Kot 11 Kot 12 Raja 12"},
-                     {"TxtName", "نذیر", "Raja 12"},
-                     {"TxtFName", "شفیع", "Kot 11"},
-                     {"TxtFrenchiser", "طارق", "Kot 11 Raja 12"},
-                     {"TxtReceiving", "اسلم", "Kot 12"}};
-        for (const auto& [field, typed, listed] : cases) {
-            TypeInto(window, field, s(typed));
-            Press(window, Qt::Key_F12);
-            EXPECT_EQ(Column(window, "CusID"), s(listed)) << typed;
-            TypeInto(window, field, QString());
-        }
-    });
+    Look(
+        SchInsCustomer,
+        [](SearchWindow& window) {
+            const struct {
+                const char* Field;
+                const char* Typed;
+                const char* Listed;
+            } cases[] = {{"TxtAreaCode", "RAJA", "Raja 12"},
+                         {"TxtName", "احمد", "Kot 11 Kot 12 Raja 12"},
+                         {"TxtName", "نذیر", "Raja 12"},
+                         {"TxtFName", "شفیع", "Kot 11"},
+                         {"TxtFrenchiser", "طارق", "Kot 11 Raja 12"},
+                         {"TxtReceiving", "اسلم", "Kot 12"}};
+            for (const auto& [field, typed, listed] : cases) {
+                TypeInto(window, field, s(typed));
+                Press(window, Qt::Key_F12);
+                EXPECT_EQ(Column(window, "CusID"), s(listed)) << typed;
+                TypeInto(window, field, QString());
+            }
+        });
 }
 
 TEST_F(VoucherListsTest, AYearTypedInPartCountsWhenF12Reads)
 {
-    Look(SchInsCustomer, [](SearchWindow& window) {
-        window.SetFocus(*window.DtpFrom());
-        Type(window, s("010199"));
-        Press(window, Qt::Key_F12);
-        EXPECT_TRUE(Read(window, s("Between '2099-01-01' AND")));
-        EXPECT_EQ(window.List().RowCount(), 0);
-    });
+    Look(
+        SchInsCustomer,
+        [](SearchWindow& window) {
+            window.SetFocus(*window.DtpFrom());
+            Type(window, s("010199"));
+            Press(window, Qt::Key_F12);
+            EXPECT_TRUE(Read(window, s("Between '2099-01-01' AND")));
+            EXPECT_EQ(window.List().RowCount(), 0);
+        });
 }
 
 TEST_F(VoucherListsTest, AccountsJumpByTheBeginningOfTheirCard)
 {
-    Look(SchInsCustomer, [](SearchWindow& window) {
-        TypeInto(window, "TxtFilter", s("12"));
-        EXPECT_EQ(Current(window, "CusID"), s("Kot 12"));
-        TypeInto(window, "TxtFilter", s("1"));
-        EXPECT_EQ(Current(window, "CusID"), s("Kot 11"));
-        TypeInto(window, "TxtFilter", s("2"));
-        EXPECT_EQ(Current(window, "CusID"), s("Raja 12"));
-        TypeInto(window, "TxtFilter", QString());
-        EXPECT_EQ(window.List().Row(), 0);
-        EXPECT_EQ(window.List().SelectedRows(), QList<int>{0});
-    });
+    Look(
+        SchInsCustomer,
+        [](SearchWindow& window) {
+            TypeInto(window, "TxtFilter", s("12"));
+            EXPECT_EQ(Current(window, "CusID"), s("Kot 12"));
+            TypeInto(window, "TxtFilter", s("1"));
+            EXPECT_EQ(Current(window, "CusID"), s("Kot 11"));
+            TypeInto(window, "TxtFilter", s("2"));
+            EXPECT_EQ(Current(window, "CusID"), s("Raja 12"));
+            TypeInto(window, "TxtFilter", QString());
+            EXPECT_EQ(window.List().Row(), 0);
+            EXPECT_EQ(window.List().SelectedRows(), QList<int>{0});
+        });
 }
 
 TEST_F(VoucherListsTest, AccountsShowWhatWasSoldAndBelongToAnAreaThatIsKnown)
 {
-    Look(SchInsCustomer, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "CusID"), s("Kot 11 Kot 12 Raja 12")); // not Gone 7
-        EXPECT_EQ(Column(window, "ID"), s("11 12 12"));
-        EXPECT_EQ(Column(window, "Date"), Shown(-90) + u' ' + Shown(0) + u' ' + Shown(0));
-        EXPECT_EQ(Current(window, "CustomerName"), s("احمد علی"));
-        EXPECT_EQ(Current(window, "FName"), s("محمد شفیع"));
-        EXPECT_EQ(Current(window, "AreaName"), s("کوٹ رادھا کشن"));
-        EXPECT_EQ(Current(window, "Receiving"), s("غلام رسول"));
-        EXPECT_EQ(Current(window, "Frenchiser"), s("طارق محمود"));
-        EXPECT_EQ(Column(window, "Promise"), s("5 10 1"));
-        EXPECT_EQ(Column(window, "TotalItems"), s("1 3 1"));
-        EXPECT_EQ(Column(window, "TotalAmount"), s("185000 132000.5 84000"));
-    });
+    Look(
+        SchInsCustomer,
+        [](SearchWindow& window) {
+            EXPECT_EQ(Column(window, "CusID"), s("Kot 11 Kot 12 Raja 12")); // not Gone 7
+            EXPECT_EQ(Column(window, "ID"), s("11 12 12"));
+            EXPECT_EQ(Column(window, "Date"), Shown(-90) + u' ' + Shown(0) + u' ' + Shown(0));
+            EXPECT_EQ(Current(window, "CustomerName"), s("احمد علی"));
+            EXPECT_EQ(Current(window, "FName"), s("محمد شفیع"));
+            EXPECT_EQ(Current(window, "AreaName"), s("کوٹ رادھا کشن"));
+            EXPECT_EQ(Current(window, "Receiving"), s("غلام رسول"));
+            EXPECT_EQ(Current(window, "Frenchiser"), s("طارق محمود"));
+            EXPECT_EQ(Column(window, "Promise"), s("5 10 1"));
+            EXPECT_EQ(Column(window, "TotalItems"), s("1 3 1"));
+            EXPECT_EQ(Column(window, "TotalAmount"), s("185000 132000.5 84000"));
+        });
 }
 
 TEST_F(VoucherListsTest, AnAccountWithoutRowsCountsNoItems)
 {
     company.Run("delete from InsCustomerBody where InsCustomerID = 'Kot 12'");
-    Look(SchInsCustomer, [](SearchWindow& window) {
-        EXPECT_EQ(Column(window, "TotalItems"), s("1 0 1"));
-    });
+    Look(SchInsCustomer,
+         [](SearchWindow& window) { EXPECT_EQ(Column(window, "TotalItems"), s("1 0 1")); });
 }
 
 // Recoveries
@@ -322,30 +334,34 @@ TEST_F(VoucherListsTest, ReceiptsAreReadAgainByVoucherAreaAndName)
 
 TEST_F(VoucherListsTest, ReceiptsAreCountedAfterEachRead)
 {
-    Look(SchRecoveryVoucherDetail, [](SearchWindow& window) {
-        EXPECT_EQ(window.LblTotalCards()->Text(), s("3"));
-        TypeInto(window, "TxtFilter", s("1"));
-        EXPECT_EQ(window.LblTotalCards()->Text(), s("2"));
-        TypeInto(window, "TxtFilter", s("14"));
-        EXPECT_EQ(window.LblTotalCards()->Text(), s("0"));
-    });
+    Look(
+        SchRecoveryVoucherDetail,
+        [](SearchWindow& window) {
+            EXPECT_EQ(window.LblTotalCards()->Text(), s("3"));
+            TypeInto(window, "TxtFilter", s("1"));
+            EXPECT_EQ(window.LblTotalCards()->Text(), s("2"));
+            TypeInto(window, "TxtFilter", s("14"));
+            EXPECT_EQ(window.LblTotalCards()->Text(), s("0"));
+        });
     Look(SchRecoveryVoucher,
          [](SearchWindow& window) { EXPECT_EQ(window.LblTotalCards(), nullptr); });
 }
 
 TEST_F(VoucherListsTest, ReceiptsJumpByTheWholeCardAndTakeATypedCharacterThere)
 {
-    Look(SchRecoveryVoucherDetail, [](SearchWindow& window) {
-        TypeInto(window, "TxtID", s("12"));
-        EXPECT_EQ(Current(window, "Receipt"), s("502"));
-        TypeInto(window, "TxtID", s("1")); // no card of this number
-        EXPECT_EQ(Current(window, "Receipt"), s("503"));
-        Press(window, Qt::Key_Down);
-        Type(window, s("x"));
-        EXPECT_TRUE(window.IsActive(window.NarrowingField("TxtID")));
-        EXPECT_EQ(window.NarrowingField("TxtID").Text(), s("x"));
-        EXPECT_EQ(window.List().RowCount(), 3);
-    });
+    Look(
+        SchRecoveryVoucherDetail,
+        [](SearchWindow& window) {
+            TypeInto(window, "TxtID", s("12"));
+            EXPECT_EQ(Current(window, "Receipt"), s("502"));
+            TypeInto(window, "TxtID", s("1")); // no card of this number
+            EXPECT_EQ(Current(window, "Receipt"), s("503"));
+            Press(window, Qt::Key_Down);
+            Type(window, s("x"));
+            EXPECT_TRUE(window.IsActive(window.NarrowingField("TxtID")));
+            EXPECT_EQ(window.NarrowingField("TxtID").Text(), s("x"));
+            EXPECT_EQ(window.List().RowCount(), 3);
+        });
 }
 
 TEST_F(VoucherListsTest, AReceiptIsGivenByItsVoucherAndAccount)
@@ -423,50 +439,56 @@ TEST_F(VoucherListsTest, ProfitsAreIncomeLessDeductionsLessExpense)
 
 TEST_F(VoucherListsTest, ProfitsAreReadForWholeMonthsWhateverDaysAreChosen)
 {
-    Look(SchPartnershipProfit, [](SearchWindow& window) {
-        window.DtpFrom()->SetValue(QDate(2024, 1, 17));
-        EXPECT_EQ(window.DtpFrom()->Value(), QDate(2024, 1, 1));
-        window.DtpTo()->SetValue(QDate(2024, 2, 3));
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 29));
-        EXPECT_TRUE(Read(window, s("Between '2024-01-01' AND '2024-02-29'")));
-        window.DtpTo()->SetValue(QDate(2024, 12, 31));
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 12, 31));
-        TypeInto(window, "TxtAreaCode", s("Kot")); // a read of another cause moves nothing
-        EXPECT_EQ(window.DtpFrom()->Value(), QDate(2024, 1, 1));
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 12, 31));
-    });
+    Look(
+        SchPartnershipProfit,
+        [](SearchWindow& window) {
+            window.DtpFrom()->SetValue(QDate(2024, 1, 17));
+            EXPECT_EQ(window.DtpFrom()->Value(), QDate(2024, 1, 1));
+            window.DtpTo()->SetValue(QDate(2024, 2, 3));
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 29));
+            EXPECT_TRUE(Read(window, s("Between '2024-01-01' AND '2024-02-29'")));
+            window.DtpTo()->SetValue(QDate(2024, 12, 31));
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 12, 31));
+            TypeInto(window, "TxtAreaCode", s("Kot")); // a read of another cause moves nothing
+            EXPECT_EQ(window.DtpFrom()->Value(), QDate(2024, 1, 1));
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 12, 31));
+        });
 }
 
 TEST_F(VoucherListsTest, ProfitsAreReadWhileADateIsTypedWhichBecomesAWholeMonthWhenItIsLeft)
 {
     for (const char* format : {"dd/MM/yyyy", "ddMMyyyy"}) {
-        Look(SchPartnershipProfit, [&](SearchWindow& window) {
-            const QDate typed = month.addDays(-1);
-            window.SetFocus(*window.DtpFrom());
-            Press(window, Qt::Key_Home);
-            Type(window, typed.toString(s(format)));
-            EXPECT_EQ(Column(window, "ID"), s("3 1 2"));
-            EXPECT_EQ(window.DtpFrom()->Value(), typed); // nothing breaks into the typing
-            Press(window, Qt::Key_Tab);
-            EXPECT_EQ(window.DtpFrom()->Value(), month.addMonths(-1));
-            Type(window, QDate(2024, 2, 15).toString(s(format)));
-            EXPECT_TRUE(Read(window, s("AND '2024-02-29'")));
-            Press(window, Qt::Key_Tab);
-            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 29));
-        });
+        Look(
+            SchPartnershipProfit,
+            [&](SearchWindow& window) {
+                const QDate typed = month.addDays(-1);
+                window.SetFocus(*window.DtpFrom());
+                Press(window, Qt::Key_Home);
+                Type(window, typed.toString(s(format)));
+                EXPECT_EQ(Column(window, "ID"), s("3 1 2"));
+                EXPECT_EQ(window.DtpFrom()->Value(), typed); // nothing breaks into the typing
+                Press(window, Qt::Key_Tab);
+                EXPECT_EQ(window.DtpFrom()->Value(), month.addMonths(-1));
+                Type(window, QDate(2024, 2, 15).toString(s(format)));
+                EXPECT_TRUE(Read(window, s("AND '2024-02-29'")));
+                Press(window, Qt::Key_Tab);
+                EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 2, 29));
+            });
     }
 }
 
 TEST_F(VoucherListsTest, ProfitsShowTheWholeMonthAtOnceWhereADateIsChangedByArrow)
 {
-    Look(SchPartnershipProfit, [](SearchWindow& window) {
-        window.DtpTo()->SetValue(QDate(2024, 2, 10));
-        window.SetFocus(*window.DtpTo());
-        Press(window, Qt::Key_Right); // the month
-        Press(window, Qt::Key_Up);
-        EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 3, 31));
-        EXPECT_TRUE(Read(window, s("AND '2024-03-31'")));
-    });
+    Look(
+        SchPartnershipProfit,
+        [](SearchWindow& window) {
+            window.DtpTo()->SetValue(QDate(2024, 2, 10));
+            window.SetFocus(*window.DtpTo());
+            Press(window, Qt::Key_Right); // the month
+            Press(window, Qt::Key_Up);
+            EXPECT_EQ(window.DtpTo()->Value(), QDate(2024, 3, 31));
+            EXPECT_TRUE(Read(window, s("AND '2024-03-31'")));
+        });
 }
 
 // Converted accounts

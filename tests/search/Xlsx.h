@@ -9,8 +9,8 @@ namespace tests {
 class Xlsx {
 public:
     struct Cell {
-        QString Type; ///< as the sheet says: "inlineStr" for a text, "" for a number
-        QString Text; ///< of a text, or the number's digits
+        QString Type;   ///< as the sheet says: "inlineStr" for a text, "" for a number
+        QString Text;   ///< of a text, or the number's digits
         QString Format; ///< number format, "" for the general one
         bool Bold = false;
     };

@@ -209,9 +209,8 @@ private:
         EXPECT_EQ(boxes.Left(), 0) << "no complaint";
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(typed.Text(), shown);
-        if (!complaint.isEmpty() || field.Is != Way::QueryAgain) {
+        if (!complaint.isEmpty() || field.Is != Way::QueryAgain)
             EXPECT_EQ(window.List().RowCount(), rows) << "the list does not stand as it was";
-        }
         RowsLeft[s(field.Dialog.Name) + u'.' + s(field.Name)] = window.List().RowCount();
 
         Press(window, Qt::Key_A, Qt::ControlModifier);
@@ -316,10 +315,9 @@ protected:
             if (const auto* option = dynamic_cast<OptionButton*>(control))
                 seen.append(option->Name() + u'=' + QString::number(option->Value()));
         }
-        for (int row = 0; row < It().Rows.RowCount(); ++row) {
+        for (int row = 0; row < It().Rows.RowCount(); ++row)
             for (const GridColumn& column : It().Rows.Columns())
                 seen.append(It().Rows.Cell(row, column.Name));
-        }
         return seen;
     }
 

@@ -126,11 +126,10 @@ TEST_F(FrmGatePassTest, APassWithNoDriverAndReceiverSavesNullsAndOpensWithEmptyF
 
     OpenStored(1);
     EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
-    for (Txt* field : {&It().TxtDriverCode, &It().TxtReceivingCode,
-                       static_cast<Txt*>(&It().TxtDriverName),
-                       static_cast<Txt*>(&It().TxtReceivingName)}) {
+    for (Txt* field :
+         {&It().TxtDriverCode, &It().TxtReceivingCode, static_cast<Txt*>(&It().TxtDriverName),
+          static_cast<Txt*>(&It().TxtReceivingName)})
         EXPECT_TRUE(field->Text().isEmpty()) << qPrintable(field->Name());
-    }
     EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
 }
 
@@ -162,9 +161,8 @@ TEST_F(FrmGatePassTest, EachKindIsStoredInItsColumn)
                             .arg(id)),
                   QStringList({stored}));
         OpenStored(id.toInt());
-        for (const auto& [other, its] : kinds) {
+        for (const auto& [other, its] : kinds)
             EXPECT_EQ(other->Value(), other == option) << qPrintable(other->Name());
-        }
         Ctrl(Qt::Key_W);
     }
 }

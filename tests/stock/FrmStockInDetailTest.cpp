@@ -15,8 +15,7 @@ QString s(const char* text)
     return QString::fromUtf8(text);
 }
 
-const Message Known{s("Engine No or Chasis No Already Entered"), MsgIcon::Exclamation,
-                    s("Alert")};
+const Message Known{s("Engine No or Chasis No Already Entered"), MsgIcon::Exclamation, s("Alert")};
 const Message NoReceiver{s("Enter Receiving Code."), MsgIcon::Exclamation, s("Stock In Detail")};
 const Message Duplicate{s("The Record Already Exist"), MsgIcon::Information, s("Alert")};
 
@@ -58,9 +57,8 @@ protected:
     {
         Press(It(), Qt::Key_Down);
         Press(It(), Qt::Key_Home);
-        for (int i = 0; i < row; ++i) {
+        for (int i = 0; i < row; ++i)
             Press(It(), Qt::Key_Down);
-        }
         Press(It(), Qt::Key_Return);
     }
 };
@@ -409,8 +407,8 @@ TEST_F(FrmStockInDetailTest, RightsAreAskedForAStoredVoucherOnly)
     Type(It(), s("x"));
     boxes.Expect(Refused(s("You are not authorized to modify a record")));
     Ctrl(Qt::Key_S);
-    EXPECT_EQ(user->Asked, QList<QString>({s("MniStockInDetail delete"),
-                                           s("MniStockInDetail modify")}));
+    EXPECT_EQ(user->Asked,
+              QList<QString>({s("MniStockInDetail delete"), s("MniStockInDetail modify")}));
 }
 
 TEST_F(FrmStockInDetailTest, F1WalksFromTheReceiverToTheProductToTheEngine)
@@ -444,10 +442,9 @@ TEST_F(FrmStockInDetailTest, ThreeHundredUnitsAtAScannersPaceLoseNothing)
     EnterHeader();
     // All keys lie in the queue before the first one is worked on: faster than any scanner.
     const auto post = [this](int key, const QString& text) {
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             QCoreApplication::postEvent(It().windowHandle(),
                                         new QKeyEvent(type, key, Qt::NoModifier, text));
-        }
     };
     const auto scan = [&](const QString& code) {
         for (const QChar c : code) {

@@ -4,8 +4,8 @@
 #include "data/Failure.h"
 #include "host/HostContext.h"
 #include "reports/CrpGatePassDetail.h"
-#include "reports/PrinterPort.h"
 #include "reports/PrintPort.h"
+#include "reports/PrinterPort.h"
 #include "reports/RptReportViewer.h"
 #include "reports/SchPrint.h"
 #include "support/GatePassDesk.h"
@@ -36,9 +36,8 @@ protected:
     GatePassPrintTest()
     {
         Printing::UseReceiver([this](const PrintJob& job, const QByteArray& pdf) {
-            if (job.Copy == failingCopy) {
+            if (job.Copy == failingCopy)
                 throw Failure(s("The printer is out of paper."));
-            }
             jobs.append(job);
             texts.append(TextOfPdf(pdf));
         });
@@ -47,9 +46,8 @@ protected:
     {
         PrintPort::SetCurrent(nullptr);
         SchPrint& dialog = SchPrint::Shared();
-        for (int option = 1; option <= 4; ++option) {
+        for (int option = 1; option <= 4; ++option)
             dialog.SetOptionVisible(dialog.Option(option), true);
-        }
         dialog.hide();
         RptReportViewer::Shared().Report.reset();
     }
@@ -69,18 +67,16 @@ protected:
     void Print(const QList<Qt::Key>& keys)
     {
         dialogs.Expect([keys](Form& dialog) {
-            for (const Qt::Key key : keys) {
+            for (const Qt::Key key : keys)
                 Press(dialog, key);
-            }
         });
         Ctrl(Qt::Key_P);
     }
     QStringList Copies() const
     {
         QStringList copies;
-        for (const PrintJob& job : jobs) {
+        for (const PrintJob& job : jobs)
             copies.append(job.Copy);
-        }
         return copies;
     }
     /// The form stands as it did when the pass had been opened.

@@ -46,8 +46,7 @@ protected:
     StockFormTest()
     {
         // The documents that brought the stock in are in nobody's way.
-        this->company.Run(s("delete from %1; delete from %2;")
-                              .arg(s(Is::Body), s(Is::Header)));
+        this->company.Run(s("delete from %1; delete from %2;").arg(s(Is::Body), s(Is::Header)));
     }
 
     void Prepare(TheForm& window) override { window.ParaInShowPrice = showPrice; }
@@ -73,9 +72,8 @@ protected:
     {
         this->Enter(product);
         this->Enter(quantity);
-        if (showPrice) {
+        if (showPrice)
             this->Enter(QString());
-        }
     }
 
     /// Types another number over the one that was given.
@@ -115,10 +113,7 @@ protected:
 using BothKinds = ::testing::Types<FrmStockIn, FrmStockOut>;
 
 struct KindName {
-    template <class TheForm> static std::string GetName(int)
-    {
-        return Kind<TheForm>::Dialog + 3;
-    }
+    template <class TheForm> static std::string GetName(int) { return Kind<TheForm>::Dialog + 3; }
 };
 
 TYPED_TEST_SUITE(StockFormTest, BothKinds, KindName);
@@ -144,9 +139,8 @@ TYPED_TEST(StockFormTest, OpensNewWithTheNextNumberAndToday)
 TYPED_TEST(StockFormTest, WithoutPricesNoPriceIsShownAnywhere)
 {
     this->Open();
-    for (const Control* control : {&IT.TxtPrice, &IT.TxtAmount}) {
+    for (const Control* control : {&IT.TxtPrice, &IT.TxtAmount})
         EXPECT_FALSE(control->IsVisible()) << qPrintable(control->Name());
-    }
     EXPECT_FALSE(IT.Label8.isVisible());
     EXPECT_FALSE(IT.Label15.isVisible());
     EXPECT_TRUE(IT.Rows.isColumnHidden(IT.Rows.ColumnIndex(u"Price")));
@@ -330,8 +324,8 @@ TYPED_TEST(StockFormTest, TheBranchIsMandatory)
     this->Open();
     IT.ResetFocus(IT.TxtDescription);
     Type(IT, s("note"));
-    this->boxes.Expect(Message{s("Enter Branch Code."), MsgIcon::Exclamation,
-                               s(Kind<TypeParam>::Title)});
+    this->boxes.Expect(
+        Message{s("Enter Branch Code."), MsgIcon::Exclamation, s(Kind<TypeParam>::Title)});
     this->Ctrl(Qt::Key_S);
     EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
     EXPECT_EQ(IT.TxtDescription.Text(), s("note"));
@@ -409,8 +403,7 @@ TYPED_TEST(StockFormTest, DeletingTakesBodyAndHeader)
     this->Ctrl(Qt::Key_R);
     EXPECT_TRUE(this->Headers().isEmpty());
     EXPECT_TRUE(this->BodyOf(id).isEmpty());
-    EXPECT_EQ(this->user->Asked,
-              QList<QString>{s(Kind<TypeParam>::Key) + s(" delete")});
+    EXPECT_EQ(this->user->Asked, QList<QString>{s(Kind<TypeParam>::Key) + s(" delete")});
 }
 
 TYPED_TEST(StockFormTest, DeletingTakesTheRowsBeforeTheHeader)
@@ -739,8 +732,8 @@ TEST_F(FrmStockInTest, ADocumentIsInTheStockOfItsBranchAtOnce)
     EnterHeader(s("3"));
     EnterRow(s("299"), s("4"));
     Ctrl(Qt::Key_S);
-    const Recordset stock = connection->Execute(
-        "SELECT * from vuCurrentStock WHERE ProductID='299' and branchcode =3");
+    const Recordset stock =
+        connection->Execute("SELECT * from vuCurrentStock WHERE ProductID='299' and branchcode =3");
     ASSERT_EQ(stock.RecordCount(), 1);
     EXPECT_EQ(stock.Value("Stock").toInt(), 4);
 }
@@ -752,8 +745,7 @@ TEST_F(FrmStockInTest, InAndOutCountTheirNumbersApart)
     EXPECT_EQ(It().TxtID.Text(), s("2"));
     FrmStockOut out;
     out.FormLoad();
-    EXPECT_EQ(out.TxtID.Text(),
-              QString::number(Count(s("StockOutHeader")) + 1));
+    EXPECT_EQ(out.TxtID.Text(), QString::number(Count(s("StockOutHeader")) + 1));
 }
 
 } // namespace tests

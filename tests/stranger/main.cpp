@@ -24,8 +24,8 @@ int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     TradeForms::Forms forms;
-    forms.InitializeClass(TradeForms::Connection::Open(
-        QString::fromLocal8Bit(argv[1]), TradeForms::Connection::Mode::Create));
+    forms.InitializeClass(TradeForms::Connection::Open(QString::fromLocal8Bit(argv[1]),
+                                                       TradeForms::Connection::Mode::Create));
     forms.InitializeSecurity(std::make_shared<Owner>());
     TradeForms::Printing::UseReceiver([](const TradeForms::PrintJob& job, const QByteArray& pdf) {
         std::printf("print: %s, %d bytes\n", qPrintable(job.Title), int(pdf.size()));

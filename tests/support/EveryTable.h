@@ -18,5 +18,6 @@ void AddHostTables(const TestCompany& company);
 /// and flags. The accounts are "Kot 1001" and on, and the money vouchers are theirs. Call it once.
 void FillEveryTable(const TestCompany& company, int rows);
 
-/// Everything that stands in those tables of a file: the rows of each table in the order of their bytes.
+/// Everything that stands in those tables of a file: the rows of each table in the order of their
+/// bytes.
 std::vector<std::string> ContentsOf(const QString& file);

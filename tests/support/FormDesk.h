@@ -121,9 +121,8 @@ protected:
     int FilledRows()
     {
         int filled = 0;
-        for (int row = 0; row < form->Rows.RowCount(); ++row) {
+        for (int row = 0; row < form->Rows.RowCount(); ++row)
             filled += Cell(row, "ID").trimmed().isEmpty() ? 0 : 1;
-        }
         return filled;
     }
     int Count(const QString& table)
@@ -136,9 +135,8 @@ protected:
         QStringList lines;
         for (const QVariantList& row : company.Rows(sql)) {
             QStringList texts;
-            for (const QVariant& value : row) {
+            for (const QVariant& value : row)
                 texts.append(value.isNull() ? QStringLiteral("null") : value.toString());
-            }
             lines.append(texts.join(QLatin1Char('|')));
         }
         return lines;

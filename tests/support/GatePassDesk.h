@@ -8,7 +8,7 @@ namespace tests {
 /// A clerk's desk with gate passes on it.
 class GatePassDesk : public FormDesk<FrmGatePass> {
 protected:
-    void EnterHeader();                           ///< driver 2014, receiver 3107, Kot, branch 1
+    void EnterHeader(); ///< driver 2014, receiver 3107, Kot, branch 1
     void EnterRow(const QString& product, const QString& out, const QString& oldBack = {},
                   const QString& newBack = {});
     /// Saves by Ctrl+S and answers the print question with No.

@@ -86,10 +86,9 @@ Statement withCode(Statement statement, const QString& text)
 {
     static const QRegularExpression compared(s("(\\w+)\\s*=\\s*'?\\{code\\}"));
     const QString column = compared.match(text).captured(1);
-    for (const Sample& sample : ofCodes) {
+    for (const Sample& sample : ofCodes)
         if (column.compare(s(sample.Name), Qt::CaseInsensitive) == 0)
             statement.Bind("code", s(sample.Value));
-    }
     return statement;
 }
 
@@ -125,10 +124,9 @@ QList<Clause> clausesOf(const SearchDescription& description)
         else
             all.append({input.Place, Statement(isReady ? ready->Value : input.Clause)});
     }
-    for (const SearchField& field : description.Fields) {
+    for (const SearchField& field : description.Fields)
         if (field.Is != SearchField::Kind::Jump)
             all.append({field.Place, Statement(field.Text.constData())});
-    }
     return all;
 }
 
@@ -231,10 +229,9 @@ QStringList StatementsToCome(const QString& sourceDir)
 {
     QStringList texts;
     for (const QString& line :
-         contentOf(sourceDir + s("/tests/data/statements-to-come.sql")).split(u'\n')) {
+         contentOf(sourceDir + s("/tests/data/statements-to-come.sql")).split(u'\n'))
         if (!line.isEmpty() && !line.startsWith(s("--")))
             texts.append(line);
-    }
     return texts;
 }
 

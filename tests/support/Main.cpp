@@ -16,7 +16,8 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
 #ifndef _WIN32
-    // A bare machine names no language; the tests' ODBC driver then takes no letters but English ones.
+    // A bare machine names no language; the tests' ODBC driver then takes no letters but English
+    // ones.
     std::setlocale(LC_ALL, "");
     if (qstrcmp(nl_langinfo(CODESET), "UTF-8") != 0)
         qputenv("LC_ALL", "C.UTF-8");

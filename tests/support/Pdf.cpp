@@ -16,7 +16,8 @@ QString output(const QString& program, const QStringList& arguments)
     QProcess process;
     process.start(program, arguments);
     EXPECT_TRUE(process.waitForFinished(60'000) && process.exitCode() == 0)
-        << qPrintable(program) << ' ' << qPrintable(QString::fromUtf8(process.readAllStandardError()));
+        << qPrintable(program) << ' '
+        << qPrintable(QString::fromUtf8(process.readAllStandardError()));
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
@@ -52,11 +53,9 @@ QImage PictureOfPdf(const QString& file, int dotsPerInch)
 QString PdfInfo(const QString& file, const QString& name)
 {
     const QStringList lines = output(QStringLiteral("pdfinfo"), {file}).split(u'\n');
-    for (const QString& line : lines) {
-        if (line.startsWith(name + u':')) {
+    for (const QString& line : lines)
+        if (line.startsWith(name + u':'))
             return line.mid(name.size() + 1).trimmed();
-        }
-    }
     return {};
 }
 

@@ -70,10 +70,9 @@ private:
     bool takeWords(std::initializer_list<std::string_view> words)
     {
         std::size_t at = at_;
-        for (const std::string_view word : words) {
+        for (const std::string_view word : words)
             if (at >= tokens_.size() || !tokens_[at++].IsWord(word))
                 return false;
-        }
         at_ = at;
         return true;
     }
@@ -90,10 +89,9 @@ private:
     QStringList takeList()
     {
         QStringList names;
-        for (++at_; !tokens_[at_].IsSign(')'); ++at_) {
+        for (++at_; !tokens_[at_].IsSign(')'); ++at_)
             if (!tokens_[at_].IsSign(','))
                 names.append(nameOf(tokens_[at_]));
-        }
         ++at_;
         return names;
     }

@@ -125,11 +125,9 @@ SearchDesk::SearchDesk()
     company.Run(s("BEGIN;") + dated(s(documents), today) + s("COMMIT;"));
     HostContext::objCN = company.Connect();
     // The dialogs are shared, and keep from one test to the next what they were given.
-    for (const SearchDescription* description : AllSearchDialogs()) {
-        for (const SearchInput& input : description->Inputs) {
+    for (const SearchDescription* description : AllSearchDialogs())
+        for (const SearchInput& input : description->Inputs)
             SearchDialog::Shared(*description).SetParaIn(input.Name, s(input.NoClauseFor));
-        }
-    }
     owner.resize(200, 100);
     owner.show();
 }
@@ -151,10 +149,12 @@ SearchDialog& SearchDesk::Show(const SearchDescription& description,
 SearchDialog& SearchDesk::Look(const SearchDescription& description,
                                const std::function<void(SearchWindow&)>& look)
 {
-    return Show(description, [&](SearchWindow& window) {
-        look(window);
-        Press(window, Qt::Key_Escape);
-    });
+    return Show(
+        description,
+        [&](SearchWindow& window) {
+            look(window);
+            Press(window, Qt::Key_Escape);
+        });
 }
 
 QString SearchDesk::Column(SearchWindow& window, const char* column)
@@ -165,9 +165,8 @@ QString SearchDesk::Column(SearchWindow& window, const char* column)
 QString SearchDesk::Column(Grid& grid, const char* column)
 {
     QStringList texts;
-    for (int row = 0; row < grid.RowCount(); ++row) {
+    for (int row = 0; row < grid.RowCount(); ++row)
         texts << grid.Cell(row, s(column));
-    }
     return texts.join(u' ');
 }
 
@@ -181,20 +180,18 @@ void SearchDesk::TypeInto(SearchWindow& window, const char* field, const QString
     Txt& txt = window.NarrowingField(field);
     ASSERT_TRUE(window.IsActive(txt) || window.SetFocus(txt));
     txt.selectAll();
-    if (text.isEmpty()) {
+    if (text.isEmpty())
         Press(window, Qt::Key_Delete);
-    } else {
+    else
         Type(window, text);
-    }
 }
 
 ::testing::AssertionResult SearchDesk::Read(SearchWindow& window, const QString& part)
 {
-    if (window.ListStatement().contains(part)) {
+    if (window.ListStatement().contains(part))
         return ::testing::AssertionSuccess();
-    }
-    return ::testing::AssertionFailure()
-           << "'" << part.toStdString() << "' is not in\n" << window.ListStatement().toStdString();
+    return ::testing::AssertionFailure() << "'" << part.toStdString() << "' is not in\n"
+                                         << window.ListStatement().toStdString();
 }
 
 QString SearchDesk::Iso(int days)

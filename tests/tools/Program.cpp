@@ -107,8 +107,8 @@ Ended RunAndHold(const char* program, const QStringList& arguments, const QByteA
 Ended RunUntilItSays(const char* program, const QStringList& arguments, const QByteArray& said,
                      int signal)
 {
-    return RunAndHold(program, arguments, said,
-                      [signal](qint64 process) { ::kill(pid_t(process), signal); });
+    return RunAndHold(
+        program, arguments, said, [signal](qint64 process) { ::kill(pid_t(process), signal); });
 }
 
 std::string RunOnTerminal(const char* program, const QStringList& arguments)

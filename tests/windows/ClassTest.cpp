@@ -11,14 +11,16 @@ namespace windows_host {
 
 namespace {
 
-constexpr const wchar_t* kMethods[] = {
-    L"InitializeClass",   L"InitializeSecurity",      L"InitializeLogo",
-    L"InitializeServer",  L"ConcessionForm",          L"ConvertAreaForm",
-    L"GatePassForm",      L"InstallmentCustomerForm", L"RecoveryVoucherForm",
-    L"ReturnForm",        L"SalaryForm",              L"StockInForm",
-    L"StockInDetailForm", L"StockInPriceForm",        L"StockOutForm",
-    L"StockOutPriceForm", L"WorkerPartsForm",         L"WorkerPartSalaryForm",
-    L"FrenchiserSalaryForm"};
+constexpr const wchar_t* kMethods[] = {L"InitializeClass",     L"InitializeSecurity",
+                                       L"InitializeLogo",      L"InitializeServer",
+                                       L"ConcessionForm",      L"ConvertAreaForm",
+                                       L"GatePassForm",        L"InstallmentCustomerForm",
+                                       L"RecoveryVoucherForm", L"ReturnForm",
+                                       L"SalaryForm",          L"StockInForm",
+                                       L"StockInDetailForm",   L"StockInPriceForm",
+                                       L"StockOutForm",        L"StockOutPriceForm",
+                                       L"WorkerPartsForm",     L"WorkerPartSalaryForm",
+                                       L"FrenchiserSalaryForm"};
 
 std::wstring name(ITypeInfo& type, MEMBERID member)
 {
@@ -62,11 +64,11 @@ void expectMethods(ITypeInfo& type)
             EXPECT_EQ(method->memid, MEMBERID(place + 1));
             EXPECT_EQ(method->oVft, SHORT(kFirstPlace + place * sizeof(void*)));
             EXPECT_EQ(method->invkind, INVOKE_FUNC);
-            const std::vector<VARTYPE> arguments =
-                place < 2    ? std::vector<VARTYPE>{VT_DISPATCH}
-                : place == 2 ? std::vector<VARTYPE>{VT_BSTR, VT_BSTR}
-                : place == 3 ? std::vector<VARTYPE>{VT_BOOL}
-                             : std::vector<VARTYPE>{};
+            const std::vector<VARTYPE> arguments = place < 2 ? std::vector<VARTYPE>{VT_DISPATCH}
+                                                   : place == 2
+                                                       ? std::vector<VARTYPE>{VT_BSTR, VT_BSTR}
+                                                   : place == 3 ? std::vector<VARTYPE>{VT_BOOL}
+                                                                : std::vector<VARTYPE>{};
             EXPECT_EQ(std::size_t(method->cParams), arguments.size());
             for (std::size_t at = 0; at < arguments.size(); ++at)
                 expectByReference(method->lprgelemdescParam[at], arguments[at]);
@@ -126,8 +128,7 @@ TEST(ClassTest, DescribesItsMethodsInTheirOrderWithArgumentsByReference)
 TEST(ClassTest, TheTypeLibraryIsRegistered)
 {
     Ptr<ITypeLib> library;
-    ASSERT_EQ(LoadRegTypeLib(LIBID_TradeForms, 1, 0, LOCALE_NEUTRAL, library.GetAddressOf()),
-              S_OK);
+    ASSERT_EQ(LoadRegTypeLib(LIBID_TradeForms, 1, 0, LOCALE_NEUTRAL, library.GetAddressOf()), S_OK);
     Ptr<ITypeInfo> type;
     EXPECT_EQ(library->GetTypeInfoOfGuid(CLSID_Forms, type.GetAddressOf()), S_OK);
 }
@@ -158,8 +159,9 @@ TEST(ClassTest, TheLibraryGoesWhileItHasMadeNothingAndStaysOnceItHas)
 
 TEST(ClassTest, LeavesTheHostsScalingOnTheScreenAlone)
 {
-    const auto scaling = [] { return GetAwarenessFromDpiAwarenessContext(
-                                  GetThreadDpiAwarenessContext()); };
+    const auto scaling = [] {
+        return GetAwarenessFromDpiAwarenessContext(GetThreadDpiAwarenessContext());
+    };
     const DPI_AWARENESS before = scaling();
     VARIANT_BOOL isServer = VARIANT_FALSE;
     EXPECT_EQ(CreateForms()->InitializeServer(&isServer), S_OK);

@@ -8,8 +8,9 @@ namespace windows_host::clerk {
 
 namespace {
 
-constexpr int kPatience = 120'000; ///< milliseconds, also on a busy machine, until a window has failed to come
-constexpr int kGlance = 20;       ///< between two looks
+constexpr int kPatience =
+    120'000; ///< milliseconds, also on a busy machine, until a window has failed to come
+constexpr int kGlance = 20; ///< between two looks
 
 /// The grey keys, which a keyboard tells from those of its number block.
 bool isExtended(WORD key)
@@ -128,7 +129,8 @@ bool Await(const char* what, bool (*holds)(void*), void* data)
 
 bool See(const std::wstring& title)
 {
-    return Await(narrow(title).c_str(), [&title] { return Front() == title; });
+    return Await(
+        narrow(title).c_str(), [&title] { return Front() == title; });
 }
 
 int Count(DWORD thread, const std::wstring& title)

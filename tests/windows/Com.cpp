@@ -60,8 +60,8 @@ Outcome Call(IDispatch* object, const wchar_t* member, std::vector<Value> argume
 
 Value Get(IDispatch* object, const wchar_t* member, std::vector<Value> arguments)
 {
-    Outcome outcome = Call(object, member, std::move(arguments), {},
-                           DISPATCH_PROPERTYGET | DISPATCH_METHOD);
+    Outcome outcome =
+        Call(object, member, std::move(arguments), {}, DISPATCH_PROPERTYGET | DISPATCH_METHOD);
     EXPECT_EQ(outcome.Result, S_OK) << "in " << std::string(member, member + wcslen(member));
     return outcome.Answer;
 }
@@ -69,9 +69,8 @@ Value Get(IDispatch* object, const wchar_t* member, std::vector<Value> arguments
 Ptr<_Forms> CreateForms()
 {
     Ptr<_Forms> forms;
-    const HRESULT created =
-        CoCreateInstance(CLSID_Forms, nullptr, CLSCTX_INPROC_SERVER, IID__Forms,
-                         reinterpret_cast<void**>(forms.GetAddressOf()));
+    const HRESULT created = CoCreateInstance(CLSID_Forms, nullptr, CLSCTX_INPROC_SERVER, IID__Forms,
+                                             reinterpret_cast<void**>(forms.GetAddressOf()));
     EXPECT_EQ(created, S_OK);
     return forms;
 }

@@ -47,7 +47,10 @@ public:
         if (object)
             object->AddRef();
     }
-    Value(const Value& other) : Value() { VariantCopy(&variant_, const_cast<VARIANT*>(&other.variant_)); }
+    Value(const Value& other) : Value()
+    {
+        VariantCopy(&variant_, const_cast<VARIANT*>(&other.variant_));
+    }
     Value(Value&& other) noexcept : Value() { std::swap(variant_, other.variant_); }
     Value& operator=(Value other) noexcept
     {

@@ -27,8 +27,8 @@ HWND makeWindow(const wchar_t* title, int x, int y, int width, int height)
 HWND makeChild(HWND parent, const wchar_t* kind, const wchar_t* text, DWORD style, int y, WORD id)
 {
     return CreateWindowExW(0, kind, text, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 8, y, 120, 22,
-                           parent, reinterpret_cast<HMENU>(UINT_PTR(id)),
-                           GetModuleHandleW(nullptr), nullptr);
+                           parent, reinterpret_cast<HMENU>(UINT_PTR(id)), GetModuleHandleW(nullptr),
+                           nullptr);
 }
 
 INT_PTR CALLBACK dialogProcedure(HWND dialog, UINT message, WPARAM wide, LPARAM)
@@ -76,10 +76,9 @@ Host::Host()
 
 Host::~Host()
 {
-    for (const HWND window : {Dialog, Second, Disabled, Main}) {
+    for (const HWND window : {Dialog, Second, Disabled, Main})
         if (IsWindow(window))
             DestroyWindow(window);
-    }
     // The quit message of the main window's going is not the next test's.
     MSG quit;
     PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
@@ -159,10 +158,12 @@ int Host::Loop()
 
 bool Host::See()
 {
-    return clerk::Await("a window of the host's", [this] {
-        const HWND front = GetForegroundWindow();
-        return front && (front == Main || front == Second || front == Dialog);
-    });
+    return clerk::Await(
+        "a window of the host's",
+        [this] {
+            const HWND front = GetForegroundWindow();
+            return front && (front == Main || front == Second || front == Dialog);
+        });
 }
 
 void Host::Do(const std::function<void()>& work)
@@ -193,9 +194,8 @@ Ptr<IDispatch> OpenConnection()
         const auto create = reinterpret_cast<Create>(
             reinterpret_cast<void*>(GetProcAddress(library, "CreateHostConnection")));
         EXPECT_TRUE(create) << "it gives out no such function";
-        if (create) {
+        if (create)
             EXPECT_EQ(create(CompanyFile().c_str(), connection.GetAddressOf()), S_OK);
-        }
     }
     return connection;
 }

@@ -119,8 +119,8 @@ protected:
 TEST_F(JourneyTest, AGatePassIsEnteredStoredChangedAndRemoved)
 {
     ASSERT_FALSE(known.SecondProduct.empty());
-    const std::wstring expectedHeader = known.Driver + L"|" + known.Receiver + L"|" + known.Area +
-                                        L"|1|False|True|False|1|False";
+    const std::wstring expectedHeader =
+        known.Driver + L"|" + known.Receiver + L"|" + known.Area + L"|1|False|True|False|1|False";
     host.Run([&] {
         openForm();
         enterHeader();
@@ -128,8 +128,8 @@ TEST_F(JourneyTest, AGatePassIsEnteredStoredChangedAndRemoved)
         enterRow(known.SecondProduct, L"5", L"1", L"");
         save();
         EXPECT_EQ(header(id), expectedHeader);
-        EXPECT_EQ(body(id), known.FirstProduct + L"|3|null|null " + known.SecondProduct +
-                                L"|5|1|null");
+        EXPECT_EQ(body(id),
+                  known.FirstProduct + L"|3|null|null " + known.SecondProduct + L"|5|1|null");
 
         // Open it, change the first row's quantity, save.
         openStored(id);
@@ -143,8 +143,8 @@ TEST_F(JourneyTest, AGatePassIsEnteredStoredChangedAndRemoved)
         Enter(L"");
         Enter(L"");
         save();
-        EXPECT_EQ(body(id), known.FirstProduct + L"|4|null|null " + known.SecondProduct +
-                                L"|5|1|null");
+        EXPECT_EQ(body(id),
+                  known.FirstProduct + L"|4|null|null " + known.SecondProduct + L"|5|1|null");
         EXPECT_EQ(session.User.Asked,
                   (std::vector<std::wstring>{L"MniGatePass (by reference) I2 1"}));
 
@@ -194,9 +194,11 @@ TEST_F(JourneyTest, ARowIsRemovedByItsMenu)
         Press(VK_HOME, {VK_CONTROL});
         const int before = clerk::CountVisible(thread);
         Press(VK_APPS);
-        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        clerk::Await(
+            "the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
         Press(VK_RETURN);
-        clerk::Await("the menu's going", [&] { return clerk::CountVisible(thread) == before; });
+        clerk::Await(
+            "the menu's going", [&] { return clerk::CountVisible(thread) == before; });
         save();
         EXPECT_EQ(body(id), known.SecondProduct + L"|5|null|null");
         Press('Q', {VK_CONTROL});

@@ -63,8 +63,7 @@ TEST_F(LateBoundTest, ArgumentsComeByTheirNames)
     // The first one twice, by its place and by its name.
     EXPECT_EQ(call(L"InitializeLogo", {Value(L"logo.png")}, {{L"vStr", Value(L"")}}).Result,
               DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(call(L"InitializeLogo", {}, {{L"vStr", Value(L"")}}).Result,
-              DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(call(L"InitializeLogo", {}, {{L"vStr", Value(L"")}}).Result, DISP_E_PARAMNOTOPTIONAL);
 }
 
 TEST_F(LateBoundTest, AWrongNumberOfArgumentsIsRefused)
@@ -96,9 +95,9 @@ TEST_F(LateBoundTest, ReferencesThatLeadInACircleAreRefused)
     V_VT(&circle) = VT_BYREF | VT_VARIANT;
     V_VARIANTREF(&circle) = &circle;
     DISPPARAMS parameters{&circle, nullptr, 1, 0};
-    EXPECT_EQ(forms->Invoke(4, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr,
-                            nullptr),
-              DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(
+        forms->Invoke(4, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
+        DISP_E_TYPEMISMATCH);
 }
 
 TEST_F(LateBoundTest, WhatIsNoMethodIsRefused)

@@ -145,10 +145,10 @@ TEST_F(WindowTest, AMessageBoxOverADialogKeepsTheHostClosedUntilBothAreGone)
 TEST_F(WindowTest, ABoxThatComesBeforeTheFirstFormClosesTheHostToo)
 {
     // Without a connection the form fails at its first access to the database.
-    ASSERT_EQ(Call(session.Forms.Get(), L"InitializeClass",
-                   {Value(static_cast<IDispatch*>(nullptr))})
-                  .Result,
-              S_OK);
+    ASSERT_EQ(
+        Call(session.Forms.Get(), L"InitializeClass", {Value(static_cast<IDispatch*>(nullptr))})
+            .Result,
+        S_OK);
     host.Run([&] {
         host.Post([&] { EXPECT_EQ(session.Forms->GatePassForm(), S_OK); });
         See(L"Error occured");
@@ -181,7 +181,8 @@ TEST_F(WindowTest, TheHostsAcceleratorsDoNotTakeTheKeysOfAForm)
         bringToFront();
         Press(VK_F1);
         Press('K');
-        clerk::Await("the host's accelerators", [&] { return host.Accelerated == 2; });
+        clerk::Await(
+            "the host's accelerators", [&] { return host.Accelerated == 2; });
 
         openStaffList();
         Press(VK_DOWN);
@@ -200,7 +201,8 @@ TEST_F(WindowTest, TheHostsAcceleratorsDoNotTakeTheKeysOfAForm)
 
         bringToFront();
         Press(VK_F1);
-        clerk::Await("the host's accelerators", [&] { return host.Accelerated == 3; });
+        clerk::Await(
+            "the host's accelerators", [&] { return host.Accelerated == 3; });
     });
 }
 
@@ -218,10 +220,12 @@ TEST_F(WindowTest, TheHostsDialogKeepsItsKeysAndTakesNoneOfAForms)
         });
         See(L"Host's dialog");
         Press(VK_TAB);
-        clerk::Await("the dialog's second field", [&] { return focus() == host.SecondField; });
+        clerk::Await(
+            "the dialog's second field", [&] { return focus() == host.SecondField; });
         clerk::Type(L"2k");
         Press(VK_RETURN);
-        clerk::Await("the dialog's button", [&] { return host.Pressed == 1; });
+        clerk::Await(
+            "the dialog's button", [&] { return host.Pressed == 1; });
 
         openGatePass();
         Press(VK_TAB);
@@ -248,11 +252,12 @@ TEST_F(WindowTest, TheCalendarOpensAndClosesUnderTheHostsLoop)
         Press(VK_TAB, {VK_SHIFT}); // to the date
         const int before = clerk::CountVisible(thread);
         Press(VK_DOWN, {VK_MENU});
-        clerk::Await("the calendar", [&] { return clerk::CountVisible(thread) == before + 1; });
+        clerk::Await(
+            "the calendar", [&] { return clerk::CountVisible(thread) == before + 1; });
         expectHostIsOpen();
         Press(VK_ESCAPE);
-        clerk::Await("the calendar's going",
-                     [&] { return clerk::CountVisible(thread) == before; });
+        clerk::Await(
+            "the calendar's going", [&] { return clerk::CountVisible(thread) == before; });
         See(L"Gate Pass");
         close();
         host.See();
@@ -266,15 +271,18 @@ TEST_F(WindowTest, TheMenuOfAListActsUnderTheHostsLoop)
         Press(VK_DOWN);
         const int before = clerk::CountVisible(thread);
         Press(VK_APPS);
-        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        clerk::Await(
+            "the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
         Press(VK_ESCAPE);
-        clerk::Await("the menu's going", [&] { return clerk::CountVisible(thread) == before; });
+        clerk::Await(
+            "the menu's going", [&] { return clerk::CountVisible(thread) == before; });
         ASSERT_NO_FATAL_FAILURE(emptyClipboard());
         Press(VK_APPS);
-        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        clerk::Await(
+            "the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
         Press(VK_RETURN); // its first entry copies the row
-        clerk::Await("the copied row",
-                     [&] { return clipboard().find(L'\t') != std::wstring::npos; });
+        clerk::Await(
+            "the copied row", [&] { return clipboard().find(L'\t') != std::wstring::npos; });
         expectHostIsClosed();
         Press(VK_ESCAPE);
         See(L"Gate Pass");
@@ -291,15 +299,18 @@ TEST_F(WindowTest, TheMenuOfAListOpensByShiftAndF10Too)
         openStaffList();
         const int before = clerk::CountVisible(thread);
         Press(VK_F10, {VK_SHIFT});
-        clerk::Await("the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
+        clerk::Await(
+            "the menu", [&] { return clerk::CountVisible(thread) == before + 1; });
         // Wine takes the key's release for a call of the window's own menu, which an Esc closes
         // first; one too many does no harm in an empty form.
-        clerk::Await("the list's going", [] {
-            if (clerk::Front() == L"Gate Pass")
-                return true;
-            Press(VK_ESCAPE);
-            return false;
-        });
+        clerk::Await(
+            "the list's going",
+            [] {
+                if (clerk::Front() == L"Gate Pass")
+                    return true;
+                Press(VK_ESCAPE);
+                return false;
+            });
         close();
         host.See();
     });

@@ -65,12 +65,10 @@ Options read(const QCommandLineParser& parser)
     const auto given = [&parser](const char* name) { return parser.isSet(option(name)); };
     const auto value = [&parser](const char* name) { return parser.value(option(name)); };
     const auto refuseBeside = [&](const char* action, std::initializer_list<const char*> others) {
-        for (const char* other : others) {
-            if (given(other)) {
+        for (const char* other : others)
+            if (given(other))
                 throw WrongOptions{QStringLiteral("--%1 makes no sense with --%2.")
                                        .arg(QLatin1String(other), QLatin1String(action))};
-            }
-        }
     };
 
     Options options;
@@ -82,9 +80,8 @@ Options read(const QCommandLineParser& parser)
         options.Backup = value("verify");
         return options;
     }
-    if (options.Company.isEmpty()) {
+    if (options.Company.isEmpty())
         throw WrongOptions{QStringLiteral("--database is needed, or --verify. --help tells more.")};
-    }
     if (given("restore")) {
         refuseBeside("restore", {"to", "replace", "keep"});
         options.Wanted = Options::Action::Restore;
@@ -92,19 +89,16 @@ Options read(const QCommandLineParser& parser)
         return options;
     }
     options.Backup = value("to");
-    if (options.Backup.isEmpty()) {
+    if (options.Backup.isEmpty())
         throw WrongOptions{QStringLiteral("--to or --restore is needed. --help tells more.")};
-    }
     options.IfThere = given("replace") ? Existing::Replace : Existing::Keep;
     if (given("keep")) {
         bool isNumber = false;
         options.Keep = value("keep").toInt(&isNumber);
-        if (!isNumber || options.Keep < 1) {
+        if (!isNumber || options.Keep < 1)
             throw WrongOptions{QStringLiteral("--keep takes a whole number from 1.")};
-        }
-        if (!QFileInfo(options.Backup).isDir()) {
+        if (!QFileInfo(options.Backup).isDir())
             throw WrongOptions{QStringLiteral("--keep needs a folder after --to.")};
-        }
     }
     return options;
 }
@@ -128,12 +122,9 @@ QStringList backUp(const Options& options, const OnProgress& onProgress)
     const QString file = folder.filePath(BackupName(options.Company, QDateTime::currentDateTime()));
     QStringList lines{QStringLiteral("Backup ") +
                       told(BackUpCompany(options.Company, file, options.IfThere, onProgress))};
-    if (options.Keep > 0) {
-        for (const QString& name :
-             RemoveOlderBackups(folder.path(), options.Company, options.Keep)) {
+    if (options.Keep > 0)
+        for (const QString& name : RemoveOlderBackups(folder.path(), options.Company, options.Keep))
             lines.append(QStringLiteral("Removed the older backup ") + name);
-        }
-    }
     return lines;
 }
 
@@ -175,20 +166,17 @@ int main(int argc, char** argv)
     return Tools::Run(program, [] {
         QCommandLineParser parser;
         describe(parser);
-        if (!Tools::ReadArguments(parser, program, QCoreApplication::arguments())) {
+        if (!Tools::ReadArguments(parser, program, QCoreApplication::arguments()))
             return Tools::ExitDone;
-        }
         const Options options = read(parser);
         QStringList lines;
         {
             ProgressLine line(options.Detail);
             lines = run(options, line.Callback());
         }
-        if (options.Detail == ProgressLine::Detail::Shown) {
-            for (const QString& text : lines) {
+        if (options.Detail == ProgressLine::Detail::Shown)
+            for (const QString& text : lines)
                 Tools::Say(text);
-            }
-        }
         return Tools::ExitDone;
     });
 }

@@ -59,14 +59,12 @@ Options read(const QCommandLineParser& parser)
     Options options;
     options.From = parser.value(option("from"));
     options.To = parser.value(option("to"));
-    if (options.From.isEmpty() || options.To.isEmpty()) {
+    if (options.From.isEmpty() || options.To.isEmpty())
         throw WrongOptions{QStringLiteral("--from and --to are needed. --help tells more.")};
-    }
     options.How.Replace = given("replace");
     options.How.VerifyOnly = given("verify-only");
-    if (options.How.Replace && options.How.VerifyOnly) {
+    if (options.How.Replace && options.How.VerifyOnly)
         throw WrongOptions{QStringLiteral("--replace makes no sense with --verify-only.")};
-    }
     options.Detail = given("quiet") ? ProgressLine::Detail::Quiet : ProgressLine::Detail::Shown;
     return options;
 }
@@ -80,17 +78,15 @@ void sayProven(const TransferReport& report, bool isCopied)
                  Tools::Counted(report.Rows(), "row", "rows"),
                  Tools::Counted(report.Tables.size(), "table", "tables"),
                  Tools::Counted(report.Accounts, "account", "accounts")));
-    for (const TransferDifference& rounded : report.Rounded) {
+    for (const TransferDifference& rounded : report.Rounded)
         Tools::Say(QStringLiteral("Rounded to four decimals: ") + rounded.Text());
-    }
 }
 
 void complain(const TransferReport& report)
 {
     std::cerr << "The two companies differ:\n";
-    for (const TransferDifference& difference : report.Differences) {
+    for (const TransferDifference& difference : report.Differences)
         std::cerr << "  " << difference.Text().toStdString() << '\n';
-    }
     std::cerr << "Nothing was compared after this." << std::endl;
 }
 
@@ -103,9 +99,8 @@ int main(int argc, char** argv)
     return Tools::Run(program, [] {
         QCommandLineParser parser;
         describe(parser);
-        if (!Tools::ReadArguments(parser, program, QCoreApplication::arguments())) {
+        if (!Tools::ReadArguments(parser, program, QCoreApplication::arguments()))
             return Tools::ExitDone;
-        }
         Options options = read(parser);
         TransferReport report;
         {
@@ -117,9 +112,8 @@ int main(int argc, char** argv)
             complain(report);
             return Tools::ExitDiffers;
         }
-        if (options.Detail == ProgressLine::Detail::Shown) {
+        if (options.Detail == ProgressLine::Detail::Shown)
             sayProven(report, !options.How.VerifyOnly);
-        }
         return Tools::ExitDone;
     });
 }

@@ -162,8 +162,8 @@ std::vector<Column> ResultReader::Describe(Engine::Purpose purpose)
 
 bool ResultReader::isBounded() const
 {
-    return std::all_of(columns_.begin(), columns_.end(),
-                       [](const Buffer& buffer) { return buffer.IsBounded; });
+    return std::all_of(
+        columns_.begin(), columns_.end(), [](const Buffer& buffer) { return buffer.IsBounded; });
 }
 
 void ResultReader::setBlock(std::size_t rows, SQLULEN* fetched, SQLUSMALLINT* states)

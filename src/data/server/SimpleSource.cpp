@@ -51,8 +51,8 @@ private:
 
     static bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
     {
-        return std::any_of(words.begin(), words.end(),
-                           [&](std::string_view word) { return token.IsWord(word); });
+        return std::any_of(
+            words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
     }
 
     static bool isKeyword(const Token& token)

@@ -20,14 +20,15 @@ constexpr std::string_view beginnings[] = {
 
 bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
 {
-    return std::any_of(words.begin(), words.end(),
-                       [&](std::string_view word) { return token.IsWord(word); });
+    return std::any_of(
+        words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
 }
 
 bool isBeginning(const Token& token)
 {
-    return std::any_of(std::begin(beginnings), std::end(beginnings),
-                       [&](std::string_view word) { return token.IsWord(word); });
+    return std::any_of(
+        std::begin(beginnings), std::end(beginnings),
+        [&](std::string_view word) { return token.IsWord(word); });
 }
 
 QString top(bool isOfOneRow)

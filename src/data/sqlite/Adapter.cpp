@@ -65,8 +65,8 @@ const Function* functionNamed(const Token& word)
 
 bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
 {
-    return std::any_of(words.begin(), words.end(),
-                       [&](std::string_view word) { return token.IsWord(word); });
+    return std::any_of(
+        words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
 }
 
 /// A literal's text: without its quotes, a doubled quote being one.

@@ -40,10 +40,9 @@ bool isSameFile(const QString& first, const QString& second)
 /// The company's log is a part of it that has a name of its own.
 void requireOtherFile(const QString& company, const QString& target)
 {
-    for (const char* ending : {"", "-wal", "-shm", "-journal"}) {
+    for (const char* ending : {"", "-wal", "-shm", "-journal"})
         if (isSameFile(company + QLatin1String(ending), target))
             raise(QStringLiteral("'%1' is the company itself. Name another file."), target);
-    }
 }
 
 /// Checks a file that nobody else knows yet, or that nobody changes.
@@ -160,10 +159,9 @@ private:
 
     static void moveLogs(const QString& from, const QString& to)
     {
-        for (const char* ending : {"-wal", "-journal"}) {
+        for (const char* ending : {"-wal", "-journal"})
             if (QFileInfo::exists(from + QLatin1String(ending)))
                 MoveOver(from + QLatin1String(ending), to + QLatin1String(ending));
-        }
     }
 
     /// Where the disk knows second names, the company is at no moment without its own.

@@ -206,12 +206,11 @@ void RegisterDialect(sqlite3* handle)
     if (sqlite3_create_collation_v2(handle, "CI", SQLITE_UTF8, nullptr, compare, nullptr) !=
         SQLITE_OK)
         RaiseSqlite(handle);
-    for (const Definition& definition : definitions) {
+    for (const Definition& definition : definitions)
         if (sqlite3_create_function_v2(handle, definition.Name, definition.Arguments,
                                        definition.Flags, nullptr, definition.Body, nullptr, nullptr,
                                        nullptr) != SQLITE_OK)
             RaiseSqlite(handle);
-    }
 }
 
 } // namespace TradeForms

@@ -73,10 +73,9 @@ void SqliteRowWriter::bindRow(sqlite3_stmt* statement, int firstParameter, const
 QByteArray SqliteRowWriter::columnNames(const std::vector<bool>& chosen) const
 {
     QByteArray names;
-    for (int index = 0; index < shape_->Count(); ++index) {
+    for (int index = 0; index < shape_->Count(); ++index)
         if (chosen[std::size_t(index)])
             names += (names.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field);
-    }
     return names;
 }
 
@@ -85,10 +84,9 @@ const QByteArray& SqliteRowWriter::insertFor(const std::vector<bool>& touched)
     if (!insert_.Text.isEmpty() && insert_.For == touched)
         return insert_.Text;
     QByteArray values;
-    for (int index = 0; index < shape_->Count(); ++index) {
+    for (int index = 0; index < shape_->Count(); ++index)
         if (touched[std::size_t(index)])
             values += (values.isEmpty() ? "" : ", ") + parameter(index + 1);
-    }
     const QByteArray columns = values.isEmpty()
                                    ? QByteArrayLiteral(" DEFAULT VALUES")
                                    : " (" + columnNames(touched) + ") VALUES (" + values + ')';
@@ -122,10 +120,9 @@ std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& to
     const ResetAtEnd reset(statement);
     bindRow(statement, 1, row);
     std::string stored;
-    while (Step(statement)) {
+    while (Step(statement))
         for (int index = 0; index < shape_->Count(); ++index)
             AppendCell(stored, ReadColumn(statement, index));
-    }
     return stored;
 }
 

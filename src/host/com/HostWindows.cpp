@@ -25,10 +25,9 @@ bool isStillThere(HWND window)
 
 bool IsOwnWindow(HWND window)
 {
-    for (; window; window = GetAncestor(window, GA_PARENT)) {
+    for (; window; window = GetAncestor(window, GA_PARENT))
         if (QWidget::find(WId(window)))
             return true;
-    }
     return false;
 }
 
@@ -40,10 +39,9 @@ ClosedHostWindows::ClosedHostWindows()
 // The one at the back first, so that the host finds them as they were closed.
 ClosedHostWindows::~ClosedHostWindows()
 {
-    for (auto window = closed_.crbegin(); window != closed_.crend(); ++window) {
+    for (auto window = closed_.crbegin(); window != closed_.crend(); ++window)
         if (isStillThere(*window))
             EnableWindow(*window, TRUE);
-    }
 }
 
 } // namespace TradeForms

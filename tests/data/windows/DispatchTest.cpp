@@ -38,24 +38,31 @@ public:
                 joined += QString::fromWCharArray(V_BSTR(argument));
             return Variant(joined);
         });
-        Add(L"Replace", [](Arguments arguments) {
-            VARIANT& argument = *arguments[0];
-            if (V_VT(&argument) == (VT_BYREF | VT_BSTR))
-                SysReAllocString(V_BSTRREF(&argument), L"replaced");
-            else if (V_VT(&argument) == (VT_BYREF | VT_VARIANT)) {
-                V_VT(V_VARIANTREF(&argument)) = VT_I4;
-                V_I4(V_VARIANTREF(&argument)) = 42;
-            }
-            return Variant();
-        });
-        Add(L"IsMissing", [](Arguments arguments) {
-            return Variant(V_VT(arguments[0]) == VT_ERROR &&
-                           V_ERROR(arguments[0]) == DISP_E_PARAMNOTFOUND);
-        });
-        Add(L"Self", [this](Arguments) { return Variant(Dispatch(this)); });
-        Add(L"Fail", [](Arguments) -> Variant {
-            throw HostFailure{QStringLiteral("دروازہ بند ہے"), 1000};
-        });
+        Add(
+            L"Replace",
+            [](Arguments arguments) {
+                VARIANT& argument = *arguments[0];
+                if (V_VT(&argument) == (VT_BYREF | VT_BSTR))
+                    SysReAllocString(V_BSTRREF(&argument), L"replaced");
+                else if (V_VT(&argument) == (VT_BYREF | VT_VARIANT)) {
+                    V_VT(V_VARIANTREF(&argument)) = VT_I4;
+                    V_I4(V_VARIANTREF(&argument)) = 42;
+                }
+                return Variant();
+            });
+        Add(
+            L"IsMissing",
+            [](Arguments arguments) {
+                return Variant(V_VT(arguments[0]) == VT_ERROR &&
+                               V_ERROR(arguments[0]) == DISP_E_PARAMNOTFOUND);
+            });
+        Add(
+            L"Self", [this](Arguments) { return Variant(Dispatch(this)); });
+        Add(
+            L"Fail",
+            [](Arguments) -> Variant {
+                throw HostFailure{QStringLiteral("دروازہ بند ہے"), 1000};
+            });
         Add(L"FailWithoutAWord", [](Arguments) -> Variant {
             throw HostFailure{QString(), E_ACCESSDENIED};
         });

@@ -164,11 +164,10 @@ TEST_F(OnHost, ReadsNoRowOneRowAndManyInBlocks)
         const Recordset same = embedded->Execute(statement);
         ASSERT_EQ(rows.RecordCount(), count);
         ASSERT_EQ(same.RecordCount(), count);
-        for (int row = 0; row < count; ++row) {
+        for (int row = 0; row < count; ++row)
             for (int field = 0; field < rows.FieldCount(); ++field)
                 ASSERT_EQ(rows.ValueAt(row, field), same.ValueAt(row, field))
                     << row << ' ' << rows.FieldName(field).toStdString();
-        }
     };
     compare("select * from RecoveryBody", 0);
     fillVouchers(company_, 100000);
@@ -256,10 +255,12 @@ TEST_F(OnHost, DoesNotTakeAnOlderListOfErrorsForWhatTheConnectionItselfSays)
         }
         void Close()
         {
-            Replace(L"Execute", [](Arguments) -> Variant {
-                throw HostFailure{words("Operation is not allowed when the object is closed."),
-                                  qint32(0x800A0E78)};
-            });
+            Replace(
+                L"Execute",
+                [](Arguments) -> Variant {
+                    throw HostFailure{words("Operation is not allowed when the object is closed."),
+                                      qint32(0x800A0E78)};
+                });
         }
     };
     auto* closed = new ClosedConnection(OpenCompanyFile(company_.File()));

@@ -28,7 +28,8 @@ class GivenField : public HostObject {
 public:
     explicit GivenField(const Given& given)
     {
-        Add(L"Name", [name = given.Name](Arguments) { return Variant(QString::fromUtf8(name)); });
+        Add(
+            L"Name", [name = given.Name](Arguments) { return Variant(QString::fromUtf8(name)); });
         Add(L"Type", [type = given.Type](Arguments) { return Variant(qint32(type)); });
         if (given.Size > 0)
             Add(L"DefinedSize", [size = given.Size](Arguments) { return Variant(qint32(size)); });
@@ -39,7 +40,8 @@ class GivenFields : public HostObject {
 public:
     explicit GivenFields(const Given& given)
     {
-        Add(L"Count", [](Arguments) { return Variant(qint32(1)); });
+        Add(
+            L"Count", [](Arguments) { return Variant(qint32(1)); });
         Add(L"Item", [given](Arguments) { return Handed(new GivenField(given)); });
     }
 };
@@ -49,9 +51,12 @@ class GivenRows : public HostObject {
 public:
     explicit GivenRows(const Given& given)
     {
-        Add(L"State", [](Arguments) { return Variant(qint32(1)); });
-        Add(L"EOF", [this](Arguments) { return Variant(isRead_); });
-        Add(L"Fields", [given](Arguments) { return Handed(new GivenFields(given)); });
+        Add(
+            L"State", [](Arguments) { return Variant(qint32(1)); });
+        Add(
+            L"EOF", [this](Arguments) { return Variant(isRead_); });
+        Add(
+            L"Fields", [given](Arguments) { return Handed(new GivenFields(given)); });
         Add(L"Close", [](Arguments) { return Variant(); });
         Add(L"GetRows", [this, given](Arguments) {
             isRead_ = true;
@@ -74,7 +79,8 @@ class GivenConnection : public HostObject {
 public:
     explicit GivenConnection(std::function<Variant()> result)
     {
-        Add(L"Execute", [result = std::move(result)](Arguments) { return result(); });
+        Add(
+            L"Execute", [result = std::move(result)](Arguments) { return result(); });
     }
 };
 
@@ -100,20 +106,25 @@ template <class Put> Variant made(VARTYPE type, Put put)
 
 Variant decimal(const wchar_t* digits)
 {
-    return made(VT_DECIMAL, [&](VARIANT& value) {
-        std::wstring text(digits);
-        EXPECT_TRUE(SUCCEEDED(VarDecFromStr(text.data(), LOCALE_INVARIANT, 0, &V_DECIMAL(&value))));
-    });
+    return made(
+        VT_DECIMAL,
+        [&](VARIANT& value) {
+            std::wstring text(digits);
+            EXPECT_TRUE(
+                SUCCEEDED(VarDecFromStr(text.data(), LOCALE_INVARIANT, 0, &V_DECIMAL(&value))));
+        });
 }
 
 Variant currency(qint64 tenThousandths)
 {
-    return made(VT_CY, [&](VARIANT& value) { V_CY(&value).int64 = tenThousandths; });
+    return made(
+        VT_CY, [&](VARIANT& value) { V_CY(&value).int64 = tenThousandths; });
 }
 
 Variant date(double days)
 {
-    return made(VT_DATE, [&](VARIANT& value) { V_DATE(&value) = days; });
+    return made(
+        VT_DATE, [&](VARIANT& value) { V_DATE(&value) = days; });
 }
 
 QString words(const char* text)
@@ -136,16 +147,33 @@ QString failureOf(const std::function<void()>& operation)
 TEST(HostRows, ReadWholeNumbersOfEveryWidth)
 {
     const auto number = [](VARTYPE type, auto put) { return read({3, made(type, put)}); };
-    EXPECT_EQ(number(VT_I1, [](VARIANT& v) { V_I1(&v) = -5; }), QVariant(-5LL));
-    EXPECT_EQ(number(VT_UI1, [](VARIANT& v) { V_UI1(&v) = 255; }), QVariant(255LL));
-    EXPECT_EQ(number(VT_I2, [](VARIANT& v) { V_I2(&v) = -32768; }), QVariant(-32768LL));
-    EXPECT_EQ(number(VT_UI2, [](VARIANT& v) { V_UI2(&v) = 65535; }), QVariant(65535LL));
-    EXPECT_EQ(number(VT_I4, [](VARIANT& v) { V_I4(&v) = -2147483647; }), QVariant(-2147483647LL));
-    EXPECT_EQ(number(VT_INT, [](VARIANT& v) { V_INT(&v) = 7; }), QVariant(7LL));
-    EXPECT_EQ(number(VT_UI4, [](VARIANT& v) { V_UI4(&v) = 4294967295u; }), QVariant(4294967295LL));
-    EXPECT_EQ(number(VT_I8, [](VARIANT& v) { V_I8(&v) = 9223372036854775807LL; }),
+    EXPECT_EQ(number(
+                  VT_I1, [](VARIANT& v) { V_I1(&v) = -5; }),
+              QVariant(-5LL));
+    EXPECT_EQ(number(
+                  VT_UI1, [](VARIANT& v) { V_UI1(&v) = 255; }),
+              QVariant(255LL));
+    EXPECT_EQ(number(
+                  VT_I2, [](VARIANT& v) { V_I2(&v) = -32768; }),
+              QVariant(-32768LL));
+    EXPECT_EQ(number(
+                  VT_UI2, [](VARIANT& v) { V_UI2(&v) = 65535; }),
+              QVariant(65535LL));
+    EXPECT_EQ(number(
+                  VT_I4, [](VARIANT& v) { V_I4(&v) = -2147483647; }),
+              QVariant(-2147483647LL));
+    EXPECT_EQ(number(
+                  VT_INT, [](VARIANT& v) { V_INT(&v) = 7; }),
+              QVariant(7LL));
+    EXPECT_EQ(number(
+                  VT_UI4, [](VARIANT& v) { V_UI4(&v) = 4294967295u; }),
+              QVariant(4294967295LL));
+    EXPECT_EQ(number(
+                  VT_I8, [](VARIANT& v) { V_I8(&v) = 9223372036854775807LL; }),
               QVariant(9223372036854775807LL));
-    EXPECT_EQ(number(VT_UI8, [](VARIANT& v) { V_UI8(&v) = 12; }), QVariant(12LL));
+    EXPECT_EQ(number(
+                  VT_UI8, [](VARIANT& v) { V_UI8(&v) = 12; }),
+              QVariant(12LL));
     EXPECT_EQ(number(VT_UI8, [](VARIANT& v) { V_UI8(&v) = 1ULL << 63; }),
               QVariant(9223372036854775808.0));
     // What is larger than 32 bits some give as a decimal.
@@ -243,7 +271,8 @@ TEST(HostRows, ReadBytes)
 TEST(HostRows, SayWhatTheyCannotRead)
 {
     EXPECT_EQ(failureOf([] {
-                  read({3, made(VT_ERROR, [](VARIANT& v) { V_ERROR(&v) = 5; })});
+                  read({3, made(
+                               VT_ERROR, [](VARIANT& v) { V_ERROR(&v) = 5; })});
               }),
               words("The values of 'Value' are of a type (10) that cannot be read."));
 

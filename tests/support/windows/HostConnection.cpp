@@ -19,8 +19,10 @@ class Error : public HostObject {
 public:
     explicit Error(const ProviderError& error) : error_(error)
     {
-        Add(L"Description", [this](Arguments) { return Variant(error_.Description); });
-        Add(L"Number", [](Arguments) { return Variant(statementFailed); });
+        Add(
+            L"Description", [this](Arguments) { return Variant(error_.Description); });
+        Add(
+            L"Number", [](Arguments) { return Variant(statementFailed); });
         Add(L"NativeError", [this](Arguments) { return Variant(qint32(error_.Number)); });
     }
 
@@ -38,7 +40,8 @@ public:
     explicit Errors(HostConnection& connection) : connection_(connection)
     {
         connection_.AddRef();
-        Add(L"Count", [this](Arguments) { return Variant(qint32(connection_.errors_.size())); });
+        Add(
+            L"Count", [this](Arguments) { return Variant(qint32(connection_.errors_.size())); });
         Add(L"Item", [this](Arguments arguments) {
             return Handed(new Error(connection_.errors_.at(V_I4(arguments[0]))));
         });
@@ -52,25 +55,32 @@ private:
 HostConnection::HostConnection(std::unique_ptr<Engine> company, Provider provider)
     : session_(std::move(company)), provider_(provider)
 {
-    Add(L"Execute", [this](Arguments arguments) { return execute(arguments); });
-    Add(L"BeginTrans", [this](Arguments) {
-        return run([this] {
-            session_.BeginTrans();
-            return Variant(qint32(1));
+    Add(
+        L"Execute", [this](Arguments arguments) { return execute(arguments); });
+    Add(
+        L"BeginTrans",
+        [this](Arguments) {
+            return run([this] {
+                session_.BeginTrans();
+                return Variant(qint32(1));
+            });
         });
-    });
-    Add(L"CommitTrans", [this](Arguments) {
-        return run([this] {
-            session_.CommitTrans();
-            return Variant();
+    Add(
+        L"CommitTrans",
+        [this](Arguments) {
+            return run([this] {
+                session_.CommitTrans();
+                return Variant();
+            });
         });
-    });
-    Add(L"RollbackTrans", [this](Arguments) {
-        return run([this] {
-            session_.RollbackTrans();
-            return Variant();
+    Add(
+        L"RollbackTrans",
+        [this](Arguments) {
+            return run([this] {
+                session_.RollbackTrans();
+                return Variant();
+            });
         });
-    });
     Add(L"Errors", [this](Arguments) { return Handed(new Errors(*this)); });
 }
 

@@ -81,11 +81,11 @@ HRESULT HostObject::GetTypeInfo(UINT, LCID, ITypeInfo** info)
 
 std::size_t HostObject::find(const wchar_t* name) const
 {
-    return std::size_t(std::find_if(members_.begin(), members_.end(),
-                                    [&](const auto& member) {
-                                        return _wcsicmp(member.first.c_str(), name) == 0;
-                                    }) -
-                       members_.begin());
+    return std::size_t(
+        std::find_if(
+            members_.begin(), members_.end(),
+            [&](const auto& member) { return _wcsicmp(member.first.c_str(), name) == 0; }) -
+        members_.begin());
 }
 
 HRESULT HostObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* numbers)

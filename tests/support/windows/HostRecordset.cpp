@@ -168,10 +168,14 @@ class Field : public HostObject {
 public:
     explicit Field(const HostField& field) : field_(field)
     {
-        Add(L"Name", [this](Arguments) { return Variant(field_.Name); });
-        Add(L"Type", [this](Arguments) { return Variant(qint32(field_.Type)); });
-        Add(L"DefinedSize", [this](Arguments) { return Variant(qint32(field_.Size)); });
-        Add(L"Precision", [this](Arguments) { return Variant(qint32(field_.Precision)); });
+        Add(
+            L"Name", [this](Arguments) { return Variant(field_.Name); });
+        Add(
+            L"Type", [this](Arguments) { return Variant(qint32(field_.Type)); });
+        Add(
+            L"DefinedSize", [this](Arguments) { return Variant(qint32(field_.Size)); });
+        Add(
+            L"Precision", [this](Arguments) { return Variant(qint32(field_.Precision)); });
         Add(L"NumericScale", [this](Arguments) { return Variant(qint32(field_.Decimals)); });
     }
 
@@ -183,7 +187,8 @@ class Fields : public HostObject {
 public:
     explicit Fields(const std::vector<HostField>& fields) : fields_(fields)
     {
-        Add(L"Count", [this](Arguments) { return Variant(qint32(fields_.size())); });
+        Add(
+            L"Count", [this](Arguments) { return Variant(qint32(fields_.size())); });
         Add(L"Item", [this](Arguments arguments) {
             return Handed(new Field(fields_.at(std::size_t(V_I4(arguments[0])))));
         });
@@ -265,11 +270,14 @@ HostRecordset::HostRecordset(HostConnection& connection, std::shared_ptr<const S
     for (int column = 0; rows_ && column < rows_->Columns().Count(); ++column)
         fields_.push_back(fieldOf(*rows_, column, provider));
     Add(L"State", [this](Arguments) { return Variant(qint32(rows_ ? 1 : 0)); });
-    Add(L"EOF", [this](Arguments) {
-        requireOpen();
-        return Variant(next_ >= rows_->RowCount());
-    });
-    Add(L"Fields", [this](Arguments) { return Handed(new Fields(fields_)); });
+    Add(
+        L"EOF",
+        [this](Arguments) {
+            requireOpen();
+            return Variant(next_ >= rows_->RowCount());
+        });
+    Add(
+        L"Fields", [this](Arguments) { return Handed(new Fields(fields_)); });
     Add(L"GetRows", [this](Arguments arguments) { return getRows(arguments); });
     Add(L"Close", [this](Arguments) {
         requireOpen();

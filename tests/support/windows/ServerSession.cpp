@@ -17,17 +17,17 @@ using Tokens = std::span<const Token>;
 
 bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
 {
-    return std::any_of(words.begin(), words.end(),
-                       [&](std::string_view word) { return token.IsWord(word); });
+    return std::any_of(
+        words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
 }
 
 bool startsWith(Tokens tokens, std::initializer_list<std::string_view> texts)
 {
-    return texts.size() <= tokens.size() &&
-           std::equal(texts.begin(), texts.end(), tokens.begin(),
-                      [](std::string_view text, const Token& token) {
-                          return token.IsWord(text) || token.Text == text;
-                      });
+    return texts.size() <= tokens.size() && std::equal(
+                                                texts.begin(), texts.end(), tokens.begin(),
+                                                [](std::string_view text, const Token& token) {
+                                                    return token.IsWord(text) || token.Text == text;
+                                                });
 }
 
 [[noreturn]] void raise(Tokens near)

@@ -71,8 +71,9 @@ private:
 
     std::size_t find(std::string_view word) const
     {
-        return std::size_t(std::find_if(tokens_.begin(), tokens_.end(),
-                                        [&](const Token& token) { return token.IsWord(word); }) -
+        return std::size_t(std::find_if(
+                               tokens_.begin(), tokens_.end(),
+                               [&](const Token& token) { return token.IsWord(word); }) -
                            tokens_.begin());
     }
 
