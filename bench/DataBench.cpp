@@ -2,6 +2,7 @@
 
 #include "Measure.h"
 
+#include "controls/Utf8.h"
 #include "data/Connection.h"
 #include "data/Recordset.h"
 #include "data/sqlite/Adapter.h"
@@ -25,11 +26,6 @@ using benchmark::State;
 constexpr int rowCount = 100'000;
 constexpr int batchSize = 1'000;
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// A company with a hundred thousand receipts and as many accounts. Made when it is first used.
 class Desk {
 public:
@@ -47,15 +43,16 @@ private:
     Desk()
     {
         const QString numbers =
-            s("with recursive n(i) as (select 1 union all select i + 1 from n where i < %1) ")
+            utf8("with recursive n(i) as (select 1 union all select i + 1 from n where i < %1) ")
                 .arg(rowCount);
         Company.Run(numbers +
-                    s("insert into RecoveryBody select 1 + i / 200, date('2026-01-01', '+' || "
-                      "(i / 300) || ' days'), 'Kot ' || i, i, i, 500 + i % 40 * 50 from n"));
-        Company.Run(numbers + s("insert into InsCustomerHeader (InsCustomerID, AreaCode, CardNo, "
-                                "Name, FName, PAddress) select 'Kot ' || i, 'Kot', i, "
-                                "'محمد اسلم ' || i, 'غلام رسول ' || (i % 1000), "
-                                "'مکان نمبر ' || i || '، محلہ غوثیہ' from n"));
+                    utf8("insert into RecoveryBody select 1 + i / 200, date('2026-01-01', '+' || "
+                         "(i / 300) || ' days'), 'Kot ' || i, i, i, 500 + i % 40 * 50 from n"));
+        Company.Run(numbers +
+                    utf8("insert into InsCustomerHeader (InsCustomerID, AreaCode, CardNo, "
+                         "Name, FName, PAddress) select 'Kot ' || i, 'Kot', i, "
+                         "'محمد اسلم ' || i, 'غلام رسول ' || (i % 1000), "
+                         "'مکان نمبر ' || i || '، محلہ غوثیہ' from n"));
     }
 };
 
@@ -182,7 +179,7 @@ void batchOurs(State& state)
             rows.AddNew();
             rows.Fields("VoucherID").SetValue(1);
             rows.Fields("InsCustomerID").SetValue(QStringLiteral("Kot %1").arg(row));
-            rows.Fields("ProductID").SetValue(s("101"));
+            rows.Fields("ProductID").SetValue(utf8("101"));
             rows.Fields("Qty").SetValue(2);
         }
         desk.Ours->BeginTrans();
@@ -231,7 +228,7 @@ void batchBaseline(State& state)
 /// Runs the work on one statement after the other, each time on the next.
 template <class Work> void eachStatement(State& state, Work work)
 {
-    const QStringList statements = tests::LibraryStatements(s(SOURCE_DIR));
+    const QStringList statements = tests::LibraryStatements(utf8(SOURCE_DIR));
     qsizetype next = 0;
     for (auto _ : state) {
         work(statements[next]);
@@ -251,7 +248,7 @@ void adaptNew(State& state)
 void prepareAdapted(State& state)
 {
     std::vector<QByteArray> texts;
-    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR))) {
+    for (const QString& statement : tests::LibraryStatements(utf8(SOURCE_DIR))) {
         const AdaptedStatement adapted = AdaptStatement(statement.toUtf8());
         if (!adapted.Procedure)
             texts.push_back(adapted.Text);
@@ -272,7 +269,7 @@ void adaptCached(State& state)
 {
     Bench::LimitTime(state, 1e-6);
     auto& engine = static_cast<SqliteEngine&>(Desk::Get().Ours->engine());
-    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR)))
+    for (const QString& statement : tests::LibraryStatements(utf8(SOURCE_DIR)))
         engine.Adapted(statement);
     eachStatement(state, [&engine](const QString& statement) {
         benchmark::DoNotOptimize(engine.Adapted(statement));
@@ -283,7 +280,7 @@ void adaptCached(State& state)
 void lookUp(State& state)
 {
     QHash<QString, int> known;
-    for (const QString& statement : tests::LibraryStatements(s(SOURCE_DIR)))
+    for (const QString& statement : tests::LibraryStatements(utf8(SOURCE_DIR)))
         known.insert(statement, 1);
     eachStatement(state, [&known](const QString& statement) {
         benchmark::DoNotOptimize(known.constFind(statement));

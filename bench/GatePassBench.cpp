@@ -1,5 +1,6 @@
 // The gate pass, each figure beside its raw baseline in the same run.
 
+#include "controls/Utf8.h"
 #include "data/Connection.h"
 #include "data/Recordset.h"
 #include "host/HostContext.h"
@@ -27,22 +28,18 @@ using namespace TradeForms;
 
 constexpr int Repetitions = 15;
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// A company with fifty-row vouchers in mind: 600 products in the stock of branch 1.
 class Desk {
 public:
     Desk()
     {
-        company.Run(s("with recursive n(i) as (select 1000 union all select i + 1 from n"
-                      " where i < 1599) insert into Products (ProductID, ProductName)"
-                      " select i, 'P' || i from n"));
-        company.Run(s("insert into StockInBody (StockID, ProductID, Qty) select"
-                      " (select min(StockID) from StockInHeader where BranchCode = 1), ProductID,"
-                      " 50 from Products where ProductName like 'P1%'"));
+        company.Run(utf8("with recursive n(i) as (select 1000 union all select i + 1 from n"
+                         " where i < 1599) insert into Products (ProductID, ProductName)"
+                         " select i, 'P' || i from n"));
+        company.Run(
+            utf8("insert into StockInBody (StockID, ProductID, Qty) select"
+                 " (select min(StockID) from StockInHeader where BranchCode = 1), ProductID,"
+                 " 50 from Products where ProductName like 'P1%'"));
         HostContext::objCN = company.Connect();
         HostContext::objSec = std::make_shared<tests::FakeUser>();
         HostContext::UserNo = 1;
@@ -99,16 +96,16 @@ public:
     }
     void enterHeader()
     {
-        enter(s("2014"));
-        enter(s("3107"));
-        enter(s("Kot"));
-        enter(s("1"));
+        enter(utf8("2014"));
+        enter(utf8("3107"));
+        enter(utf8("Kot"));
+        enter(utf8("1"));
     }
     void enterRow(int product)
     {
         enter(QString::number(product));
-        enter(s("2"));
-        enter(s("1"));
+        enter(utf8("2"));
+        enter(utf8("1"));
         enter(QString());
     }
 
@@ -164,7 +161,7 @@ void openBaseline(benchmark::State& state)
         for (int i = 0; i < 19; ++i)
             all->addWidget(new QLineEdit);
         for (int i = 0; i < 11; ++i)
-            all->addWidget(new QPushButton(s("Button")));
+            all->addWidget(new QPushButton(utf8("Button")));
         all->addWidget(new QTableWidget(1, 5));
         window.show();
         window.activateWindow();
@@ -243,8 +240,8 @@ void addRow(benchmark::State& state, int rowsBefore)
         desk.enterRow(product++);
     for (auto _ : state) {
         desk.enter(QString::number(product++));
-        desk.enter(s("2"));
-        desk.enter(s("1"));
+        desk.enter(utf8("2"));
+        desk.enter(utf8("1"));
         QElapsedTimer timer;
         timer.start();
         Press(*desk.form, Qt::Key_Return);
@@ -282,7 +279,7 @@ void saveOurs(benchmark::State& state)
         desk.form->BtnSave.Click();
         state.SetIterationTime(saved);
     }
-    if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt() !=
+    if (desk.company.Scalar(utf8("select count(*) from GatePassBody")).toInt() !=
         20 * int(state.iterations()))
         state.SkipWithError("the rows are not stored");
 }
@@ -340,7 +337,7 @@ void saveBaseline(benchmark::State& state)
         desk.form->SetFormState(VoucherForm::State::New);
     }
     desk.closeRaw();
-    if (desk.company.Scalar(s("select count(*) from GatePassBody")).toInt() !=
+    if (desk.company.Scalar(utf8("select count(*) from GatePassBody")).toInt() !=
         20 * int(state.iterations()))
         state.SkipWithError("the rows are not stored");
 }
@@ -360,7 +357,7 @@ BENCHMARK(saveBaseline)
 
 double residentBytes()
 {
-    QFile status(s("/proc/self/status"));
+    QFile status(utf8("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray& line : status.readAll().split('\n'))

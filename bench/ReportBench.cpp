@@ -1,6 +1,7 @@
 // A gate pass of 3,000 lines as a report, each figure beside what Qt does by itself with the same
 // texts: a painter that draws them, a text document that holds them in a table.
 
+#include "controls/Utf8.h"
 #include "data/Connection.h"
 #include "data/Recordset.h"
 #include "host/HostContext.h"
@@ -29,31 +30,26 @@ constexpr int Lines = 3000;
 constexpr int Repetitions = 7;
 constexpr double PixelsPerTenth = 96 / 254.0;
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// A company with one gate pass of 3,000 lines, and its report.
 class PrintedPass {
 public:
     PrintedPass()
     {
         company_.Run(
-            s("INSERT INTO GatePassHeader (GatePassID, isPosted, GatePassDate, DriverCode,"
-              " ReceivingCode, AreaCode, BranchCode, Supply, Sale, \"Order\", UserNo)"
-              " VALUES (1, 0, '2026-03-05', '2014', '3107', 'Kot', 1, 0, 1, 0, 1);"
-              "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)"
-              " INSERT INTO Products (ProductID, ProductName)"
-              " SELECT 10000 + i, 'موٹر سائیکل نمبر ' || i FROM n;"
-              "INSERT INTO GatePassBody SELECT 1, ProductID, 3, 1, 2.5 FROM Products"
-              " WHERE ProductName LIKE '%نمبر%'")
+            utf8("INSERT INTO GatePassHeader (GatePassID, isPosted, GatePassDate, DriverCode,"
+                 " ReceivingCode, AreaCode, BranchCode, Supply, Sale, \"Order\", UserNo)"
+                 " VALUES (1, 0, '2026-03-05', '2014', '3107', 'Kot', 1, 0, 1, 0, 1);"
+                 "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)"
+                 " INSERT INTO Products (ProductID, ProductName)"
+                 " SELECT 10000 + i, 'موٹر سائیکل نمبر ' || i FROM n;"
+                 "INSERT INTO GatePassBody SELECT 1, ProductID, 3, 1, 2.5 FROM Products"
+                 " WHERE ProductName LIKE '%نمبر%'")
                 .arg(Lines));
         connection_ = company_.Connect();
-        HostContext::NameUrdu = s("مدینہ ٹریڈرز قصور");
-        rows_->Open(CrpGatePassDetail::Source(s("1")), connection_);
+        HostContext::NameUrdu = utf8("مدینہ ٹریڈرز قصور");
+        rows_->Open(CrpGatePassDetail::Source(utf8("1")), connection_);
         report_.SetDataSource(rows_);
-        report_.SetParameter(1, s("1"));
+        report_.SetParameter(1, utf8("1"));
     }
 
     Document Formatted() { return report_.Format(); }
@@ -61,19 +57,19 @@ public:
     /// The same rows as one table of a text document, laid out on the same paper.
     std::unique_ptr<QTextDocument> AsTextDocument() const
     {
-        QString html = s("<table dir='rtl' width='100%'>");
+        QString html = utf8("<table dir='rtl' width='100%'>");
         const int code = rows_->FieldIndex(u"ProductID");
         const int name = rows_->FieldIndex(u"ProductName");
         const int out = rows_->FieldIndex(u"OutNewProducts");
         const int old = rows_->FieldIndex(u"ReturnOldProducts");
         const int fresh = rows_->FieldIndex(u"ReturnNewProducts");
         for (int row = 0; row < rows_->RecordCount(); ++row) {
-            html += s("<tr>");
+            html += utf8("<tr>");
             for (const int field : {code, name, out, old, fresh})
-                html += s("<td>") + rows_->ValueAt(row, field).toString() + s("</td>");
-            html += s("</tr>");
+                html += utf8("<td>") + rows_->ValueAt(row, field).toString() + utf8("</td>");
+            html += utf8("</tr>");
         }
-        html += s("</table>");
+        html += utf8("</table>");
         auto document = std::make_unique<QTextDocument>();
         document->setHtml(html);
         document->setPageSize(QSizeF(2100, 1480) * PixelsPerTenth);

@@ -10,6 +10,7 @@
 #include "Measure.h"
 
 #include "controls/Look.h"
+#include "controls/Utf8.h"
 #include "data/Connection.h"
 #include "data/sqlite/Adapter.h"
 #include "host/HostContext.h"
@@ -44,11 +45,6 @@ using benchmark::State;
 constexpr double wantedRatio = 1.3;
 constexpr double oneFrame = 16e-3; ///< seconds
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// The largest company that is measured, opened by the library and through the C API.
 class Company {
 public:
@@ -75,7 +71,7 @@ private:
 /// A dialog on the screen, with its list.
 class Desk {
 public:
-    explicit Desk(const SearchDescription& description) : dialog_(description)
+    explicit Desk(const SearchDeclaration& description) : dialog_(description)
     {
         HostContext::objCN = Company::Largest().Ours;
     }
@@ -233,8 +229,8 @@ template <class Prepare, class Step> void timed(State& state, Prepare prepare, S
     state.counters["processor"] = double(processor) / CLOCKS_PER_SEC / double(state.max_iterations);
 }
 
-void registerTimed(const std::string& name, void (*work)(State&, const SearchDescription&, bool),
-                   const SearchDescription& description, int iterations)
+void registerTimed(const std::string& name, void (*work)(State&, const SearchDeclaration&, bool),
+                   const SearchDeclaration& description, int iterations)
 {
     for (const bool ours : {true, false}) {
         benchmark::RegisterBenchmark(
@@ -249,16 +245,16 @@ void registerTimed(const std::string& name, void (*work)(State&, const SearchDes
 // ---- From the key to the painted list
 
 /// The first field that narrows by query.
-Txt* queryField(SearchWindow& window, const SearchDescription& description)
+Txt* queryField(SearchWindow& window, const SearchDeclaration& description)
 {
     for (const SearchField& field : description.Fields)
-        if (field.Is == SearchField::Kind::QueryAgain)
+        if (field.Kind == SearchField::Type::QueryAgain)
             return &window.NarrowingField(field.Name);
     return nullptr;
 }
 
 /// The key that empties the field (or F12), so that the list is the whole of its range.
-void keyToList(State& state, const SearchDescription& description, bool ours)
+void keyToList(State& state, const SearchDeclaration& description, bool ours)
 {
     Desk desk(description);
     if (&description == &SchCustomer)
@@ -278,7 +274,7 @@ void keyToList(State& state, const SearchDescription& description, bool ours)
         [&] {
             if (field) {
                 desk.Window().ResetFocus(*field);
-                field->SetText(s("Q"));
+                field->SetText(utf8("Q"));
                 desk.Settle();
                 desk.Key(Qt::Key_End);
             }
@@ -292,7 +288,7 @@ void keyToList(State& state, const SearchDescription& description, bool ours)
 }
 
 /// A letter typed into the name, against the statement that it makes.
-void letterToList(State& state, const SearchDescription& description, bool ours)
+void letterToList(State& state, const SearchDeclaration& description, bool ours)
 {
     Desk desk(description);
     desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
@@ -300,7 +296,7 @@ void letterToList(State& state, const SearchDescription& description, bool ours)
     Txt& name = desk.Window().NarrowingField("TxtName");
     desk.Window().ResetFocus(name);
     const auto type = [&] {
-        Type(desk.Window(), s("م"));
+        Type(desk.Window(), utf8("م"));
         desk.Settle();
     };
     if (!ours) {
@@ -324,7 +320,7 @@ void letterToList(State& state, const SearchDescription& description, bool ours)
 
 // ---- All accounts of all areas
 
-void wholeList(State& state, const SearchDescription& description, bool ours)
+void wholeList(State& state, const SearchDeclaration& description, bool ours)
 {
     Desk desk(description);
     desk.Open();
@@ -339,7 +335,7 @@ void wholeList(State& state, const SearchDescription& description, bool ours)
         state,
         [&] {
             desk.Window().ResetFocus(name);
-            name.SetText(s("Q"));
+            name.SetText(utf8("Q"));
             desk.Settle();
             QTest::qWait(250); // the user has stopped typing
             desk.Key(Qt::Key_End);
@@ -353,7 +349,7 @@ void wholeList(State& state, const SearchDescription& description, bool ours)
 
 /// The longest that one of ten letters, typed at a brisk pace while the list is read, waits until
 /// it stands in the field. Without reading in pieces it would wait for the whole list.
-void typingInWholeList(State& state, const SearchDescription& description, bool ours)
+void typingInWholeList(State& state, const SearchDeclaration& description, bool ours)
 {
     if (!ours) {
         wholeList(state, description, false);
@@ -376,7 +372,7 @@ void typingInWholeList(State& state, const SearchDescription& description, bool 
             QElapsedTimer waiting;
             waiting.start();
             QCoreApplication::processEvents();
-            Type(desk.Window(), s("م"));
+            Type(desk.Window(), utf8("م"));
             longest = std::max(longest, waiting.nsecsElapsed());
         }
         if (name.Text().size() != 10)
@@ -388,7 +384,7 @@ void typingInWholeList(State& state, const SearchDescription& description, bool 
 
 double residentBytes()
 {
-    QFile status(s("/proc/self/status"));
+    QFile status(utf8("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray& line : status.readAll().split('\n'))
@@ -398,13 +394,13 @@ double residentBytes()
 }
 
 /// What the list takes in memory, against the bytes of its values.
-void memoryOfWholeList(State& state, const SearchDescription& description, bool ours)
+void memoryOfWholeList(State& state, const SearchDeclaration& description, bool ours)
 {
     for (auto _ : state) {
         if (ours) {
             {
                 Desk fonts(SchBranch); // what the first window of all needs
-                fonts.Dialog().SetParaIn("ParaInBranchCode", s("0"));
+                fonts.Dialog().SetParaIn("ParaInBranchCode", utf8("0"));
                 fonts.Open();
             }
 #ifdef __GLIBC__
@@ -428,7 +424,7 @@ void memoryOfWholeList(State& state, const SearchDescription& description, bool 
 // ---- Moving in a long list
 
 /// A jump that looks at every row of a hundred thousand.
-void jump(State& state, const SearchDescription& description, bool ours)
+void jump(State& state, const SearchDeclaration& description, bool ours)
 {
     if (!ours) {
         const QByteArray statement = "select CardNo from InsCustomerHeader where rowid <= 100000";
@@ -436,8 +432,8 @@ void jump(State& state, const SearchDescription& description, bool ours)
             state, [] {}, [&] { Company::Largest().Raw.ReadAll(statement); });
         return;
     }
-    static const SearchDescription hundredThousand = [&] {
-        SearchDescription is = description;
+    static const SearchDeclaration hundredThousand = [&] {
+        SearchDeclaration is = description;
         is.Statement.replace("where 1=1", "where rowid <= 100000");
         return is;
     }();
@@ -453,14 +449,14 @@ void jump(State& state, const SearchDescription& description, bool ours)
             desk.Settle();
         },
         [&] {
-            Type(desk.Window(), s("x"));
+            Type(desk.Window(), utf8("x"));
             desk.Settle();
         });
     state.counters["about"] = desk.Window().List().RowCount();
 }
 
 /// One page further, against the same in a list of an area.
-void page(State& state, const SearchDescription& description, bool ours)
+void page(State& state, const SearchDeclaration& description, bool ours)
 {
     Desk desk(description);
     if (!ours)
@@ -483,7 +479,7 @@ const bool registered = [] {
         return false;
     registerTimed("customers of an area, emptied field", keyToList, SchCustomer, 5);
     registerTimed("customers of an area, a letter", letterToList, SchCustomer, 5);
-    for (const SearchDescription* list :
+    for (const SearchDeclaration* list :
          {&SchGatePass, &SchInsCustomer, &SchPartnershipProfit, &SchRecoveryVoucher,
           &SchRecoveryVoucherDetail, &SchConcessionVoucher, &SchReturnVoucher, &SchWorkerParts,
           &SchConvertArea})

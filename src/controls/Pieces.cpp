@@ -143,8 +143,8 @@ void TitleStrip::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), slope);
 }
 
-Caption::Caption(const QString& urdu, const QString& english, QWidget* parent,
-                 Qt::Alignment alignment)
+CaptionLabel::CaptionLabel(const QString& urdu, const QString& english, QWidget* parent,
+                           Qt::Alignment alignment)
     : QWidget(parent), urdu_(new Label({}, urdu)), english_(new Label({}, english))
 {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -162,9 +162,9 @@ Caption::Caption(const QString& urdu, const QString& english, QWidget* parent,
     lines->addWidget(english_);
 }
 
-Caption* MakeCaption(const char* urdu, const char* english)
+CaptionLabel* MakeCaption(const char* urdu, const char* english)
 {
-    return new Caption(QString::fromUtf8(urdu), QString::fromUtf8(english));
+    return new CaptionLabel(QString::fromUtf8(urdu), QString::fromUtf8(english));
 }
 
 GridColumn CodeColumn(const char* name, const char* urdu, const char* english, int width)
@@ -190,7 +190,7 @@ GridColumn NameColumn(const char* name, const char* urdu, const char* english, i
     return column;
 }
 
-QWidget* CodeSet(Caption* caption, Txt* code, JeweledButton* button, UTxt* name)
+QWidget* CodeSet(CaptionLabel* caption, Txt* code, JeweledButton* button, UTxt* name)
 {
     auto* set = new QWidget;
     auto* row = new QHBoxLayout(set);
@@ -211,7 +211,7 @@ QWidget* CodeSet(Caption* caption, Txt* code, JeweledButton* button, UTxt* name)
     return set;
 }
 
-QWidget* Labelled(Caption* caption, QWidget* field)
+QWidget* Labelled(CaptionLabel* caption, QWidget* field)
 {
     auto* set = new QWidget;
     auto* row = new QHBoxLayout(set);
@@ -233,7 +233,7 @@ QWidget* AtOwnWidth(QWidget* field)
     return set;
 }
 
-QWidget* Stacked(Caption* caption, QWidget* field)
+QWidget* Stacked(CaptionLabel* caption, QWidget* field)
 {
     auto* set = new QWidget;
     auto* lines = new QVBoxLayout(set);

@@ -45,11 +45,11 @@ private:
 };
 
 /// Urdu caption with the English term small below it.
-class Caption : public QWidget {
+class CaptionLabel : public QWidget {
     Q_OBJECT
 public:
-    Caption(const QString& urdu, const QString& english, QWidget* parent = nullptr,
-            Qt::Alignment alignment = Qt::AlignLeading);
+    CaptionLabel(const QString& urdu, const QString& english, QWidget* parent = nullptr,
+                 Qt::Alignment alignment = Qt::AlignLeading);
     /// The Urdu line, for forms whose code touches it.
     Label& UrduLabel() { return *urdu_; }
 
@@ -59,7 +59,7 @@ private:
 };
 
 /// A caption of texts in UTF-8.
-Caption* MakeCaption(const char* urdu, const char* english);
+CaptionLabel* MakeCaption(const char* urdu, const char* english);
 
 // Columns of a voucher's grid, of texts in UTF-8; widths in pixels at 100 %.
 
@@ -76,13 +76,13 @@ inline constexpr int kCodeWidth = 92;
 
 /// Caption, code, "..." button and name in one row, from the reader's right hand. Each but the
 /// code may be null.
-QWidget* CodeSet(Caption* caption, Txt* code, JeweledButton* button, UTxt* name);
+QWidget* CodeSet(CaptionLabel* caption, Txt* code, JeweledButton* button, UTxt* name);
 /// Caption at the right, field beside it.
-QWidget* Labelled(Caption* caption, QWidget* field);
+QWidget* Labelled(CaptionLabel* caption, QWidget* field);
 /// A field at its own width, at the reader's right hand.
 QWidget* AtOwnWidth(QWidget* field);
 /// Caption above, field below, as in an entry row.
-QWidget* Stacked(Caption* caption, QWidget* field);
+QWidget* Stacked(CaptionLabel* caption, QWidget* field);
 
 /// A strip across the form with its own ground: the entry row, the button bar.
 class Strip : public QWidget {

@@ -43,7 +43,10 @@ std::optional<double> numberOf(const Cell& cell)
 
 class CriterionParser {
 public:
-    CriterionParser(const QString& text, const Shape& shape) : text_(text), shape_(shape) {}
+    CriterionParser(const QString& text, const ResultMetadata& metadata)
+        : text_(text), metadata_(metadata)
+    {
+    }
 
     Criterion Parse(bool isSingle)
     {
@@ -148,12 +151,12 @@ private:
     {
         Criterion::Comparison result;
         const QString name = columnName();
-        result.Field = shape_.IndexOf(QStringView(name));
+        result.Field = metadata_.IndexOf(QStringView(name));
         if (name.isEmpty())
             fail();
         if (result.Field < 0)
             throw Failure(QStringLiteral("There is no column '%1'.").arg(name));
-        result.Kind = shape_.At(result.Field).Kind;
+        result.Kind = metadata_.At(result.Field).Kind;
         result.What = comparisonOperator();
 
         skipBlanks();
@@ -173,18 +176,18 @@ private:
     }
 
     const QString& text_;
-    const Shape& shape_;
+    const ResultMetadata& metadata_;
     qsizetype at_ = 0;
 };
 
-Criterion Criterion::Parse(const QString& text, const Shape& shape)
+Criterion Criterion::Parse(const QString& text, const ResultMetadata& metadata)
 {
-    return CriterionParser(text, shape).Parse(false);
+    return CriterionParser(text, metadata).Parse(false);
 }
 
-Criterion Criterion::ParseSingle(const QString& text, const Shape& shape)
+Criterion Criterion::ParseSingle(const QString& text, const ResultMetadata& metadata)
 {
-    return CriterionParser(text, shape).Parse(true);
+    return CriterionParser(text, metadata).Parse(true);
 }
 
 bool Criterion::Holds(const char* row) const

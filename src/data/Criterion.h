@@ -16,9 +16,9 @@ class Criterion {
 public:
     /// Comparisons `column op value` joined by `and` and `or`; `and` binds more tightly.
     /// Raises Failure where the text cannot be read or names an unknown column.
-    static Criterion Parse(const QString& text, const Shape& shape);
+    static Criterion Parse(const QString& text, const ResultMetadata& metadata);
     /// One comparison alone.
-    static Criterion ParseSingle(const QString& text, const Shape& shape);
+    static Criterion ParseSingle(const QString& text, const ResultMetadata& metadata);
 
     /// Whether it holds for a row of encoded cells.
     bool Holds(const char* row) const;

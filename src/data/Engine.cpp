@@ -13,14 +13,14 @@ std::vector<std::string> RowWriter::Write(const std::vector<RowChange>& changes)
     std::vector<std::string> stored;
     for (const RowChange& change : changes) {
         stored.emplace_back();
-        switch (change.What) {
-        case RowChange::Kind::Insert:
+        switch (change.Kind) {
+        case RowChange::Type::Insert:
             stored.back() = Insert(change.Row, *change.Touched);
             break;
-        case RowChange::Kind::Update:
+        case RowChange::Type::Update:
             RequireFound(Update(change.Original, change.Row, *change.Touched));
             break;
-        case RowChange::Kind::Delete:
+        case RowChange::Type::Delete:
             RequireFound(Delete(change.Original));
             break;
         }
@@ -59,7 +59,7 @@ std::shared_ptr<const Snapshot> Engine::Run(const QString& statement, Purpose pu
     std::shared_ptr<Snapshot> snapshot;
     Scan(
         statement,
-        [&](const std::shared_ptr<const Shape>& columns) {
+        [&](const std::shared_ptr<const ResultMetadata>& columns) {
             snapshot = std::make_shared<Snapshot>(columns);
         },
         [&](std::string_view row) { snapshot->Append(row); }, purpose);
@@ -84,7 +84,7 @@ void Engine::BeginTrans()
         throw ProviderFailure(QStringLiteral("A transaction is open already."));
     Settle();
     isBegun_ = false;
-    beginBelow();
+    beginNative();
     isBegun_ = true;
 }
 
@@ -92,10 +92,10 @@ void Engine::CommitTrans()
 {
     if (!isBegun_)
         throw ProviderFailure(QStringLiteral("There is no transaction to commit."));
-    if (!isOpenBelow())
+    if (!isNativeOpen())
         throw ProviderFailure(QStringLiteral("The database has undone the transaction after an "
                                              "error. Nothing of it was saved."));
-    commitBelow();
+    commitNative();
     isBegun_ = false;
     undos_.clear();
 }
@@ -104,30 +104,30 @@ void Engine::RollbackTrans()
 {
     if (!isBegun_)
         throw ProviderFailure(QStringLiteral("There is no transaction to roll back."));
-    if (isOpenBelow())
-        rollbackBelow();
+    if (isNativeOpen())
+        rollbackNative();
     isBegun_ = false;
     undo();
 }
 
 void Engine::Settle()
 {
-    if (isBegun_ && !isOpenBelow())
+    if (isBegun_ && !isNativeOpen())
         undo();
 }
 
 void Engine::Atomically(const std::function<void()>& work)
 {
     const bool isNested = isWithinTransaction();
-    isNested ? markBelow() : beginBelow();
+    isNested ? setSavepoint() : beginNative();
     try {
         work();
-        isNested ? releaseMarkBelow() : commitBelow();
+        isNested ? releaseSavepoint() : commitNative();
     } catch (...) {
         // The failure that led here is the one to report.
         try {
             if (isWithinTransaction())
-                isNested ? rollbackToMarkBelow() : rollbackBelow();
+                isNested ? rollbackToSavepoint() : rollbackNative();
         } catch (const ProviderFailure&) {
         }
         throw;

@@ -17,9 +17,9 @@ namespace TradeForms {
 
 /// What is to be done to one row, in the words of RowWriter.
 struct RowChange {
-    enum class Kind { Insert, Update, Delete };
+    enum class Type { Insert, Update, Delete };
 
-    Kind What = Kind::Insert;
+    Type Kind = Type::Insert;
     const char* Original = nullptr; ///< not of a row that is added
     const char* Row = nullptr;      ///< not of a row that is deleted
     const std::vector<bool>* Touched = nullptr;
@@ -63,7 +63,7 @@ public:
     /// Raises ProviderFailure.
     virtual std::optional<std::string_view> Next() = 0;
     /// The columns; known after the first Next.
-    virtual std::shared_ptr<const Shape> Columns() const = 0;
+    virtual std::shared_ptr<const ResultMetadata> Columns() const = 0;
     /// What the database has done for it so far, in small steps of its own. It is no time: the
     /// same rows cost the same, however busy the machine is.
     virtual qint64 Work() const = 0;
@@ -87,7 +87,7 @@ public:
     /// Whether a result's rows are to be written back, which takes to know where they come from.
     enum class Purpose { Read, Write };
 
-    using Begin = std::function<void(const std::shared_ptr<const Shape>& columns)>;
+    using Begin = std::function<void(const std::shared_ptr<const ResultMetadata>& columns)>;
     using Each = std::function<void(std::string_view row)>;
 
     /// Runs one statement in the server's dialect and hands its rows over as they are read,
@@ -104,12 +104,13 @@ public:
     /// Runs one statement in the server's dialect. Null where the statement gives no rows.
     std::shared_ptr<const Snapshot> Run(const QString& statement, Purpose purpose = Purpose::Read);
     /// A writer for the rows of a result that has a base table.
-    virtual std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) = 0;
+    virtual std::unique_ptr<RowWriter>
+    WriterFor(std::shared_ptr<const ResultMetadata> metadata) = 0;
     /// A writer that only adds rows, and with them also the numbers that the database gives
     /// otherwise. While it lives there is none for another table.
-    virtual std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const Shape> shape)
+    virtual std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const ResultMetadata> metadata)
     {
-        return WriterFor(std::move(shape));
+        return WriterFor(std::move(metadata));
     }
     virtual const TradeForms::Dialect& Dialect() const = 0;
 
@@ -126,7 +127,7 @@ public:
     void CommitTrans();
     /// Ends quietly where the database has rolled back by itself already.
     void RollbackTrans();
-    bool InTransaction() const { return isBegun_ && isOpenBelow(); }
+    bool InTransaction() const { return isBegun_ && isNativeOpen(); }
     /// After an operation that failed: where the database has undone the transaction by itself,
     /// what was to be done then is done at once, before the user goes on.
     void Settle();
@@ -142,15 +143,15 @@ public:
     void OnRollback(std::function<void()> undo);
 
 protected:
-    virtual bool isOpenBelow() const = 0;
+    virtual bool isNativeOpen() const = 0;
     /// Whether a transaction is open, whoever has begun it.
-    virtual bool isWithinTransaction() { return isOpenBelow(); }
-    virtual void beginBelow() = 0;
-    virtual void commitBelow() = 0;
-    virtual void rollbackBelow() = 0;
-    virtual void markBelow() = 0;
-    virtual void releaseMarkBelow() = 0;
-    virtual void rollbackToMarkBelow() = 0;
+    virtual bool isWithinTransaction() { return isNativeOpen(); }
+    virtual void beginNative() = 0;
+    virtual void commitNative() = 0;
+    virtual void rollbackNative() = 0;
+    virtual void setSavepoint() = 0;
+    virtual void releaseSavepoint() = 0;
+    virtual void rollbackToSavepoint() = 0;
 
 private:
     void undo();

@@ -128,7 +128,7 @@ int Recordset::FieldCount() const
 
 QString Recordset::FieldName(int index) const
 {
-    const Shape& columns = open().Columns();
+    const ResultMetadata& columns = open().Columns();
     if (index < 0 || index >= columns.Count())
         throw Failure(QStringLiteral("There is no column of this number."));
     return columns.At(index).Name;

@@ -279,7 +279,7 @@ void Recordset::Rows::writePending()
     const bool isNew = pending_->IsNew;
     std::string& row = pending_->Bytes;
     std::string stored =
-        write({{isNew ? RowChange::Kind::Insert : RowChange::Kind::Update,
+        write({{isNew ? RowChange::Type::Insert : RowChange::Type::Update,
                 isNew ? nullptr : originalBytes(pending_->Row), row.data(), &pending_->Touched}})
             .front();
     Edit& edit = makeEdit(pending_->Row);
@@ -319,7 +319,7 @@ void Recordset::Rows::Delete()
 
     const int row = rowAt(position_);
     if (lock_ != LockType::BatchOptimistic)
-        write({{RowChange::Kind::Delete, originalBytes(row), nullptr, nullptr}});
+        write({{RowChange::Type::Delete, originalBytes(row), nullptr, nullptr}});
 
     // What was added and is deleted before the batch never reaches the table.
     const bool isGone =
@@ -339,7 +339,7 @@ std::vector<std::string> Recordset::Rows::write(const std::vector<RowChange>& ch
     std::vector<std::string> stored;
     connection_->Run([&] {
         engine.Atomically(
-            [&] { stored = engine.WriterFor(snapshot_->SharedShape())->Write(changes); });
+            [&] { stored = engine.WriterFor(snapshot_->SharedMetadata())->Write(changes); });
     });
     return stored;
 }
@@ -350,11 +350,11 @@ RowChange Recordset::Rows::changeOf(int row) const
     const Edit& edit = *editOf(row);
     switch (edit.Mark) {
     case State::Added:
-        return {RowChange::Kind::Insert, nullptr, edit.Row.data(), &edit.Touched};
+        return {RowChange::Type::Insert, nullptr, edit.Row.data(), &edit.Touched};
     case State::Modified:
-        return {RowChange::Kind::Update, originalBytes(row), edit.Row.data(), &edit.Touched};
+        return {RowChange::Type::Update, originalBytes(row), edit.Row.data(), &edit.Touched};
     case State::Deleted:
-        return {RowChange::Kind::Delete, originalBytes(row), nullptr, nullptr};
+        return {RowChange::Type::Delete, originalBytes(row), nullptr, nullptr};
     case State::Clean:
     case State::Gone:
         break;

@@ -18,7 +18,7 @@ public:
     Rows(std::shared_ptr<const Snapshot> snapshot, LockType lock,
          std::shared_ptr<Connection> connection, QString source);
 
-    const Shape& Columns() const { return snapshot_->Columns(); }
+    const ResultMetadata& Columns() const { return snapshot_->Columns(); }
     void Requery();
 
     int Count() const;

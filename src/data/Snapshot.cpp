@@ -38,12 +38,12 @@ bool isSameName(const QString& name, std::string_view wanted)
 
 } // namespace
 
-Shape::Shape(std::vector<Column> columns)
+ResultMetadata::ResultMetadata(std::vector<Column> columns)
     : columns_(std::move(columns)), baseTable_(commonTable(columns_))
 {
 }
 
-int Shape::IndexOf(QStringView name) const
+int ResultMetadata::IndexOf(QStringView name) const
 {
     for (int index = 0; index < Count(); ++index) {
         const QString& candidate = At(index).Name;
@@ -54,7 +54,7 @@ int Shape::IndexOf(QStringView name) const
     return -1;
 }
 
-int Shape::IndexOf(const char* name) const
+int ResultMetadata::IndexOf(const char* name) const
 {
     const std::string_view wanted(name);
     for (int index = 0; index < Count(); ++index)

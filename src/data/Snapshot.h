@@ -20,9 +20,9 @@ struct Column {
 };
 
 /// The columns of a result, and the table to which its rows can be written.
-class Shape {
+class ResultMetadata {
 public:
-    explicit Shape(std::vector<Column> columns);
+    explicit ResultMetadata(std::vector<Column> columns);
 
     int Count() const { return int(columns_.size()); }
     const Column& At(int index) const { return columns_[std::size_t(index)]; }
@@ -40,10 +40,13 @@ private:
 /// The rows that a query gave, read-only.
 class Snapshot {
 public:
-    explicit Snapshot(std::shared_ptr<const Shape> shape) : shape_(std::move(shape)) {}
+    explicit Snapshot(std::shared_ptr<const ResultMetadata> metadata)
+        : metadata_(std::move(metadata))
+    {
+    }
 
-    const Shape& Columns() const { return *shape_; }
-    const std::shared_ptr<const Shape>& SharedShape() const { return shape_; }
+    const ResultMetadata& Columns() const { return *metadata_; }
+    const std::shared_ptr<const ResultMetadata>& SharedMetadata() const { return metadata_; }
 
     int RowCount() const { return int(rows_.size()); }
     const char* Row(int row) const { return rows_[std::size_t(row)]; }
@@ -54,7 +57,7 @@ public:
     void Finish() { rows_.shrink_to_fit(); }
 
 private:
-    std::shared_ptr<const Shape> shape_;
+    std::shared_ptr<const ResultMetadata> metadata_;
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::vector<const char*> rows_;
     char* free_ = nullptr;

@@ -108,9 +108,9 @@ LikePattern LikePattern::Sql(std::string_view pattern, char32_t escape)
         if (escape != 0 && letter == escape && at < pattern.size())
             letter = readLetter(pattern, at);
         else if (letter == U'%')
-            element.What = Element::Kind::AnyRun;
+            element.Kind = Element::Type::AnyRun;
         else if (letter == U'_')
-            element.What = Element::Kind::AnyLetter;
+            element.Kind = Element::Type::AnyLetter;
         element.Letter = folded(letter);
         compiled.elements_.push_back(std::move(element));
     }
@@ -124,7 +124,7 @@ LikePattern LikePattern::Criterion(std::string_view pattern)
         const char32_t letter = readLetter(pattern, at);
         Element element;
         if (letter == U'%' || letter == U'*')
-            element.What = Element::Kind::AnyRun;
+            element.Kind = Element::Type::AnyRun;
         element.Letter = folded(letter);
         compiled.elements_.push_back(std::move(element));
     }
@@ -135,7 +135,7 @@ LikePattern LikePattern::Criterion(std::string_view pattern)
 std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
 {
     Element element;
-    element.What = Element::Kind::Class;
+    element.Kind = Element::Type::Class;
     if (at < pattern.size() && pattern[at] == '^') {
         element.IsNegated = true;
         ++at;
@@ -156,27 +156,27 @@ std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
         element.Ranges.push_back({first, last});
     }
     if (!isClosed)
-        element.What = Element::Kind::Never;
+        element.Kind = Element::Type::Never;
     elements_.push_back(std::move(element));
     return at;
 }
 
 bool LikePattern::fits(const Element& element, char32_t letter)
 {
-    switch (element.What) {
-    case Element::Kind::Letter:
+    switch (element.Kind) {
+    case Element::Type::Letter:
         return element.Letter == letter;
-    case Element::Kind::AnyLetter:
+    case Element::Type::AnyLetter:
         return true;
-    case Element::Kind::Class: {
+    case Element::Type::Class: {
         const bool isIn =
             std::any_of(element.Ranges.begin(), element.Ranges.end(), [&](const Range& range) {
                 return letter >= range.First && letter <= range.Last;
             });
         return isIn != element.IsNegated;
     }
-    case Element::Kind::AnyRun:
-    case Element::Kind::Never:
+    case Element::Type::AnyRun:
+    case Element::Type::Never:
         return false;
     }
     Q_UNREACHABLE();
@@ -193,7 +193,7 @@ bool LikePattern::matchesFrom(std::size_t element, std::string_view text) const
         if (element == elements_.size()) {
             if (WithoutTrailingBlanks(text.substr(at)).empty())
                 return true;
-        } else if (elements_[element].What == Element::Kind::AnyRun) {
+        } else if (elements_[element].Kind == Element::Type::AnyRun) {
             runElement = ++element;
             runAt = at;
             if (runElement == elements_.size())
@@ -222,7 +222,7 @@ bool LikePattern::Matches(std::string_view text) const
 
 int LikePattern::IndexIn(std::string_view text) const
 {
-    if (elements_.empty() || elements_.front().What != Element::Kind::AnyRun)
+    if (elements_.empty() || elements_.front().Kind != Element::Type::AnyRun)
         return Matches(text) ? 1 : 0;
     int character = 1;
     for (std::size_t at = 0; at <= text.size(); ++character) {

@@ -46,8 +46,8 @@ private:
         char32_t Last;
     };
     struct Element {
-        enum class Kind : std::uint8_t { Letter, AnyLetter, AnyRun, Class, Never };
-        Kind What = Kind::Letter;
+        enum class Type : std::uint8_t { Letter, AnyLetter, AnyRun, Class, Never };
+        Type Kind = Type::Letter;
         bool IsNegated = false;
         char32_t Letter = 0;
         std::vector<Range> Ranges;

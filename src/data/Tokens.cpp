@@ -46,7 +46,7 @@ public:
         tokens.reserve(text_.size() / 4 + 4);
         while (skipBetween()) {
             const std::size_t start = at_;
-            const Token::Kind kind = readOne();
+            const Token::Type kind = readOne();
             tokens.push_back({kind, text_.substr(start, at_ - start)});
         }
         return tokens;
@@ -79,20 +79,20 @@ private:
         at_ = found + sign.size();
     }
 
-    Token::Kind readOne()
+    Token::Type readOne()
     {
         const char letter = text_[at_];
         switch (letter) {
         case '\'':
             skipDoubling('\'');
-            return Token::Kind::Literal;
+            return Token::Type::Literal;
         case '"':
         case '`':
             skipDoubling(letter);
-            return Token::Kind::Quoted;
+            return Token::Type::Quoted;
         case '[':
             skipTo("]", 1, QStringLiteral("A name in brackets is not closed."));
-            return Token::Kind::Quoted;
+            return Token::Type::Quoted;
         default:
             break;
         }
@@ -100,20 +100,20 @@ private:
             return readNumber();
         if (!isNameLetter(letter)) {
             ++at_;
-            return Token::Kind::Sign;
+            return Token::Type::Sign;
         }
         while (at_ < text_.size() && isNameLetter(text_[at_]))
             ++at_;
-        return Token::Kind::Word;
+        return Token::Type::Word;
     }
 
-    Token::Kind readNumber()
+    Token::Type readNumber()
     {
         while (at_ < text_.size() &&
                (isNameLetter(text_[at_]) || text_[at_] == '.' ||
                 ((text_[at_] == '+' || text_[at_] == '-') && smallLetter(text_[at_ - 1]) == 'e')))
             ++at_;
-        return Token::Kind::Number;
+        return Token::Type::Number;
     }
 
     /// Moves behind a text that ends at a quote which is not doubled.
@@ -141,7 +141,7 @@ private:
 
 bool Token::IsWord(std::string_view word) const
 {
-    return What == Kind::Word && Text.size() == word.size() &&
+    return Kind == Type::Word && Text.size() == word.size() &&
            std::equal(
                Text.begin(), Text.end(), word.begin(),
                [](char mine, char wanted) { return smallLetter(mine) == wanted; });

@@ -9,7 +9,7 @@ namespace TradeForms {
 
 /// One token of a statement; blanks and comments lie between tokens.
 struct Token {
-    enum class Kind {
+    enum class Type {
         Word, ///< a name or a keyword
         Number,
         Literal, ///< a text with its quotes
@@ -17,10 +17,10 @@ struct Token {
         Sign     ///< one sign: an operator's letter, a parenthesis, a comma, a semicolon
     };
 
-    Kind What = Kind::Sign;
+    Type Kind = Type::Sign;
     std::string_view Text;
 
-    bool IsSign(char sign) const { return What == Kind::Sign && Text.front() == sign; }
+    bool IsSign(char sign) const { return Kind == Type::Sign && Text.front() == sign; }
     /// Whether it is this word, given in small letters.
     bool IsWord(std::string_view word) const;
 };

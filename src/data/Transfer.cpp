@@ -2,7 +2,7 @@
 
 #include "data/Connection.h"
 #include "data/Engine.h"
-#include "data/TableProof.h"
+#include "data/TableChecksum.h"
 #include "data/sqlite/CompanyFile.h"
 #include "data/sqlite/PartFile.h"
 #include "data/sqlite/SqliteEngine.h"
@@ -29,8 +29,8 @@ constexpr qsizetype listedBalances = 20;
 /// A table of the company, as it stands on both sides: the source's columns in their order.
 struct CarriedTable {
     QString Name;
-    std::shared_ptr<const Shape> Source;
-    std::shared_ptr<const Shape> Target;
+    std::shared_ptr<const ResultMetadata> Source;
+    std::shared_ptr<const ResultMetadata> Target;
     qint64 Rows = 0;
 };
 
@@ -49,7 +49,7 @@ QString quoted(QString text)
     return u'\'' + text.replace(u'\'', QLatin1String("''")) + u'\'';
 }
 
-QString selectFrom(const QString& table, const Shape& columns)
+QString selectFrom(const QString& table, const ResultMetadata& columns)
 {
     QStringList names;
     for (int index = 0; index < columns.Count(); ++index)
@@ -58,9 +58,10 @@ QString selectFrom(const QString& table, const Shape& columns)
         .arg(names.join(QStringLiteral(", ")), bracketed(table));
 }
 
-std::shared_ptr<const Shape> shapeOf(Engine& engine, const QString& select)
+std::shared_ptr<const ResultMetadata> metadataOf(Engine& engine, const QString& select)
 {
-    return engine.Run(select + QStringLiteral(" where 1=0"), Engine::Purpose::Write)->SharedShape();
+    return engine.Run(select + QStringLiteral(" where 1=0"), Engine::Purpose::Write)
+        ->SharedMetadata();
 }
 
 qint64 countOf(Engine& engine, const QString& table)
@@ -83,7 +84,7 @@ QString balanceText(const Cell& cell)
     return cell.IsNull() ? QStringLiteral("no balance") : AmountSum::Of(cell).Text();
 }
 
-void ignoreColumns(const std::shared_ptr<const Shape>&) {}
+void ignoreColumns(const std::shared_ptr<const ResultMetadata>&) {}
 
 /// A file that was made for the company can be filled in a way that others must not see.
 enum class TargetKind { Present, NewFile };
@@ -103,7 +104,7 @@ public:
     {
         const ReadTransaction moment(from_);
         plan();
-        std::vector<TableProof> copied;
+        std::vector<TableChecksum> copied;
         if (!options_.VerifyOnly)
             copied = copyAll(target);
         const ReadTransaction targetMoment(to_);
@@ -115,12 +116,12 @@ private:
     void plan();
     void requireEmpty();
     void empty(const QStringList& tables);
-    std::vector<TableProof> copyAll(TargetKind target);
-    TableProof copy(const CarriedTable& table);
+    std::vector<TableChecksum> copyAll(TargetKind target);
+    TableChecksum copy(const CarriedTable& table);
 
-    using Side = std::shared_ptr<const Shape> CarriedTable::*;
-    TableProof proofOf(Engine& engine, const CarriedTable& table, Side here, Side there);
-    void compare(const std::vector<TableProof>& copied);
+    using Side = std::shared_ptr<const ResultMetadata> CarriedTable::*;
+    TableChecksum checksumOf(Engine& engine, const CarriedTable& table, Side here, Side there);
+    void compare(const std::vector<TableChecksum>& copied);
     void compareBalances();
     using Balances = QHash<QString, QString>; ///< by account
     void compareWithTarget(const Balances& expected);
@@ -148,8 +149,9 @@ void Transfer::plan()
             missing.append(name);
             continue;
         }
-        CarriedTable table{name, shapeOf(from_, QStringLiteral("select * from ") + bracketed(name)),
-                           shapeOf(to_, QStringLiteral("select * from ") + bracketed(name)),
+        CarriedTable table{name,
+                           metadataOf(from_, QStringLiteral("select * from ") + bracketed(name)),
+                           metadataOf(to_, QStringLiteral("select * from ") + bracketed(name)),
                            countOf(from_, name)};
         QStringList columns;
         for (int index = 0; index < table.Source->Count(); ++index) {
@@ -159,7 +161,7 @@ void Transfer::plan()
         }
         missing += columns;
         if (columns.isEmpty())
-            table.Target = shapeOf(to_, selectFrom(name, *table.Source));
+            table.Target = metadataOf(to_, selectFrom(name, *table.Source));
         tables_.push_back(std::move(table));
     }
     if (!missing.isEmpty())
@@ -209,9 +211,9 @@ void Transfer::read(Engine& engine, const CarriedTable& table, Stage stage,
 }
 
 /// Copies a table in one transaction; what was read is what the copy has to prove to be.
-TableProof Transfer::copy(const CarriedTable& table)
+TableChecksum Transfer::copy(const CarriedTable& table)
 {
-    TableProof proof(*table.Source, *table.Target);
+    TableChecksum checksum(*table.Source, *table.Target);
     try {
         to_.Atomically([&] {
             const auto writer = to_.LoaderFor(table.Target);
@@ -220,51 +222,52 @@ TableProof Transfer::copy(const CarriedTable& table)
                 from_, table, Stage::Copying,
                 [&](std::string_view row) {
                     writer->Insert(row.data(), all);
-                    proof.Add(row);
+                    checksum.Add(row);
                 });
         });
     } catch (const ProviderFailure& failure) {
         throw ProviderFailure(QStringLiteral("%1, after %2 rows: %3 The target's table is as it "
                                              "was before.")
                                   .arg(table.Name)
-                                  .arg(proof.Rows())
+                                  .arg(checksum.Rows())
                                   .arg(failure.Description()),
                               failure.Number());
     }
-    return proof;
+    return checksum;
 }
 
-TableProof Transfer::proofOf(Engine& engine, const CarriedTable& table, Side here, Side there)
+TableChecksum Transfer::checksumOf(Engine& engine, const CarriedTable& table, Side here, Side there)
 {
-    TableProof proof(*(table.*here), *(table.*there));
-    read(engine, table, Stage::Comparing, [&](std::string_view row) { proof.Add(row); });
-    return proof;
+    TableChecksum checksum(*(table.*here), *(table.*there));
+    read(engine, table, Stage::Comparing, [&](std::string_view row) { checksum.Add(row); });
+    return checksum;
 }
 
-std::vector<TableProof> Transfer::copyAll(TargetKind target)
+std::vector<TableChecksum> Transfer::copyAll(TargetKind target)
 {
     requireEmpty();
     if (target == TargetKind::NewFile)
         to_.BeginLoad();
-    std::vector<TableProof> proofs;
+    std::vector<TableChecksum> checksums;
     for (const CarriedTable& table : tables_)
-        proofs.push_back(copy(table));
+        checksums.push_back(copy(table));
     if (target == TargetKind::NewFile)
         to_.EndLoad([this](int done, int steps) {
             Tell(options_.Tell, {Stage::Indexing, {}, done, steps});
         });
-    return proofs;
+    return checksums;
 }
 
 /// Table by table. What was not copied just now is read from the source here.
-void Transfer::compare(const std::vector<TableProof>& copied)
+void Transfer::compare(const std::vector<TableChecksum>& copied)
 {
     for (std::size_t index = 0; index < tables_.size(); ++index) {
         const CarriedTable& table = tables_[index];
-        const TableProof source =
-            copied.empty() ? proofOf(from_, table, &CarriedTable::Source, &CarriedTable::Target)
+        const TableChecksum source =
+            copied.empty() ? checksumOf(from_, table, &CarriedTable::Source, &CarriedTable::Target)
                            : copied[index];
-        const TableProof target = proofOf(to_, table, &CarriedTable::Target, &CarriedTable::Source);
+        const TableChecksum target =
+            checksumOf(to_, table, &CarriedTable::Target, &CarriedTable::Source);
         report_.Differences = source.Compare(target, table.Name);
         if (!report_.Differences.isEmpty())
             return;

@@ -35,10 +35,10 @@ QVariant storedValue(DetailColumn::Stored as, const QString& text)
 } // namespace
 
 DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declaration)
-    : form_(form), grid_(grid), is_(std::move(declaration))
+    : form_(form), grid_(grid), declaration_(std::move(declaration))
 {
     QList<GridColumn> columns;
-    for (const DetailColumn& column : is_.Columns) {
+    for (const DetailColumn& column : declaration_.Columns) {
         columns.append(column.Column);
         if (column.Is == DetailColumn::Stored::Key) {
             code_ = column.Control;
@@ -52,7 +52,7 @@ DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declarat
 
 void DetailGrid::attach()
 {
-    for (const RowEnd& end : is_.Ends)
+    for (const RowEnd& end : declaration_.Ends)
         end.Field->OnLostFocus = [this, &end] { ended(end); };
     grid_.OnGotFocus = [this] {
         IsGridActive = true;
@@ -117,16 +117,16 @@ void DetailGrid::LoadDetail()
     rowsId_ = id;
     if (BodyRecordset.IsOpen())
         BodyRecordset.Close();
-    BodyRecordset.Open(Statement(is_.Body).Bind("id", id), connection, CursorType::Static,
+    BodyRecordset.Open(Statement(declaration_.Body).Bind("id", id), connection, CursorType::Static,
                        LockType::BatchOptimistic);
     if (BodyRecordset.RecordCount() == 0)
         return;
-    Recordset shown = connection->Execute(Statement(is_.Display).Bind("id", id));
+    Recordset shown = connection->Execute(Statement(declaration_.Display).Bind("id", id));
     grid_.SetRedraw(false);
     grid_.RemoveAllRows();
     for (; !shown.Eof(); shown.MoveNext()) {
         const int row = grid_.AddRow();
-        for (const DetailColumn& column : is_.Columns)
+        for (const DetailColumn& column : declaration_.Columns)
             grid_.SetCell(row, column.Column.Name, TextOf(shown.Value(column.Field)));
     }
     appendBlankRow();
@@ -137,7 +137,7 @@ Statement DetailGrid::filterOf(const char* filter, const QString& code) const
 {
     Statement row(filter);
     row.Bind("id", rowsId_).Bind("code", code);
-    for (const DetailColumn& column : is_.Columns)
+    for (const DetailColumn& column : declaration_.Columns)
         if (column.TellsRows)
             row.Bind(column.BodyColumn, column.Control->Text());
     return row;
@@ -146,7 +146,7 @@ Statement DetailGrid::filterOf(const char* filter, const QString& code) const
 bool DetailGrid::isEntryOf(int row) const
 {
     return std::all_of(
-        is_.Columns.begin(), is_.Columns.end(),
+        declaration_.Columns.begin(), declaration_.Columns.end(),
         [&](const DetailColumn& column) {
             const bool tells = column.TellsRows || column.Is == DetailColumn::Stored::Key;
             return !tells || column.Control->Text().compare(grid_.Cell(row, column.Column.Name),
@@ -158,22 +158,23 @@ bool DetailGrid::AddDetailRow()
 {
     const QString code = code_->Text();
     if (code.trimmed().isEmpty()) {
-        if (!is_.NoCode.Text.isEmpty()) {
-            MsgBox(&form_, is_.NoCode);
+        if (!declaration_.NoCode.Text.isEmpty()) {
+            MsgBox(&form_, declaration_.NoCode);
             form_.SetFocus(*code_);
         }
         return false;
     }
-    if (IsRowAdd && is_.MayAdd && !is_.MayAdd())
+    if (IsRowAdd && declaration_.MayAdd && !declaration_.MayAdd())
         return false;
     // Read before anything is changed: a number that cannot be read must not leave half a row.
     QList<QVariant> values;
-    for (const DetailColumn& column : is_.Columns)
+    for (const DetailColumn& column : declaration_.Columns)
         values.append(storedValue(column.Is, column.Control->Text()));
-    BodyRecordset.SetFilter(filterOf(is_.EntryFilter ? is_.EntryFilter : is_.RowFilter, code));
+    BodyRecordset.SetFilter(filterOf(
+        declaration_.EntryFilter ? declaration_.EntryFilter : declaration_.RowFilter, code));
     if (IsRowAdd) {
         if (BodyRecordset.RecordCount() > 0) {
-            MsgBox(&form_, is_.Duplicate);
+            MsgBox(&form_, declaration_.Duplicate);
             ClearEntryRow();
             form_.SetFocus(*code_);
             return false;
@@ -181,7 +182,7 @@ bool DetailGrid::AddDetailRow()
         // The blank row, wherever a click has put the current one meanwhile.
         grid_.MoveLast();
         BodyRecordset.AddNew();
-        BodyRecordset.Fields(is_.IdColumn).SetValue(rowsId_);
+        BodyRecordset.Fields(declaration_.IdColumn).SetValue(rowsId_);
         grid_.SetCell(grid_.Row(), codeColumn_, code);
         BodyRecordset.Fields(codeBodyColumn_).SetValue(code);
     } else if (BodyRecordset.RecordCount() == 0 || !isEntryOf(grid_.Row())) {
@@ -190,8 +191,8 @@ bool DetailGrid::AddDetailRow()
                           .arg(code));
     }
     grid_.SetRedraw(false);
-    for (qsizetype i = 0; i < is_.Columns.size(); ++i) {
-        const DetailColumn& column = is_.Columns[i];
+    for (qsizetype i = 0; i < declaration_.Columns.size(); ++i) {
+        const DetailColumn& column = declaration_.Columns[i];
         if (column.Is == DetailColumn::Stored::Key)
             continue;
         grid_.SetCell(grid_.Row(), column.Column.Name, column.Control->Text());
@@ -214,10 +215,10 @@ bool DetailGrid::AddDetailRow()
 void DetailGrid::ClearEntryRow()
 {
     openCode(true);
-    for (const DetailColumn& column : is_.Columns)
+    for (const DetailColumn& column : declaration_.Columns)
         column.Control->SetText(QString());
-    if (is_.OnClearEntryRow)
-        is_.OnClearEntryRow();
+    if (declaration_.OnClearEntryRow)
+        declaration_.OnClearEntryRow();
 }
 
 void DetailGrid::ShowGridRow()
@@ -225,7 +226,7 @@ void DetailGrid::ShowGridRow()
     const int row = grid_.Row();
     if (row < 0)
         return;
-    for (const DetailColumn& column : is_.Columns) {
+    for (const DetailColumn& column : declaration_.Columns) {
         const QString text = grid_.Cell(row, column.Column.Name);
         column.Control->SetText(column.Is == DetailColumn::Stored::Key ? text.trimmed() : text);
     }
@@ -244,10 +245,10 @@ void DetailGrid::GridChosen()
         openCode(false);
         // Before the focus moves: a field that is left on the way must know what it serves.
         IsRowAdd = false;
-        if (is_.EditFirst->IsEnabled() && is_.EditFirst->IsVisible()) {
-            form_.SetFocus(*is_.EditFirst);
+        if (declaration_.EditFirst->IsEnabled() && declaration_.EditFirst->IsVisible()) {
+            form_.SetFocus(*declaration_.EditFirst);
             // Ready to be typed over.
-            is_.EditFirst->selectAll();
+            declaration_.EditFirst->selectAll();
         }
     }
 }
@@ -273,7 +274,7 @@ void DetailGrid::RemoveRow()
 {
     if (isBlank(grid_.Row()))
         return;
-    BodyRecordset.SetFilter(filterOf(is_.RowFilter, currentId()));
+    BodyRecordset.SetFilter(filterOf(declaration_.RowFilter, currentId()));
     if (BodyRecordset.RecordCount() > 0)
         BodyRecordset.Delete();
     grid_.ClearSelection();
@@ -286,7 +287,7 @@ void DetailGrid::RemoveRow()
 bool DetailGrid::AddsWhenLeft(const Control* from, const Control& to) const
 {
     return std::any_of(
-        is_.Ends.begin(), is_.Ends.end(),
+        declaration_.Ends.begin(), declaration_.Ends.end(),
         [&](const RowEnd& end) {
             return end.Field == from &&
                    std::find(end.Unless.begin(), end.Unless.end(), &to) == end.Unless.end();
@@ -319,9 +320,9 @@ void DetailGrid::stampId()
     if (BodyRecordset.RecordCount() == 0)
         return;
     for (BodyRecordset.MoveFirst(); !BodyRecordset.Eof(); BodyRecordset.MoveNext()) {
-        BodyRecordset.Fields(is_.IdColumn).SetValue(rowsId_);
-        if (is_.OnStamp)
-            is_.OnStamp(BodyRecordset);
+        BodyRecordset.Fields(declaration_.IdColumn).SetValue(rowsId_);
+        if (declaration_.OnStamp)
+            declaration_.OnStamp(BodyRecordset);
         BodyRecordset.Update();
     }
 }

@@ -119,7 +119,7 @@ private:
 
     VoucherForm& form_;
     Grid& grid_;
-    DetailDeclaration is_;
+    DetailDeclaration declaration_;
     Txt* code_ = nullptr;
     QString codeColumn_;
     const char* codeBodyColumn_ = nullptr;

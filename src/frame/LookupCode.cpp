@@ -12,20 +12,20 @@
 
 namespace TradeForms {
 
-LookupCode::LookupCode(VoucherForm& form, LookupDescription description)
-    : form_(form), is_(std::move(description))
+LookupCode::LookupCode(VoucherForm& form, LookupDeclaration description)
+    : form_(form), declaration_(std::move(description))
 {
-    is_.Name.SetDisplayOnly(true);
-    is_.Button.SetTabStop(false);
+    declaration_.Name.SetDisplayOnly(true);
+    declaration_.Button.SetTabStop(false);
     // Asking for the list would otherwise bring it up twice: once to check the field that is
     // left, once for the button.
-    is_.Button.SparesValidationOf = &is_.Code;
+    declaration_.Button.SparesValidationOf = &declaration_.Code;
 
-    is_.Code.OnChange = [this] { changed(); };
-    is_.Code.OnValidate = [this](bool& cancel) { validate(cancel); };
-    if (is_.OnLeaving != LookupDescription::Casing::AsTyped)
-        is_.Code.OnLostFocus = [this] { left(); };
-    is_.Button.OnClick = [this] { clicked(); };
+    declaration_.Code.OnChange = [this] { changed(); };
+    declaration_.Code.OnValidate = [this](bool& cancel) { validate(cancel); };
+    if (declaration_.OnLeaving != LookupDeclaration::Casing::AsTyped)
+        declaration_.Code.OnLostFocus = [this] { left(); };
+    declaration_.Button.OnClick = [this] { clicked(); };
     form_.AddLookup(*this);
 }
 
@@ -41,14 +41,15 @@ bool LookupCode::Lookup(Mode mode)
 
 bool LookupCode::choose()
 {
-    SearchDialog& dialog = SearchDialog::Shared(is_.Dialog);
-    if (is_.ParaIn)
-        dialog.SetParaIn(is_.ParaIn, is_.ParaInValue ? is_.ParaInValue() : QVariant(QString()));
+    SearchDialog& dialog = SearchDialog::Shared(declaration_.Dialog);
+    if (declaration_.ParaIn)
+        dialog.SetParaIn(declaration_.ParaIn, declaration_.ParaInValue ? declaration_.ParaInValue()
+                                                                       : QVariant(QString()));
     dialog.Show(&form_);
-    const QString chosen = dialog.ParaOut(is_.ParaOut).toString();
+    const QString chosen = dialog.ParaOut(declaration_.ParaOut).toString();
     if (chosen.isEmpty())
         return false;
-    is_.Code.SetText(chosen);
+    declaration_.Code.SetText(chosen);
     return true;
 }
 
@@ -56,59 +57,61 @@ bool LookupCode::lookup(Mode mode)
 {
     if (mode != Mode::Check && !choose())
         return false;
-    if (is_.Code.Text().isEmpty())
+    if (declaration_.Code.Text().isEmpty())
         return false;
-    const Recordset row = HostContext::Database()->Execute(is_.Find());
+    const Recordset row = HostContext::Database()->Execute(declaration_.Find());
     const bool found = row.RecordCount() > 0;
     if (found) {
-        is_.Name.SetText(TextOf(row.Value(is_.NameColumn)));
-        if (is_.OnFound)
-            is_.OnFound(row);
+        declaration_.Name.SetText(TextOf(row.Value(declaration_.NameColumn)));
+        if (declaration_.OnFound)
+            declaration_.OnFound(row);
     } else {
-        if (is_.MissEmptiesCode)
-            is_.Code.SetText(QString());
-        is_.Name.SetText(QString());
-        if (is_.OnMissed)
-            is_.OnMissed();
+        if (declaration_.MissEmptiesCode)
+            declaration_.Code.SetText(QString());
+        declaration_.Name.SetText(QString());
+        if (declaration_.OnMissed)
+            declaration_.OnMissed();
     }
-    if (found ? is_.FoundMarksEdited : is_.MissMarksEdited)
+    if (found ? declaration_.FoundMarksEdited : declaration_.MissMarksEdited)
         form_.MarkEdited();
     return found;
 }
 
 void LookupCode::changed()
 {
-    if (!is_.Code.IsVisible() || !form_.IsActive(is_.Code))
+    if (!declaration_.Code.IsVisible() || !form_.IsActive(declaration_.Code))
         return;
-    if (!is_.Name.Text().isEmpty())
-        is_.Name.SetText(QString());
-    if (is_.ChangeMarksEdited)
+    if (!declaration_.Name.Text().isEmpty())
+        declaration_.Name.SetText(QString());
+    if (declaration_.ChangeMarksEdited)
         form_.MarkEdited();
 }
 
 void LookupCode::validate(bool& cancel)
 {
-    if (!form_.IsActive(is_.Code))
+    if (!form_.IsActive(declaration_.Code))
         return;
-    if (!is_.EmptyBringsList && is_.Code.Text().trimmed().isEmpty())
+    if (!declaration_.EmptyBringsList && declaration_.Code.Text().trimmed().isEmpty())
         return;
-    if (is_.TrustsName && !is_.Name.Text().isEmpty())
+    if (declaration_.TrustsName && !declaration_.Name.Text().isEmpty())
         return;
     cancel = !Lookup(Mode::Check) && !Lookup(Mode::Button);
 }
 
 void LookupCode::left()
 {
-    const QString text = is_.Code.Text();
-    is_.Code.SetText(is_.OnLeaving == LookupDescription::Casing::Proper ? ProperCase(text)
-                                                                        : UpperCase(text));
+    const QString text = declaration_.Code.Text();
+    declaration_.Code.SetText(declaration_.OnLeaving == LookupDeclaration::Casing::Proper
+                                  ? ProperCase(text)
+                                  : UpperCase(text));
 }
 
 void LookupCode::clicked()
 {
     if (!Lookup(Mode::Button))
-        form_.SetFocus(is_.Code);
-    else if (Control* next = is_.NextAfterButton ? is_.NextAfterButton() : nullptr)
+        form_.SetFocus(declaration_.Code);
+    else if (Control* next =
+                 declaration_.NextAfterButton ? declaration_.NextAfterButton() : nullptr)
         form_.SetFocus(*next);
 }
 
@@ -116,7 +119,7 @@ void LookupCode::PressF1()
 {
     if (!Lookup(Mode::F1))
         return;
-    if (Control* next = is_.NextAfterF1 ? is_.NextAfterF1() : nullptr)
+    if (Control* next = declaration_.NextAfterF1 ? declaration_.NextAfterF1() : nullptr)
         form_.SetFocus(*next);
 }
 

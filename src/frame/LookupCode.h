@@ -14,15 +14,15 @@ class Recordset;
 class Txt;
 class UTxt;
 class VoucherForm;
-struct SearchDescription;
+struct SearchDeclaration;
 
 /// What tells one code field from another.
-struct LookupDescription {
+struct LookupDeclaration {
     Txt& Code;
     UTxt& Name;            ///< read-only, filled from NameColumn
     JeweledButton& Button; ///< "..."
 
-    const SearchDescription& Dialog;
+    const SearchDeclaration& Dialog;
     const char* ParaIn = nullptr;               ///< the dialog's input, if it has one
     std::function<QVariant()> ParaInValue = {}; ///< its value at the moment of showing
     const char* ParaOut = nullptr;              ///< the dialog's output that goes into Code
@@ -60,7 +60,7 @@ public:
         Button = 3 ///< the list, by button or after a failed check
     };
 
-    LookupCode(VoucherForm& form, LookupDescription description);
+    LookupCode(VoucherForm& form, LookupDeclaration description);
     LookupCode(const LookupCode&) = delete;
     LookupCode& operator=(const LookupCode&) = delete;
 
@@ -70,8 +70,8 @@ public:
     /// F1 in the field: the list, then on to the next field.
     void PressF1();
 
-    Txt& Code() const { return is_.Code; }
-    JeweledButton& Button() const { return is_.Button; }
+    Txt& Code() const { return declaration_.Code; }
+    JeweledButton& Button() const { return declaration_.Button; }
 
 private:
     bool lookup(Mode mode);
@@ -82,7 +82,7 @@ private:
     void clicked();
 
     VoucherForm& form_;
-    LookupDescription is_;
+    LookupDeclaration declaration_;
 };
 
 } // namespace TradeForms

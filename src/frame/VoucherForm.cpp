@@ -49,14 +49,15 @@ VoucherForm::VoucherForm(VoucherDeclaration declaration)
       BtnDelete(button(this, "BtnDelete", "حذف", "Delete", "Ctrl+R")),
       BtnClear(button(this, "BtnClear", "صاف", "Clear", "Ctrl+W")),
       BtnClose(button(this, "BtnClose", "بند", "Close", "Ctrl+Q")),
-      BtnPrint(button(this, "BtnPrint", "پرنٹ", "Print", "Ctrl+P")), is_(std::move(declaration))
+      BtnPrint(button(this, "BtnPrint", "پرنٹ", "Print", "Ctrl+P")),
+      declaration_(std::move(declaration))
 {
     DtpDate.SetCustomFormat(QStringLiteral("dd/MM/yyyy"));
     Rows.setLayoutDirection(Qt::LeftToRight);
     // A field that may not be left must not keep the user from dropping or leaving the voucher.
     BtnClear.CausesValidation = false;
     BtnClose.CausesValidation = false;
-    BtnPrint.SetVisible(is_.Prints);
+    BtnPrint.SetVisible(declaration_.Prints);
     BtnSave.SetEnabled(false);
     BtnDelete.SetEnabled(false);
     BtnPrint.SetEnabled(false);
@@ -67,8 +68,10 @@ VoucherForm::~VoucherForm() = default;
 
 void VoucherForm::attach()
 {
-    BtnSave.OnClick = [this] { runWriting([this] { SaveVoucher(); }, is_.SaveTail); };
-    BtnDelete.OnClick = [this] { runWriting([this] { DeleteVoucher(); }, is_.DeleteTail); };
+    BtnSave.OnClick = [this] { runWriting([this] { SaveVoucher(); }, declaration_.SaveTail); };
+    BtnDelete.OnClick = [this] {
+        runWriting([this] { DeleteVoucher(); }, declaration_.DeleteTail);
+    };
     BtnOpen.OnClick = [this] { OpenVoucher(); };
     BtnClear.OnClick = [this] { SetFormState(State::New); };
     BtnPrint.OnClick = [this] { PrintVoucher(); };
@@ -96,7 +99,7 @@ void VoucherForm::Compose(QWidget* header, QWidget* entryRow)
     rows->addWidget(&Rows);
     all->addLayout(rows, 1);
     QList<JeweledButton*> work{&BtnSave, &BtnOpen};
-    if (is_.Prints)
+    if (declaration_.Prints)
         work.append(&BtnPrint);
     work.append(&BtnDelete);
     all->addWidget(ButtonBar(work, {&BtnClear, &BtnClose}));
@@ -104,7 +107,7 @@ void VoucherForm::Compose(QWidget* header, QWidget* entryRow)
 
 void VoucherForm::FormLoad()
 {
-    SetWindowCaption(utf8(is_.WindowCaption));
+    SetWindowCaption(utf8(declaration_.WindowCaption));
     Guard([this] { SetFormState(State::New); });
     if (HostContext::ServerMode) {
         BtnSave.SetVisible(false);
@@ -245,15 +248,15 @@ void VoucherForm::ClearEntryRow()
 
 qint32 VoucherForm::NextVoucherId()
 {
-    const Recordset largest = Database().Execute(is_.NextId);
-    return ToInt32(largest.ValueAt(0, 0).toDouble() + (is_.NextIdAddsOne ? 1 : 0));
+    const Recordset largest = Database().Execute(declaration_.NextId);
+    return ToInt32(largest.ValueAt(0, 0).toDouble() + (declaration_.NextIdAddsOne ? 1 : 0));
 }
 
 void VoucherForm::OpenVoucher()
 {
-    SearchDialog& vouchers = SearchDialog::Shared(*is_.Vouchers);
+    SearchDialog& vouchers = SearchDialog::Shared(*declaration_.Vouchers);
     vouchers.Show(this);
-    const int id = vouchers.ParaOut(is_.ChosenVoucher).toInt();
+    const int id = vouchers.ParaOut(declaration_.ChosenVoucher).toInt();
     if (id == 0)
         return;
     id_->SetText(QString::number(id));
@@ -262,7 +265,7 @@ void VoucherForm::OpenVoucher()
 
 void VoucherForm::LoadVoucher()
 {
-    const Recordset stored = Database().Execute(WithId(is_.Load));
+    const Recordset stored = Database().Execute(WithId(declaration_.Load));
     if (!stored.Bof())
         header_.Load(stored);
     LoadDetail();
@@ -305,12 +308,13 @@ void VoucherForm::runWriting(const std::function<void()>& step, Rollback tail)
 
 bool VoucherForm::PassesPostedRule()
 {
-    return Authorisation::PassesPostedRule(this, utf8(is_.ScreenKey), WithId(is_.IsPosted));
+    return Authorisation::PassesPostedRule(this, utf8(declaration_.ScreenKey),
+                                           WithId(declaration_.IsPosted));
 }
 
 bool VoucherForm::PassesModifyRule()
 {
-    return Authorisation::MayModify(this, utf8(is_.ScreenKey), is_.NotModify);
+    return Authorisation::MayModify(this, utf8(declaration_.ScreenKey), declaration_.NotModify);
 }
 
 bool VoucherForm::PassesDateWindow()
@@ -322,14 +326,14 @@ bool VoucherForm::IsFilled(Txt& field, const QString& message)
 {
     if (!field.Text().trimmed().isEmpty())
         return true;
-    Inform(this, message, MsgIcon::Exclamation, utf8(is_.WindowCaption));
+    Inform(this, message, MsgIcon::Exclamation, utf8(declaration_.WindowCaption));
     SetFocus(field);
     return false;
 }
 
 bool VoucherForm::PassesRaceRule()
 {
-    if (!IsNew || Database().Execute(WithId(is_.Race)).RecordCount() == 0)
+    if (!IsNew || Database().Execute(WithId(declaration_.Race)).RecordCount() == 0)
         return true;
     giveNewNumber();
     return false;
@@ -337,7 +341,7 @@ bool VoucherForm::PassesRaceRule()
 
 void VoucherForm::giveNewNumber()
 {
-    Inform(this, is_.IdTaken, MsgIcon::Stop, alert());
+    Inform(this, declaration_.IdTaken, MsgIcon::Stop, alert());
     id_->SetText(QString::number(NextVoucherId()));
 }
 
@@ -345,7 +349,7 @@ bool VoucherForm::HasRows()
 {
     if (detail_->CountRows() > 0)
         return true;
-    MsgBox(this, is_.NoRows);
+    MsgBox(this, declaration_.NoRows);
     SetFocus(detail_->CodeControl());
     return false;
 }
@@ -358,11 +362,11 @@ void VoucherForm::BeginTrans()
 void VoucherForm::SaveHeader()
 {
     Recordset header;
-    header.Open(WithId(is_.Header), HostContext::Database(), CursorType::Static,
+    header.Open(WithId(declaration_.Header), HostContext::Database(), CursorType::Static,
                 LockType::Pessimistic);
     const bool isNew = header.Bof();
-    if (IsNew && !isNew && is_.Race)
-        throw NumberTaken(is_.IdTaken);
+    if (IsNew && !isNew && declaration_.Race)
+        throw NumberTaken(declaration_.IdTaken);
     if (isNew)
         header.AddNew();
     header_.Save(header, isNew);
@@ -382,7 +386,7 @@ void VoucherForm::CommitTrans()
 
 void VoucherForm::AskToPrint()
 {
-    if (Ask(this, is_.PrintQuestion, alert())) {
+    if (Ask(this, declaration_.PrintQuestion, alert())) {
         // The voucher is stored: a failure of the printer is the printer's alone.
         Guard([this] { PrintVoucher(); });
     }
@@ -395,10 +399,10 @@ void VoucherForm::DeleteVoucher()
     if (!Ask(this, QStringLiteral("Do you want to remove this record?"),
              QStringLiteral("Confirmation")))
         return;
-    if (!Authorisation::MayDelete(this, utf8(is_.ScreenKey), is_.NotDelete))
+    if (!Authorisation::MayDelete(this, utf8(declaration_.ScreenKey), declaration_.NotDelete))
         return;
     BeginTrans();
-    for (const char* statement : is_.Delete)
+    for (const char* statement : declaration_.Delete)
         Database().Execute(WithId(statement));
     CommitTrans();
     // The rows leave the screen when they have left the table.
@@ -408,7 +412,7 @@ void VoucherForm::DeleteVoucher()
 void VoucherForm::ConfirmClose(bool& cancel)
 {
     if (IsDirty())
-        cancel = !Ask(this, is_.CloseQuestion, alert());
+        cancel = !Ask(this, declaration_.CloseQuestion, alert());
     else if (detail_ && detail_->BodyRecordset.IsOpen())
         detail_->BodyRecordset.Close();
 }
@@ -464,9 +468,9 @@ bool VoucherForm::pressCtrl(int key)
         BtnDelete.Click();
         return true;
     case Qt::Key_P:
-        if (is_.Prints)
+        if (declaration_.Prints)
             BtnPrint.Click();
-        return is_.Prints;
+        return declaration_.Prints;
     default:
         return false;
     }
@@ -492,7 +496,7 @@ void VoucherForm::FormKeyDown(KeyPress& key)
         }
         break;
     case Qt::Key_Escape:
-        if (is_.EscClearsEntryRow && detail_) {
+        if (declaration_.EscClearsEntryRow && detail_) {
             key.Swallow();
             ClearEntryRow();
             SetFocus(detail_->CodeControl());
@@ -512,7 +516,7 @@ void VoucherForm::FormKeyDown(KeyPress& key)
         }
         return;
     case Qt::Key_Down:
-        if (is_.DownBecomesTab) {
+        if (declaration_.DownBecomesTab) {
             key.Swallow();
             FocusNext();
         } else if (detail_ && active == &detail_->CodeControl()) {

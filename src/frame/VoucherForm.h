@@ -20,7 +20,7 @@
 namespace TradeForms {
 
 class Connection;
-struct SearchDescription;
+struct SearchDeclaration;
 
 /// When the tail of a step that failed rolls the transaction back.
 enum class Rollback {
@@ -45,7 +45,7 @@ struct VoucherDeclaration {
     QList<const char*> Delete;      ///< the body always first
 
     // The list of stored vouchers, and the output of it that goes into the id field.
-    const SearchDescription* Vouchers = nullptr;
+    const SearchDeclaration* Vouchers = nullptr;
     const char* ChosenVoucher = nullptr;
 
     // Messages.
@@ -105,7 +105,7 @@ protected:
     explicit VoucherForm(VoucherDeclaration declaration);
     ~VoucherForm() override;
 
-    const VoucherDeclaration& Declaration() const { return is_; }
+    const VoucherDeclaration& Declaration() const { return declaration_; }
 
     // What the form names, once, in its constructor.
     void UseId(Txt& id) { id_ = &id; }
@@ -173,7 +173,7 @@ private:
     void clickSave();
     LookupCode* lookupOf(const Control* control) const;
 
-    VoucherDeclaration is_;
+    VoucherDeclaration declaration_;
     State state_ = State::New;
     VoucherHeader header_{{}};
     Txt* id_ = nullptr;

@@ -6,20 +6,20 @@ namespace TradeForms {
 
 namespace {
 
-PaySlip::Design frenchiserSalary()
+PaySlip::Declaration frenchiserSalary()
 {
-    using Holds = ReportPieces::ListColumn::Holds;
-    return PaySlip::Design{
+    using Type = ReportPieces::ListColumn::Type;
+    return PaySlip::Declaration{
         .ReportName = "CrpFrenchiserSalary",
         .Title = "Frenchiser Salary",
         .Heading = {"فرنچائزر تنخواہ", "Franchise salary slip"},
         .NameColumn = "StaffName",
-        .List = {{"Amount", {"رقم", "Amount"}, 0, 220, Holds::Amount, true},
-                 {"Commision", {"کمیشن", "Commission"}, 235, 180, Holds::Amount},
-                 {"Qty", {"تعداد", "Quantity"}, 430, 130, Holds::Quantity, true},
-                 {"Type", {"قسم", "Kind"}, 575, 130, Holds::Name},
-                 {"ProductName", {"مال", "Product"}, 735, 415, Holds::Name},
-                 {"ProductID", {"کوڈ", "Code"}, 1165, 105, Holds::Code}},
+        .List = {{"Amount", {"رقم", "Amount"}, 0, 220, Type::Amount, true},
+                 {"Commision", {"کمیشن", "Commission"}, 235, 180, Type::Amount},
+                 {"Qty", {"تعداد", "Quantity"}, 430, 130, Type::Quantity, true},
+                 {"Type", {"قسم", "Kind"}, 575, 130, Type::Name},
+                 {"ProductName", {"مال", "Product"}, 735, 415, Type::Name},
+                 {"ProductID", {"کوڈ", "Code"}, 1165, 105, Type::Code}},
         .Pay = PaySlip::PayWithList({"کمیشن", "Commission"}),
         .TotalOf = PaySlip::TotalWithList,
     };
@@ -27,7 +27,7 @@ PaySlip::Design frenchiserSalary()
 
 } // namespace
 
-CrpFrenchiserSalary::CrpFrenchiserSalary() : Report(PaySlip::Definition(frenchiserSalary())) {}
+CrpFrenchiserSalary::CrpFrenchiserSalary() : Report(PaySlip::ReportOf(frenchiserSalary())) {}
 
 Statement CrpFrenchiserSalary::Source(const QString& staffId, const QDate& month)
 {

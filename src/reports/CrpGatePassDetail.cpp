@@ -29,9 +29,9 @@ QVariant number(const ReportValues& values)
     return values.Column(QStringLiteral("GatePassID"));
 }
 
-ReportDefinition gatePass()
+ReportDeclaration gatePass()
 {
-    using Holds = ListColumn::Holds;
+    using Type = ListColumn::Type;
     const Caption title{"گیٹ پاس", "Gate pass"};
     const QList<Caption> copies = {{"دفتری کاپی", "Office copy"},
                                    {"ڈرائیور کاپی", "Driver's copy"},
@@ -46,33 +46,33 @@ ReportDefinition gatePass()
         {"Receiving", {"وصول کنندہ", "Receiver"}, Column("Receiving"), ValueFormat::Plain, true},
     };
     const QList<ListColumn> columns = {
-        {"ReturnNewProducts", {"واپس نیا", "Returned new"}, 0, 240, Holds::Quantity, true},
-        {"ReturnOldProducts", {"واپس پرانا", "Returned old"}, 260, 240, Holds::Quantity, true},
-        {"OutNewProducts", {"باہر", "Out"}, 520, 240, Holds::Quantity, true},
-        {"ProductName", {"نام", "Product"}, 800, 820, Holds::Name},
-        {"ProductID", {"کوڈ", "Code"}, 1640, 210, Holds::Code},
+        {"ReturnNewProducts", {"واپس نیا", "Returned new"}, 0, 240, Type::Quantity, true},
+        {"ReturnOldProducts", {"واپس پرانا", "Returned old"}, 260, 240, Type::Quantity, true},
+        {"OutNewProducts", {"باہر", "Out"}, 520, 240, Type::Quantity, true},
+        {"ProductName", {"نام", "Product"}, 800, 820, Type::Name},
+        {"ProductID", {"کوڈ", "Code"}, 1640, 210, Type::Code},
     };
 
-    ReportDefinition definition{.Name = QStringLiteral("CrpGatePassDetail"),
-                                .Title = QStringLiteral("Gate Pass"),
-                                .Key = number,
-                                .Paper = QPageSize::A5,
-                                .Orientation = QPageLayout::Landscape,
-                                .Margins = QMarginsF(120, 90, 120, 70),
-                                .Parameters = {CopyParameter()}};
-    const double width = definition.Width();
-    definition.Sections = {Header(title, copies, width),
-                           Fields("ReportHeaderSection2", fields, 4, width),
-                           Continuation(title, number, width),
-                           ListHeads(columns, width),
-                           ListRow(columns, width),
-                           ListTotals(columns, width),
-                           Signatures({{"دستخط منیجر", "Manager"},
-                                       {"دستخط ڈرائیور", "Driver"},
-                                       {"دستخط وصول کنندہ", "Receiver"}},
-                                      width),
-                           Footer(width)};
-    return definition;
+    ReportDeclaration declaration{.Name = QStringLiteral("CrpGatePassDetail"),
+                                  .Title = QStringLiteral("Gate Pass"),
+                                  .Key = number,
+                                  .Paper = QPageSize::A5,
+                                  .Orientation = QPageLayout::Landscape,
+                                  .Margins = QMarginsF(120, 90, 120, 70),
+                                  .Parameters = {CopyParameter()}};
+    const double width = declaration.Width();
+    declaration.Sections = {Header(title, copies, width),
+                            Fields("ReportHeaderSection2", fields, 4, width),
+                            Continuation(title, number, width),
+                            ListHeads(columns, width),
+                            ListRow(columns, width),
+                            ListTotals(columns, width),
+                            Signatures({{"دستخط منیجر", "Manager"},
+                                        {"دستخط ڈرائیور", "Driver"},
+                                        {"دستخط وصول کنندہ", "Receiver"}},
+                                       width),
+                            Footer(width)};
+    return declaration;
 }
 
 } // namespace

@@ -13,9 +13,9 @@ QVariant number(const ReportValues& values)
     return values.Column(QStringLiteral("VoucherID"));
 }
 
-ReportDefinition recoveryVoucher()
+ReportDeclaration recoveryVoucher()
 {
-    using Holds = ListColumn::Holds;
+    using Type = ListColumn::Type;
     const Caption title{"وصولی واؤچر", "Recovery voucher"};
     const QList<LabelledField> fields = {
         {"VoucherID", {"نمبر", "Number"}, Column("VoucherID")},
@@ -26,34 +26,34 @@ ReportDefinition recoveryVoucher()
         {"StaffName", {"ملازم", "Collected by"}, Column("StaffName"), ValueFormat::Plain, true},
     };
     const QList<ListColumn> columns = {
-        {"Balance", {"بقایا", "Balance"}, 0, 240, Holds::Amount},
-        {"Amount", {"رقم", "Amount"}, 260, 240, Holds::Amount, true},
-        {"City", {"شہر", "City"}, 530, 250, Holds::Name},
-        {"FName", {"ولدیت", "Father's name"}, 800, 320, Holds::Name},
-        {"Name", {"گاہک", "Customer"}, 1140, 320, Holds::Name},
-        {"CardNo", {"کارڈ نمبر", "Card no."}, 1480, 150, Holds::Code},
-        {"ReceiptNo", {"رسید", "Receipt"}, 1650, 140, Holds::Code},
+        {"Balance", {"بقایا", "Balance"}, 0, 240, Type::Amount},
+        {"Amount", {"رقم", "Amount"}, 260, 240, Type::Amount, true},
+        {"City", {"شہر", "City"}, 530, 250, Type::Name},
+        {"FName", {"ولدیت", "Father's name"}, 800, 320, Type::Name},
+        {"Name", {"گاہک", "Customer"}, 1140, 320, Type::Name},
+        {"CardNo", {"کارڈ نمبر", "Card no."}, 1480, 150, Type::Code},
+        {"ReceiptNo", {"رسید", "Receipt"}, 1650, 140, Type::Code},
     };
 
-    ReportDefinition definition{.Name = QStringLiteral("CrpRecoveryVoucher"),
-                                .Title = QStringLiteral("Recovery Voucher"),
-                                .Key = number,
-                                .Paper = QPageSize::A4,
-                                .Margins = QMarginsF(150, 130, 150, 110),
-                                .Parameters = {CopyParameter()}};
-    const double width = definition.Width();
-    definition.Sections = {Header(title, {}, width),
-                           Fields("ReportHeaderSection2", fields, 3, width),
-                           Continuation(title, number, width),
-                           ListHeads(columns, width),
-                           ListRow(columns, width),
-                           ListTotals(columns, width),
-                           Signatures({{"دستخط وصول کنندہ", "Collected by"},
-                                       {"دستخط ایریا منیجر", "Area manager"},
-                                       {"دستخط کیشیئر", "Cashier"}},
-                                      width),
-                           Footer(width)};
-    return definition;
+    ReportDeclaration declaration{.Name = QStringLiteral("CrpRecoveryVoucher"),
+                                  .Title = QStringLiteral("Recovery Voucher"),
+                                  .Key = number,
+                                  .Paper = QPageSize::A4,
+                                  .Margins = QMarginsF(150, 130, 150, 110),
+                                  .Parameters = {CopyParameter()}};
+    const double width = declaration.Width();
+    declaration.Sections = {Header(title, {}, width),
+                            Fields("ReportHeaderSection2", fields, 3, width),
+                            Continuation(title, number, width),
+                            ListHeads(columns, width),
+                            ListRow(columns, width),
+                            ListTotals(columns, width),
+                            Signatures({{"دستخط وصول کنندہ", "Collected by"},
+                                        {"دستخط ایریا منیجر", "Area manager"},
+                                        {"دستخط کیشیئر", "Cashier"}},
+                                       width),
+                            Footer(width)};
+    return declaration;
 }
 
 } // namespace

@@ -17,10 +17,10 @@ double totalOf(const ReportValues& values)
            amount("OrderPrize") + amount("SupplyComm") + amount("Other");
 }
 
-PaySlip::Design salary()
+PaySlip::Declaration salary()
 {
     using PaySlip::ColumnLine;
-    return PaySlip::Design{
+    return PaySlip::Declaration{
         .ReportName = "CrpSalary",
         .Title = "Salary",
         .Heading = {"تنخواہ پرچی", "Salary slip"},
@@ -40,7 +40,7 @@ PaySlip::Design salary()
 
 } // namespace
 
-CrpSalary::CrpSalary() : Report(PaySlip::Definition(salary())) {}
+CrpSalary::CrpSalary() : Report(PaySlip::ReportOf(salary())) {}
 
 Statement CrpSalary::Source(const QString& staffId, const QDate& month)
 {

@@ -6,16 +6,16 @@ namespace TradeForms {
 
 namespace {
 
-PaySlip::Design workshopSalary()
+PaySlip::Declaration workshopSalary()
 {
-    using Holds = ReportPieces::ListColumn::Holds;
-    return PaySlip::Design{
+    using Type = ReportPieces::ListColumn::Type;
+    return PaySlip::Declaration{
         .ReportName = "CrpWorkshopSalary",
         .Title = "Workshop Salary",
         .Heading = {"ورکشاپ تنخواہ", "Workshop salary slip"},
         .NameColumn = "StaffName",
-        .List = {{"Amount", {"رقم", "Amount"}, 0, 260, Holds::Amount, true},
-                 {"partname", {"پرزہ", "Part"}, 300, 970, Holds::Name}},
+        .List = {{"Amount", {"رقم", "Amount"}, 0, 260, Type::Amount, true},
+                 {"partname", {"پرزہ", "Part"}, 300, 970, Type::Name}},
         .Pay = PaySlip::PayWithList({"پرزہ جات", "Parts"}),
         .TotalOf = PaySlip::TotalWithList,
     };
@@ -23,7 +23,7 @@ PaySlip::Design workshopSalary()
 
 } // namespace
 
-CrpWorkshopSalary::CrpWorkshopSalary() : Report(PaySlip::Definition(workshopSalary())) {}
+CrpWorkshopSalary::CrpWorkshopSalary() : Report(PaySlip::ReportOf(workshopSalary())) {}
 
 Statement CrpWorkshopSalary::Source(const QString& staffId, const QDate& month)
 {

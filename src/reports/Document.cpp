@@ -130,12 +130,12 @@ QString Document::Title() const
 
 QSizeF Document::PageSize() const
 {
-    return paginator_->State().Definition.PageSize();
+    return paginator_->State().Declaration.PageSize();
 }
 
 QPageLayout Document::PageLayout() const
 {
-    return paginator_->State().Definition.PageLayout();
+    return paginator_->State().Declaration.PageLayout();
 }
 
 int Document::PagesReady() const

@@ -127,7 +127,7 @@ Paginator::Paginator(ReportState state)
     : state_(std::move(state)), rows_(state_.Rows), now_(rows_, state_.Parameters),
       placed_(rows_, state_.Parameters)
 {
-    for (const ReportSection& section : state_.Definition.Sections)
+    for (const ReportSection& section : state_.Declaration.Sections)
         for (const ReportTotal& total : section.Totals)
             now_.Totals.insert(total.Name, 0);
     placed_.Totals = now_.Totals;
@@ -155,7 +155,7 @@ void Paginator::begin()
 
 bool Paginator::groupBegins(int row) const
 {
-    const QString& column = state_.Definition.GroupBy;
+    const QString& column = state_.Declaration.GroupBy;
     return row == 0 ||
            (!column.isEmpty() && rows_.Value(row, column) != rows_.Value(row - 1, column));
 }
@@ -175,14 +175,14 @@ void Paginator::placeRow()
     addToTotals();
     rowIsPlaced_ = false;
 
-    QList<Strip> together;
+    QList<Band> together;
     if (begins)
-        together += strips(SectionKind::GroupHeader);
-    together += strips(SectionKind::Details);
+        together += bands(SectionKind::GroupHeader);
+    together += bands(SectionKind::Details);
     if (ends)
-        together += strips(SectionKind::GroupFooter);
+        together += bands(SectionKind::GroupFooter);
     if (row + 1 == rows_.Count())
-        together += strips(SectionKind::ReportFooter);
+        together += bands(SectionKind::ReportFooter);
     placeKept(together);
     if (ends)
         inGroup_ = false;
@@ -192,7 +192,7 @@ void Paginator::placeRow()
 void Paginator::finish()
 {
     if (rows_.Count() == 0)
-        placeKept(strips(SectionKind::ReportFooter));
+        placeKept(bands(SectionKind::ReportFooter));
     closePage();
     fillCounts();
     atEnd_ = true;
@@ -200,7 +200,7 @@ void Paginator::finish()
 
 void Paginator::resetTotals(SectionKind header, SectionKind footer)
 {
-    for (const ReportSection& section : std::as_const(state_.Definition.Sections)) {
+    for (const ReportSection& section : std::as_const(state_.Declaration.Sections)) {
         if (section.Kind != header && section.Kind != footer)
             continue;
         for (const ReportTotal& total : section.Totals)
@@ -211,7 +211,7 @@ void Paginator::resetTotals(SectionKind header, SectionKind footer)
 void Paginator::addToTotals(std::optional<SectionKind> header, std::optional<SectionKind> footer)
 {
     const bool all = !header;
-    for (const ReportSection& section : std::as_const(state_.Definition.Sections)) {
+    for (const ReportSection& section : std::as_const(state_.Declaration.Sections)) {
         if (!all && section.Kind != header && section.Kind != footer)
             continue;
         for (const ReportTotal& total : section.Totals)
@@ -219,7 +219,7 @@ void Paginator::addToTotals(std::optional<SectionKind> header, std::optional<Sec
     }
 }
 
-// ---- Sections as strips
+// ---- Sections as bands
 
 bool Paginator::isPlacedHere(const ReportSection& section) const
 {
@@ -235,16 +235,16 @@ bool Paginator::isPlacedHere(const ReportSection& section) const
     return true;
 }
 
-QList<Paginator::Strip> Paginator::strips(SectionKind kind) const
+QList<Paginator::Band> Paginator::bands(SectionKind kind) const
 {
-    QList<Strip> found;
-    for (const ReportSection& section : state_.Definition.Sections)
+    QList<Band> found;
+    for (const ReportSection& section : state_.Declaration.Sections)
         if (section.Kind == kind && !section.Suppress && isPlacedHere(section))
-            found.append(strip(section));
+            found.append(band(section));
     return found;
 }
 
-Paginator::Strip Paginator::strip(const ReportSection& section) const
+Paginator::Band Paginator::band(const ReportSection& section) const
 {
     QHash<const ReportObject*, QStringList> lines;
     Growths growths;
@@ -256,34 +256,34 @@ Paginator::Strip Paginator::strip(const ReportSection& section) const
         if (its.size() > 1)
             growths.Add(object.Place, double(its.size() - 1) * ReportText::LinePitch(object.Font));
     }
-    Strip strip{&section, {}, section.Height + growths.Whole()};
-    const double left = state_.Definition.Margins.left();
+    Band band{&section, {}, section.Height + growths.Whole()};
+    const double left = state_.Declaration.Margins.left();
     for (const ReportObject& object : section.Objects) {
         if (object.Suppress)
             continue;
         const QRectF place = object.Place.translated(left, growths.Above(object.Place));
         if (hasText(object))
-            addText(strip, object, place, lines.value(&object));
+            addText(band, object, place, lines.value(&object));
         else
-            addShape(strip, object, place.adjusted(0, 0, 0, growths.Within(object.Place)));
+            addShape(band, object, place.adjusted(0, 0, 0, growths.Within(object.Place)));
     }
-    return strip;
+    return band;
 }
 
-void Paginator::addShape(Strip& strip, const ReportObject& object, const QRectF& place)
+void Paginator::addShape(Band& band, const ReportObject& object, const QRectF& place)
 {
     switch (object.Kind) {
     case ObjectKind::Picture:
         if (const QImage image = pictureFor(object); !image.isNull())
-            strip.Primitives.append(PictureShape{place, image});
+            band.Primitives.append(PictureShape{place, image});
         break;
     case ObjectKind::Line:
-        strip.Primitives.append(
+        band.Primitives.append(
             LineStroke{place.topLeft(), place.bottomRight(), object.LineWidth, object.Color});
         break;
     case ObjectKind::Box:
-        strip.Primitives.append(BoxShape{place, object.LineWidth, object.Radius, object.Color,
-                                         colorOf(object.FillColor)});
+        band.Primitives.append(BoxShape{place, object.LineWidth, object.Radius, object.Color,
+                                        colorOf(object.FillColor)});
         break;
     case ObjectKind::Text:
     case ObjectKind::Field:
@@ -328,13 +328,13 @@ QStringList Paginator::linesOf(const ReportObject& object) const
     return {QString(text).replace(u'\n', u' ')};
 }
 
-void Paginator::addText(Strip& strip, const ReportObject& object, const QRectF& place,
+void Paginator::addText(Band& band, const ReportObject& object, const QRectF& place,
                         const QStringList& lines) const
 {
     const double pitch = ReportText::LinePitch(object.Font);
     const QRectF whole = place.adjusted(0, 0, 0, std::max<qsizetype>(lines.size() - 1, 0) * pitch);
     if (object.BackColor != NoColor)
-        strip.Primitives.append(BoxShape{whole, 0, 0, QColor(), colorOf(object.BackColor)});
+        band.Primitives.append(BoxShape{whole, 0, 0, QColor(), colorOf(object.BackColor)});
     if (lines.isEmpty())
         return;
     TextRun run;
@@ -355,11 +355,11 @@ void Paginator::addText(Strip& strip, const ReportObject& object, const QRectF& 
             ReportText::Set(run);
         if (object.Source.Kind == ReportSource::From::PageText)
             run.PageText = run.Text;
-        strip.Primitives.append(run);
+        band.Primitives.append(run);
     }
     if (object.Framed) {
         const double pad = 0.5 * object.Font.pixelSize();
-        strip.Primitives.append(
+        band.Primitives.append(
             BoxShape{QRectF(QPointF(run.Origin.x() - pad, whole.top()),
                             QPointF(run.Origin.x() + run.Width + pad, whole.bottom())),
                      object.LineWidth, whole.height() / 2, object.Color, QColor()});
@@ -370,20 +370,20 @@ void Paginator::addText(Strip& strip, const ReportObject& object, const QRectF& 
 
 void Paginator::openPage()
 {
-    const ReportDefinition& definition = state_.Definition;
+    const ReportDeclaration& declaration = state_.Declaration;
     page_ = Page();
-    y_ = definition.Margins.top();
-    bottom_ = definition.PageSize().height() - definition.Margins.bottom();
-    for (const ReportSection& section : definition.Sections)
+    y_ = declaration.Margins.top();
+    bottom_ = declaration.PageSize().height() - declaration.Margins.bottom();
+    for (const ReportSection& section : declaration.Sections)
         if (section.Kind == SectionKind::PageFooter && !section.Suppress && isPlacedHere(section))
             bottom_ -= section.Height;
     if (pages_.empty())
-        for (const Strip& header : strips(SectionKind::ReportHeader))
+        for (const Band& header : bands(SectionKind::ReportHeader))
             append(header);
-    for (const Strip& header : strips(SectionKind::PageHeader))
+    for (const Band& header : bands(SectionKind::PageHeader))
         append(header);
     if (inGroup_) {
-        for (const Strip& header : strips(SectionKind::GroupHeader))
+        for (const Band& header : bands(SectionKind::GroupHeader))
             if (header.Section->Repeat)
                 append(header);
     }
@@ -398,7 +398,7 @@ void Paginator::closePage()
     std::swap(now_.Row, placed_.Row);
     std::swap(now_.Totals, placed_.Totals);
     y_ = bottom_;
-    for (const Strip& footer : strips(SectionKind::PageFooter))
+    for (const Band& footer : bands(SectionKind::PageFooter))
         append(footer);
     std::swap(now_.Row, placed_.Row);
     std::swap(now_.Totals, placed_.Totals);
@@ -433,10 +433,10 @@ bool Paginator::fitsNextPage(double height) const
     // A page on which no row stands yet will not be better off the next time, but for the first.
     if (y_ <= top_ && !pages_.empty())
         return false;
-    const ReportDefinition& definition = state_.Definition;
+    const ReportDeclaration& declaration = state_.Declaration;
     double room =
-        definition.PageSize().height() - definition.Margins.top() - definition.Margins.bottom();
-    for (const ReportSection& section : definition.Sections) {
+        declaration.PageSize().height() - declaration.Margins.top() - declaration.Margins.bottom();
+    for (const ReportSection& section : declaration.Sections) {
         const bool comesAgain =
             section.Kind == SectionKind::PageHeader || section.Kind == SectionKind::PageFooter ||
             (section.Kind == SectionKind::GroupHeader && section.Repeat && inGroup_);
@@ -446,10 +446,10 @@ bool Paginator::fitsNextPage(double height) const
     return height <= room + tolerance;
 }
 
-void Paginator::placeKept(const QList<Strip>& strips)
+void Paginator::placeKept(const QList<Band>& bands)
 {
     Block block;
-    for (const Strip& next : strips) {
+    for (const Band& next : bands) {
         if (!block.isEmpty() && !keepsWithNext(*block.last().Section) &&
             !keepsWithLast(*next.Section)) {
             placeBlock(block);
@@ -463,46 +463,46 @@ void Paginator::placeKept(const QList<Strip>& strips)
 void Paginator::placeBlock(const Block& block)
 {
     double height = 0;
-    for (const Strip& strip : block)
-        height += strip.Height;
+    for (const Band& band : block)
+        height += band.Height;
     const bool fits = y_ + height <= bottom_ + tolerance;
     if (!fits && block.size() > 1 && fitsNextPage(height))
         nextPage();
-    for (const Strip& strip : block)
-        placeStrip(strip);
+    for (const Band& band : block)
+        placeBand(band);
 }
 
-void Paginator::placeStrip(const Strip& strip)
+void Paginator::placeBand(const Band& band)
 {
-    if (strip.Section->Kind == SectionKind::ReportFooter)
+    if (band.Section->Kind == SectionKind::ReportFooter)
         inGroup_ = false;
-    const bool fits = y_ + strip.Height <= bottom_ + tolerance;
+    const bool fits = y_ + band.Height <= bottom_ + tolerance;
     if (fits) {
-        if (strip.Section->AtBottom)
-            y_ = bottom_ - strip.Height;
-        append(strip);
-    } else if (strip.Section->KeepTogether && fitsNextPage(strip.Height)) {
+        if (band.Section->AtBottom)
+            y_ = bottom_ - band.Height;
+        append(band);
+    } else if (band.Section->KeepTogether && fitsNextPage(band.Height)) {
         nextPage();
-        placeStrip(strip);
+        placeBand(band);
     } else {
-        placeParts(strip);
+        placeParts(band);
     }
-    if (strip.Section->Kind == SectionKind::GroupHeader)
+    if (band.Section->Kind == SectionKind::GroupHeader)
         inGroup_ = true;
-    if (strip.Section->Kind == SectionKind::Details) {
+    if (band.Section->Kind == SectionKind::Details) {
         rowIsPlaced_ = true;
         placed_.Row = now_.Row;
         placed_.Totals = now_.Totals;
     }
 }
 
-void Paginator::placeParts(const Strip& strip)
+void Paginator::placeParts(const Band& band)
 {
-    Strip rest = strip;
+    Band rest = band;
     while (y_ + rest.Height > bottom_ + tolerance) {
         const double room = bottom_ - y_;
-        Strip here{strip.Section, {}, 0};
-        Strip later{strip.Section, {}, 0};
+        Band here{band.Section, {}, 0};
+        Band later{band.Section, {}, 0};
         double from = rest.Height;
         for (const Primitive& primitive : std::as_const(rest.Primitives)) {
             const bool fits = boundsOf(primitive).bottom() <= room + tolerance;
@@ -523,13 +523,13 @@ void Paginator::placeParts(const Strip& strip)
     append(rest);
 }
 
-void Paginator::append(const Strip& strip)
+void Paginator::append(const Band& band)
 {
-    for (Primitive primitive : strip.Primitives) {
+    for (Primitive primitive : band.Primitives) {
         moveDown(primitive, y_);
         page_.Primitives.append(std::move(primitive));
     }
-    y_ += strip.Height;
+    y_ += band.Height;
 }
 
 void Paginator::fillCounts()

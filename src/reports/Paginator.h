@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/Document.h"
-#include "reports/ReportDefinition.h"
+#include "reports/ReportDeclaration.h"
 #include "reports/ReportRows.h"
 
 #include <QDateTime>
@@ -17,7 +17,7 @@ class Recordset;
 
 /// What a report is when it is laid out: later changes of it do not count.
 struct ReportState {
-    ReportDefinition Definition;
+    ReportDeclaration Declaration;
     std::shared_ptr<Recordset> Rows;
     QStringList Parameters;
     QString Title;
@@ -48,20 +48,20 @@ public:
 
 private:
     /// A section that is laid out for itself, from its own left top.
-    struct Strip {
+    struct Band {
         const ReportSection* Section = nullptr;
         QList<Primitive> Primitives;
         double Height = 0;
     };
-    /// Strips that stay together where they fit on one page.
-    using Block = QList<Strip>;
+    /// Bands that stay together where they fit on one page.
+    using Block = QList<Band>;
 
-    // Sections as strips
-    QList<Strip> strips(SectionKind kind) const;
-    Strip strip(const ReportSection& section) const;
-    void addText(Strip& strip, const ReportObject& object, const QRectF& place,
+    // Sections as bands
+    QList<Band> bands(SectionKind kind) const;
+    Band band(const ReportSection& section) const;
+    void addText(Band& band, const ReportObject& object, const QRectF& place,
                  const QStringList& lines) const;
-    static void addShape(Strip& strip, const ReportObject& object, const QRectF& place);
+    static void addShape(Band& band, const ReportObject& object, const QRectF& place);
     QString textOf(const ReportObject& object) const;
     QStringList linesOf(const ReportObject& object) const;
     QString withMakings(const QString& pageText) const;
@@ -82,11 +82,11 @@ private:
     void closePage();
     void nextPage();
     bool fitsNextPage(double height) const;
-    void placeKept(const QList<Strip>& strips);
+    void placeKept(const QList<Band>& bands);
     void placeBlock(const Block& block);
-    void placeStrip(const Strip& strip);
-    void placeParts(const Strip& strip);
-    void append(const Strip& strip);
+    void placeBand(const Band& band);
+    void placeParts(const Band& band);
+    void append(const Band& band);
     bool isPlacedHere(const ReportSection& section) const;
     void fillCounts();
 

@@ -93,18 +93,18 @@ double addColumn(ReportSection& section, const Caption& heading, const QList<Lin
     return y + 8 + lineHeight;
 }
 
-ReportSection payAndDeductions(const Design& design, double width)
+ReportSection payAndDeductions(const Declaration& slip, double width)
 {
     // Under a long list it may go to a page of its own.
-    ReportSection section{.Kind = design.List.isEmpty() ? SectionKind::Details
-                                                        : SectionKind::ReportFooter,
+    ReportSection section{.Kind = slip.List.isEmpty() ? SectionKind::Details
+                                                      : SectionKind::ReportFooter,
                           .Name = QStringLiteral("PaySection"),
                           .KeepWithRows = false};
     const QList<Line> deductions = Deductions();
-    const qsizetype rows = std::max(design.Pay.size(), deductions.size());
+    const qsizetype rows = std::max(slip.Pay.size(), deductions.size());
     const double column = (width - gapBetween) / 2;
-    addColumn(section, {"تنخواہ", "Pay"}, design.Pay,
-              {"SumPay", {"کل تنخواہ", "Pay in all"}, sumOf(design.Pay)}, rows, column + gapBetween,
+    addColumn(section, {"تنخواہ", "Pay"}, slip.Pay,
+              {"SumPay", {"کل تنخواہ", "Pay in all"}, sumOf(slip.Pay)}, rows, column + gapBetween,
               column, 10);
     const double end =
         addColumn(section, {"کٹوتی", "Deductions"}, deductions,
@@ -123,10 +123,10 @@ ReportSection payAndDeductions(const Design& design, double width)
     section.Objects.append(box);
     constexpr double pad = 24;
     const double top = end + 28;
-    addLine(section, {"Total", {"میزان", "Total before loan and funds"}, ofRow(design.TotalOf)},
+    addLine(section, {"Total", {"میزان", "Total before loan and funds"}, ofRow(slip.TotalOf)},
             column + gapBetween, column - pad, top, true);
-    addLine(section, {"Remaining", {"قابل ادائیگی", "Net pay"}, ofRow(remaining(design.TotalOf))},
-            0, column, top, true);
+    addLine(section, {"Remaining", {"قابل ادائیگی", "Net pay"}, ofRow(remaining(slip.TotalOf))}, 0,
+            column, top, true);
     section.Height = end + 16 + boxHeight + 10;
     return section;
 }
@@ -163,12 +163,12 @@ double TotalWithList(const ReportValues& values)
            values.Number(QStringLiteral("Other"));
 }
 
-ReportDefinition Definition(const Design& design)
+ReportDeclaration ReportOf(const Declaration& slip)
 {
     const QList<Caption> copies = {{"ملازم کاپی", "Employee's copy"},
                                    {"دفتری کاپی", "Office copy"}};
     const QList<LabelledField> person = {
-        {"Person", {"نام", "Name"}, Column(design.NameColumn), ValueFormat::Plain, true},
+        {"Person", {"نام", "Name"}, Column(slip.NameColumn), ValueFormat::Plain, true},
         {"StaffID", {"کوڈ", "Code"}, Column("StaffID")},
         {"FName", {"ولدیت", "Father's name"}, Column("FName"), ValueFormat::Plain, true},
         {"SalaryMonth", {"مہینہ", "Month"}, Column("SalaryMonth"), ValueFormat::Month},
@@ -181,27 +181,27 @@ ReportDefinition Definition(const Design& design)
             ReportText::Of(values.Column(QStringLiteral("SalaryMonth")), ValueFormat::Month));
     };
 
-    ReportDefinition definition{.Name = utf8(design.ReportName),
-                                .Title = utf8(design.Title),
-                                .Key = key,
-                                .Paper = QPageSize::A5,
-                                .Margins = QMarginsF(100, 100, 100, 80),
-                                .Parameters = {CopyParameter()}};
-    const double width = definition.Width();
-    definition.Sections = {Header(design.Heading, copies, width),
-                           Fields("ReportHeaderSection2", person, 2, width),
-                           Continuation(design.Heading, key, width)};
-    if (!design.List.isEmpty()) {
-        definition.Sections += {ListHeads(design.List, width), ListRow(design.List, width),
-                                ListTotals(design.List, width)};
+    ReportDeclaration declaration{.Name = utf8(slip.ReportName),
+                                  .Title = utf8(slip.Title),
+                                  .Key = key,
+                                  .Paper = QPageSize::A5,
+                                  .Margins = QMarginsF(100, 100, 100, 80),
+                                  .Parameters = {CopyParameter()}};
+    const double width = declaration.Width();
+    declaration.Sections = {Header(slip.Heading, copies, width),
+                            Fields("ReportHeaderSection2", person, 2, width),
+                            Continuation(slip.Heading, key, width)};
+    if (!slip.List.isEmpty()) {
+        declaration.Sections +=
+            {ListHeads(slip.List, width), ListRow(slip.List, width), ListTotals(slip.List, width)};
     }
-    definition.Sections += {payAndDeductions(design, width),
-                            Signatures({{"دستخط ملازم", "Employee"},
-                                        {"دستخط اکاؤنٹنٹ", "Accountant"},
-                                        {"دستخط منیجر", "Manager"}},
-                                       width),
-                            Footer(width)};
-    return definition;
+    declaration.Sections += {payAndDeductions(slip, width),
+                             Signatures({{"دستخط ملازم", "Employee"},
+                                         {"دستخط اکاؤنٹنٹ", "Accountant"},
+                                         {"دستخط منیجر", "Manager"}},
+                                        width),
+                             Footer(width)};
+    return declaration;
 }
 
 Statement Source(const char* text, const QString& staffId, const QDate& month)

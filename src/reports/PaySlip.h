@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Statement.h"
-#include "reports/ReportDefinition.h"
+#include "reports/ReportDeclaration.h"
 #include "reports/ReportPieces.h"
 
 #include <QDate>
@@ -18,25 +18,25 @@ namespace TradeForms::PaySlip {
 /// One line of the slip.
 struct Line {
     const char* Name = "";
-    ReportPieces::Caption Label;
+    Caption Label;
     ReportSource::Formula Amount;
 };
 
 /// A line that is a column of the rows.
-Line ColumnLine(const char* column, const ReportPieces::Caption& label);
+Line ColumnLine(const char* column, const Caption& label);
 /// Advance, further deduction, loan and the two funds, in this order.
 QList<Line> Deductions();
 
 /// The pay of a slip with a list: basic pay, the list's total, other pay.
-QList<Line> PayWithList(const ReportPieces::Caption& list);
+QList<Line> PayWithList(const Caption& list);
 /// Their total before loan and funds, in the order in which the screen adds it up.
 double TotalWithList(const ReportValues& values);
 
 /// How one kind of slip differs from the others.
-struct Design {
+struct Declaration {
     const char* ReportName = "";
     const char* Title = ""; ///< of the print job
-    ReportPieces::Caption Heading;
+    Caption Heading;
     const char* NameColumn = ""; ///< of the person's name
     /// A list over the rows, whose first column is the total amount; empty where a row is a slip.
     QList<ReportPieces::ListColumn> List = {};
@@ -45,7 +45,7 @@ struct Design {
     std::function<double(const ReportValues&)> TotalOf;
 };
 
-ReportDefinition Definition(const Design& design);
+ReportDeclaration ReportOf(const Declaration& slip);
 
 /// The statement with its two keys: the person, and the first of the month.
 Statement Source(const char* text, const QString& staffId, const QDate& month);

@@ -9,16 +9,16 @@
 
 namespace TradeForms {
 
-Report::Report(ReportDefinition definition) : definition_(std::move(definition))
+Report::Report(ReportDeclaration declaration) : declaration_(std::move(declaration))
 {
-    parameters_.resize(definition_.Parameters.size());
+    parameters_.resize(declaration_.Parameters.size());
 }
 
 Report::~Report() = default;
 
 ReportObject& Report::Object(const QString& name)
 {
-    for (ReportSection& section : definition_.Sections) {
+    for (ReportSection& section : declaration_.Sections) {
         for (ReportObject& object : section.Objects)
             if (object.Name.compare(name, Qt::CaseInsensitive) == 0)
                 return object;
@@ -49,7 +49,7 @@ void Report::SetParameter(int index, const QString& value)
 {
     if (index < 1 || index > parameters_.size())
         throw Failure(QStringLiteral("The report %1 has no parameter %2.").arg(Name()).arg(index));
-    if (definition_.Parameters.at(index - 1).Numeric && !IsNumeric(value))
+    if (declaration_.Parameters.at(index - 1).Numeric && !IsNumeric(value))
         throw TypeMismatchFailure();
     parameters_[index - 1] = value;
 }
@@ -65,9 +65,9 @@ QString Report::Title() const
 {
     const ReportRows rows(rows_);
     const RowValues first(rows, parameters_);
-    if (!definition_.Key || !first.HasRow())
-        return definition_.Title;
-    return definition_.Title + u' ' + TextOf(definition_.Key(first));
+    if (!declaration_.Key || !first.HasRow())
+        return declaration_.Title;
+    return declaration_.Title + u' ' + TextOf(declaration_.Key(first));
 }
 
 PrintJob Report::Job() const
@@ -92,7 +92,7 @@ Document Report::Format()
 {
     const QString title = Title();
     ReportHeaderSection1_Format();
-    return Document(std::make_unique<Paginator>(ReportState{definition_, rows_, parameters_, title,
+    return Document(std::make_unique<Paginator>(ReportState{declaration_, rows_, parameters_, title,
                                                             QDateTime::currentDateTime(),
                                                             QString::number(HostContext::UserNo)}));
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/Document.h"
-#include "reports/ReportDefinition.h"
+#include "reports/ReportDeclaration.h"
 #include <TradeForms/Printing.h>
 
 #include <QString>
@@ -12,20 +12,20 @@ namespace TradeForms {
 
 class Recordset;
 
-/// A report to be printed or shown: the copy of a definition that may be changed, with its rows,
+/// A report to be printed or shown: the copy of a declaration that may be changed, with its rows,
 /// parameters and printer.
 class Report {
 public:
-    explicit Report(ReportDefinition definition);
+    explicit Report(ReportDeclaration declaration);
     virtual ~Report();
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
 
-    QString Name() const { return definition_.Name; }
-    const ReportDefinition& Definition() const { return definition_; }
+    QString Name() const { return declaration_.Name; }
+    const ReportDeclaration& Declaration() const { return declaration_; }
 
     /// The sections and objects, which a caller may change before the report is laid out.
-    QList<ReportSection>& Sections() { return definition_.Sections; }
+    QList<ReportSection>& Sections() { return declaration_.Sections; }
     /// An object by its name, without regard to case. Raises Failure where there is none.
     ReportObject& Object(const QString& name);
 
@@ -65,7 +65,7 @@ public:
     void PrintOut(bool prompt);
 
 private:
-    ReportDefinition definition_;
+    ReportDeclaration declaration_;
     std::shared_ptr<Recordset> rows_;
     QStringList parameters_;
     QString driver_;

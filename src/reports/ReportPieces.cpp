@@ -95,13 +95,13 @@ ReportSource::Formula copyName(const QList<Caption>& copies)
 
 ValueFormat formatOf(const ListColumn& column)
 {
-    switch (column.What) {
-    case ListColumn::Holds::Quantity:
+    switch (column.Kind) {
+    case ListColumn::Type::Quantity:
         return ValueFormat::Quantity;
-    case ListColumn::Holds::Amount:
+    case ListColumn::Type::Amount:
         return ValueFormat::Amount;
-    case ListColumn::Holds::Code:
-    case ListColumn::Holds::Name:
+    case ListColumn::Type::Code:
+    case ListColumn::Type::Name:
         break;
     }
     return ValueFormat::Plain;
@@ -110,7 +110,7 @@ ValueFormat formatOf(const ListColumn& column)
 ReportObject cell(const ListColumn& column, const QByteArray& name, double top, double height,
                   ReportSource source)
 {
-    const bool isName = column.What == ListColumn::Holds::Name;
+    const bool isName = column.Kind == ListColumn::Type::Name;
     ReportObject object = Field(name.constData(), QRectF(column.Left, top, column.Width, height),
                                 isName ? urdu() : latin(), std::move(source), formatOf(column));
     if (!isName)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "reports/ReportDefinition.h"
+#include "controls/Caption.h"
+#include "reports/ReportDeclaration.h"
 
 #include <QList>
 #include <QString>
@@ -9,12 +10,6 @@
 // given as literals in UTF-8.
 
 namespace TradeForms::ReportPieces {
-
-/// A caption in both languages.
-struct Caption {
-    const char* Urdu = "";
-    const char* English = "";
-};
 
 // ---- Single objects
 
@@ -58,13 +53,13 @@ ReportSection Fields(const char* name, const QList<LabelledField>& fields, int i
 // ---- A list
 
 struct ListColumn {
-    enum class Holds { Code, Name, Quantity, Amount };
+    enum class Type { Code, Name, Quantity, Amount };
 
     const char* Column = "";
     Caption Head;
     double Left = 0;
     double Width = 0;
-    Holds What = Holds::Name;
+    Type Kind = Type::Name;
     bool Totalled = false;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/ReportDefinition.h"
+#include "reports/ReportDeclaration.h"
 
 #include <QHash>
 #include <QString>

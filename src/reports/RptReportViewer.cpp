@@ -115,7 +115,7 @@ QWidget* RptReportViewer::composeTools()
     row->setSpacing(Look::Space() / 2);
 
     const auto caption = [](const char* urdu, const char* english) {
-        return new Caption(utf8(urdu), utf8(english));
+        return new CaptionLabel(utf8(urdu), utf8(english));
     };
     row->addWidget(caption("تلاش", "Search Ctrl+F"));
     TxtSearch.setMinimumWidth(100);

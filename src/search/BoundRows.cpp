@@ -35,7 +35,7 @@ QVariant BoundRows::Value(int row, int column) const
 QString BoundRows::Text(int row, int column) const
 {
     const QVariant value = Value(row, column);
-    if (columns_[column].Is == SearchColumn::Kind::Month)
+    if (columns_[column].Kind == SearchColumn::Type::Month)
         return QLocale(QLocale::English).toString(value.toDate(), QStringLiteral("MMM-yyyy"));
     return TextOf(value);
 }

@@ -2,7 +2,7 @@
 
 #include "controls/Grid.h"
 #include "data/Recordset.h"
-#include "search/SearchDescription.h"
+#include "search/SearchDeclaration.h"
 
 #include <QList>
 #include <QString>

@@ -2,10 +2,10 @@
 
 namespace TradeForms {
 
-const QList<const SearchDescription*>& AllSearchDialogs()
+const QList<const SearchDeclaration*>& AllSearchDialogs()
 {
-    // Addresses alone: the list may be asked for before the descriptions are made.
-    static const QList<const SearchDescription*> all{
+    // Addresses alone: the list may be asked for before the declarations are made.
+    static const QList<const SearchDeclaration*> all{
         &SchArea,
         &SchBranch,
         &SchProduct,

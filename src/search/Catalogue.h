@@ -1,44 +1,44 @@
 #pragma once
 
-#include "search/SearchDescription.h"
+#include "search/SearchDeclaration.h"
 
 #include <QList>
 
 namespace TradeForms {
 
 // Code lists
-extern const SearchDescription SchArea;
-extern const SearchDescription SchBranch;
-extern const SearchDescription SchProduct;
-extern const SearchDescription SchStaff;
-extern const SearchDescription SchAccounts;
-extern const SearchDescription SchParts;
-extern const SearchDescription SchParty;
-extern const SearchDescription SchSector;
-extern const SearchDescription SchCustomer;
+extern const SearchDeclaration SchArea;
+extern const SearchDeclaration SchBranch;
+extern const SearchDeclaration SchProduct;
+extern const SearchDeclaration SchStaff;
+extern const SearchDeclaration SchAccounts;
+extern const SearchDeclaration SchParts;
+extern const SearchDeclaration SchParty;
+extern const SearchDeclaration SchSector;
+extern const SearchDeclaration SchCustomer;
 
 // Voucher lists
-extern const SearchDescription SchGatePass;
-extern const SearchDescription SchInsCustomer;
-extern const SearchDescription SchRecoveryVoucher;
-extern const SearchDescription SchRecoveryVoucherDetail;
-extern const SearchDescription SchConcessionVoucher;
-extern const SearchDescription SchReturnVoucher;
-extern const SearchDescription SchWorkerParts;
-extern const SearchDescription SchPartnershipProfit;
-extern const SearchDescription SchConvertArea;
+extern const SearchDeclaration SchGatePass;
+extern const SearchDeclaration SchInsCustomer;
+extern const SearchDeclaration SchRecoveryVoucher;
+extern const SearchDeclaration SchRecoveryVoucherDetail;
+extern const SearchDeclaration SchConcessionVoucher;
+extern const SearchDeclaration SchReturnVoucher;
+extern const SearchDeclaration SchWorkerParts;
+extern const SearchDeclaration SchPartnershipProfit;
+extern const SearchDeclaration SchConvertArea;
 
 // Salary lists
-extern const SearchDescription SchSalary;
-extern const SearchDescription SchFrenchiserSalary;
-extern const SearchDescription SchWorkShopSalary;
+extern const SearchDeclaration SchSalary;
+extern const SearchDeclaration SchFrenchiserSalary;
+extern const SearchDeclaration SchWorkShopSalary;
 
 // Stock lists
-extern const SearchDescription SchStockIn;
-extern const SearchDescription SchStockOut;
-extern const SearchDescription SchStockInDetail;
+extern const SearchDeclaration SchStockIn;
+extern const SearchDeclaration SchStockOut;
+extern const SearchDeclaration SchStockInDetail;
 
 /// All of them, in this order.
-const QList<const SearchDescription*>& AllSearchDialogs();
+const QList<const SearchDeclaration*>& AllSearchDialogs();
 
 } // namespace TradeForms

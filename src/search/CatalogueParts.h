@@ -2,42 +2,42 @@
 
 #include "search/Catalogue.h"
 
-// What the descriptions of the catalogue have in common: short names for kinds, captions, and
+// What the declarations of the catalogue have in common: short names for kinds, captions, and
 // rules for dates.
 
 namespace TradeForms {
 
-using Input = SearchInput::Kind;
-using Result = SearchResult::Kind;
-using Narrow = SearchField::Kind;
-using Column = SearchColumn::Kind;
+using Input = SearchInput::Type;
+using Result = SearchResult::Type;
+using Narrow = SearchField::Type;
+using Column = SearchColumn::Type;
 
 namespace Captions {
 
-inline constexpr SearchCaption Address{"پتہ", "Address"};
-inline constexpr SearchCaption Amount{"رقم", "Amount"};
-inline constexpr SearchCaption Area{"علاقہ", "Area"};
-inline constexpr SearchCaption AreaCode{"علاقہ", "Area code"};
-inline constexpr SearchCaption Branch{"برانچ", "Branch"};
-inline constexpr SearchCaption CardNo{"کارڈ نمبر", "Card no"};
-inline constexpr SearchCaption ChassisNo{"چیسس نمبر", "Chassis no"};
-inline constexpr SearchCaption Code{"کوڈ", "Code"};
-inline constexpr SearchCaption Customer{"گاہک", "Customer"};
-inline constexpr SearchCaption Date{"تاریخ", "Date"};
-inline constexpr SearchCaption Driver{"ڈرائیور", "Driver"};
-inline constexpr SearchCaption EngineNo{"انجن نمبر", "Engine no"};
-inline constexpr SearchCaption FatherName{"ولدیت", "Father's name"};
-inline constexpr SearchCaption Franchiser{"فرنچائزر", "Franchise"};
-inline constexpr SearchCaption Month{"مہینہ", "Month"};
-inline constexpr SearchCaption Name{"نام", "Name"};
-inline constexpr SearchCaption Number{"نمبر", "Number"};
-inline constexpr SearchCaption Post{"عہدہ", "Post"};
-inline constexpr SearchCaption Product{"مال", "Product"};
-inline constexpr SearchCaption Quantity{"تعداد", "Quantity"};
-inline constexpr SearchCaption Receiver{"وصول کنندہ", "Receiver"};
-inline constexpr SearchCaption Staff{"ملازم", "Staff"};
-inline constexpr SearchCaption StaffCode{"ملازم کوڈ", "Staff code"};
-inline constexpr SearchCaption Total{"کل رقم", "Total"};
+inline constexpr Caption Address{"پتہ", "Address"};
+inline constexpr Caption Amount{"رقم", "Amount"};
+inline constexpr Caption Area{"علاقہ", "Area"};
+inline constexpr Caption AreaCode{"علاقہ", "Area code"};
+inline constexpr Caption Branch{"برانچ", "Branch"};
+inline constexpr Caption CardNo{"کارڈ نمبر", "Card no"};
+inline constexpr Caption ChassisNo{"چیسس نمبر", "Chassis no"};
+inline constexpr Caption Code{"کوڈ", "Code"};
+inline constexpr Caption Customer{"گاہک", "Customer"};
+inline constexpr Caption Date{"تاریخ", "Date"};
+inline constexpr Caption Driver{"ڈرائیور", "Driver"};
+inline constexpr Caption EngineNo{"انجن نمبر", "Engine no"};
+inline constexpr Caption FatherName{"ولدیت", "Father's name"};
+inline constexpr Caption Franchiser{"فرنچائزر", "Franchise"};
+inline constexpr Caption Month{"مہینہ", "Month"};
+inline constexpr Caption Name{"نام", "Name"};
+inline constexpr Caption Number{"نمبر", "Number"};
+inline constexpr Caption Post{"عہدہ", "Post"};
+inline constexpr Caption Product{"مال", "Product"};
+inline constexpr Caption Quantity{"تعداد", "Quantity"};
+inline constexpr Caption Receiver{"وصول کنندہ", "Receiver"};
+inline constexpr Caption Staff{"ملازم", "Staff"};
+inline constexpr Caption StaffCode{"ملازم کوڈ", "Staff code"};
+inline constexpr Caption Total{"کل رقم", "Total"};
 
 } // namespace Captions
 

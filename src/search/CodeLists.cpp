@@ -2,7 +2,7 @@
 
 namespace TradeForms {
 
-const SearchDescription SchArea{
+const SearchDeclaration SchArea{
     .Name = "SchArea",
     .Title = {"علاقہ تلاش کریں", "Find area"},
     .Statement = "SELECT * FROM Areas where 1=1 {BranchFilter}",
@@ -16,7 +16,7 @@ const SearchDescription SchArea{
                 {"Name", "AreaName", Captions::Name, 260, Column::Urdu, true}},
 };
 
-const SearchDescription SchBranch{
+const SearchDeclaration SchBranch{
     .Name = "SchBranch",
     .Title = {"برانچ تلاش کریں", "Find branch"},
     .Statement = "SELECT * FROM Branches where 1=1 {BranchFilter}",
@@ -30,7 +30,7 @@ const SearchDescription SchBranch{
                 {"Name", "BranchName", Captions::Name, 260, Column::Urdu, true}},
 };
 
-const SearchDescription SchProduct{
+const SearchDeclaration SchProduct{
     .Name = "SchProduct",
     .Title = {"مال تلاش کریں", "Find product"},
     .Statement = "SELECT ProductID, ProductName, Sum(Stock) as Stock FROM  VuCurrentStock"
@@ -44,7 +44,7 @@ const SearchDescription SchProduct{
                 {"Stock", "Stock", {"سٹاک", "Stock"}, 90, Column::Number}},
 };
 
-const SearchDescription SchStaff{
+const SearchDeclaration SchStaff{
     .Name = "SchStaff",
     .Title = {"ملازم تلاش کریں", "Find staff"},
     .Statement = "SELECT s.*,branchname as branch FROM Staff s"
@@ -62,7 +62,7 @@ const SearchDescription SchStaff{
                 {"Branch", "branch", Captions::Branch, 110, Column::Urdu}},
 };
 
-const SearchDescription SchAccounts{
+const SearchDeclaration SchAccounts{
     .Name = "SchAccounts",
     .Title = {"اکاؤنٹ تلاش کریں", "Find account"},
     .Statement = "SELECT * FROM vuAccounts",
@@ -74,7 +74,7 @@ const SearchDescription SchAccounts{
                 {"Name", "AccountName", Captions::Name, 260, Column::Urdu, true}},
 };
 
-const SearchDescription SchParts{
+const SearchDeclaration SchParts{
     .Name = "SchParts",
     .Title = {"پرزہ تلاش کریں", "Find part"},
     .Statement = "SELECT * FROM Parts",
@@ -87,7 +87,7 @@ const SearchDescription SchParts{
                 {"Rate", "PartRate", {"قیمت", "Price"}, 100, Column::Number}},
 };
 
-const SearchDescription SchParty{
+const SearchDeclaration SchParty{
     .Name = "SchParty",
     .Title = {"پارٹی تلاش کریں", "Find party"},
     .Statement = "SELECT * FROM Parties",
@@ -99,7 +99,7 @@ const SearchDescription SchParty{
                 {"Name", "PartyName", Captions::Name, 260, Column::Urdu, true}},
 };
 
-const SearchDescription SchSector{
+const SearchDeclaration SchSector{
     .Name = "SchSector",
     .Title = {"سیکٹر تلاش کریں", "Find sector"},
     .WindowTitle = "Search",
@@ -112,7 +112,7 @@ const SearchDescription SchSector{
                 {"Name", "SectorName", Captions::Name, 260, Column::Urdu, true}},
 };
 
-const SearchDescription SchCustomer{
+const SearchDeclaration SchCustomer{
     .Name = "SchCustomer",
     .Title = {"گاہک تلاش کریں", "Find customer"},
     .Statement = "SELECT AreaCode, InsCustomerID, CardNo, Name, FName, PAddress"

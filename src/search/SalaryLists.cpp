@@ -10,8 +10,8 @@ QDate firstMonth(const QDate& today)
     return Dates::firstOfMonth(Dates::daysAgo<30>(today));
 }
 
-SearchDescription salaryList(const char* name, const SearchCaption& title,
-                             const QByteArray& statement, const QList<SearchColumn>& columns)
+SearchDeclaration salaryList(const char* name, const Caption& title, const QByteArray& statement,
+                             const QList<SearchColumn>& columns)
 {
     return {
         .Name = name,
@@ -29,7 +29,7 @@ SearchDescription salaryList(const char* name, const SearchCaption& title,
 }
 
 /// Salaries whose amount lies partly in the rows of a body.
-SearchDescription salaryListWithRows(const char* name, const SearchCaption& title, const char* kind)
+SearchDeclaration salaryListWithRows(const char* name, const Caption& title, const char* kind)
 {
     return salaryList(
         name, title,
@@ -50,7 +50,7 @@ SearchDescription salaryListWithRows(const char* name, const SearchCaption& titl
 
 } // namespace
 
-const SearchDescription SchSalary =
+const SearchDeclaration SchSalary =
     salaryList("SchSalary", {"تنخواہ تلاش کریں", "Find salary"},
                " Select s.*, f.name, f.FName, designation, SalaryMonth ,"
                " s.BasicSalary+Salecomm+saleprize+ordercomm+orderprize+reccomm+recprize+supplycomm"
@@ -65,10 +65,10 @@ const SearchDescription SchSalary =
                 {"Designation", "Designation", Captions::Post, 190, Column::Urdu},
                 {"Total", "Total", Captions::Total, 110, Column::Number}});
 
-const SearchDescription SchFrenchiserSalary = salaryListWithRows(
+const SearchDeclaration SchFrenchiserSalary = salaryListWithRows(
     "SchFrenchiserSalary", {"فرنچائزر کی تنخواہ تلاش کریں", "Find franchise salary"}, "Frenchiser");
 
-const SearchDescription SchWorkShopSalary = salaryListWithRows(
+const SearchDeclaration SchWorkShopSalary = salaryListWithRows(
     "SchWorkShopSalary", {"ورکشاپ کی تنخواہ تلاش کریں", "Find workshop salary"}, "WorkShop");
 
 } // namespace TradeForms

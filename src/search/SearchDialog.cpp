@@ -23,29 +23,29 @@ template <class Member> const Member& named(const QList<Member>& members, const 
 
 } // namespace
 
-SearchDialog::SearchDialog(const SearchDescription& description) : description_(description)
+SearchDialog::SearchDialog(const SearchDeclaration& declaration) : declaration_(declaration)
 {
-    for (const SearchResult& result : description_.Results)
+    for (const SearchResult& result : declaration_.Results)
         EmptyParaOut(result);
 }
 
-SearchDialog& SearchDialog::Shared(const SearchDescription& description)
+SearchDialog& SearchDialog::Shared(const SearchDeclaration& declaration)
 {
-    static std::map<const SearchDescription*, std::unique_ptr<SearchDialog>> instances;
-    std::unique_ptr<SearchDialog>& instance = instances[&description];
+    static std::map<const SearchDeclaration*, std::unique_ptr<SearchDialog>> instances;
+    std::unique_ptr<SearchDialog>& instance = instances[&declaration];
     if (!instance)
-        instance = std::make_unique<SearchDialog>(description);
+        instance = std::make_unique<SearchDialog>(declaration);
     return *instance;
 }
 
 void SearchDialog::SetParaIn(const char* name, const QVariant& value)
 {
-    paraIn_[named(description_.Inputs, name).Name] = value;
+    paraIn_[named(declaration_.Inputs, name).Name] = value;
 }
 
 QVariant SearchDialog::ParaIn(const char* name) const
 {
-    return paraIn_.value(named(description_.Inputs, name).Name);
+    return paraIn_.value(named(declaration_.Inputs, name).Name);
 }
 
 void SearchDialog::Show(QWidget* owner)
@@ -57,13 +57,13 @@ void SearchDialog::Show(QWidget* owner)
 
 QVariant SearchDialog::ParaOut(const char* name) const
 {
-    return paraOut_.value(named(description_.Results, name).Name);
+    return paraOut_.value(named(declaration_.Results, name).Name);
 }
 
 void SearchDialog::EmptyParaOut(const SearchResult& result)
 {
     paraOut_[result.Name] =
-        result.Is == SearchResult::Kind::Text ? QVariant(QString()) : QVariant(0);
+        result.Kind == SearchResult::Type::Text ? QVariant(QString()) : QVariant(0);
 }
 
 } // namespace TradeForms

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Recordset.h"
-#include "search/SearchDescription.h"
+#include "search/SearchDeclaration.h"
 
 #include <QHash>
 #include <QString>
@@ -15,14 +15,14 @@ namespace TradeForms {
 /// window and a fresh list; only the ParaIn and ParaOut fields live from one to the next.
 class SearchDialog {
 public:
-    explicit SearchDialog(const SearchDescription& description);
+    explicit SearchDialog(const SearchDeclaration& declaration);
     SearchDialog(const SearchDialog&) = delete;
     SearchDialog& operator=(const SearchDialog&) = delete;
 
-    /// The shared instance of a description, made on first use.
-    static SearchDialog& Shared(const SearchDescription& description);
+    /// The shared instance of a declaration, made on first use.
+    static SearchDialog& Shared(const SearchDeclaration& declaration);
 
-    const SearchDescription& Description() const { return description_; }
+    const SearchDeclaration& Declaration() const { return declaration_; }
 
     /// Sets a ParaIn field; it keeps its value until it is set again.
     /// Raises std::out_of_range for an unknown name.
@@ -40,7 +40,7 @@ private:
     friend class SearchWindow;
     void EmptyParaOut(const SearchResult& result);
 
-    const SearchDescription& description_;
+    const SearchDeclaration& declaration_;
     QHash<QByteArray, QVariant> paraIn_;
     QHash<QByteArray, QVariant> paraOut_;
 };

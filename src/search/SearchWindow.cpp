@@ -24,15 +24,15 @@ QString utf8(const char* text)
     return QString::fromUtf8(text);
 }
 
-Caption* captionOf(const SearchCaption& caption)
+CaptionLabel* captionOf(const Caption& caption)
 {
-    return new Caption(utf8(caption.Urdu), utf8(caption.English));
+    return new CaptionLabel(utf8(caption.Urdu), utf8(caption.English));
 }
 
 /// A list of these columns, which begins at the reader's right hand.
 Grid* listOf(const char* name, const QList<SearchColumn>& columns)
 {
-    using Kind = SearchColumn::Kind;
+    using Type = SearchColumn::Type;
     auto* grid = new Grid(utf8(name));
     grid->setLayoutDirection(Qt::RightToLeft);
     QList<GridColumn> gridColumns;
@@ -41,10 +41,10 @@ Grid* listOf(const char* name, const QList<SearchColumn>& columns)
             .Name = utf8(column.Name),
             .Urdu = utf8(column.Caption.Urdu),
             .English = utf8(column.Caption.English),
-            .Style = column.Is == Kind::Urdu ? StyleSet::ColUrdu : StyleSet::ColEng,
+            .Style = column.Kind == Type::Urdu ? StyleSet::ColUrdu : StyleSet::ColEng,
             .Width = column.Width,
             .Stretch = column.Stretch,
-            .Number = column.Is == Kind::Number,
+            .Number = column.Kind == Type::Number,
         });
     }
     grid->SetColumns(gridColumns);
@@ -70,13 +70,14 @@ bool jumps(const QString& text)
 } // namespace
 
 SearchWindow::SearchWindow(SearchDialog& dialog)
-    : dialog_(dialog), is_(dialog.Description()), list_(is_.Columns),
-      lines_(is_.GridDetail.Columns), reader_(*this),
+    : dialog_(dialog), declaration_(dialog.Declaration()), list_(declaration_.Columns),
+      lines_(declaration_.GridDetail.Columns), reader_(*this),
       menu_(
           *this, [this] { return exported(); }, [this] { return grid_->Row(); })
 {
-    setObjectName(utf8(is_.Name));
-    SetWindowCaption(utf8(is_.WindowTitle ? is_.WindowTitle : is_.Title.English));
+    setObjectName(utf8(declaration_.Name));
+    SetWindowCaption(
+        utf8(declaration_.WindowTitle ? declaration_.WindowTitle : declaration_.Title.English));
     compose();
     attach();
 }
@@ -91,7 +92,7 @@ SearchWindow::~SearchWindow()
 
 void SearchWindow::compose()
 {
-    title_ = new TitleStrip(utf8(is_.Title.Urdu), utf8(is_.Title.English));
+    title_ = new TitleStrip(utf8(declaration_.Title.Urdu), utf8(declaration_.Title.English));
     btnSelect_ =
         new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"), QStringLiteral("Select"),
                           QStringLiteral("Enter"), JeweledButton::Kind::Primary);
@@ -114,7 +115,8 @@ void SearchWindow::compose()
         if (control)
             tabOrder << control;
     SetTabOrderOf(tabOrder);
-    resize(std::max(640, widthOf(is_.Columns) + 8 * Look::Space()), gridDetail_ ? 680 : 560);
+    resize(std::max(640, widthOf(declaration_.Columns) + 8 * Look::Space()),
+           gridDetail_ ? 680 : 560);
 }
 
 QWidget* SearchWindow::composeFields()
@@ -124,31 +126,32 @@ QWidget* SearchWindow::composeFields()
     row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
     row->setSpacing(Look::Space());
 
-    for (const SearchField& field : is_.Fields) {
+    for (const SearchField& field : declaration_.Fields) {
         const QString english = utf8(field.Caption.English);
         Txt* txt = field.TypesUrdu ? new UTxt(utf8(field.Name), english)
                                    : new Txt(utf8(field.Name), english);
         txt->setMinimumWidth(field.TypesUrdu ? 150 : 90);
-        const QString way = field.Is == SearchField::Kind::Jump ? QStringLiteral("jumps")
-                                                                : QStringLiteral("filters");
+        const QString way = field.Kind == SearchField::Type::Jump ? QStringLiteral("jumps")
+                                                                  : QStringLiteral("filters");
         row->addWidget(
-            Stacked(new Caption(utf8(field.Caption.Urdu), english + utf8(" · ") + way), txt),
+            Stacked(new CaptionLabel(utf8(field.Caption.Urdu), english + utf8(" · ") + way), txt),
             field.TypesUrdu ? 2 : 1);
         narrowings_.push_back({&field, txt});
     }
-    if (is_.Dates.From) {
+    if (declaration_.Dates.From) {
         dtpFrom_ = new DTPicker(QStringLiteral("DtpFrom"), QStringLiteral("From date"));
         dtpTo_ = new DTPicker(QStringLiteral("DtpTo"), QStringLiteral("To date"));
         for (DTPicker* picker : {dtpFrom_, dtpTo_})
-            picker->SetCustomFormat(utf8(is_.Dates.Format));
-        row->addWidget(Stacked(new Caption(utf8("تاریخ سے"), QStringLiteral("From")), dtpFrom_));
-        row->addWidget(Stacked(new Caption(utf8("تاریخ تک"), QStringLiteral("To")), dtpTo_));
+            picker->SetCustomFormat(utf8(declaration_.Dates.Format));
+        row->addWidget(
+            Stacked(new CaptionLabel(utf8("تاریخ سے"), QStringLiteral("From")), dtpFrom_));
+        row->addWidget(Stacked(new CaptionLabel(utf8("تاریخ تک"), QStringLiteral("To")), dtpTo_));
     }
-    if (is_.BtnFilter) {
+    if (declaration_.BtnFilter) {
         btnFilter_ =
             new JeweledButton(QStringLiteral("BtnFilter"), utf8("تلاش"), QStringLiteral("Search"),
-                              is_.FilterOnF12 ? QStringLiteral("F12") : QString());
-        btnFilter_->setToolTip(utf8(is_.FilterTip));
+                              declaration_.FilterOnF12 ? QStringLiteral("F12") : QString());
+        btnFilter_->setToolTip(utf8(declaration_.FilterTip));
         row->addWidget(btnFilter_, 0, Qt::AlignBottom);
     }
     return strip;
@@ -159,19 +162,19 @@ QLayout* SearchWindow::composeLists()
     auto* lists = new QVBoxLayout;
     lists->setContentsMargins(2 * Look::Space(), 0, 2 * Look::Space(), 2 * Look::Space());
     lists->setSpacing(Look::Space());
-    grid_ = listOf("Grid", is_.Columns);
+    grid_ = listOf("Grid", declaration_.Columns);
     grid_->SetSource(&list_);
     lists->addWidget(grid_, 3);
-    if (!is_.GridDetail.Statement.isEmpty()) {
-        gridDetail_ = listOf("GridDetail", is_.GridDetail.Columns);
+    if (!declaration_.GridDetail.Statement.isEmpty()) {
+        gridDetail_ = listOf("GridDetail", declaration_.GridDetail.Columns);
         gridDetail_->SetSource(&lines_);
         lists->addWidget(gridDetail_, 2);
     }
-    if (!is_.LblBalance.isEmpty()) {
+    if (!declaration_.LblBalance.isEmpty()) {
         lblBalance_ = new Label(QStringLiteral("LblBalance"));
         lists->addWidget(Labelled(captionOf({"بقایا", "Balance"}), lblBalance_));
     }
-    if (is_.LblTotalCards) {
+    if (declaration_.LblTotalCards) {
         lblTotalCards_ = new Label(QStringLiteral("LblTotalCards"));
         lists->addWidget(Labelled(captionOf({"کل کارڈ", "Total cards"}), lblTotalCards_));
     }
@@ -188,21 +191,21 @@ QLayout* SearchWindow::composeLists()
 void SearchWindow::attach()
 {
     for (const Narrowing& narrowing : narrowings_) {
-        switch (narrowing.Is->Is) {
-        case SearchField::Kind::Jump:
+        switch (narrowing.Declared->Kind) {
+        case SearchField::Type::Jump:
             narrowing.Field->OnChange = [this, narrowing] { jump(narrowing); };
             break;
-        case SearchField::Kind::QueryAgain:
+        case SearchField::Type::QueryAgain:
             narrowing.Field->OnChange = [this] { loadList(); };
             break;
-        case SearchField::Kind::OnFilter:
+        case SearchField::Type::OnFilter:
             break;
         }
     }
     if (btnFilter_)
         btnFilter_->OnClick = [this] { loadList(); };
     reader_.OnBegin = [this] {
-        if (is_.Dates.From)
+        if (declaration_.Dates.From)
             showRange();
         return buildStatement();
     };
@@ -238,14 +241,14 @@ void SearchWindow::attach()
     btnSelect_->OnClick = [this] { select(); };
     btnClose_->OnClick = [this] { leaveEmpty(); };
     title_->ImgExit().OnClick = [this] { Unload(); };
-    if (is_.MinimizeWorks)
+    if (declaration_.MinimizeWorks)
         title_->ImgMin().OnClick = [this] { Minimize(); };
 }
 
 Txt& SearchWindow::NarrowingField(const char* name)
 {
     for (const Narrowing& narrowing : narrowings_)
-        if (qstrcmp(narrowing.Is->Name, name) == 0)
+        if (qstrcmp(narrowing.Declared->Name, name) == 0)
             return *narrowing.Field;
     throw std::out_of_range(name);
 }
@@ -257,12 +260,12 @@ Txt& SearchWindow::firstField()
 
 void SearchWindow::Load()
 {
-    if (is_.Dates.From) {
+    if (declaration_.Dates.From) {
         const QDate today = QDate::currentDate();
-        dtpFrom_->SetValue(is_.Dates.From(today));
-        dtpTo_->SetValue(is_.Dates.To(today));
+        dtpFrom_->SetValue(declaration_.Dates.From(today));
+        dtpTo_->SetValue(declaration_.Dates.To(today));
     }
-    if (is_.Dates.From && is_.Dates.QueryAgain) {
+    if (declaration_.Dates.From && declaration_.Dates.QueryAgain) {
         // From here on, so that the defaults do not read the list.
         for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
             picker->OnChange = [this] {
@@ -272,7 +275,7 @@ void SearchWindow::Load()
             picker->OnLostFocus = [this] { showRange(); };
         }
     }
-    dialog_.EmptyParaOut(is_.Results.front());
+    dialog_.EmptyParaOut(declaration_.Results.front());
     ResetFocus(firstField());
     loading_ = true;
     reader_.Read();
@@ -282,7 +285,7 @@ SearchWindow::DateRange SearchWindow::range() const
 {
     const QDate from = dtpFrom_->Value();
     const QDate to = dtpTo_->Value();
-    if (!is_.Dates.WholeMonths)
+    if (!declaration_.Dates.WholeMonths)
         return {from, to};
     return {QDate(from.year(), from.month(), 1), QDate(to.year(), to.month(), to.daysInMonth())};
 }
@@ -302,26 +305,27 @@ void SearchWindow::showRange()
 
 Statement SearchWindow::buildStatement() const
 {
-    Statement statement(is_.Statement.constData());
-    for (const SearchInput& input : is_.Inputs) {
+    Statement statement(declaration_.Statement.constData());
+    for (const SearchInput& input : declaration_.Inputs) {
         const QString given = dialog_.ParaIn(input.Name).toString();
         const QString value = given.trimmed().isEmpty() ? QString() : given;
         Statement clause;
-        if (input.Is == SearchInput::Kind::ReadyClause)
+        if (input.Kind == SearchInput::Type::ReadyClause)
             clause = Statement(given);
         else if (value != QLatin1String(input.NoClauseFor))
             clause = Statement(input.Clause).Bind(input.Name, value);
         statement.Splice(input.Place, clause);
     }
     for (const Narrowing& narrowing : narrowings_) {
-        if (!narrowing.Is->Place)
+        if (!narrowing.Declared->Place)
             continue;
         Statement clause;
         if (const QString typed = narrowing.Field->Text(); !typed.trimmed().isEmpty())
-            clause = Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed);
-        statement.Splice(narrowing.Is->Place, clause);
+            clause = Statement(narrowing.Declared->Text.constData())
+                         .Bind(narrowing.Declared->Name, typed);
+        statement.Splice(narrowing.Declared->Place, clause);
     }
-    if (is_.Dates.From) {
+    if (declaration_.Dates.From) {
         const DateRange dates = range();
         statement.Bind("DtpFrom", dates.From)
             .Bind("DtpTo", dates.To)
@@ -381,7 +385,8 @@ void SearchWindow::jump(const Narrowing& narrowing)
         return;
     }
     Recordset& rows = list_.Rows();
-    rows.Find(Statement(narrowing.Is->Text.constData()).Bind(narrowing.Is->Name, typed));
+    rows.Find(
+        Statement(narrowing.Declared->Text.constData()).Bind(narrowing.Declared->Name, typed));
     jumpTo(rows.Eof() ? rows.RecordCount() - 1 : rows.Position());
 }
 
@@ -404,8 +409,8 @@ Recordset SearchWindow::readAboutRow(const QByteArray& statement) const
     // Backwards, so that of two fields of one name the first counts.
     for (int field = rows.FieldCount() - 1; field >= 0; --field)
         about.Bind(rows.FieldName(field).toUtf8(), rows.ValueAt(row, field));
-    for (int column = 0; column < is_.Columns.size(); ++column)
-        about.Bind(is_.Columns[column].Name, list_.Text(row, column));
+    for (int column = 0; column < declaration_.Columns.size(); ++column)
+        about.Bind(declaration_.Columns[column].Name, list_.Text(row, column));
     return HostContext::Database()->Execute(about);
 }
 
@@ -415,7 +420,7 @@ void SearchWindow::showRow()
     const bool none = list_.RowCount() == 0;
     if (lblBalance_) {
         QStringList texts;
-        for (const QByteArray& statement : is_.LblBalance)
+        for (const QByteArray& statement : declaration_.LblBalance)
             if (!none)
                 texts << TextOf(readAboutRow(statement).Fields(0).Value());
         lblBalance_->SetText(texts.join(u' '));
@@ -424,7 +429,7 @@ void SearchWindow::showRow()
         if (none)
             lines_.Drop();
         else
-            lines_.Take(readAboutRow(is_.GridDetail.Statement));
+            lines_.Take(readAboutRow(declaration_.GridDetail.Statement));
         gridDetail_->SourceChanged();
     }
 }
@@ -434,16 +439,16 @@ void SearchWindow::select()
     reader_.Finish();
     if (grid_->RowCount() == 0)
         return;
-    for (const SearchResult& result : is_.Results) {
+    for (const SearchResult& result : declaration_.Results) {
         const QVariant value = list_.Rows().Value(result.Field);
-        switch (result.Is) {
-        case SearchResult::Kind::Text:
+        switch (result.Kind) {
+        case SearchResult::Type::Text:
             dialog_.paraOut_[result.Name] = TextOf(value);
             break;
-        case SearchResult::Kind::Int16:
+        case SearchResult::Type::Int16:
             dialog_.paraOut_[result.Name] = int(ToInt16(value.toDouble()));
             break;
-        case SearchResult::Kind::Int32:
+        case SearchResult::Type::Int32:
             dialog_.paraOut_[result.Name] = ToInt32(value.toDouble());
             break;
         }
@@ -453,7 +458,7 @@ void SearchWindow::select()
 
 void SearchWindow::leaveEmpty()
 {
-    for (const SearchResult& result : is_.Results)
+    for (const SearchResult& result : declaration_.Results)
         dialog_.EmptyParaOut(result);
     Unload();
 }
@@ -461,9 +466,9 @@ void SearchWindow::leaveEmpty()
 ExportList SearchWindow::exported() const
 {
     ExportList list;
-    list.Name = utf8(is_.Title.English);
+    list.Name = utf8(declaration_.Title.English);
     list.Rows = list_.RowCount();
-    for (const SearchColumn& column : is_.Columns) {
+    for (const SearchColumn& column : declaration_.Columns) {
         list.Columns.append(
             {utf8(column.Caption.Urdu) + utf8(" · ") + utf8(column.Caption.English), column.Width});
     }
@@ -490,7 +495,7 @@ void SearchWindow::FormKeyDown(KeyPress& key)
         select();
         return;
     case Qt::Key_F12:
-        if (is_.FilterOnF12) {
+        if (declaration_.FilterOnF12) {
             key.Swallow();
             FinishEdit();
             btnFilter_->Click();

@@ -52,7 +52,7 @@ private:
         QDate To;
     };
     struct Narrowing {
-        const SearchField* Is;
+        const SearchField* Declared;
         Txt* Field;
     };
 
@@ -76,7 +76,7 @@ private:
     ExportList exported() const;
 
     SearchDialog& dialog_;
-    const SearchDescription& is_;
+    const SearchDeclaration& declaration_;
     BoundRows list_;
     BoundRows lines_;
     QString listStatement_;

@@ -11,7 +11,7 @@ const SearchField productField{
     "ProductClause",  Captions::Product, true};
 
 /// Stock that came in or went out by number of pieces.
-SearchDescription stockDocuments(const char* name, const SearchCaption& title, const char* kind)
+SearchDeclaration stockDocuments(const char* name, const Caption& title, const char* kind)
 {
     return {
         .Name = name,
@@ -50,13 +50,13 @@ SearchDescription stockDocuments(const char* name, const SearchCaption& title, c
 
 } // namespace
 
-const SearchDescription SchStockIn =
+const SearchDeclaration SchStockIn =
     stockDocuments("SchStockIn", {"آمد مال تلاش کریں", "Find stock in"}, "StockIn");
 
-const SearchDescription SchStockOut =
+const SearchDeclaration SchStockOut =
     stockDocuments("SchStockOut", {"روانگی مال تلاش کریں", "Find stock out"}, "StockOut");
 
-const SearchDescription SchStockInDetail{
+const SearchDeclaration SchStockInDetail{
     .Name = "SchStockInDetail",
     .Title = {"نمبر وار آمد مال تلاش کریں", "Find numbered stock in"},
     .Statement =

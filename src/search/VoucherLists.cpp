@@ -5,7 +5,7 @@ namespace TradeForms {
 namespace {
 
 /// Concessions and returns: vouchers of one area that sum what their accounts were credited.
-SearchDescription creditVouchers(const char* name, const SearchCaption& title, const char* kind)
+SearchDeclaration creditVouchers(const char* name, const Caption& title, const char* kind)
 {
     return {
         .Name = name,
@@ -34,7 +34,7 @@ SearchDescription creditVouchers(const char* name, const SearchCaption& title, c
 
 } // namespace
 
-const SearchDescription SchGatePass{
+const SearchDeclaration SchGatePass{
     .Name = "SchGatePass",
     .Title = {"گیٹ پاس تلاش کریں", "Find gate pass"},
     .Statement = "Select GatePassHeader.GatePassID, GatePassDate, d.Name as DriverName,"
@@ -70,7 +70,7 @@ const SearchDescription SchGatePass{
     .MinimizeWorks = false,
 };
 
-const SearchDescription SchInsCustomer{
+const SearchDeclaration SchInsCustomer{
     .Name = "SchInsCustomer",
     .Title = {"قسط کا کھاتہ تلاش کریں", "Find instalment account"},
     .Statement = " SELECT InsCustomerHeader.InsCustomerID,InsCustomerHeader.CardNo, SaleDate,"
@@ -116,7 +116,7 @@ const SearchDescription SchInsCustomer{
                 {"CusID", "InsCustomerID", {"کھاتہ", "Account"}, 110}},
 };
 
-const SearchDescription SchRecoveryVoucher{
+const SearchDeclaration SchRecoveryVoucher{
     .Name = "SchRecoveryVoucher",
     .Title = {"وصولی واؤچر تلاش کریں", "Find recovery voucher"},
     .Statement =
@@ -143,7 +143,7 @@ const SearchDescription SchRecoveryVoucher{
                 {"TotalAmount", "TotalAmount", Captions::Total, 120, Column::Number}},
 };
 
-const SearchDescription SchRecoveryVoucherDetail{
+const SearchDeclaration SchRecoveryVoucherDetail{
     .Name = "SchRecoveryVoucherDetail",
     .Title = {"وصولی کی رسید تلاش کریں", "Find recovery receipt"},
     .Statement =
@@ -179,13 +179,13 @@ const SearchDescription SchRecoveryVoucherDetail{
     .LblTotalCards = true,
 };
 
-const SearchDescription SchConcessionVoucher = creditVouchers(
+const SearchDeclaration SchConcessionVoucher = creditVouchers(
     "SchConcessionVoucher", {"رعایت واؤچر تلاش کریں", "Find concession voucher"}, "Concession");
 
-const SearchDescription SchReturnVoucher =
+const SearchDeclaration SchReturnVoucher =
     creditVouchers("SchReturnVoucher", {"واپسی واؤچر تلاش کریں", "Find return voucher"}, "Return");
 
-const SearchDescription SchWorkerParts{
+const SearchDeclaration SchWorkerParts{
     .Name = "SchWorkerParts",
     .Title = {"پرزہ جات واؤچر تلاش کریں", "Find parts voucher"},
     .Statement = "Select h.VoucherID, VoucherDate, b.TotalAmount ,Name, h.StaffID"
@@ -208,7 +208,7 @@ const SearchDescription SchWorkerParts{
                 {"TotalAmount", "TotalAmount", Captions::Total, 120, Column::Number}},
 };
 
-const SearchDescription SchPartnershipProfit{
+const SearchDeclaration SchPartnershipProfit{
     .Name = "SchPartnershipProfit",
     .Title = {"شراکت کا منافع تلاش کریں", "Find partnership profit"},
     .Statement =
@@ -229,7 +229,7 @@ const SearchDescription SchPartnershipProfit{
                 {"Profit", "Profit", {"منافع", "Profit"}, 120, Column::Number}},
 };
 
-const SearchDescription SchConvertArea{
+const SearchDeclaration SchConvertArea{
     .Name = "SchConvertArea",
     .Title = {"منتقل شدہ کھاتہ تلاش کریں", "Find converted account"},
     .Statement =

@@ -168,9 +168,9 @@ DetailDeclaration FrmGatePass::detail()
 
 // ---- The code fields
 
-LookupDescription FrmGatePass::driver()
+LookupDeclaration FrmGatePass::driver()
 {
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtDriverCode,
         .Name = TxtDriverName,
         .Button = BtnDriver,
@@ -189,9 +189,9 @@ LookupDescription FrmGatePass::driver()
     };
 }
 
-LookupDescription FrmGatePass::receiving()
+LookupDeclaration FrmGatePass::receiving()
 {
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtReceivingCode,
         .Name = TxtReceivingName,
         .Button = BtnReceiving,
@@ -210,9 +210,9 @@ LookupDescription FrmGatePass::receiving()
     };
 }
 
-LookupDescription FrmGatePass::area()
+LookupDeclaration FrmGatePass::area()
 {
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtAreaCode,
         .Name = TxtAreaName,
         .Button = BtnArea,
@@ -228,15 +228,15 @@ LookupDescription FrmGatePass::area()
             },
         .NameColumn = "AreaName",
         .EmptyBringsList = true,
-        .OnLeaving = LookupDescription::Casing::Proper,
+        .OnLeaving = LookupDeclaration::Casing::Proper,
         .NextAfterF1 = [this] { return &TxtBranchID; },
         .NextAfterButton = [this] { return &TxtBranchID; },
     };
 }
 
-LookupDescription FrmGatePass::branch()
+LookupDeclaration FrmGatePass::branch()
 {
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtBranchID,
         .Name = TxtBranchName,
         .Button = BtnBranch,
@@ -259,9 +259,9 @@ LookupDescription FrmGatePass::branch()
     };
 }
 
-LookupDescription FrmGatePass::product()
+LookupDeclaration FrmGatePass::product()
 {
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtProductID,
         .Name = TxtProductName,
         .Button = BtnProduct,

@@ -61,11 +61,11 @@ protected:
 
 private:
     DetailDeclaration detail();
-    LookupDescription driver();
-    LookupDescription receiving();
-    LookupDescription area();
-    LookupDescription branch();
-    LookupDescription product();
+    LookupDeclaration driver();
+    LookupDeclaration receiving();
+    LookupDeclaration area();
+    LookupDeclaration branch();
+    LookupDeclaration product();
     void declareHeader();
     void attachOptions();
     void compose();

@@ -106,10 +106,10 @@ DetailDeclaration FrmStockInDetail::detail()
 
 // ---- The code fields
 
-LookupDescription FrmStockInDetail::receiving()
+LookupDeclaration FrmStockInDetail::receiving()
 {
     const auto product = [this] { return &TxtProductID; };
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtReceivingCode,
         .Name = TxtReceivingName,
         .Button = BtnReceiving,
@@ -128,10 +128,10 @@ LookupDescription FrmStockInDetail::receiving()
     };
 }
 
-LookupDescription FrmStockInDetail::product()
+LookupDeclaration FrmStockInDetail::product()
 {
     const auto engine = [this] { return &TxtEngineNo; };
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtProductID,
         .Name = TxtProductName,
         .Button = BtnProduct,

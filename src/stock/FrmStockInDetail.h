@@ -34,8 +34,8 @@ protected:
 
 private:
     DetailDeclaration detail();
-    LookupDescription receiving();
-    LookupDescription product();
+    LookupDeclaration receiving();
+    LookupDeclaration product();
     void declareHeader();
     bool isNewUnit();
     QWidget* composeHeader();

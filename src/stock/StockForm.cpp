@@ -99,10 +99,10 @@ DetailDeclaration StockForm::detail(const StockDeclaration& declaration)
 
 // ---- The code fields
 
-LookupDescription StockForm::branch()
+LookupDeclaration StockForm::branch()
 {
     const auto account = [this] { return &TxtAccountNo; };
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtBranchID,
         .Name = TxtBranchName,
         .Button = BtnBranch,
@@ -124,9 +124,9 @@ LookupDescription StockForm::branch()
     };
 }
 
-LookupDescription StockForm::account()
+LookupDeclaration StockForm::account()
 {
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtAccountNo,
         .Name = TxtAccountName,
         .Button = BtnSearch,
@@ -146,10 +146,10 @@ LookupDescription StockForm::account()
     };
 }
 
-LookupDescription StockForm::product()
+LookupDeclaration StockForm::product()
 {
     const auto quantity = [this] { return &TxtQty; };
-    return LookupDescription{
+    return LookupDeclaration{
         .Code = TxtProductID,
         .Name = TxtProductName,
         .Button = BtnProduct,

@@ -41,8 +41,8 @@ public:
     Txt& TxtQty;
     Txt& TxtPrice;
     Txt& TxtAmount;
-    Caption& Label8;  ///< of TxtPrice
-    Caption& Label15; ///< of TxtAmount
+    CaptionLabel& Label8;  ///< of TxtPrice
+    CaptionLabel& Label15; ///< of TxtAmount
 
     DetailGrid Detail;
     LookupCode LookupBranch;
@@ -57,9 +57,9 @@ protected:
 
 private:
     DetailDeclaration detail(const StockDeclaration& declaration);
-    LookupDescription branch();
-    LookupDescription account();
-    LookupDescription product();
+    LookupDeclaration branch();
+    LookupDeclaration account();
+    LookupDeclaration product();
     void declareHeader();
     void workOutAmount();
     QWidget* composeHeader();

@@ -236,7 +236,7 @@ TEST(PiecesTest, CodeStandsAtTheReadersRightHand)
 {
     Form form;
     auto* column = new QVBoxLayout(&form);
-    auto* caption = new Caption(s("ڈرائیور"), s("Driver"));
+    auto* caption = new CaptionLabel(s("ڈرائیور"), s("Driver"));
     auto* code = new Txt(s("TxtDriverCode"));
     auto* button = new JeweledButton(s("BtnDriver"), s("..."), {}, {}, JeweledButton::Kind::Small);
     auto* name = new UTxt(s("TxtDriverName"));

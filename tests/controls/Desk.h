@@ -8,6 +8,7 @@
 #include "controls/Txt.h"
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -32,10 +33,7 @@ inline void PrintTo(const QDate& date, std::ostream* out)
 
 namespace TradeForms {
 
-inline QString s(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
+using tests::s;
 
 /// A form with three fields, a date, a button and a grid, which notes in a log what happens.
 class Desk : public Form {

@@ -122,7 +122,7 @@ TEST(LookTest, ButtonsAndCaptionsClipNoGlyph)
     EXPECT_EQ(clippedRows(small), 0);
     Label label(s("Lbl"), kTallText);
     EXPECT_EQ(clippedRows(label), 0);
-    Caption caption(kTallText, s("Ågj|"));
+    CaptionLabel caption(kTallText, s("Ågj|"));
     for (QLabel* line : caption.findChildren<QLabel*>())
         EXPECT_EQ(clippedRows(*line), 0) << line->text().toStdString();
 }
@@ -287,7 +287,7 @@ TEST(LookTest, HostsFontAndPaletteStayOut)
         grid.SetColumns({{s("ID"), s("کوڈ"), s("Code")}});
         grid.SetCell(grid.AddRow(), s("ID"), s("101"));
         JeweledButton button(s("BtnSave"), s("محفوظ"), s("Save"), s("Ctrl+S"));
-        Caption caption(s("نام"), s("Name"));
+        CaptionLabel caption(s("نام"), s("Name"));
         TitleStrip strip(s("گیٹ پاس"), s("Gate Pass"));
         strip.SetState(s("نیا"), s("New"));
         QList<QImage> all;

@@ -4,10 +4,12 @@
 #include "data/Connection.h"
 #include "data/Recordset.h"
 #include "support/TestCompany.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
 using namespace TradeForms;
+using tests::s;
 
 namespace {
 
@@ -48,11 +50,6 @@ protected:
     TestCompany company_;
     std::shared_ptr<Connection> connection_ = company_.Connect();
 };
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 } // namespace
 

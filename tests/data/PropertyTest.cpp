@@ -58,7 +58,7 @@ std::vector<std::string> literalsIn(const QByteArray& statement)
 {
     std::vector<std::string> literals;
     for (const Token& token : ReadTokens({statement.constData(), std::size_t(statement.size())}))
-        if (token.What == Token::Kind::Literal)
+        if (token.Kind == Token::Type::Literal)
             literals.emplace_back(token.Text);
     return literals;
 }

@@ -17,7 +17,7 @@ protected:
     {
         engine_.Scan(
             QString::fromUtf8(statement),
-            [&](const std::shared_ptr<const Shape>& columns) {
+            [&](const std::shared_ptr<const ResultMetadata>& columns) {
                 ++beginnings_;
                 columns_ = columns;
             },
@@ -26,7 +26,7 @@ protected:
 
     Engine& engine_ = connection_->engine();
     int beginnings_ = 0;
-    std::shared_ptr<const Shape> columns_;
+    std::shared_ptr<const ResultMetadata> columns_;
 };
 
 } // namespace

@@ -110,12 +110,11 @@ TEST(ServerSchema, CanBeRunAgain)
                                 batch.startsWith(QStringLiteral("create table "));
         const bool makesIndex = batch.contains(QStringLiteral("create index ")) ||
                                 batch.contains(QStringLiteral("create unique index "));
-        if (makesTable)
-            EXPECT_TRUE(batch.contains(QStringLiteral("if object_id("))) << batch.toStdString();
-        if (makesIndex) {
-            EXPECT_TRUE(batch.contains(QStringLiteral("if not exists (select 1 from sys.indexes")))
-                << batch.toStdString();
-        }
+        EXPECT_TRUE(!makesTable || batch.contains(QStringLiteral("if object_id(")))
+            << batch.toStdString();
+        EXPECT_TRUE(!makesIndex ||
+                    batch.contains(QStringLiteral("if not exists (select 1 from sys.indexes")))
+            << batch.toStdString();
         EXPECT_FALSE(batch.contains(QStringLiteral("create view")) ||
                      batch.contains(QStringLiteral("create function")) ||
                      batch.contains(QStringLiteral("create procedure")))

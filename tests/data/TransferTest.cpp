@@ -4,7 +4,7 @@
 #include "data/Engine.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
-#include "data/TableProof.h"
+#include "data/TableChecksum.h"
 #include "support/Engines.h"
 #include "support/EveryTable.h"
 #include "support/FaultyDisk.h"
@@ -80,7 +80,7 @@ protected:
     {
         return TransferCompany(source_.File(), target, comparing());
     }
-    /// What the proof finds after a change of the target.
+    /// What the checksum finds after a change of the target.
     std::vector<std::string> foundAfter(const char* change) const
     {
         const QString target = place("changed.db");
@@ -510,23 +510,23 @@ TEST(AmountSum, TellsAmountsBelowNothing)
     EXPECT_EQ(sum.Text(), QStringLiteral("-0.2500"));
 }
 
-TEST(TableProof, TellsWhereAmountsLostDecimals)
+TEST(TableChecksum, TellsWhereAmountsLostDecimals)
 {
-    const Shape columns({{QStringLiteral("Amount"), ColumnKind::Number, {}, {}}});
-    const auto proofOf = [&](const std::vector<double>& amounts) {
-        TableProof proof(columns, columns);
+    const ResultMetadata columns({{QStringLiteral("Amount"), ColumnKind::Number, {}, {}}});
+    const auto checksumOf = [&](const std::vector<double>& amounts) {
+        TableChecksum checksum(columns, columns);
         for (const double amount : amounts) {
             std::string row;
             AppendCell(row, Cell::FromReal(amount));
-            proof.Add(row);
+            checksum.Add(row);
         }
-        return proof;
+        return checksum;
     };
-    const TableProof source = proofOf({1.0 / 3, 0.1 + 0.2, 7});
-    const TableProof target = proofOf({0.3333, 0.3, 7});
+    const TableChecksum source = checksumOf({1.0 / 3, 0.1 + 0.2, 7});
+    const TableChecksum target = checksumOf({0.3333, 0.3, 7});
     EXPECT_TRUE(source.Compare(target, QStringLiteral("T")).isEmpty());
     const auto rounded = source.RoundedIn(target, QStringLiteral("T"));
     ASSERT_EQ(rounded.size(), 1);
     EXPECT_EQ(rounded.first().Source, QStringLiteral("1 amounts of more than four decimals"));
-    EXPECT_FALSE(source.Compare(proofOf({0.3334, 0.3, 7}), QStringLiteral("T")).isEmpty());
+    EXPECT_FALSE(source.Compare(checksumOf({0.3334, 0.3, 7}), QStringLiteral("T")).isEmpty());
 }

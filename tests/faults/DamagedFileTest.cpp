@@ -6,6 +6,7 @@
 #include "data/Recordset.h"
 #include "support/LibraryStatements.h"
 #include "support/TestCompany.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -18,13 +19,9 @@
 #include <random>
 
 using namespace TradeForms;
+using tests::s;
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 constexpr const char* documents = R"sql(
 WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300)

@@ -2,15 +2,11 @@
 
 #include "faults/Meanwhile.h"
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 class NumberRace : public GatePassDesk {
 protected:

@@ -5,6 +5,7 @@
 #include "data/sqlite/SqliteEngine.h"
 #include "host/HostContext.h"
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 #include <chrono>
 #include <utility>
@@ -14,11 +15,6 @@ namespace tests {
 namespace {
 
 using namespace std::chrono_literals;
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 class TransactionRules : public GatePassDesk {
 protected:

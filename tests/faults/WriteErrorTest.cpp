@@ -3,6 +3,7 @@
 #include "data/Failure.h"
 #include "support/FaultyDisk.h"
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 #include <QDir>
 
@@ -11,11 +12,6 @@
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 struct WithDisk {
     FaultyDisk disk;

@@ -4,15 +4,11 @@
 
 #include "frame/Authorisation.h"
 #include "host/HostContext.h"
+#include "support/Text.h"
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 using State = VoucherForm::State;
 

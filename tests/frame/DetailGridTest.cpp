@@ -1,6 +1,7 @@
 // The entry row above the grid.
 
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -9,11 +10,6 @@
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 using State = VoucherForm::State;
 

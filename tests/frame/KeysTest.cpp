@@ -1,17 +1,13 @@
 // Each line of the form's key table.
 
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 #include <QtTest>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 using State = VoucherForm::State;
 using KeysTest = GatePassDesk;

@@ -1,17 +1,13 @@
 // Code fields: a typed code becomes a name, an unknown one brings up the list.
 
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 #include <QtTest>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 using State = VoucherForm::State;
 using LookupCodeTest = GatePassDesk;

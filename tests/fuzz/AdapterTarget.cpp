@@ -39,7 +39,7 @@ Kept keptOf(const QByteArray& text)
     Kept kept;
     std::size_t end = 0;
     for (const Token& token : ReadTokens(view)) {
-        if (token.What == Token::Kind::Literal)
+        if (token.Kind == Token::Type::Literal)
             kept.Literals.emplace_back(token.Text);
         const std::size_t begin = std::size_t(token.Text.data() - view.data());
         for (const char letter : view.substr(end, begin - end))

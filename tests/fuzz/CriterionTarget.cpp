@@ -13,9 +13,9 @@ using namespace TradeForms;
 
 namespace {
 
-const Shape& shape()
+const ResultMetadata& metadata()
 {
-    static const Shape columns = [] {
+    static const ResultMetadata columns = [] {
         std::vector<Column> all;
         for (const auto& [name, kind] : {std::pair{"ID", ColumnKind::Integer},
                                          {"Name", ColumnKind::Text},
@@ -29,7 +29,7 @@ const Shape& shape()
             column.Kind = kind;
             all.push_back(column);
         }
-        return Shape(std::move(all));
+        return ResultMetadata(std::move(all));
     }();
     return columns;
 }
@@ -50,7 +50,7 @@ const std::vector<std::string>& rows()
         std::vector<std::string> made;
         for (const Cell& cell : cells) {
             std::string row;
-            for (int column = 0; column < shape().Count(); ++column)
+            for (int column = 0; column < metadata().Count(); ++column)
                 AppendCell(row, cell);
             made.push_back(row);
         }
@@ -62,8 +62,8 @@ const std::vector<std::string>& rows()
 std::optional<TradeForms::Criterion> parsed(const QString& text, bool isSingle)
 {
     try {
-        return isSingle ? TradeForms::Criterion::ParseSingle(text, shape())
-                        : TradeForms::Criterion::Parse(text, shape());
+        return isSingle ? TradeForms::Criterion::ParseSingle(text, metadata())
+                        : TradeForms::Criterion::Parse(text, metadata());
     } catch (const Failure& failure) {
         if (failure.Description().isEmpty())
             throw BrokenPromise("a refusal without words");

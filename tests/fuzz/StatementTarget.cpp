@@ -32,9 +32,9 @@ Shape shapeOf(const QString& statement)
     const QByteArray text = statement.toUtf8();
     Shape shape;
     for (const Token& token : ReadTokens({text.constData(), std::size_t(text.size())}))
-        if (token.What == Token::Kind::Literal)
+        if (token.Kind == Token::Type::Literal)
             shape.emplace_back("'");
-        else if (token.What == Token::Kind::Number)
+        else if (token.Kind == Token::Type::Number)
             shape.emplace_back("0");
         else
             shape.emplace_back(token.Text);

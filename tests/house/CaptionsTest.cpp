@@ -6,6 +6,7 @@
 #include "reports/RptReportViewer.h"
 #include "support/GatePassDesk.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QFontDatabase>
 #include <QProcess>
@@ -14,11 +15,6 @@
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 constexpr const char* ScaleVariable = "QT_SCALE_FACTOR";
 
@@ -79,7 +75,7 @@ protected:
 };
 
 class SearchCaptionsTest : public SearchDesk,
-                           public ::testing::WithParamInterface<const SearchDescription*> {};
+                           public ::testing::WithParamInterface<const SearchDeclaration*> {};
 
 INSTANTIATE_TEST_SUITE_P(Of, SearchCaptionsTest, ::testing::ValuesIn(AllSearchDialogs()),
                          NameOfDialog);

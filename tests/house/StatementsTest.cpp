@@ -2,6 +2,7 @@
 
 #include "search/Catalogue.h"
 #include "support/LibraryStatements.h"
+#include "support/Text.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
@@ -14,11 +15,6 @@ using namespace TradeForms;
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// A statement with nothing in the places of its values.
 QString withoutValues(QString statement)
@@ -41,7 +37,7 @@ QSet<QString> withoutValues(const QStringList& statements)
 TEST(Statements, OfTheDialogsAllStandInTheirDescriptions)
 {
     QStringList described;
-    for (const SearchDescription* description : AllSearchDialogs())
+    for (const SearchDeclaration* description : AllSearchDialogs())
         for (const QByteArray& statement :
              QList<QByteArray>{description->Statement, description->GridDetail.Statement} +
                  description->LblBalance)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Clerk.h"
+#include "support/Text.h"
 
 #include <QString>
 #include <QStringList>
@@ -9,10 +10,7 @@
 
 namespace journeys {
 
-inline QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
+using tests::s;
 
 /// The rows of a query, read through a connection of its own; cells joined by '|'.
 QStringList rows(const QString& file, const QString& sql);

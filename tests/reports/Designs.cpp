@@ -31,27 +31,27 @@ ReportObject object(const char* name, double height)
 
 } // namespace
 
-ReportDefinition PlainDesign()
+ReportDeclaration PlainDesign()
 {
     // An A5 sheet upright is 1480 by 2100.
-    ReportDefinition definition{.Name = s("Plain"),
-                                .Title = s("Plain"),
-                                .Paper = QPageSize::A5,
-                                .Margins = QMarginsF(240, pageMargin, 240, 1000)};
+    ReportDeclaration declaration{.Name = s("Plain"),
+                                  .Title = s("Plain"),
+                                  .Paper = QPageSize::A5,
+                                  .Margins = QMarginsF(240, pageMargin, 240, 1000)};
     const ReportSource page{ReportSource::From::PageText, s("{Page} of {Pages}"), {}};
-    definition.Sections = {TextSection(SectionKind::PageHeader, "PageHeader", 50, "head"),
-                           FieldSection(SectionKind::Details, "Row", 100, ColumnSource("n")),
-                           FieldSection(SectionKind::PageFooter, "PageFooter", 50, page)};
-    return definition;
+    declaration.Sections = {TextSection(SectionKind::PageHeader, "PageHeader", 50, "head"),
+                            FieldSection(SectionKind::Details, "Row", 100, ColumnSource("n")),
+                            FieldSection(SectionKind::PageFooter, "PageFooter", 50, page)};
+    return declaration;
 }
 
-ReportSection& SectionOf(ReportDefinition& definition, SectionKind kind)
+ReportSection& SectionOf(ReportDeclaration& declaration, SectionKind kind)
 {
-    for (ReportSection& section : definition.Sections)
+    for (ReportSection& section : declaration.Sections)
         if (section.Kind == kind)
             return section;
     ADD_FAILURE() << "no such section";
-    return definition.Sections.first();
+    return declaration.Sections.first();
 }
 
 ReportSection FieldSection(SectionKind kind, const char* name, double height, ReportSource source)

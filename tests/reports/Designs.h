@@ -2,7 +2,8 @@
 
 #include "data/Recordset.h"
 #include "reports/Document.h"
-#include "reports/ReportDefinition.h"
+#include "reports/ReportDeclaration.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -15,16 +16,11 @@ namespace tests {
 
 using namespace TradeForms;
 
-inline QString s(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
-
 /// A page of 1000 by 1000 in all between its margins, for tests of the layout: strips of one
 /// object each, named as their kind. Details are 100 high, a page header and footer 50 each.
-ReportDefinition PlainDesign();
+ReportDeclaration PlainDesign();
 /// The first section of a kind.
-ReportSection& SectionOf(ReportDefinition& definition, SectionKind kind);
+ReportSection& SectionOf(ReportDeclaration& declaration, SectionKind kind);
 /// A section with one field, or one text, over its whole width.
 ReportSection FieldSection(SectionKind kind, const char* name, double height, ReportSource source);
 ReportSection TextSection(SectionKind kind, const char* name, double height, const char* text);

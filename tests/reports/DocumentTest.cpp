@@ -64,7 +64,7 @@ protected:
 
     TestCompany company;
     std::shared_ptr<Connection> connection = company.Connect();
-    ReportDefinition design = PlainDesign();
+    ReportDeclaration design = PlainDesign();
 };
 
 } // namespace

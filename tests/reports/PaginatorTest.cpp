@@ -47,7 +47,7 @@ protected:
     TestCompany company;
     std::shared_ptr<Connection> connection = company.Connect();
     std::shared_ptr<Recordset> rows;
-    ReportDefinition design = PlainDesign();
+    ReportDeclaration design = PlainDesign();
 };
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "reports/PrinterPort.h"
 #include "reports/SampleReport.h"
 #include "support/Pdf.h"
+#include "support/Text.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,11 +25,6 @@ using namespace TradeForms;
 using testing::HasSubstr;
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 const PrintJob kJob{.Driver = s("Printer Driver"),
                     .PrinterName = s("Printer Name"),

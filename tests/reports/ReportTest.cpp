@@ -126,7 +126,7 @@ TEST_P(HeaderHookTest, WithoutALogoThePictureIsSuppressedAndTheEmbeddedOneNotSho
 
 TEST_P(HeaderHookTest, EachReportHasOneNumericCopyParameter)
 {
-    ASSERT_EQ(report->Definition().Parameters.size(), 1);
+    ASSERT_EQ(report->Declaration().Parameters.size(), 1);
     report->SetParameter(1, s("2"));
     EXPECT_EQ(report->Parameter(1), s("2"));
     EXPECT_THROW(report->SetParameter(1, s("two")), TypeMismatchFailure);
@@ -261,7 +261,7 @@ TEST_F(ReportTest, PrintOutGivesTheCopyToThePrintPort)
 
 TEST(RemoveObjectColorsTest, ColoursGoFromTextsFieldsAndBoxesUnlessTheNameSaysNo)
 {
-    ReportDefinition design = PlainDesign();
+    ReportDeclaration design = PlainDesign();
     const auto object = [](const char* name, ObjectKind kind) {
         ReportObject made;
         made.Name = s(name);

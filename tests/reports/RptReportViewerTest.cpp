@@ -8,6 +8,7 @@
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
 #include "support/Pdf.h"
+#include "support/Text.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -24,11 +25,6 @@ namespace tests {
 using namespace TradeForms;
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 class RptReportViewerTest : public ::testing::Test {
 protected:

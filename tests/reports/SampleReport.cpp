@@ -76,13 +76,13 @@ std::shared_ptr<Report> SampleReport::Make(const QString& title) const
     const ReportSource product{
         .Kind = ReportSource::From::Column, .Name = QStringLiteral("ProductID"), .Compute = {}};
 
-    ReportDefinition definition;
-    definition.Name = QStringLiteral("CrpSample");
-    definition.Title = title;
-    definition.Paper = QPageSize::A5;
-    definition.Orientation = Turn;
-    definition.Parameters = {{QStringLiteral("Copy"), true}};
-    definition.Sections = {
+    ReportDeclaration declaration;
+    declaration.Name = QStringLiteral("CrpSample");
+    declaration.Title = title;
+    declaration.Paper = QPageSize::A5;
+    declaration.Orientation = Turn;
+    declaration.Parameters = {{QStringLiteral("Copy"), true}};
+    declaration.Sections = {
         section(SectionKind::ReportHeader, "ReportHeaderSection1", 200,
                 {logo, text("TxtNameUrdu", "", QRectF(0, 0, 1000, 80)),
                  text("TxtTitle", "Title of the sample", QRectF(0, 100, 1000, 80))}),
@@ -91,7 +91,7 @@ std::shared_ptr<Report> SampleReport::Make(const QString& title) const
         section(SectionKind::Details, "DetailSection1", 60,
                 {field("FldProduct", product, QRectF(0, 0, 600, 60))})};
 
-    auto report = std::make_shared<Report>(definition);
+    auto report = std::make_shared<Report>(declaration);
     report->SetDataSource(rows_);
     report->SelectPrinter(QStringLiteral("Printer Driver"), QStringLiteral("Printer Name"),
                           QStringLiteral("LPT1"));

@@ -4,6 +4,7 @@
 #include "controls/Form.h"
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -14,11 +15,6 @@ namespace tests {
 using namespace TradeForms;
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 class SchPrintTest : public ::testing::Test {
 protected:

@@ -2,17 +2,13 @@
 
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QTest>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 class CodeListsTest : public SearchDesk {
 protected:
@@ -23,10 +19,10 @@ protected:
         const char* Reached;
     };
 
-    void ExpectJumps(const SearchDescription& description, const QList<Jump>& jumps)
+    void ExpectJumps(const SearchDeclaration& declaration, const QList<Jump>& jumps)
     {
         Look(
-            description,
+            declaration,
             [&](SearchWindow& window) {
                 const QString listed = Column(window, "ID");
                 for (const Jump& jump : jumps) {
@@ -41,9 +37,9 @@ protected:
             });
     }
 
-    static void GiveBranch(const SearchDescription& description, const char* code)
+    static void GiveBranch(const SearchDeclaration& declaration, const char* code)
     {
-        SearchDialog::Shared(description).SetParaIn("ParaInBranchCode", s(code));
+        SearchDialog::Shared(declaration).SetParaIn("ParaInBranchCode", s(code));
     }
 };
 
@@ -69,10 +65,10 @@ TEST_F(CodeListsTest, AllAreasAreListedForBranchZeroAndOtherwiseTheBranchsOwn)
 
 TEST_F(CodeListsTest, ABranchCodeThatIsMissingFailsTheReadInsteadOfListingAll)
 {
-    for (const SearchDescription* description : {&SchArea, &SchBranch}) {
-        GiveBranch(*description, "");
+    for (const SearchDeclaration* declaration : {&SchArea, &SchBranch}) {
+        GiveBranch(*declaration, "");
         boxes.Expect({s("Incorrect syntax near '='."), MsgIcon::Stop, s("Error occured")});
-        Look(*description, [](SearchWindow& window) { EXPECT_EQ(window.List().RowCount(), 0); });
+        Look(*declaration, [](SearchWindow& window) { EXPECT_EQ(window.List().RowCount(), 0); });
     }
 }
 
@@ -211,9 +207,9 @@ TEST_F(CodeListsTest, SectorsJumpByTheBeginningOfTheirNumberAndName)
 
 TEST_F(CodeListsTest, ALetterWhereANumberIsComparedFailsAndTheDialogStays)
 {
-    for (const SearchDescription* description : {&SchBranch, &SchParts}) {
+    for (const SearchDeclaration* declaration : {&SchBranch, &SchParts}) {
         boxes.Expect({s("Incorrect syntax near 'x'."), MsgIcon::Stop, s("Error occured")});
-        Look(*description, [](SearchWindow& window) {
+        Look(*declaration, [](SearchWindow& window) {
             TypeInto(window, "TxtID", s("x"));
             EXPECT_TRUE(window.isVisible());
             EXPECT_EQ(window.List().RowCount(), 3);

@@ -5,6 +5,7 @@
 #include "host/HostContext.h"
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QLocale>
 #include <QSet>
@@ -13,18 +14,13 @@ namespace tests {
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 struct ColumnText {
     const char* Column;
     const char* Text; ///< in the first row; {-30} is a day, {month} this month, {1st} its first day
 };
 
 struct Lists {
-    const SearchDescription* Is;
+    const SearchDeclaration* Declared;
     QList<ColumnText> Columns;
     QList<ColumnText> Lines = {};
     const char* Before = ""; ///< makes each field of the row unlike the others
@@ -32,7 +28,7 @@ struct Lists {
 
 std::ostream& operator<<(std::ostream& out, const Lists& lists)
 {
-    return out << lists.Is->Name;
+    return out << lists.Declared->Name;
 }
 
 const QList<Lists>& allLists()
@@ -212,16 +208,16 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Of, ColumnsTest, ::testing::ValuesIn(allLists()),
                          [](const ::testing::TestParamInfo<Lists>& tested) {
-                             return std::string(tested.param.Is->Name);
+                             return std::string(tested.param.Declared->Name);
                          });
 
 } // namespace
 
 TEST(Columns, OfEveryDialogAreTested)
 {
-    QList<const SearchDescription*> tested;
+    QList<const SearchDeclaration*> tested;
     for (const Lists& lists : allLists())
-        tested << lists.Is;
+        tested << lists.Declared;
     EXPECT_EQ(tested, AllSearchDialogs());
 }
 
@@ -229,12 +225,12 @@ TEST_P(ColumnsTest, ShowEachItsOwnFieldOfTheRow)
 {
     const Lists& expected = GetParam();
     company.Run(expected.Before);
-    Look(*expected.Is, [&](SearchWindow& window) {
+    Look(*expected.Declared, [&](SearchWindow& window) {
         ExpectRow(window.List(), expected.Columns, Statement(window.ListStatement()));
         ASSERT_EQ(window.GridDetail() != nullptr, !expected.Lines.isEmpty());
         if (window.GridDetail())
             ExpectRow(*window.GridDetail(), expected.Lines,
-                      Statement(expected.Is->GridDetail.Statement.constData())
+                      Statement(expected.Declared->GridDetail.Statement.constData())
                           .Bind("ID", Current(window, "ID")));
     });
 }

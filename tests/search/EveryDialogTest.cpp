@@ -1,9 +1,10 @@
-// What all dialogs have in common. Where it comes from their descriptions each of them is opened;
+// What all dialogs have in common. Where it comes from their declarations each of them is opened;
 // where it is the window's own work, one of each kind.
 
 #include "host/HostContext.h"
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -16,13 +17,8 @@ namespace tests {
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 struct Dialog {
-    const SearchDescription* Is;
+    const SearchDeclaration* Declared;
     const char* Key;             ///< a column that tells the rows apart
     const char* Listed;          ///< its texts, as the dialog comes up
     const char* First;           ///< the results of the first row
@@ -32,7 +28,7 @@ struct Dialog {
 
 std::ostream& operator<<(std::ostream& out, const Dialog& dialog)
 {
-    return out << dialog.Is->Name;
+    return out << dialog.Declared->Name;
 }
 
 /// All tables that a dialog reads.
@@ -105,7 +101,7 @@ protected:
         }
     }
 
-    const SearchDescription& is() const { return *GetParam().Is; }
+    const SearchDeclaration& is() const { return *GetParam().Declared; }
 
     QStringList results() const
     {
@@ -126,7 +122,7 @@ protected:
     {
         QStringList texts;
         for (const SearchResult& result : is().Results)
-            texts << (result.Is == SearchResult::Kind::Text ? QString() : s("0"));
+            texts << (result.Kind == SearchResult::Type::Text ? QString() : s("0"));
         return texts;
     }
 
@@ -137,13 +133,13 @@ protected:
 
 std::string nameOf(const ::testing::TestParamInfo<Dialog>& tested)
 {
-    return tested.param.Is->Name;
+    return tested.param.Declared->Name;
 }
 
 /// One dialog for each way in which the window is put together.
 QList<Dialog> oneOfEachKind()
 {
-    const QList<const SearchDescription*> chosen{
+    const QList<const SearchDeclaration*> chosen{
         &SchCustomer,              // a code list: a balance below it, two results, a filter on F12
         &SchRecoveryVoucherDetail, // a voucher list: a jump, queries, a count, two results
         &SchPartnershipProfit,     // its pickers keep to whole months
@@ -152,7 +148,7 @@ QList<Dialog> oneOfEachKind()
     };
     QList<Dialog> kinds;
     std::copy_if(dialogs().begin(), dialogs().end(), std::back_inserter(kinds),
-                 [&](const Dialog& dialog) { return chosen.contains(dialog.Is); });
+                 [&](const Dialog& dialog) { return chosen.contains(dialog.Declared); });
     return kinds;
 }
 
@@ -168,24 +164,22 @@ TEST(TheCatalogue, ListsEveryDialogThatIsDeclaredUnderItsOwnName)
 {
     QFile header(QStringLiteral(SOURCE_DIR "/src/search/Catalogue.h"));
     ASSERT_TRUE(header.open(QIODevice::ReadOnly));
-    static const QRegularExpression declaration(
-        s("extern\\s+const\\s+SearchDescription\\s+(\\w+)"));
+    static const QRegularExpression pattern(s("extern\\s+const\\s+SearchDeclaration\\s+(\\w+)"));
     QStringList declared;
-    for (auto found = declaration.globalMatch(QString::fromUtf8(header.readAll()));
-         found.hasNext();)
+    for (auto found = pattern.globalMatch(QString::fromUtf8(header.readAll())); found.hasNext();)
         declared << found.next().captured(1);
     QStringList listed;
-    for (const SearchDescription* description : AllSearchDialogs())
-        listed << s(description->Name);
+    for (const SearchDeclaration* declaration : AllSearchDialogs())
+        listed << s(declaration->Name);
     EXPECT_EQ(declared, listed);
     EXPECT_EQ(listed.size(), 24);
 }
 
 TEST(TheCatalogue, IsWhatIsTestedHere)
 {
-    QList<const SearchDescription*> tested;
+    QList<const SearchDeclaration*> tested;
     for (const Dialog& dialog : dialogs())
-        tested << dialog.Is;
+        tested << dialog.Declared;
     EXPECT_EQ(tested, AllSearchDialogs());
 }
 
@@ -305,7 +299,7 @@ TEST_P(DialogOfEachKind, TakesTheOnlyRowOfAList)
     Show(is(), [this](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(), 1);
         EXPECT_EQ(window.Title().StateText(), s("rows 1"));
-        if (is().Fields.front().Is == SearchField::Kind::Jump)
+        if (is().Fields.front().Kind == SearchField::Type::Jump)
             TypeInto(window, firstField(), s("77")); // no match: the last row is the first
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_Down);
@@ -322,7 +316,7 @@ TEST_P(EveryDialog, SaysThatAQuoteFailsAndTriesAgainAtTheNextKey)
 {
     for (const SearchField& field : is().Fields) {
         SCOPED_TRACE(field.Name);
-        const bool waits = field.Is == SearchField::Kind::OnFilter;
+        const bool waits = field.Kind == SearchField::Type::OnFilter;
         Look(is(), [&](SearchWindow& window) {
             const QString listed = Column(window, GetParam().Key);
             boxes.Expect(failure());
@@ -386,7 +380,7 @@ TEST_P(EveryDialog, HasBtnFilterWhereAFieldWaitsForIt)
 {
     const bool waits =
         std::any_of(is().Fields.begin(), is().Fields.end(), [](const SearchField& field) {
-            return field.Is == SearchField::Kind::OnFilter;
+            return field.Kind == SearchField::Type::OnFilter;
         });
     Look(is(), [&](SearchWindow& window) {
         EXPECT_EQ(window.BtnFilter() != nullptr, waits || &is() == &SchCustomer);

@@ -5,6 +5,7 @@
 #include "Xlsx.h"
 #include "data/Failure.h"
 #include "data/Numbers.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -21,11 +22,6 @@ namespace tests {
 using namespace TradeForms;
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 bool always(int)
 {

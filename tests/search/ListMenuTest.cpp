@@ -10,6 +10,7 @@
 #include "support/ExpectedFiles.h"
 #include "support/Keys.h"
 #include "support/TestCompany.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -25,11 +26,6 @@ using namespace TradeForms;
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 class ListMenuTest : public ::testing::Test {
 protected:
     ListMenuTest()
@@ -42,9 +38,9 @@ protected:
     ~ListMenuTest() override { HostContext::objCN.reset(); }
 
     /// Shows a dialog, lets the test drive it, and leaves it by Esc.
-    void show(const SearchDescription& description, const std::function<void(SearchWindow&)>& drive)
+    void show(const SearchDeclaration& declaration, const std::function<void(SearchWindow&)>& drive)
     {
-        SearchDialog& dialog = SearchDialog::Shared(description);
+        SearchDialog& dialog = SearchDialog::Shared(declaration);
         dialogs.Expect([&](Form& form) {
             drive(dynamic_cast<SearchWindow&>(form));
             Press(form, Qt::Key_Escape);

@@ -8,6 +8,7 @@
 #include "support/ExpectedBoxes.h"
 #include "support/Keys.h"
 #include "support/TestCompany.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -25,26 +26,21 @@ namespace {
 
 constexpr int Rows = 60'000;
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// A list that the database has to make up, row by row. Of each name that begins with a given
 /// digit there is a tenth.
-const SearchDescription SchSlow{
+const SearchDeclaration SchSlow{
     .Name = "SchSlow",
     .Title = {"سست", "Slow"},
     .Statement = "Select ID, Name from Slow where 1=1{NameClause}",
-    .Results = {{"ParaOutID", "ID", SearchResult::Kind::Int32}},
-    .Fields = {{"TxtID", SearchField::Kind::Jump, "ID = {TxtID}", nullptr, {"نمبر", "Number"}},
+    .Results = {{"ParaOutID", "ID", SearchResult::Type::Int32}},
+    .Fields = {{"TxtID", SearchField::Type::Jump, "ID = {TxtID}", nullptr, {"نمبر", "Number"}},
                {"TxtName",
-                SearchField::Kind::QueryAgain,
+                SearchField::Type::QueryAgain,
                 " and Name like '{TxtName}%'",
                 "NameClause",
                 {"نام", "Name"}}},
-    .Columns = {{"ID", "ID", {"نمبر", "Number"}, 120, SearchColumn::Kind::Number},
-                {"Name", "Name", {"نام", "Name"}, 260, SearchColumn::Kind::Latin, true}},
+    .Columns = {{"ID", "ID", {"نمبر", "Number"}, 120, SearchColumn::Type::Number},
+                {"Name", "Name", {"نام", "Name"}, 260, SearchColumn::Type::Latin, true}},
 };
 
 /// Counts the statements that read the list, from when it is made.

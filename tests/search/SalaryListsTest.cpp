@@ -2,17 +2,13 @@
 
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QTest>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 QString shown(const QDate& month)
 {
@@ -22,17 +18,17 @@ QString shown(const QDate& month)
 class SalaryListsTest : public SearchDesk {
 protected:
     /// The list of last month and this one, whatever day it is.
-    void LookAtTwoMonths(const SearchDescription& description,
+    void LookAtTwoMonths(const SearchDeclaration& declaration,
                          const std::function<void(SearchWindow&)>& look)
     {
-        SCOPED_TRACE(description.Name);
-        Look(description, [&](SearchWindow& window) {
+        SCOPED_TRACE(declaration.Name);
+        Look(declaration, [&](SearchWindow& window) {
             window.DtpFrom()->SetValue(month.addMonths(-1));
             look(window);
         });
     }
 
-    const QList<const SearchDescription*> all{&SchSalary, &SchFrenchiserSalary, &SchWorkShopSalary};
+    const QList<const SearchDeclaration*> all{&SchSalary, &SchFrenchiserSalary, &SchWorkShopSalary};
 };
 
 } // namespace
@@ -40,9 +36,9 @@ protected:
 TEST_F(SalaryListsTest, ComeUpFromTheMonthThirtyDaysAgoToThisOne)
 {
     const QDate ago = today.addDays(-30);
-    for (const SearchDescription* description : all) {
+    for (const SearchDeclaration* declaration : all) {
         Look(
-            *description,
+            *declaration,
             [&](SearchWindow& window) {
                 EXPECT_EQ(window.DtpFrom()->Value(), QDate(ago.year(), ago.month(), 1));
                 EXPECT_EQ(window.DtpTo()->Value(), month);
@@ -53,11 +49,11 @@ TEST_F(SalaryListsTest, ComeUpFromTheMonthThirtyDaysAgoToThisOne)
 
 TEST_F(SalaryListsTest, ListWholeMonthsFromTheFirstUpToTheOneAfterTheLast)
 {
-    for (const SearchDescription* description : all) {
+    for (const SearchDeclaration* declaration : all) {
         LookAtTwoMonths(
-            *description,
+            *declaration,
             [&](SearchWindow& window) {
-                const char* column = description == &SchSalary ? "Date" : "Month";
+                const char* column = declaration == &SchSalary ? "Date" : "Month";
                 QStringList months = Column(window, column).split(u' ');
                 months.sort();
                 QStringList expected{shown(month), shown(month.addMonths(-1))};
@@ -168,10 +164,10 @@ TEST_F(SalaryListsTest, ACharacterTypedInTheListReadsByCode)
 
 TEST_F(SalaryListsTest, GiveThePersonAndTheMonth)
 {
-    for (const auto& [description, staff] :
+    for (const auto& [declaration, staff] :
          {std::pair(&SchSalary, "5001"), std::pair(&SchFrenchiserSalary, "4001"),
           std::pair(&SchWorkShopSalary, "3108")}) {
-        SearchDialog& dialog = Show(*description, [&](SearchWindow& window) {
+        SearchDialog& dialog = Show(*declaration, [&](SearchWindow& window) {
             window.DtpFrom()->SetValue(month.addMonths(-1));
             window.DtpTo()->SetValue(month.addMonths(-1));
             Press(window, Qt::Key_Return);

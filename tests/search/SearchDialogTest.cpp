@@ -1,4 +1,4 @@
-// The shell that all search dialogs share, and the descriptions of the first five.
+// The shell that all search dialogs share, and the declarations of the first five.
 
 #include "search/SearchDialog.h"
 #include "data/Connection.h"
@@ -9,6 +9,7 @@
 #include "support/FakeUser.h"
 #include "support/Keys.h"
 #include "support/TestCompany.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -20,28 +21,23 @@ using namespace TradeForms;
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 class SearchDialogTest : public ::testing::Test {
 protected:
     SearchDialogTest()
     {
         HostContext::objCN = company.Connect();
-        for (const SearchDescription* description : {&SchArea, &SchBranch})
-            SearchDialog::Shared(*description).SetParaIn("ParaInBranchCode", s("0"));
+        for (const SearchDeclaration* declaration : {&SchArea, &SchBranch})
+            SearchDialog::Shared(*declaration).SetParaIn("ParaInBranchCode", s("0"));
         owner.resize(200, 100);
         owner.show();
     }
     ~SearchDialogTest() override { HostContext::objCN.reset(); }
 
     /// Shows a dialog and lets the test drive its window.
-    SearchDialog& show(const SearchDescription& description,
+    SearchDialog& show(const SearchDeclaration& declaration,
                        const std::function<void(SearchWindow&)>& drive)
     {
-        SearchDialog& dialog = SearchDialog::Shared(description);
+        SearchDialog& dialog = SearchDialog::Shared(declaration);
         dialogs.Expect([&](Form& form) { drive(dynamic_cast<SearchWindow&>(form)); });
         dialog.Show(&owner);
         return dialog;

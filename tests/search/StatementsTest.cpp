@@ -2,6 +2,7 @@
 
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QFile>
 #include <QStringList>
@@ -11,11 +12,6 @@
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 struct Clause {
     QString Field;
@@ -29,17 +25,17 @@ struct Laid {
 };
 
 /// What the file lays down for a dialog.
-Laid laidDown(const SearchDescription& description)
+Laid laidDown(const SearchDeclaration& declaration)
 {
     QFile file(QStringLiteral(SOURCE_DIR "/tests/search/statements.txt"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
     Laid laid;
     auto line = std::find_if(lines.begin(), lines.end(), [&](const QString& candidate) {
-        return candidate.startsWith(s(description.Name) + u'|');
+        return candidate.startsWith(s(declaration.Name) + u'|');
     });
     if (line == lines.end()) {
-        ADD_FAILURE() << description.Name << " is not in the file";
+        ADD_FAILURE() << declaration.Name << " is not in the file";
         return laid;
     }
     laid.Statement = line->section(u'|', 1);
@@ -51,7 +47,7 @@ Laid laidDown(const SearchDescription& description)
 }
 
 class StatementsTest : public SearchDesk,
-                       public ::testing::WithParamInterface<const SearchDescription*> {
+                       public ::testing::WithParamInterface<const SearchDeclaration*> {
 protected:
     /// What is typed or given: a text of a name, or a number for all else.
     QString valueOf(const QString& field) const
@@ -155,10 +151,10 @@ TEST_P(StatementsTest, HaveNoClauseBesides)
         laid << clause.Field;
     QStringList described;
     for (const SearchInput& input : GetParam()->Inputs)
-        if (input.Is == SearchInput::Kind::Value)
+        if (input.Kind == SearchInput::Type::Value)
             described << s(input.Name);
     for (const SearchField& field : GetParam()->Fields)
-        if (field.Is != SearchField::Kind::Jump)
+        if (field.Kind != SearchField::Type::Jump)
             described << s(field.Name);
     laid.sort();
     described.sort();

@@ -2,6 +2,7 @@
 
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QTest>
 
@@ -9,23 +10,18 @@ namespace tests {
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 class StockListsTest : public SearchDesk {
 protected:
-    const QList<const SearchDescription*> all{&SchStockIn, &SchStockOut, &SchStockInDetail};
+    const QList<const SearchDeclaration*> all{&SchStockIn, &SchStockOut, &SchStockInDetail};
 };
 
 } // namespace
 
 TEST_F(StockListsTest, ComeUpWithTheLastThirtyDays)
 {
-    for (const SearchDescription* description : all) {
-        SCOPED_TRACE(description->Name);
-        Look(*description, [&](SearchWindow& window) {
+    for (const SearchDeclaration* declaration : all) {
+        SCOPED_TRACE(declaration->Name);
+        Look(*declaration, [&](SearchWindow& window) {
             EXPECT_EQ(window.DtpFrom()->Value(), today.addDays(-30));
             EXPECT_EQ(window.DtpTo()->Value(), today);
             EXPECT_EQ(Column(window, "Date"), Shown(-30) + u' ' + Shown(0));
@@ -126,9 +122,9 @@ TEST_F(StockListsTest, WhereTheLinesCannotBeReadTheDialogStays)
 
 TEST_F(StockListsTest, AreReadAgainByBranchAtOnce)
 {
-    for (const SearchDescription* description : {&SchStockIn, &SchStockOut}) {
+    for (const SearchDeclaration* declaration : {&SchStockIn, &SchStockOut}) {
         Look(
-            *description,
+            *declaration,
             [&](SearchWindow& window) {
                 TypeInto(window, "TxtBranchCode", s("1"));
                 EXPECT_EQ(Column(window, "ID"), s("11"));
@@ -139,17 +135,17 @@ TEST_F(StockListsTest, AreReadAgainByBranchAtOnce)
 TEST_F(StockListsTest, AProductNameTakesEffectAtTheNextRead)
 {
     const struct {
-        const SearchDescription* Is;
+        const SearchDeclaration* Is;
         const char* Product;
         const char* All;
         const char* Found;
     } cases[] = {{&SchStockIn, "واشنگ", "11 12", "11"},
                  {&SchStockOut, "125", "11 12", "12"},
                  {&SchStockInDetail, "70", "1 2", "2"}};
-    for (const auto& [description, product, listed, found] : cases) {
-        SCOPED_TRACE(description->Name);
-        Look(*description, [&, text = product, before = listed, after = found,
-                            dialog = description](SearchWindow& window) {
+    for (const auto& [declaration, product, listed, found] : cases) {
+        SCOPED_TRACE(declaration->Name);
+        Look(*declaration, [&, text = product, before = listed, after = found,
+                            dialog = declaration](SearchWindow& window) {
             TypeInto(window, "TxtProductName", s(text));
             Press(window, Qt::Key_F12); // is no key here
             EXPECT_EQ(Column(window, "ID"), s(before));
@@ -185,9 +181,9 @@ TEST_F(StockListsTest, NumberedStockIsReadAgainByTheWholeEngineOrChassisNumber)
 
 TEST_F(StockListsTest, JumpByNumber)
 {
-    for (const SearchDescription* description : all) {
-        SCOPED_TRACE(description->Name);
-        Look(*description, [&](SearchWindow& window) {
+    for (const SearchDeclaration* declaration : all) {
+        SCOPED_TRACE(declaration->Name);
+        Look(*declaration, [&](SearchWindow& window) {
             const QString last = window.List().Cell(1, s("ID"));
             TypeInto(window, "TxtFilter", last);
             EXPECT_EQ(Current(window, "ID"), last);
@@ -203,11 +199,11 @@ TEST_F(StockListsTest, JumpByNumber)
 
 TEST_F(StockListsTest, CarryNumbersUpTo32767)
 {
-    const QList<std::pair<const SearchDescription*, const char*>> tables{
+    const QList<std::pair<const SearchDeclaration*, const char*>> tables{
         {&SchStockIn, "StockIn"}, {&SchStockOut, "StockOut"}, {&SchStockInDetail, "StockInDetail"}};
-    for (const auto& [description, table] : tables) {
+    for (const auto& [declaration, table] : tables) {
         SCOPED_TRACE(table);
-        int number = description == &SchStockInDetail ? 2 : 12;
+        int number = declaration == &SchStockInDetail ? 2 : 12;
         for (const int next : {32767, 32768}) {
             company.Run(s("update %1Header set StockID = %2 where StockID = %3;"
                           "update %1Body set StockID = %2 where StockID = %3")
@@ -218,7 +214,7 @@ TEST_F(StockListsTest, CarryNumbersUpTo32767)
             const bool fails = next > 32767;
             if (fails)
                 boxes.Expect({s("Overflow"), MsgIcon::Stop, s("Error occured")});
-            SearchDialog& dialog = Show(*description, [&](SearchWindow& window) {
+            SearchDialog& dialog = Show(*declaration, [&](SearchWindow& window) {
                 TypeInto(window, "TxtFilter", QString::number(next));
                 Press(window, Qt::Key_Return);
                 EXPECT_EQ(window.isVisible(), fails);

@@ -3,6 +3,7 @@
 
 #include "search/Catalogue.h"
 #include "support/SearchDesk.h"
+#include "support/Text.h"
 
 #include <QTest>
 
@@ -10,19 +11,14 @@ namespace tests {
 
 namespace {
 
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 class VoucherListsTest : public SearchDesk {
 protected:
     /// The default range, and that a document of each of these days is in it or not: the desk's
     /// documents stand on the first day of each range and on the day before.
-    void ExpectRange(const SearchDescription& description, const QDate& from, const QDate& to)
+    void ExpectRange(const SearchDeclaration& declaration, const QDate& from, const QDate& to)
     {
-        SCOPED_TRACE(description.Name);
-        Look(description, [&](SearchWindow& window) {
+        SCOPED_TRACE(declaration.Name);
+        Look(declaration, [&](SearchWindow& window) {
             EXPECT_EQ(window.DtpFrom()->Value(), from);
             EXPECT_EQ(window.DtpTo()->Value(), to);
             EXPECT_EQ(window.DtpFrom()->text(), from.toString(s("dd/MM/yyyy")));
@@ -36,11 +32,11 @@ protected:
         const char* Listed;
     };
 
-    void ExpectQueries(const SearchDescription& description, const QList<Query>& queries,
+    void ExpectQueries(const SearchDeclaration& declaration, const QList<Query>& queries,
                        const char* key = "ID")
     {
         Look(
-            description,
+            declaration,
             [&](SearchWindow& window) {
                 const QString listed = Column(window, key);
                 for (const Query& query : queries) {
@@ -54,10 +50,10 @@ protected:
     }
 
     /// A list of two vouchers, 1 and 2, in which a number is sought.
-    void ExpectJumpByNumber(const SearchDescription& description)
+    void ExpectJumpByNumber(const SearchDeclaration& declaration)
     {
-        SCOPED_TRACE(description.Name);
-        Look(description, [](SearchWindow& window) {
+        SCOPED_TRACE(declaration.Name);
+        Look(declaration, [](SearchWindow& window) {
             TypeInto(window, "TxtFilter", s("2"));
             EXPECT_EQ(Current(window, "ID"), s("2"));
             TypeInto(window, "TxtFilter", s("1"));
@@ -71,11 +67,11 @@ protected:
     }
 
     /// Makes voucher 2 of a table, and its rows, one of this number; gives the dialog's word.
-    void ExpectNumberCarried(const SearchDescription& description, const char* header,
+    void ExpectNumberCarried(const SearchDeclaration& declaration, const char* header,
                              const char* body, const char* key, const char* paraOut)
     {
-        SCOPED_TRACE(description.Name);
-        const bool narrow = &description != &SchRecoveryVoucher; // the one that is wider
+        SCOPED_TRACE(declaration.Name);
+        const bool narrow = &declaration != &SchRecoveryVoucher; // the one that is wider
         int number = 2;
         for (const int next : {32767, 32768}) {
             company.Run(s("update %1 set %3 = %4 where %3 = %5;"
@@ -87,7 +83,7 @@ protected:
             const bool fails = narrow && next > 32767;
             if (fails)
                 boxes.Expect({s("Overflow"), MsgIcon::Stop, s("Error occured")});
-            SearchDialog& dialog = Show(description, [&](SearchWindow& window) {
+            SearchDialog& dialog = Show(declaration, [&](SearchWindow& window) {
                 TypeInto(window, "TxtFilter", QString::number(next));
                 Press(window, Qt::Key_Return);
                 EXPECT_EQ(window.isVisible(), fails);
@@ -120,10 +116,10 @@ TEST_F(VoucherListsTest, ComeUpWithTheirDefaultRanges)
 
 TEST_F(VoucherListsTest, JumpByNumber)
 {
-    for (const SearchDescription* description :
+    for (const SearchDeclaration* declaration :
          {&SchGatePass, &SchRecoveryVoucher, &SchConcessionVoucher, &SchReturnVoucher,
           &SchWorkerParts, &SchPartnershipProfit})
-        ExpectJumpByNumber(*description);
+        ExpectJumpByNumber(*declaration);
 }
 
 TEST_F(VoucherListsTest, CarryNumbersAsFarAsTheirResultIsWide)
@@ -145,11 +141,11 @@ TEST_F(VoucherListsTest, CarryNumbersAsFarAsTheirResultIsWide)
 TEST_F(VoucherListsTest, AVoucherWithoutRowsIsMissing)
 {
     // Number 4 of each, which stands within the range.
-    for (const SearchDescription* description :
+    for (const SearchDeclaration* declaration :
          {&SchGatePass, &SchRecoveryVoucher, &SchConcessionVoucher, &SchReturnVoucher,
           &SchWorkerParts}) {
-        SCOPED_TRACE(description->Name);
-        Look(*description, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("1 2")); });
+        SCOPED_TRACE(declaration->Name);
+        Look(*declaration, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("1 2")); });
     }
 }
 
@@ -395,14 +391,14 @@ TEST_F(VoucherListsTest, AHundredThousandReceiptsAreListedAndJumpedIn)
 
 TEST_F(VoucherListsTest, ConcessionsAndReturnsShowTheirSumsAndAreReadAgainByArea)
 {
-    for (const SearchDescription* description : {&SchConcessionVoucher, &SchReturnVoucher}) {
-        SCOPED_TRACE(description->Name);
-        ExpectQueries(*description, {{"TxtAreaCode", "raja", "2"}, {"TxtAreaCode", "x", ""}});
-        Look(*description, [&](SearchWindow& window) {
+    for (const SearchDeclaration* declaration : {&SchConcessionVoucher, &SchReturnVoucher}) {
+        SCOPED_TRACE(declaration->Name);
+        ExpectQueries(*declaration, {{"TxtAreaCode", "raja", "2"}, {"TxtAreaCode", "x", ""}});
+        Look(*declaration, [&](SearchWindow& window) {
             EXPECT_EQ(Column(window, "Date"), Shown(-30) + u' ' + Shown(0));
             EXPECT_EQ(Column(window, "AreaName"), s("کوٹ رادھا کشن راجہ جنگ"));
             EXPECT_EQ(Column(window, "TotalAmount"),
-                      description == &SchReturnVoucher ? s("9000 12000") : s("750.5 300"));
+                      declaration == &SchReturnVoucher ? s("9000 12000") : s("750.5 300"));
         });
     }
 }

@@ -5,6 +5,7 @@
 #include "search/Catalogue.h"
 #include "support/FaultyDisk.h"
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 #include <QDir>
 #include <QtTest>
@@ -19,11 +20,6 @@ using namespace std::chrono_literals;
 using State = VoucherForm::State;
 
 constexpr int TenThousand = 10'000;
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// What is said of a quote in a text that a statement holds between quotes.
 QString unclosedQuote(const QString& text)
@@ -144,7 +140,7 @@ protected:
         QueryAgain
     };
     struct Field {
-        const SearchDescription& Dialog;
+        const SearchDeclaration& Dialog;
         const char* Name;
         Way Is;
     };

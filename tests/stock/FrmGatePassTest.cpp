@@ -4,17 +4,13 @@
 
 #include "controls/Look.h"
 #include "host/HostContext.h"
+#include "support/Text.h"
 
 #include <QtTest>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 using State = VoucherForm::State;
 using FrmGatePassTest = GatePassDesk;

@@ -3,17 +3,13 @@
 #include "stock/FrmStockInDetail.h"
 
 #include "support/FormDesk.h"
+#include "support/Text.h"
 
 #include <QKeyEvent>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 const Message Known{s("Engine No or Chasis No Already Entered"), MsgIcon::Exclamation, s("Alert")};
 const Message NoReceiver{s("Enter Receiving Code."), MsgIcon::Exclamation, s("Stock In Detail")};

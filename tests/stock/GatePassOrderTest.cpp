@@ -1,15 +1,11 @@
 // In which order a gate pass is checked, stored and deleted: told by what each step finds.
 
 #include "support/GatePassDesk.h"
+#include "support/Text.h"
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 class GatePassOrderTest : public GatePassDesk {
 protected:

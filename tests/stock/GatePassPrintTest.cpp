@@ -10,6 +10,7 @@
 #include "reports/SchPrint.h"
 #include "support/GatePassDesk.h"
 #include "support/Pdf.h"
+#include "support/Text.h"
 
 #include <QDir>
 #include <QPrinter>
@@ -18,11 +19,6 @@
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// A system without a printer.
 class NoPrinters : public SystemPrinters {

@@ -4,15 +4,11 @@
 #include "stock/FrmStockIn.h"
 #include "stock/FrmStockOut.h"
 #include "support/FormDesk.h"
+#include "support/Text.h"
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 const Message Duplicate{s("The Record Already Exist"), MsgIcon::Information, s("Alert")};
 const Message IdTaken{

@@ -3,6 +3,7 @@
 #include "data/Failure.h"
 #include "data/Statement.h"
 #include "search/Catalogue.h"
+#include "support/Text.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +19,6 @@ using namespace TradeForms;
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 QString contentOf(const QString& path)
 {
@@ -110,11 +106,11 @@ struct Clause {
     Statement Text;
 };
 
-QList<Clause> clausesOf(const SearchDescription& description)
+QList<Clause> clausesOf(const SearchDeclaration& description)
 {
     QList<Clause> all;
     for (const SearchInput& input : description.Inputs) {
-        const bool isReady = input.Is == SearchInput::Kind::ReadyClause;
+        const bool isReady = input.Kind == SearchInput::Type::ReadyClause;
         const Sample* ready =
             std::find_if(std::begin(clauses), std::end(clauses), [&](const Sample& clause) {
                 return qstrcmp(clause.Name, input.Name) == 0;
@@ -125,7 +121,7 @@ QList<Clause> clausesOf(const SearchDescription& description)
             all.append({input.Place, Statement(isReady ? ready->Value : input.Clause)});
     }
     for (const SearchField& field : description.Fields)
-        if (field.Is != SearchField::Kind::Jump)
+        if (field.Kind != SearchField::Type::Jump)
             all.append({field.Place, Statement(field.Text.constData())});
     return all;
 }
@@ -189,7 +185,7 @@ QStringList WithSampleValues(const QString& statement)
 QStringList StatementsOfDialogs()
 {
     QStringList texts;
-    for (const SearchDescription* description : AllSearchDialogs()) {
+    for (const SearchDeclaration* description : AllSearchDialogs()) {
         const QList<Clause> all = clausesOf(*description);
         const auto add = [&](const auto& stands) {
             Statement statement(description->Statement.constData());

@@ -16,7 +16,7 @@ namespace {
 QString nameOf(const Token& token)
 {
     std::string_view text = token.Text;
-    if (token.What == Token::Kind::Quoted)
+    if (token.Kind == Token::Type::Quoted)
         text = text.substr(1, text.size() - 2);
     return QString::fromUtf8(text.data(), qsizetype(text.size())).toLower();
 }

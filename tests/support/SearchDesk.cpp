@@ -2,17 +2,13 @@
 
 #include "data/Connection.h"
 #include "host/HostContext.h"
+#include "support/Text.h"
 
 #include <QRegularExpression>
 
 namespace tests {
 
 namespace {
-
-QString s(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// {-3} is the day three days ago, {month} the first day of this month, {month-1} of the last.
 constexpr const char* documents = R"sql(
@@ -115,7 +111,7 @@ QString dated(QString text, const QDate& today)
 
 } // namespace
 
-std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDescription*>& tested)
+std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDeclaration*>& tested)
 {
     return tested.param->Name;
 }
@@ -125,7 +121,7 @@ SearchDesk::SearchDesk()
     company.Run(s("BEGIN;") + dated(s(documents), today) + s("COMMIT;"));
     HostContext::objCN = company.Connect();
     // The dialogs are shared, and keep from one test to the next what they were given.
-    for (const SearchDescription* description : AllSearchDialogs())
+    for (const SearchDeclaration* description : AllSearchDialogs())
         for (const SearchInput& input : description->Inputs)
             SearchDialog::Shared(*description).SetParaIn(input.Name, s(input.NoClauseFor));
     owner.resize(200, 100);
@@ -137,7 +133,7 @@ SearchDesk::~SearchDesk()
     HostContext::objCN.reset();
 }
 
-SearchDialog& SearchDesk::Show(const SearchDescription& description,
+SearchDialog& SearchDesk::Show(const SearchDeclaration& description,
                                const std::function<void(SearchWindow&)>& drive)
 {
     SearchDialog& dialog = SearchDialog::Shared(description);
@@ -146,7 +142,7 @@ SearchDialog& SearchDesk::Show(const SearchDescription& description,
     return dialog;
 }
 
-SearchDialog& SearchDesk::Look(const SearchDescription& description,
+SearchDialog& SearchDesk::Look(const SearchDeclaration& description,
                                const std::function<void(SearchWindow&)>& look)
 {
     return Show(

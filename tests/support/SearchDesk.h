@@ -22,7 +22,7 @@ namespace tests {
 using namespace TradeForms;
 
 /// The name of a test that is run for each of AllSearchDialogs().
-std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDescription*>& tested);
+std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDeclaration*>& tested);
 
 /// A desk at which search dialogs come up by themselves, on a company whose documents stand
 /// around today: every list has rows within its default range, and rows beside it.
@@ -36,10 +36,10 @@ protected:
     ~SearchDesk() override;
 
     /// Shows a dialog and lets the test drive its window, which has to close it.
-    SearchDialog& Show(const SearchDescription& description,
+    SearchDialog& Show(const SearchDeclaration& description,
                        const std::function<void(SearchWindow&)>& drive);
     /// The same, and leaves it by Esc.
-    SearchDialog& Look(const SearchDescription& description,
+    SearchDialog& Look(const SearchDeclaration& description,
                        const std::function<void(SearchWindow&)>& look);
 
     /// The texts of a column, from the first row on, with a blank between.

@@ -35,7 +35,8 @@ QString takeLockIfThere()
 /// Reads a result that the connection holds ready for it, so that others may be read meanwhile.
 class AdoCursor : public Cursor {
 public:
-    AdoCursor(HostLink& link, std::unique_ptr<HostRows> rows, std::shared_ptr<const Shape> columns)
+    AdoCursor(HostLink& link, std::unique_ptr<HostRows> rows,
+              std::shared_ptr<const ResultMetadata> columns)
         : link_(link), rows_(std::move(rows)), columns_(std::move(columns))
     {
     }
@@ -49,14 +50,14 @@ public:
         return row;
     }
 
-    std::shared_ptr<const Shape> Columns() const override { return columns_; }
+    std::shared_ptr<const ResultMetadata> Columns() const override { return columns_; }
 
     qint64 Work() const override { return count_; }
 
 private:
     HostLink& link_;
     std::unique_ptr<HostRows> rows_;
-    std::shared_ptr<const Shape> columns_;
+    std::shared_ptr<const ResultMetadata> columns_;
     qint64 count_ = 0;
 };
 
@@ -78,9 +79,9 @@ void AdoEngine::Scan(const QString& statement, const Begin& begin, const Each& e
         return;
     link_.Guarded([&] {
         HostRows rows(result);
-        const auto shape = shapeOf(rows.Columns(), statement, purpose);
-        rows.TakeFor(*shape);
-        begin(shape);
+        const auto metadata = metadataOf(rows.Columns(), statement, purpose);
+        rows.TakeFor(*metadata);
+        begin(metadata);
         while (const auto row = rows.Next())
             each(*row);
     });
@@ -91,21 +92,22 @@ std::unique_ptr<Cursor> AdoEngine::OpenCursor(const QString& statement)
     requireOneStatement(statement);
     const Dispatch result = link_.Run(statement);
     if (!result)
-        return std::make_unique<AdoCursor>(link_, nullptr,
-                                           std::make_shared<const Shape>(std::vector<Column>()));
+        return std::make_unique<AdoCursor>(
+            link_, nullptr, std::make_shared<const ResultMetadata>(std::vector<Column>()));
     return link_.Guarded([&] {
         auto rows = std::make_unique<HostRows>(result);
-        auto shape = shapeOf(rows->Columns(), statement, Purpose::Read);
-        rows->TakeFor(*shape);
-        return std::make_unique<AdoCursor>(link_, std::move(rows), std::move(shape));
+        auto metadata = metadataOf(rows->Columns(), statement, Purpose::Read);
+        rows->TakeFor(*metadata);
+        return std::make_unique<AdoCursor>(link_, std::move(rows), std::move(metadata));
     });
 }
 
 /// Where rows come from the connection does not tell, but the statement may. What a column of a
 /// table of the company holds its schema knows better than the type, which may be an older
 /// provider's substitute.
-std::shared_ptr<const Shape> AdoEngine::shapeOf(const std::vector<HostColumn>& columns,
-                                                const QString& statement, Purpose purpose)
+std::shared_ptr<const ResultMetadata> AdoEngine::metadataOf(const std::vector<HostColumn>& columns,
+                                                            const QString& statement,
+                                                            Purpose purpose)
 {
     const QString table = TableOfSimpleQuery(statement);
     const CompanyTable* known = CompanyTableNamed(table);
@@ -119,7 +121,7 @@ std::shared_ptr<const Shape> AdoEngine::shapeOf(const std::vector<HostColumn>& c
             columns_.insert(placeOf(table, column.Name), column);
         }
     }
-    return std::make_shared<const Shape>(std::move(described));
+    return std::make_shared<const ResultMetadata>(std::move(described));
 }
 
 HostColumn AdoEngine::ColumnOf(const QString& table, const QString& name) const
@@ -127,12 +129,12 @@ HostColumn AdoEngine::ColumnOf(const QString& table, const QString& name) const
     return columns_.value(placeOf(table, name), HostColumn{name});
 }
 
-std::unique_ptr<RowWriter> AdoEngine::WriterFor(std::shared_ptr<const Shape> shape)
+std::unique_ptr<RowWriter> AdoEngine::WriterFor(std::shared_ptr<const ResultMetadata> metadata)
 {
-    return std::make_unique<AdoRowWriter>(*this, std::move(shape));
+    return std::make_unique<AdoRowWriter>(*this, std::move(metadata));
 }
 
-void AdoEngine::beginBelow()
+void AdoEngine::beginNative()
 {
     try {
         link_.Begin();
@@ -153,12 +155,12 @@ void AdoEngine::beginBelow()
     }
 }
 
-void AdoEngine::markBelow()
+void AdoEngine::setSavepoint()
 {
     link_.Run(TransactSql::SetMark());
 }
 
-void AdoEngine::rollbackToMarkBelow()
+void AdoEngine::rollbackToSavepoint()
 {
     link_.Run(TransactSql::RollbackToMark());
 }

@@ -19,7 +19,7 @@ public:
     void Scan(const QString& statement, const Begin& begin, const Each& each,
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<Cursor> OpenCursor(const QString& statement) override;
-    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
+    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const ResultMetadata> metadata) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
 
     HostLink& Link() { return link_; }
@@ -28,17 +28,17 @@ public:
     HostColumn ColumnOf(const QString& table, const QString& name) const;
 
 private:
-    bool isOpenBelow() const override { return link_.IsOpen(); }
+    bool isNativeOpen() const override { return link_.IsOpen(); }
     bool isWithinTransaction() override { return link_.IsWithinTransaction(); }
-    void beginBelow() override;
-    void commitBelow() override { link_.Commit(); }
-    void rollbackBelow() override { link_.Rollback(); }
-    void markBelow() override;
-    void releaseMarkBelow() override {}
-    void rollbackToMarkBelow() override;
+    void beginNative() override;
+    void commitNative() override { link_.Commit(); }
+    void rollbackNative() override { link_.Rollback(); }
+    void setSavepoint() override;
+    void releaseSavepoint() override {}
+    void rollbackToSavepoint() override;
 
-    std::shared_ptr<const Shape> shapeOf(const std::vector<HostColumn>& columns,
-                                         const QString& statement, Purpose purpose);
+    std::shared_ptr<const ResultMetadata> metadataOf(const std::vector<HostColumn>& columns,
+                                                     const QString& statement, Purpose purpose);
 
     HostLink link_;
     TradeForms::Dialect dialect_;

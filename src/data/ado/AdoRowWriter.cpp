@@ -22,20 +22,20 @@ QString list(const QStringList& parts)
 
 } // namespace
 
-AdoRowWriter::AdoRowWriter(AdoEngine& engine, std::shared_ptr<const Shape> shape)
-    : engine_(engine), shape_(std::move(shape)), known_(CompanyTableNamed(shape_->BaseTable())),
-      table_(QuotedName(shape_->BaseTable()))
+AdoRowWriter::AdoRowWriter(AdoEngine& engine, std::shared_ptr<const ResultMetadata> metadata)
+    : engine_(engine), metadata_(std::move(metadata)),
+      known_(CompanyTableNamed(metadata_->BaseTable())), table_(QuotedName(metadata_->BaseTable()))
 {
-    for (int index = 0; index < shape_->Count(); ++index) {
-        const QString& field = shape_->At(index).Field;
-        columns_.push_back(engine_.ColumnOf(shape_->BaseTable(), field));
+    for (int index = 0; index < metadata_->Count(); ++index) {
+        const QString& field = metadata_->At(index).Field;
+        columns_.push_back(engine_.ColumnOf(metadata_->BaseTable(), field));
         names_.append(QuotedName(field));
     }
 }
 
 QString AdoRowWriter::literal(int index, const Cell& cell) const
 {
-    return LiteralFor(cell, columns_[std::size_t(index)], shape_->At(index).Kind);
+    return LiteralFor(cell, columns_[std::size_t(index)], metadata_->At(index).Kind);
 }
 
 /// A key is compared as the table compares it, which an index serves; any other text to the byte,
@@ -47,8 +47,8 @@ QString AdoRowWriter::condition(int index, const Cell& cell) const
         return name + QLatin1String(" is null");
     const QString value = literal(index, cell);
     const QString equals = name + QLatin1String(" = ") + value;
-    const bool isKey = known_ && known_->IsKey(shape_->At(index).Field);
-    if (cell.Kind != Cell::Type::Text || shape_->At(index).Kind != ColumnKind::Text || isKey)
+    const bool isKey = known_ && known_->IsKey(metadata_->At(index).Field);
+    if (cell.Kind != Cell::Type::Text || metadata_->At(index).Kind != ColumnKind::Text || isKey)
         return equals;
     return equals + QLatin1String(" and cast(") + name +
            QLatin1String(" as varbinary(max)) = cast(") + value +
@@ -58,7 +58,7 @@ QString AdoRowWriter::condition(int index, const Cell& cell) const
 QString AdoRowWriter::search(const char* original) const
 {
     QStringList conditions;
-    for (int index = 0; index < shape_->Count(); ++index)
+    for (int index = 0; index < metadata_->Count(); ++index)
         conditions.append(condition(index, ReadCell(original)));
     return conditions.join(QLatin1String(" and "));
 }
@@ -66,7 +66,7 @@ QString AdoRowWriter::search(const char* original) const
 /// Of rows that are alike in everything any one will do.
 bool AdoRowWriter::findsOneOfMany() const
 {
-    return known_ && known_->Keys.isEmpty() && shape_->Count() == int(known_->Fields.size());
+    return known_ && known_->Keys.isEmpty() && metadata_->Count() == int(known_->Fields.size());
 }
 
 /// What was left out the table fills in: defaults and numbers of its own.
@@ -79,7 +79,7 @@ QString AdoRowWriter::insertStatement(const char* row, const std::vector<bool>& 
 {
     QStringList chosen;
     QStringList values;
-    for (int index = 0; index < shape_->Count(); ++index) {
+    for (int index = 0; index < metadata_->Count(); ++index) {
         const Cell cell = ReadCell(row);
         if (!touched[std::size_t(index)])
             continue;
@@ -94,7 +94,7 @@ QString AdoRowWriter::updateStatement(const char* original, const char* row,
                                       const std::vector<bool>& touched) const
 {
     QStringList settings;
-    for (int index = 0; index < shape_->Count(); ++index) {
+    for (int index = 0; index < metadata_->Count(); ++index) {
         const Cell cell = ReadCell(row);
         if (touched[std::size_t(index)])
             settings.append(names_[index] + QLatin1String(" = ") + literal(index, cell));
@@ -123,7 +123,7 @@ std::string AdoRowWriter::rowGivenBy(const QString& statement)
         return given;
     engine_.Link().Guarded([&] {
         HostRows rows(result);
-        rows.TakeFor(*shape_);
+        rows.TakeFor(*metadata_);
         if (const auto row = rows.Next())
             given = *row;
     });
@@ -151,12 +151,12 @@ qint64 AdoRowWriter::Delete(const char* original)
 
 QString AdoRowWriter::statementFor(const RowChange& change) const
 {
-    switch (change.What) {
-    case RowChange::Kind::Insert:
+    switch (change.Kind) {
+    case RowChange::Type::Insert:
         return insertStatement(change.Row, *change.Touched);
-    case RowChange::Kind::Update:
+    case RowChange::Type::Update:
         return updateStatement(change.Original, change.Row, *change.Touched);
-    case RowChange::Kind::Delete:
+    case RowChange::Type::Delete:
         return deleteStatement(change.Original);
     }
     Q_UNREACHABLE();
@@ -175,7 +175,7 @@ std::vector<std::string> AdoRowWriter::Write(const std::vector<RowChange>& chang
     };
     for (std::size_t index = 0; index < changes.size(); ++index) {
         const RowChange& change = changes[index];
-        if (change.What == RowChange::Kind::Insert && givesBack(*change.Touched)) {
+        if (change.Kind == RowChange::Type::Insert && givesBack(*change.Touched)) {
             send();
             stored[index] = Insert(change.Row, *change.Touched);
             continue;

@@ -12,7 +12,7 @@ struct CompanyTable;
 /// server at once.
 class AdoRowWriter : public RowWriter {
 public:
-    AdoRowWriter(AdoEngine& engine, std::shared_ptr<const Shape> shape);
+    AdoRowWriter(AdoEngine& engine, std::shared_ptr<const ResultMetadata> metadata);
 
     std::string Insert(const char* row, const std::vector<bool>& touched) override;
     qint64 Update(const char* original, const char* row, const std::vector<bool>& touched) override;
@@ -35,7 +35,7 @@ private:
     void runAtOnce(const QStringList& statements);
 
     AdoEngine& engine_;
-    std::shared_ptr<const Shape> shape_;
+    std::shared_ptr<const ResultMetadata> metadata_;
     const CompanyTable* known_; ///< null for a table that is not of the company's schema
     QString table_;
     std::vector<HostColumn> columns_;

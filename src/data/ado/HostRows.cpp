@@ -274,10 +274,10 @@ HostRows::~HostRows()
     }
 }
 
-void HostRows::TakeFor(const Shape& shape)
+void HostRows::TakeFor(const ResultMetadata& metadata)
 {
     for (std::size_t column = 0; column < kinds_.size(); ++column)
-        kinds_[column] = shape.At(int(column)).Kind;
+        kinds_[column] = metadata.At(int(column)).Kind;
 }
 
 bool HostRows::fetch()

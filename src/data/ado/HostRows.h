@@ -38,7 +38,7 @@ public:
 
     const std::vector<HostColumn>& Columns() const { return columns_; }
     /// As what the columns' values are to be stored; at first as their types tell.
-    void TakeFor(const Shape& shape);
+    void TakeFor(const ResultMetadata& metadata);
 
     /// The next row's encoded cells, which live until the next call; none after the last row.
     std::optional<std::string_view> Next();

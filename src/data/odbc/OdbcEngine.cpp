@@ -82,15 +82,15 @@ void OdbcEngine::Scan(const QString& statement, const Begin& begin, const Each& 
             if (isBegun || reader.Count() == 0)
                 continue;
             isBegun = true;
-            begin(shapeOf(reader.Describe(purpose), statement, purpose));
+            begin(metadataOf(reader.Describe(purpose), statement, purpose));
             reader.Read(each);
         } while (link_.Check(SQLMoreResults(handle.Get()), handle));
     });
 }
 
 /// Where the driver names no table for rows that are to be written, the statement may tell.
-std::shared_ptr<const Shape> OdbcEngine::shapeOf(std::vector<Column> columns,
-                                                 const QString& statement, Purpose purpose) const
+std::shared_ptr<const ResultMetadata>
+OdbcEngine::metadataOf(std::vector<Column> columns, const QString& statement, Purpose purpose) const
 {
     const bool isUnknown = std::all_of(columns.begin(), columns.end(),
                                        [](const Column& column) { return column.Table.isEmpty(); });
@@ -101,17 +101,17 @@ std::shared_ptr<const Shape> OdbcEngine::shapeOf(std::vector<Column> columns,
             column.Field = table.isEmpty() ? QString() : column.Name;
         }
     }
-    return std::make_shared<const Shape>(std::move(columns));
+    return std::make_shared<const ResultMetadata>(std::move(columns));
 }
 
-std::unique_ptr<RowWriter> OdbcEngine::WriterFor(std::shared_ptr<const Shape> shape)
+std::unique_ptr<RowWriter> OdbcEngine::WriterFor(std::shared_ptr<const ResultMetadata> metadata)
 {
-    return std::make_unique<OdbcRowWriter>(*this, std::move(shape));
+    return std::make_unique<OdbcRowWriter>(*this, std::move(metadata));
 }
 
-std::unique_ptr<RowWriter> OdbcEngine::LoaderFor(std::shared_ptr<const Shape> shape)
+std::unique_ptr<RowWriter> OdbcEngine::LoaderFor(std::shared_ptr<const ResultMetadata> metadata)
 {
-    return std::make_unique<OdbcLoader>(*this, shape);
+    return std::make_unique<OdbcLoader>(*this, metadata);
 }
 
 void OdbcEngine::BeginReading()
@@ -131,21 +131,21 @@ void OdbcEngine::BeginReading()
 void OdbcEngine::EndReading() noexcept
 {
     try {
-        rollbackBelow();
+        rollbackNative();
         run(server_->AfterReading());
     } catch (const ProviderFailure&) {
         // The connection is gone, and its transaction with it; the next statement will say so.
     }
 }
 
-void OdbcEngine::beginBelow()
+void OdbcEngine::beginNative()
 {
     link_.SetAutocommit(false);
     isOpen_ = true;
     try {
         link_.Run(server_->TakeLock());
     } catch (const ProviderFailure&) {
-        rollbackBelow();
+        rollbackNative();
         throw;
     }
 }
@@ -162,7 +162,7 @@ void OdbcEngine::endedBelow()
     }
 }
 
-void OdbcEngine::commitBelow()
+void OdbcEngine::commitNative()
 {
     try {
         Guarded([&] { link_.EndTransaction(SQL_COMMIT); });
@@ -175,7 +175,7 @@ void OdbcEngine::commitBelow()
 }
 
 /// A server undoes the transaction of a session that broke off by itself.
-void OdbcEngine::rollbackBelow()
+void OdbcEngine::rollbackNative()
 {
     try {
         link_.EndTransaction(SQL_ROLLBACK);
@@ -186,17 +186,17 @@ void OdbcEngine::rollbackBelow()
     endedBelow();
 }
 
-void OdbcEngine::markBelow()
+void OdbcEngine::setSavepoint()
 {
     Guarded([&] { link_.Run(server_->SetMark()); });
 }
 
-void OdbcEngine::releaseMarkBelow()
+void OdbcEngine::releaseSavepoint()
 {
     Guarded([&] { run(server_->ReleaseMark()); });
 }
 
-void OdbcEngine::rollbackToMarkBelow()
+void OdbcEngine::rollbackToSavepoint()
 {
     Guarded([&] { run(server_->RollbackToMark()); });
 }
@@ -205,11 +205,11 @@ void OdbcEngine::rollbackToMarkBelow()
 /// for each other. What is done next must not begin a new one unseen.
 void OdbcEngine::noteFailure()
 {
-    if (!isOpenBelow())
+    if (!isNativeOpen())
         return;
     try {
         if (!server_->IsTransactionOpen(link_))
-            rollbackBelow();
+            rollbackNative();
     } catch (const ProviderFailure&) {
         // The failure that led here is the one to report; this one will come again.
     }

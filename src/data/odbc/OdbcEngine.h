@@ -19,8 +19,8 @@ public:
 
     void Scan(const QString& statement, const Begin& begin, const Each& each,
               Purpose purpose = Purpose::Read) override;
-    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
-    std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const Shape> shape) override;
+    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const ResultMetadata> metadata) override;
+    std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const ResultMetadata> metadata) override;
     const TradeForms::Dialect& Dialect() const override { return server_->Dialect(); }
 
     QStringList TableNames() override;
@@ -53,19 +53,19 @@ protected:
     virtual QString serverText(const QString& statement) const { return statement; }
 
 private:
-    bool isOpenBelow() const override { return isOpen_ && !link_.IsLost(); }
-    void beginBelow() override;
-    void commitBelow() override;
-    void rollbackBelow() override;
-    void markBelow() override;
-    void releaseMarkBelow() override;
-    void rollbackToMarkBelow() override;
+    bool isNativeOpen() const override { return isOpen_ && !link_.IsLost(); }
+    void beginNative() override;
+    void commitNative() override;
+    void rollbackNative() override;
+    void setSavepoint() override;
+    void releaseSavepoint() override;
+    void rollbackToSavepoint() override;
 
     void run(const QStringList& statements);
     void endedBelow();
     void noteFailure();
-    std::shared_ptr<const Shape> shapeOf(std::vector<Column> columns, const QString& statement,
-                                         Purpose purpose) const;
+    std::shared_ptr<const ResultMetadata>
+    metadataOf(std::vector<Column> columns, const QString& statement, Purpose purpose) const;
     void readColumns(const QString& name, ServerTable& table);
     void readPrimaryKey(const QString& name, ServerTable& table);
     void readUniqueIndex(const QString& name, ServerTable& table);

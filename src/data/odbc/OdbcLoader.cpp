@@ -4,21 +4,21 @@ namespace TradeForms {
 
 namespace {
 
-QStringList fieldsOf(const Shape& shape)
+QStringList fieldsOf(const ResultMetadata& metadata)
 {
     QStringList fields;
-    for (int index = 0; index < shape.Count(); ++index)
-        fields.append(shape.At(index).Field);
+    for (int index = 0; index < metadata.Count(); ++index)
+        fields.append(metadata.At(index).Field);
     return fields;
 }
 
 } // namespace
 
-OdbcLoader::OdbcLoader(OdbcEngine& engine, const std::shared_ptr<const Shape>& shape)
-    : OdbcRowWriter(engine, shape), engine_(engine)
+OdbcLoader::OdbcLoader(OdbcEngine& engine, const std::shared_ptr<const ResultMetadata>& metadata)
+    : OdbcRowWriter(engine, metadata), engine_(engine)
 {
-    const QString& table = shape->BaseTable();
-    const QStringList fields = fieldsOf(*shape);
+    const QString& table = metadata->BaseTable();
+    const QStringList fields = fieldsOf(*metadata);
     const QString takeNumbers = engine.Words().TakeGivenNumbers(table, fields);
     if (takeNumbers.isEmpty())
         return;

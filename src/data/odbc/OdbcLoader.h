@@ -9,7 +9,7 @@ namespace TradeForms {
 /// Adds rows with the numbers that they have, also where the server gives numbers otherwise.
 class OdbcLoader : public OdbcRowWriter {
 public:
-    OdbcLoader(OdbcEngine& engine, const std::shared_ptr<const Shape>& shape);
+    OdbcLoader(OdbcEngine& engine, const std::shared_ptr<const ResultMetadata>& metadata);
     ~OdbcLoader() override;
 
 private:

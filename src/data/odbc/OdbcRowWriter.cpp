@@ -68,30 +68,30 @@ QString list(const QStringList& parts)
 
 } // namespace
 
-OdbcRowWriter::OdbcRowWriter(OdbcEngine& engine, std::shared_ptr<const Shape> shape)
-    : engine_(engine), shape_(std::move(shape)), table_(QuotedName(shape_->BaseTable())),
-      columns_(engine_.Table(shape_->BaseTable()))
+OdbcRowWriter::OdbcRowWriter(OdbcEngine& engine, std::shared_ptr<const ResultMetadata> metadata)
+    : engine_(engine), metadata_(std::move(metadata)), table_(QuotedName(metadata_->BaseTable())),
+      columns_(engine_.Table(metadata_->BaseTable()))
 {
 }
 
 const ServerColumn& OdbcRowWriter::serverColumn(int index) const
 {
-    const ServerColumn* found = columns_.Find(shape_->At(index).Field);
+    const ServerColumn* found = columns_.Find(metadata_->At(index).Field);
     if (!found)
         throw ProviderFailure(QStringLiteral("The table '%1' has no column '%2'.")
-                                  .arg(shape_->BaseTable(), shape_->At(index).Field));
+                                  .arg(metadata_->BaseTable(), metadata_->At(index).Field));
     return *found;
 }
 
 /// Of rows that are alike in everything any one will do.
 bool OdbcRowWriter::findsOneOfMany() const
 {
-    return columns_.Keys.isEmpty() && shape_->Count() == int(columns_.Columns.size());
+    return columns_.Keys.isEmpty() && metadata_->Count() == int(columns_.Columns.size());
 }
 
 const OdbcRowWriter::Search& OdbcRowWriter::searchFor(const char* original)
 {
-    const int count = shape_->Count();
+    const int count = metadata_->Count();
     std::vector<bool> nulls;
     const char* at = original;
     for (int index = 0; index < count; ++index)
@@ -125,7 +125,7 @@ std::string OdbcRowWriter::Insert(const char* row, const std::vector<bool>& touc
     QStringList marks;
     Parameters values;
     const char* at = row;
-    for (int index = 0; index < shape_->Count(); ++index) {
+    for (int index = 0; index < metadata_->Count(); ++index) {
         const ServerColumn& column = serverColumn(index);
         const Cell cell = ReadCell(at);
         all.append(QuotedName(column.Name));
@@ -154,7 +154,7 @@ qint64 OdbcRowWriter::Update(const char* original, const char* row,
     const Search& search = searchFor(original);
     QStringList settings;
     Parameters values;
-    for (int index = 0; index < shape_->Count(); ++index) {
+    for (int index = 0; index < metadata_->Count(); ++index) {
         const Cell cell = ReadCell(row);
         if (!touched[std::size_t(index)])
             continue;

@@ -7,7 +7,7 @@ namespace TradeForms {
 /// Writes rows of one result to their table on the server.
 class OdbcRowWriter : public RowWriter {
 public:
-    OdbcRowWriter(OdbcEngine& engine, std::shared_ptr<const Shape> shape);
+    OdbcRowWriter(OdbcEngine& engine, std::shared_ptr<const ResultMetadata> metadata);
 
     std::string Insert(const char* row, const std::vector<bool>& touched) override;
     qint64 Update(const char* original, const char* row, const std::vector<bool>& touched) override;
@@ -26,7 +26,7 @@ private:
     bool findsOneOfMany() const;
 
     OdbcEngine& engine_;
-    std::shared_ptr<const Shape> shape_;
+    std::shared_ptr<const ResultMetadata> metadata_;
     QString table_;
     const ServerTable& columns_;
     Search search_;

@@ -44,7 +44,7 @@ private:
     std::string_view takeName()
     {
         if (isAtEnd() || isKeyword(tokens_[at_]) ||
-            (tokens_[at_].What != Token::Kind::Word && tokens_[at_].What != Token::Kind::Quoted))
+            (tokens_[at_].Kind != Token::Type::Word && tokens_[at_].Kind != Token::Type::Quoted))
             return {};
         return tokens_[at_++].Text;
     }

@@ -117,7 +117,7 @@ private:
         std::size_t at = 1;
         if (at < tokens_.size() && tokens_[at].IsWord("dbo") && isSignAt(at + 1, '.'))
             at += 2;
-        if (at >= tokens_.size() || tokens_[at].What != Token::Kind::Word)
+        if (at >= tokens_.size() || tokens_[at].Kind != Token::Type::Word)
             raiseSyntax(tokens_.front().Text);
         AdaptedStatement::Call call;
         call.Name = QByteArray(tokens_[at].Text.data(), qsizetype(tokens_[at].Text.size()));
@@ -140,9 +140,9 @@ private:
             ++at;
         }
         const Token& token = tokens_[at];
-        if (token.What == Token::Kind::Number)
+        if (token.Kind == Token::Type::Number)
             return sign + QByteArray(token.Text.data(), qsizetype(token.Text.size()));
-        if (token.What != Token::Kind::Literal || !sign.isEmpty())
+        if (token.Kind != Token::Type::Literal || !sign.isEmpty())
             raiseSyntax(token.Text);
         return contentOf(token.Text);
     }
@@ -193,15 +193,15 @@ private:
         const Token& token = tokens_[at];
         if (levels_.back().InSelectList && rewriteSelectItem(at))
             return;
-        switch (token.What) {
-        case Token::Kind::Sign:
+        switch (token.Kind) {
+        case Token::Type::Sign:
             return rewriteSign(at);
-        case Token::Kind::Word:
+        case Token::Type::Word:
             return rewriteWord(at);
-        case Token::Kind::Literal:
+        case Token::Type::Literal:
             return rewriteLiteral(token);
-        case Token::Kind::Number:
-        case Token::Kind::Quoted:
+        case Token::Type::Number:
+        case Token::Type::Quoted:
             return copy(token);
         }
     }
@@ -236,7 +236,7 @@ private:
 
     static QByteArray aliasOf(const Token& token)
     {
-        if (token.What == Token::Kind::Literal)
+        if (token.Kind == Token::Type::Literal)
             return '"' + contentOf(token.Text).replace("\"", "\"\"") + '"';
         return QByteArray(token.Text.data(), qsizetype(token.Text.size()));
     }
@@ -275,7 +275,7 @@ private:
     {
         put(suffix);
         const std::size_t next = parenthesis + 1;
-        if (!suffix.empty() && next < tokens_.size() && tokens_[next].What != Token::Kind::Sign &&
+        if (!suffix.empty() && next < tokens_.size() && tokens_[next].Kind != Token::Type::Sign &&
             tokens_[next].Text.data() == copied_)
             put(" ");
     }
@@ -352,12 +352,12 @@ private:
 
     static bool isName(const Token& token)
     {
-        return token.What == Token::Kind::Word || token.What == Token::Kind::Quoted;
+        return token.Kind == Token::Type::Word || token.Kind == Token::Type::Quoted;
     }
 
     static bool isDate(const Token& token)
     {
-        return token.What == Token::Kind::Literal && momentIn(token).isValid();
+        return token.Kind == Token::Type::Literal && momentIn(token).isValid();
     }
 
     static QDateTime momentIn(const Token& literal)

@@ -59,7 +59,7 @@ Tables readTables()
     for (const QString& name : model.TableNames()) {
         CompanyTable& table = tables[name.toLower()];
         const auto none = model.Run(QStringLiteral("select * from \"%1\"").arg(name));
-        const Shape& columns = none->Columns();
+        const ResultMetadata& columns = none->Columns();
         for (int index = 0; index < columns.Count(); ++index)
             table.Fields.push_back({columns.At(index).Name, columns.At(index).Kind});
         table.Keys = keysOf(model, name);

@@ -63,12 +63,12 @@ Column describeColumn(sqlite3_stmt* statement, int index, Engine::Purpose purpos
     return column;
 }
 
-std::shared_ptr<const Shape> describe(sqlite3_stmt* statement, Engine::Purpose purpose)
+std::shared_ptr<const ResultMetadata> describe(sqlite3_stmt* statement, Engine::Purpose purpose)
 {
     std::vector<Column> columns;
     for (int index = 0; index < sqlite3_column_count(statement); ++index)
         columns.push_back(describeColumn(statement, index, purpose));
-    return std::make_shared<const Shape>(std::move(columns));
+    return std::make_shared<const ResultMetadata>(std::move(columns));
 }
 
 /// Encodes the row on which a statement stands.
@@ -95,7 +95,7 @@ public:
         return row_;
     }
 
-    std::shared_ptr<const Shape> Columns() const override { return columns_; }
+    std::shared_ptr<const ResultMetadata> Columns() const override { return columns_; }
 
     qint64 Work() const override
     {
@@ -104,7 +104,7 @@ public:
 
 private:
     PreparedStatement statement_;
-    std::shared_ptr<const Shape> columns_;
+    std::shared_ptr<const ResultMetadata> columns_;
     std::string row_;
 };
 
@@ -137,12 +137,12 @@ int SqliteEngine::waitForLock(void* self, int attempt)
     return 1;
 }
 
-bool SqliteEngine::isOpenBelow() const
+bool SqliteEngine::isNativeOpen() const
 {
     return sqlite3_get_autocommit(handle_.get()) == 0;
 }
 
-void SqliteEngine::rollbackToMarkBelow()
+void SqliteEngine::rollbackToSavepoint()
 {
     run("ROLLBACK TO mark");
     run("RELEASE mark");
@@ -175,7 +175,7 @@ SqliteEngine::Kept& SqliteEngine::keptStatement(const QByteArray& text)
 
 /// The statement's columns, read anew where SQLite has prepared it anew, since `select *` may
 /// have more of them then.
-std::shared_ptr<const Shape> SqliteEngine::shapeOf(Kept& kept, Purpose purpose)
+std::shared_ptr<const ResultMetadata> SqliteEngine::metadataOf(Kept& kept, Purpose purpose)
 {
     sqlite3_stmt* statement = kept.Compiled.get();
     const int preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
@@ -202,7 +202,7 @@ void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each
     const int columns = sqlite3_column_count(compiled);
     if (columns == 0)
         return;
-    begin(shapeOf(kept, purpose));
+    begin(metadataOf(kept, purpose));
     for (; hasRow; hasRow = Step(compiled)) {
         encodeRow(row_, compiled, columns);
         each(row_);
@@ -217,9 +217,9 @@ std::unique_ptr<Cursor> SqliteEngine::OpenCursor(const QString& statement)
     return std::make_unique<SqliteCursor>(Prepare(handle_.get(), ready.Text, false));
 }
 
-std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const Shape> shape)
+std::unique_ptr<RowWriter> SqliteEngine::WriterFor(std::shared_ptr<const ResultMetadata> metadata)
 {
-    return std::make_unique<SqliteRowWriter>(*this, std::move(shape));
+    return std::make_unique<SqliteRowWriter>(*this, std::move(metadata));
 }
 
 QStringList SqliteEngine::TableNames()
@@ -258,7 +258,7 @@ void SqliteEngine::BeginLoad()
 {
     if (load_)
         throw ProviderFailure(QStringLiteral("A bulk load has begun already."), SQLITE_MISUSE);
-    if (isOpenBelow())
+    if (isNativeOpen())
         throw ProviderFailure(QStringLiteral("A bulk load cannot begin within a transaction."),
                               SQLITE_MISUSE);
     load_.emplace(handle_.get());
@@ -268,7 +268,7 @@ void SqliteEngine::EndLoad(const std::function<void(int, int)>& progress)
 {
     if (!load_)
         throw ProviderFailure(QStringLiteral("No bulk load has begun."), SQLITE_MISUSE);
-    if (isOpenBelow())
+    if (isNativeOpen())
         throw ProviderFailure(QStringLiteral("A bulk load cannot end within a transaction."),
                               SQLITE_MISUSE);
     load_->Finish(progress);

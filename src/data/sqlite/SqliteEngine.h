@@ -25,7 +25,7 @@ public:
     void Scan(const QString& statement, const Begin& begin, const Each& each,
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<Cursor> OpenCursor(const QString& statement) override;
-    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const Shape> shape) override;
+    std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const ResultMetadata> metadata) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
     QStringList TableNames() override;
     void BeginReading() override;
@@ -52,22 +52,22 @@ public:
 private:
     struct Kept {
         PreparedStatement Compiled;
-        std::shared_ptr<const Shape> Columns;
+        std::shared_ptr<const ResultMetadata> Columns;
         Purpose For = Purpose::Read; ///< what the columns were read for
         int Preparations = 0;        ///< SQLite's count when they were read
     };
 
-    bool isOpenBelow() const override;
-    void beginBelow() override { run("BEGIN IMMEDIATE"); }
-    void commitBelow() override { run("COMMIT"); }
-    void rollbackBelow() override { run("ROLLBACK"); }
-    void markBelow() override { run("SAVEPOINT mark"); }
-    void releaseMarkBelow() override { run("RELEASE mark"); }
-    void rollbackToMarkBelow() override;
+    bool isNativeOpen() const override;
+    void beginNative() override { run("BEGIN IMMEDIATE"); }
+    void commitNative() override { run("COMMIT"); }
+    void rollbackNative() override { run("ROLLBACK"); }
+    void setSavepoint() override { run("SAVEPOINT mark"); }
+    void releaseSavepoint() override { run("RELEASE mark"); }
+    void rollbackToSavepoint() override;
 
     void run(const QByteArray& text);
     Kept& keptStatement(const QByteArray& text);
-    std::shared_ptr<const Shape> shapeOf(Kept& kept, Purpose purpose);
+    std::shared_ptr<const ResultMetadata> metadataOf(Kept& kept, Purpose purpose);
     static int waitForLock(void* self, int attempt);
 
     Handle handle_;

@@ -27,8 +27,9 @@ QByteArray unchanged(const Column& column, int number, bool isKey)
 
 } // namespace
 
-SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape)
-    : engine_(engine), shape_(std::move(shape)), table_(quoted(shape_->BaseTable()))
+SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine,
+                                 std::shared_ptr<const ResultMetadata> metadata)
+    : engine_(engine), metadata_(std::move(metadata)), table_(quoted(metadata_->BaseTable()))
 {
 }
 
@@ -37,13 +38,13 @@ const QByteArray& SqliteRowWriter::where()
     if (!where_.isEmpty())
         return where_;
     const Table table = readTable();
-    for (int index = 0; index < shape_->Count(); ++index) {
-        const Column& column = shape_->At(index);
+    for (int index = 0; index < metadata_->Count(); ++index) {
+        const Column& column = metadata_->At(index);
         where_ += (index == 0 ? "" : " AND ") +
                   unchanged(column, index + 1, table.Keys.contains(column.Field));
     }
     // Without a key, of rows that are alike in everything any one will do.
-    if (table.Keys.isEmpty() && table.Columns == shape_->Count())
+    if (table.Keys.isEmpty() && table.Columns == metadata_->Count())
         where_ = "rowid = (SELECT rowid FROM " + table_ + " WHERE " + where_ + " LIMIT 1)";
     return where_;
 }
@@ -52,7 +53,7 @@ SqliteRowWriter::Table SqliteRowWriter::readTable()
 {
     sqlite3_stmt* statement = engine_.Prepared("SELECT name, pk FROM pragma_table_info(?1)");
     const ResetAtEnd reset(statement);
-    const QByteArray name = shape_->BaseTable().toUtf8();
+    const QByteArray name = metadata_->BaseTable().toUtf8();
     BindText(statement, 1, {name.constData(), std::size_t(name.size())});
     Table table;
     for (; Step(statement); ++table.Columns) {
@@ -66,16 +67,16 @@ SqliteRowWriter::Table SqliteRowWriter::readTable()
 /// Binds a row's cells one after the other.
 void SqliteRowWriter::bindRow(sqlite3_stmt* statement, int firstParameter, const char* row)
 {
-    for (int index = 0; index < shape_->Count(); ++index)
+    for (int index = 0; index < metadata_->Count(); ++index)
         BindCell(statement, firstParameter + index, ReadCell(row));
 }
 
 QByteArray SqliteRowWriter::columnNames(const std::vector<bool>& chosen) const
 {
     QByteArray names;
-    for (int index = 0; index < shape_->Count(); ++index)
+    for (int index = 0; index < metadata_->Count(); ++index)
         if (chosen[std::size_t(index)])
-            names += (names.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field);
+            names += (names.isEmpty() ? "" : ", ") + quoted(metadata_->At(index).Field);
     return names;
 }
 
@@ -84,7 +85,7 @@ const QByteArray& SqliteRowWriter::insertFor(const std::vector<bool>& touched)
     if (!insert_.Text.isEmpty() && insert_.For == touched)
         return insert_.Text;
     QByteArray values;
-    for (int index = 0; index < shape_->Count(); ++index)
+    for (int index = 0; index < metadata_->Count(); ++index)
         if (touched[std::size_t(index)])
             values += (values.isEmpty() ? "" : ", ") + parameter(index + 1);
     const QByteArray columns = values.isEmpty()
@@ -103,12 +104,12 @@ const QByteArray& SqliteRowWriter::updateFor(const std::vector<bool>& touched)
 {
     if (!update_.Text.isEmpty() && update_.For == touched)
         return update_.Text;
-    const int count = shape_->Count();
+    const int count = metadata_->Count();
     QByteArray settings;
     for (int index = 0; index < count; ++index) {
         if (touched[std::size_t(index)])
-            settings += (settings.isEmpty() ? "" : ", ") + quoted(shape_->At(index).Field) + " = " +
-                        parameter(count + index + 1);
+            settings += (settings.isEmpty() ? "" : ", ") + quoted(metadata_->At(index).Field) +
+                        " = " + parameter(count + index + 1);
     }
     update_ = {touched, "UPDATE " + table_ + " SET " + settings + " WHERE " + where()};
     return update_.Text;
@@ -121,7 +122,7 @@ std::string SqliteRowWriter::Insert(const char* row, const std::vector<bool>& to
     bindRow(statement, 1, row);
     std::string stored;
     while (Step(statement))
-        for (int index = 0; index < shape_->Count(); ++index)
+        for (int index = 0; index < metadata_->Count(); ++index)
             AppendCell(stored, ReadColumn(statement, index));
     return stored;
 }
@@ -132,7 +133,7 @@ qint64 SqliteRowWriter::Update(const char* original, const char* row,
     sqlite3_stmt* statement = engine_.Prepared(updateFor(touched));
     const ResetAtEnd reset(statement);
     bindRow(statement, 1, original);
-    bindRow(statement, shape_->Count() + 1, row);
+    bindRow(statement, metadata_->Count() + 1, row);
     Step(statement);
     return sqlite3_changes64(engine_.Raw());
 }

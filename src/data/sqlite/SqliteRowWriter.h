@@ -7,7 +7,7 @@ namespace TradeForms {
 /// Writes rows of one result to their table.
 class SqliteRowWriter : public RowWriter {
 public:
-    SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const Shape> shape);
+    SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const ResultMetadata> metadata);
 
     std::string Insert(const char* row, const std::vector<bool>& touched) override;
     qint64 Update(const char* original, const char* row, const std::vector<bool>& touched) override;
@@ -35,7 +35,7 @@ private:
     const QByteArray& where();
 
     SqliteEngine& engine_;
-    std::shared_ptr<const Shape> shape_;
+    std::shared_ptr<const ResultMetadata> metadata_;
     QByteArray table_;
     QByteArray where_; ///< finds a row; parameter n is original value n; made when it is needed
     Made insert_;

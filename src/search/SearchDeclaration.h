@@ -1,53 +1,49 @@
 #pragma once
 
+#include "controls/Caption.h"
+
 #include <QByteArray>
 #include <QDate>
 #include <QList>
 
-// A search dialog is a description; SearchDialog is the one shell that shows them all.
+// A search dialog is a declaration; SearchDialog is the one shell that shows them all.
 // Statements, clauses and criteria hold places {Name}: see Statement.
 
 namespace TradeForms {
 
-/// What stands over a field or a column: Urdu, and the English term small below it.
-struct SearchCaption {
-    const char* Urdu;
-    const char* English;
-};
-
 /// Something that the caller sets before the dialog is shown.
 struct SearchInput {
-    enum class Kind {
+    enum class Type {
         Value,      ///< goes into Clause
         ReadyClause ///< is a clause itself and is appended as it stands
     };
     const char* Name;  ///< "ParaInBranchCode"
     const char* Place; ///< of the statement, where the clause lands: "BranchFilter"
-    Kind Is = Kind::Value;
+    Type Kind = Type::Value;
     const char* Clause = "";      ///< " and BranchCode={ParaInBranchCode}"
     const char* NoClauseFor = ""; ///< the one value for which there is no clause; "" is a blank one
 };
 
 /// Something that the caller reads after the dialog has returned.
 struct SearchResult {
-    enum class Kind { Text, Int16, Int32 };
+    enum class Type { Text, Int16, Int32 };
     const char* Name;  ///< "ParaOutGatePassID"
     const char* Field; ///< of the statement
-    Kind Is = Kind::Text;
+    Type Kind = Type::Text;
 };
 
 /// A field above the list that narrows it or jumps in it.
 struct SearchField {
-    enum class Kind {
+    enum class Type {
         Jump,       ///< Text is a criterion; the current row moves to the first that meets it
         QueryAgain, ///< Text is a clause; the list is read again on each change
         OnFilter    ///< Text is a clause that takes effect at the next query
     };
     const char* Name; ///< "TxtID"
-    Kind Is;
+    Type Kind;
     QByteArray Text;   ///< with a place of the field's name for what is typed
     const char* Place; ///< of the statement, where a clause lands; null for a jump
-    SearchCaption Caption;
+    TradeForms::Caption Caption;
     bool TypesUrdu = false;
 };
 
@@ -66,9 +62,9 @@ struct SearchDates {
 struct SearchColumn {
     const char* Name;  ///< "ID"
     const char* Field; ///< of the statement: "BranchCode"
-    SearchCaption Caption;
+    TradeForms::Caption Caption;
     int Width; ///< pixels at 100 %
-    enum class Kind { Latin, Number, Urdu, Month } Is = Kind::Latin;
+    enum class Type { Latin, Number, Urdu, Month } Kind = Type::Latin;
     bool Stretch = false;
 };
 
@@ -78,9 +74,9 @@ struct SearchLines {
     QList<SearchColumn> Columns;
 };
 
-struct SearchDescription {
+struct SearchDeclaration {
     const char* Name; ///< "SchBranch"
-    SearchCaption Title;
+    Caption Title;
     const char* WindowTitle = nullptr; ///< of the task bar; null is the English title
     QByteArray Statement;
     QList<SearchInput> Inputs = {};

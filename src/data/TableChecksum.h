@@ -29,22 +29,22 @@ private:
 /// What tells the rows of a table from those of another, whatever order they come in and whatever
 /// database they come from: their number, and for each column its nulls, the sum of its numbers
 /// and a check sum of its values.
-class TableProof {
+class TableChecksum {
 public:
     /// Columns that hold amounts on either side are summed.
-    TableProof(const Shape& columns, const Shape& counterpart);
+    TableChecksum(const ResultMetadata& columns, const ResultMetadata& counterpart);
 
     /// Takes a row of encoded cells.
     void Add(std::string_view row);
     qint64 Rows() const { return rows_; }
 
     /// What differs in another table; all columns of it.
-    QList<TransferDifference> Compare(const TableProof& target, const QString& table) const;
+    QList<TransferDifference> Compare(const TableChecksum& target, const QString& table) const;
     /// Where amounts lost decimals on their way to another table that does not differ otherwise.
-    QList<TransferDifference> RoundedIn(const TableProof& target, const QString& table) const;
+    QList<TransferDifference> RoundedIn(const TableChecksum& target, const QString& table) const;
 
 private:
-    struct ColumnProof {
+    struct ColumnChecksum {
         QString Name;
         bool IsAmount = false;
         qint64 Nulls = 0;
@@ -53,9 +53,9 @@ private:
         qint64 Finer = 0; ///< amounts with more than four decimals
     };
 
-    static void add(ColumnProof& column, const Cell& cell);
+    static void add(ColumnChecksum& column, const Cell& cell);
 
-    std::vector<ColumnProof> columns_;
+    std::vector<ColumnChecksum> columns_;
     qint64 rows_ = 0;
 };
 

@@ -116,7 +116,7 @@ enum class SectionKind {
     ReportFooter  ///< once, after the last row, whose values it sees
 };
 
-/// A strip of the page. There may be more than one of a kind; they follow each other.
+/// A band of the page. There may be more than one of a kind; they follow each other.
 struct ReportSection {
     enum class Pages { Every, FirstOnly, AfterFirst };
 
@@ -145,7 +145,7 @@ struct ReportParameter {
 };
 
 /// One report's design. A Report is made from it and may then be changed by itself.
-struct ReportDefinition {
+struct ReportDeclaration {
     QString Name = {};  ///< of the class, CrpGatePassDetail
     QString Title = {}; ///< in English, for the list of print jobs and the PDF's properties
     /// Names the voucher of a row, behind the title; may be empty.

@@ -1,4 +1,4 @@
-#include "reports/ReportDefinition.h"
+#include "reports/ReportDeclaration.h"
 
 namespace TradeForms {
 
@@ -8,13 +8,13 @@ constexpr double tenthsPerMillimetre = 10;
 
 } // namespace
 
-QPageLayout ReportDefinition::PageLayout() const
+QPageLayout ReportDeclaration::PageLayout() const
 {
     return QPageLayout(QPageSize(Paper), Orientation, QMarginsF(0, 0, 0, 0),
                        QPageLayout::Millimeter);
 }
 
-QSizeF ReportDefinition::PageSize() const
+QSizeF ReportDeclaration::PageSize() const
 {
     return PageLayout().fullRect(QPageLayout::Millimeter).size() * tenthsPerMillimetre;
 }

@@ -1,4 +1,4 @@
-#include "data/TableProof.h"
+#include "data/TableChecksum.h"
 
 #include <QByteArray>
 #include <QHashFunctions>
@@ -89,10 +89,10 @@ QString AmountSum::Text() const
            QString::number(rest).rightJustified(4, u'0');
 }
 
-TableProof::TableProof(const Shape& columns, const Shape& counterpart)
+TableChecksum::TableChecksum(const ResultMetadata& columns, const ResultMetadata& counterpart)
 {
     for (int index = 0; index < columns.Count(); ++index) {
-        ColumnProof column;
+        ColumnChecksum column;
         column.Name = columns.At(index).Name;
         column.IsAmount = columns.At(index).Kind == ColumnKind::Number ||
                           counterpart.At(index).Kind == ColumnKind::Number;
@@ -100,15 +100,15 @@ TableProof::TableProof(const Shape& columns, const Shape& counterpart)
     }
 }
 
-void TableProof::Add(std::string_view row)
+void TableChecksum::Add(std::string_view row)
 {
     ++rows_;
     const char* at = row.data();
-    for (ColumnProof& column : columns_)
+    for (ColumnChecksum& column : columns_)
         add(column, ReadCell(at));
 }
 
-void TableProof::add(ColumnProof& column, const Cell& cell)
+void TableChecksum::add(ColumnChecksum& column, const Cell& cell)
 {
     if (cell.IsNull()) {
         ++column.Nulls;
@@ -126,7 +126,8 @@ void TableProof::add(ColumnProof& column, const Cell& cell)
     }
 }
 
-QList<TransferDifference> TableProof::Compare(const TableProof& target, const QString& table) const
+QList<TransferDifference> TableChecksum::Compare(const TableChecksum& target,
+                                                 const QString& table) const
 {
     QList<TransferDifference> differences;
     if (rows_ != target.rows_)
@@ -136,8 +137,8 @@ QList<TransferDifference> TableProof::Compare(const TableProof& target, const QS
                             QStringLiteral("%1 rows").arg(rows_),
                             QStringLiteral("%1 rows").arg(target.rows_)});
     for (std::size_t index = 0; index < columns_.size(); ++index) {
-        const ColumnProof& here = columns_[index];
-        const ColumnProof& there = target.columns_[index];
+        const ColumnChecksum& here = columns_[index];
+        const ColumnChecksum& there = target.columns_[index];
         const auto differ = [&](const QString& source, const QString& copied) {
             differences.append({table, here.Name, {}, source, copied});
         };
@@ -152,13 +153,13 @@ QList<TransferDifference> TableProof::Compare(const TableProof& target, const QS
     return differences;
 }
 
-QList<TransferDifference> TableProof::RoundedIn(const TableProof& target,
-                                                const QString& table) const
+QList<TransferDifference> TableChecksum::RoundedIn(const TableChecksum& target,
+                                                   const QString& table) const
 {
     QList<TransferDifference> rounded;
     for (std::size_t index = 0; index < columns_.size(); ++index) {
-        const ColumnProof& here = columns_[index];
-        const ColumnProof& there = target.columns_[index];
+        const ColumnChecksum& here = columns_[index];
+        const ColumnChecksum& there = target.columns_[index];
         if (here.Finer != there.Finer)
             rounded.append({table,
                             here.Name,
