@@ -117,12 +117,12 @@ void saveOurs(benchmark::State& state)
         timer.start();
         // What follows the commit is the emptying of the form, which begins with its number.
         double saved = 0;
-        desk.form->TxtID.OnChange = [&] {
+        desk.form->TxtID.OnChange += [&] {
             if (saved == 0)
                 saved = seconds(timer);
         };
         desk.form->BtnSave.Click();
-        desk.form->TxtID.OnChange = nullptr;
+        desk.form->TxtID.OnChange.Clear();
         state.SetIterationTime(saved);
     }
     if (desk.company.Scalar(QStringLiteral("select count(*) from StockInDetailBody")).toInt() !=

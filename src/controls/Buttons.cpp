@@ -222,7 +222,7 @@ QColor Label::ForeColor() const
 
 void Label::mousePressEvent(QMouseEvent* event)
 {
-    if (!OnClick || event->button() != Qt::LeftButton) {
+    if (OnClick.IsEmpty() || event->button() != Qt::LeftButton) {
         event->ignore();
         return;
     }

@@ -84,18 +84,14 @@ Form* Control::OwnerForm() const
     return qobject_cast<Form*>(widget_.window());
 }
 
-void Control::Fire(const std::function<void()>& handler)
+void Control::runGuarded(const std::function<void()>& steps)
 {
-    if (!handler)
-        return;
-    // A copy: the handler may put another one in its place.
-    const std::function<void()> running = handler;
     if (Form* form = OwnerForm()) {
-        form->Guard(running);
+        form->Guard(steps);
         return;
     }
     try {
-        running();
+        steps();
     } catch (const std::exception& failure) {
         ShowError(&widget_, failure);
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/Event.h"
+
 #include <QString>
 
 #include <functional>
@@ -10,8 +12,8 @@ namespace TradeForms {
 
 class Form;
 
-/// What every control of a form has beside its widget: a name, and the handlers that its form
-/// calls in the fixed order (see Form). A handler that throws ends in Form::HandlerFailed.
+/// What every control of a form has beside its widget: a name, and the events that its form raises
+/// in the fixed order (see Form). A step that throws ends in Form::HandlerFailed.
 class Control {
 public:
     explicit Control(QWidget& widget);
@@ -40,12 +42,12 @@ public:
     /// The one control whose validation a step to this one leaves out; null is none.
     const Control* SparesValidationOf = nullptr;
 
-    std::function<void(bool& cancel)> OnValidate;
-    std::function<void()> OnGotFocus;
-    std::function<void()> OnLostFocus;
+    VetoEvent OnValidate;
+    Event<> OnGotFocus;
+    Event<> OnLostFocus;
     /// The text or value changed, by the user or by the program.
-    std::function<void()> OnChange;
-    std::function<void()> OnClick;
+    Event<> OnChange;
+    Event<> OnClick;
 
     /// The control that a widget is or belongs to (a date field's line edit belongs to the
     /// date field), or null.
@@ -56,12 +58,19 @@ public:
 protected:
     friend class Form;
 
-    /// For the controls' own signals: calls the handler under the form's guard.
-    void Fire(const std::function<void()>& handler);
+    /// Runs an event's steps under the form's guard.
+    template <class... Arguments>
+    void Fire(const Event<Arguments...>& event, const Arguments&... arguments)
+    {
+        if (!event.IsEmpty())
+            runGuarded([event, arguments...] { event(arguments...); });
+    }
     /// What is typed in part becomes the value.
     virtual void FinishEdit() {}
 
 private:
+    void runGuarded(const std::function<void()>& steps);
+
     QWidget& widget_;
     quint64 serial_; ///< order of creation
 };

@@ -73,13 +73,13 @@ bool Form::Private::MayLeaveFor(const Control& to)
     from->FinishEdit();
     if (unloaded || ActiveControl() != from)
         return false;
-    if (!to.CausesValidation || to.SparesValidationOf == from || !from->OnValidate)
+    if (!to.CausesValidation || to.SparesValidationOf == from || from->OnValidate.IsEmpty())
         return true;
 
     bool cancel = false;
     {
         const QScopedValueRollback<bool> asking(validating, true);
-        const std::function<void(bool&)> validate = from->OnValidate;
+        const VetoEvent validate = from->OnValidate;
         form.Guard([&] { validate(cancel); });
     }
     // The handler may have moved the focus elsewhere, or closed the form: then that holds.

@@ -483,9 +483,7 @@ void Grid::PressMenuKey()
 
 void Grid::PressRight(const QPoint& position)
 {
-    if (!OnRightPress)
-        return;
-    Fire([position, handler = OnRightPress] { handler(position); });
+    Fire(OnRightPress, position);
 }
 
 bool Grid::event(QEvent* event)
@@ -515,8 +513,7 @@ void Grid::keyPressEvent(QKeyEvent* event)
     const bool types = !event->text().isEmpty() && event->text().front().isPrint() &&
                        !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
     if (types) {
-        if (OnKeyPress)
-            Fire([text = event->text(), handler = OnKeyPress] { handler(text); });
+        Fire(OnKeyPress, event->text());
         return;
     }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {

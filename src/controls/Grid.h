@@ -91,15 +91,15 @@ public:
 
     /// Another row became current, by the user or by the program. Does not run when the grid
     /// becomes empty.
-    std::function<void()> OnRowChange;
-    std::function<void()> OnBeforeDelete;
+    Event<> OnRowChange;
+    Event<> OnBeforeDelete;
     /// Anywhere in the grid, below its rows too.
-    std::function<void()> OnDoubleClick;
+    Event<> OnDoubleClick;
     /// Right mouse button on the grid, or the menu key in it; the row under it is current
     /// by then. The position is in screen coordinates.
-    std::function<void(const QPoint& position)> OnRightPress;
+    Event<QPoint> OnRightPress;
     /// A key typed in the grid, before the grid acts on it.
-    std::function<void(const QString& text)> OnKeyPress;
+    Event<QString> OnKeyPress;
 
 protected:
     bool event(QEvent* event) override;

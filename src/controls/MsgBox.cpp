@@ -139,7 +139,7 @@ public:
 
         auto* strip = new TitleStrip({}, message.Title);
         strip->ImgMin().SetVisible(false);
-        strip->ImgExit().OnClick = [this] { Unload(); };
+        strip->ImgExit().OnClick += [this] { Unload(); };
 
         auto* words = new QHBoxLayout;
         words->setContentsMargins(20, 20, 20, 20);
@@ -212,7 +212,7 @@ private:
         const auto kind =
             answer == MsgAnswer::No ? JeweledButton::Kind::Plain : JeweledButton::Kind::Primary;
         auto* button = new JeweledButton(name, urdu, english, shortcut, kind, this);
-        button->OnClick = [this, answer] { Choose(answer); };
+        button->OnClick += [this, answer] { Choose(answer); };
         return button;
     }
 

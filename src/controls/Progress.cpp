@@ -38,7 +38,7 @@ public:
 
         auto* cancel = new JeweledButton(QStringLiteral("BtnCancel"), QStringLiteral("منسوخ"),
                                          QStringLiteral("Cancel"), QStringLiteral("Esc"));
-        cancel->OnClick = [this] { cancelled_ = true; };
+        cancel->OnClick += [this] { cancelled_ = true; };
 
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(1, 1, 1, 1);

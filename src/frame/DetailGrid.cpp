@@ -53,25 +53,25 @@ DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declarat
 void DetailGrid::attach()
 {
     for (const RowEnd& end : declaration_.Ends)
-        end.Field->OnLostFocus = [this, &end] { ended(end); };
-    grid_.OnGotFocus = [this] {
+        end.Field->OnLostFocus += [this, &end] { ended(end); };
+    grid_.OnGotFocus += [this] {
         IsGridActive = true;
         openCode(false);
     };
-    grid_.OnLostFocus = [this] {
+    grid_.OnLostFocus += [this] {
         // Enter, a double-click or a new voucher may have dealt with it already.
         if (IsGridActive) {
             GridChosen();
         }
     };
-    grid_.OnRowChange = [this] {
+    grid_.OnRowChange += [this] {
         if (IsGridActive) {
             ShowGridRow();
         }
     };
-    grid_.OnDoubleClick = [this] { GridChosen(); };
-    grid_.OnRightPress = [this](const QPoint& position) { ShowRowMenu(position); };
-    grid_.OnBeforeDelete = [this] { form_.SetFormState(VoucherForm::State::Edited); };
+    grid_.OnDoubleClick += [this] { GridChosen(); };
+    grid_.OnRightPress += [this](const QPoint& position) { ShowRowMenu(position); };
+    grid_.OnBeforeDelete += [this] { form_.SetFormState(VoucherForm::State::Edited); };
 }
 
 QString DetailGrid::currentId() const

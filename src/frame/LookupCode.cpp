@@ -21,11 +21,11 @@ LookupCode::LookupCode(VoucherForm& form, LookupDeclaration description)
     // left, once for the button.
     declaration_.Button.SparesValidationOf = &declaration_.Code;
 
-    declaration_.Code.OnChange = [this] { changed(); };
-    declaration_.Code.OnValidate = [this](bool& cancel) { validate(cancel); };
+    declaration_.Code.OnChange += [this] { changed(); };
+    declaration_.Code.OnValidate += [this](bool& cancel) { validate(cancel); };
     if (declaration_.OnLeaving != LookupDeclaration::Casing::AsTyped)
-        declaration_.Code.OnLostFocus = [this] { left(); };
-    declaration_.Button.OnClick = [this] { clicked(); };
+        declaration_.Code.OnLostFocus += [this] { left(); };
+    declaration_.Button.OnClick += [this] { clicked(); };
     form_.AddLookup(*this);
 }
 

@@ -68,15 +68,15 @@ VoucherForm::~VoucherForm() = default;
 
 void VoucherForm::attach()
 {
-    BtnSave.OnClick = [this] { runWriting([this] { SaveVoucher(); }, declaration_.SaveTail); };
-    BtnDelete.OnClick = [this] {
+    BtnSave.OnClick += [this] { runWriting([this] { SaveVoucher(); }, declaration_.SaveTail); };
+    BtnDelete.OnClick += [this] {
         runWriting([this] { DeleteVoucher(); }, declaration_.DeleteTail);
     };
-    BtnOpen.OnClick = [this] { OpenVoucher(); };
-    BtnClear.OnClick = [this] { SetFormState(State::New); };
-    BtnPrint.OnClick = [this] { PrintVoucher(); };
-    BtnClose.OnClick = [this] { Unload(); };
-    Title.ImgExit().OnClick = [this] { Unload(); };
+    BtnOpen.OnClick += [this] { OpenVoucher(); };
+    BtnClear.OnClick += [this] { SetFormState(State::New); };
+    BtnPrint.OnClick += [this] { PrintVoucher(); };
+    BtnClose.OnClick += [this] { Unload(); };
+    Title.ImgExit().OnClick += [this] { Unload(); };
 }
 
 void VoucherForm::UseFocus(Control* newVoucher, Control* openedVoucher)

@@ -218,21 +218,21 @@ void RptReportViewer::RemoveObjectColors()
 
 void RptReportViewer::attach()
 {
-    title_->ImgExit().OnClick = [this] { Unload(); };
-    title_->ImgMin().OnClick = [this] { Minimize(); };
+    title_->ImgExit().OnClick += [this] { Unload(); };
+    title_->ImgMin().OnClick += [this] { Minimize(); };
     connect(this, &Form::Unloaded, this, &RptReportViewer::unload);
 
-    CRViewer1.OnChange = [this] { showPlace(); };
-    TxtSearch.OnChange = [this] { search(); };
-    BtnPreviousHit.OnClick = [this] { goOn(false); };
-    BtnNextHit.OnClick = [this] { goOn(true); };
-    TxtPage.OnLostFocus = [this] { showPlace(); };
-    BtnZoomIn.OnClick = [this] { CRViewer1.ZoomIn(); };
-    BtnZoomOut.OnClick = [this] { CRViewer1.ZoomOut(); };
-    BtnFitWidth.OnClick = [this] { CRViewer1.FitWidth(); };
-    BtnPrint.OnClick = [this] { print(); };
-    BtnSavePdf.OnClick = [this] { savePdf(); };
-    BtnClose.OnClick = [this] { Unload(); };
+    CRViewer1.OnChange += [this] { showPlace(); };
+    TxtSearch.OnChange += [this] { search(); };
+    BtnPreviousHit.OnClick += [this] { goOn(false); };
+    BtnNextHit.OnClick += [this] { goOn(true); };
+    TxtPage.OnLostFocus += [this] { showPlace(); };
+    BtnZoomIn.OnClick += [this] { CRViewer1.ZoomIn(); };
+    BtnZoomOut.OnClick += [this] { CRViewer1.ZoomOut(); };
+    BtnFitWidth.OnClick += [this] { CRViewer1.FitWidth(); };
+    BtnPrint.OnClick += [this] { print(); };
+    BtnSavePdf.OnClick += [this] { savePdf(); };
+    BtnClose.OnClick += [this] { Unload(); };
 }
 
 void RptReportViewer::showPlace()

@@ -63,7 +63,7 @@ void SchPrint::compose()
 {
     auto* title = new TitleStrip(utf8("پرنٹ"), QStringLiteral("Print"));
     title->ImgMin().SetVisible(false);
-    title->ImgExit().OnClick = [this] { Unload(); };
+    title->ImgExit().OnClick += [this] { Unload(); };
 
     auto* options = new QWidget;
     auto* grid = new QGridLayout(options);
@@ -101,16 +101,16 @@ void SchPrint::attach()
 {
     for (const Choice& each : choices_) {
         OptionButton& option = each.Option;
-        option.OnClick = [this, &option] { ClickOption(option); };
+        option.OnClick += [this, &option] { ClickOption(option); };
         for (Label* caption : {&each.Urdu, &each.English}) {
-            caption->OnClick = [this, &option] {
+            caption->OnClick += [this, &option] {
                 if (SetFocus(option))
                     ClickOption(option);
             };
         }
     }
-    BtnSelect.OnClick = [this] { select(); };
-    BtnClose.OnClick = [this] { Unload(); };
+    BtnSelect.OnClick += [this] { select(); };
+    BtnClose.OnClick += [this] { Unload(); };
     // Nothing but a selection prints, however else the window goes.
     connect(this, &Form::Unloaded, this, [this] {
         loaded_ = false;

@@ -193,17 +193,17 @@ void SearchWindow::attach()
     for (const Narrowing& narrowing : narrowings_) {
         switch (narrowing.Declared->Kind) {
         case SearchField::Type::Jump:
-            narrowing.Field->OnChange = [this, narrowing] { jump(narrowing); };
+            narrowing.Field->OnChange += [this, narrowing] { jump(narrowing); };
             break;
         case SearchField::Type::QueryAgain:
-            narrowing.Field->OnChange = [this] { loadList(); };
+            narrowing.Field->OnChange += [this] { loadList(); };
             break;
         case SearchField::Type::OnFilter:
             break;
         }
     }
     if (btnFilter_)
-        btnFilter_->OnClick = [this] { loadList(); };
+        btnFilter_->OnClick += [this] { loadList(); };
     reader_.OnBegin = [this] {
         if (declaration_.Dates.From)
             showRange();
@@ -214,11 +214,11 @@ void SearchWindow::attach()
     };
     reader_.OnState = [this] { showCount(); };
     connect(this, &Form::Unloaded, &reader_, &ListReader::Abandon);
-    grid_->OnRowChange = [this] {
+    grid_->OnRowChange += [this] {
         list_.Rows().MoveToPosition(grid_->Row());
         showRow();
     };
-    grid_->OnDoubleClick = [this] {
+    grid_->OnDoubleClick += [this] {
         // The row under the mouse goes with the list that is being replaced.
         if (reader_.IsReading()) {
             reader_.Finish();
@@ -226,23 +226,23 @@ void SearchWindow::attach()
             select();
         }
     };
-    grid_->OnKeyPress = [this](const QString& text) {
+    grid_->OnKeyPress += [this](const QString& text) {
         if (jumps(text)) {
             // The field first, so that typing goes on there with the caret behind the character.
             SetFocus(firstField());
             firstField().SetText(text);
         }
     };
-    grid_->OnRightPress = [this](const QPoint& position) {
+    grid_->OnRightPress += [this](const QPoint& position) {
         reader_.Finish();
         jumpTo(grid_->Row()); // the row under the mouse is marked, and that one alone
         menu_.Show(position);
     };
-    btnSelect_->OnClick = [this] { select(); };
-    btnClose_->OnClick = [this] { leaveEmpty(); };
-    title_->ImgExit().OnClick = [this] { Unload(); };
+    btnSelect_->OnClick += [this] { select(); };
+    btnClose_->OnClick += [this] { leaveEmpty(); };
+    title_->ImgExit().OnClick += [this] { Unload(); };
     if (declaration_.MinimizeWorks)
-        title_->ImgMin().OnClick = [this] { Minimize(); };
+        title_->ImgMin().OnClick += [this] { Minimize(); };
 }
 
 Txt& SearchWindow::NarrowingField(const char* name)
@@ -268,11 +268,11 @@ void SearchWindow::Load()
     if (declaration_.Dates.From && declaration_.Dates.QueryAgain) {
         // From here on, so that the defaults do not read the list.
         for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
-            picker->OnChange = [this] {
+            picker->OnChange += [this] {
                 if (!showingRange_)
                     loadList();
             };
-            picker->OnLostFocus = [this] { showRange(); };
+            picker->OnLostFocus += [this] { showRange(); };
         }
     }
     dialog_.EmptyParaOut(declaration_.Results.front());

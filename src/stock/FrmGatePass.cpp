@@ -99,7 +99,7 @@ FrmGatePass::FrmGatePass()
     UseFocus(&TxtDriverCode, &DtpDate);
     declareHeader();
     attachOptions();
-    TxtOutNewProducts.OnValidate = [this](bool& cancel) {
+    TxtOutNewProducts.OnValidate += [this](bool& cancel) {
         cancel = Detail.IsRowAdd && Val(TxtOutNewProducts.Text()) > Val(LblStock.Text());
     };
     showStock(false);
@@ -302,9 +302,9 @@ void FrmGatePass::attachOptions()
     const QColor black(0, 0, 0);
     const QColor red(255, 0, 0);
     const auto pair = [black, red](OptionButton& button, Label& caption) {
-        caption.OnClick = [&button] { button.SetValue(true); };
-        button.OnGotFocus = [&caption, red] { caption.SetForeColor(red); };
-        button.OnLostFocus = [&caption, black] { caption.SetForeColor(black); };
+        caption.OnClick += [&button] { button.SetValue(true); };
+        button.OnGotFocus += [&caption, red] { caption.SetForeColor(red); };
+        button.OnLostFocus += [&caption, black] { caption.SetForeColor(black); };
     };
     pair(OptSupply, Label12);
     pair(OptOrder, Label13);

@@ -38,8 +38,8 @@ StockForm::StockForm(const StockDeclaration& declaration)
     Label8.setObjectName(QStringLiteral("Label8"));
     Label15.setObjectName(QStringLiteral("Label15"));
     TxtAmount.SetDisplayOnly(true);
-    TxtQty.OnChange = [this] { workOutAmount(); };
-    TxtPrice.OnChange = [this] { workOutAmount(); };
+    TxtQty.OnChange += [this] { workOutAmount(); };
+    TxtPrice.OnChange += [this] { workOutAmount(); };
     UseId(TxtID);
     UseDetail(Detail);
     // A clerk who enters documents one after another stays where he is.

@@ -72,7 +72,7 @@ protected:
         column->addWidget(&field);
         for (OptionButton* option : {&sale, &order, &supply}) {
             row->addWidget(option);
-            option->OnClick = [this, option] { clicks << option->Name(); };
+            option->OnClick += [this, option] { clicks << option->Name(); };
         }
         sale.SetValue(true);
         form.SetTabOrderOf({&field, &sale, &order, &supply});
@@ -149,7 +149,7 @@ TEST_F(OptionButtonTest, ArrowsPassADisabledOne)
 TEST_F(OptionButtonTest, ArrowsChooseNothingWhereTheCheckRefuses)
 {
     form.SetFocus(sale);
-    sale.OnValidate = [](bool& cancel) { cancel = true; };
+    sale.OnValidate += [](bool& cancel) { cancel = true; };
     Press(form, Qt::Key_Left);
     EXPECT_EQ(values(), (QList<bool>{true, false, false}));
     EXPECT_TRUE(form.IsActive(sale));
@@ -172,12 +172,12 @@ TEST(ImageTest, IsClickedWithoutTheFocus)
     auto* field = new Txt(s("TxtField"));
     column->addWidget(strip);
     column->addWidget(field);
-    field->OnValidate = [](bool& cancel) {
+    field->OnValidate += [](bool& cancel) {
         ADD_FAILURE() << "validated";
         cancel = true;
     };
     int clicks = 0;
-    strip->ImgExit().OnClick = [&] { ++clicks; };
+    strip->ImgExit().OnClick += [&] { ++clicks; };
     Activate(form);
     Click(form, strip->ImgExit());
     EXPECT_EQ(clicks, 1);
@@ -204,7 +204,7 @@ TEST(LabelTest, ShowsItsTextAsItStands)
 TEST_F(DeskTest, ALabelIsClickedWithTheLeftButtonAlone)
 {
     int clicks = 0;
-    desk.Words.OnClick = [&] { ++clicks; };
+    desk.Words.OnClick += [&] { ++clicks; };
     Click(desk, desk.Words, Qt::RightButton);
     EXPECT_EQ(clicks, 0);
     Click(desk, desk.Words);

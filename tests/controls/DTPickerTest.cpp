@@ -12,7 +12,7 @@ protected:
     {
         desk.Date.SetValue(QDate(2026, 11, 21));
         desk.SetFocus(desk.Date);
-        desk.Date.OnChange = [this] { ++changes; };
+        desk.Date.OnChange += [this] { ++changes; };
     }
 
     QString shown() const { return desk.Date.text(); }
@@ -116,7 +116,7 @@ TEST_F(DTPickerTest, KeyThatClicksAButtonTakesWhatIsTypedInPart)
 {
     Type(desk, "5/2/25");
     QDate clicked;
-    desk.Btn.OnClick = [&] { clicked = desk.Date.Value(); };
+    desk.Btn.OnClick += [&] { clicked = desk.Date.Value(); };
     desk.Btn.Click();
     EXPECT_EQ(clicked, QDate(2025, 2, 5));
     EXPECT_TRUE(IsActive(desk.Date));

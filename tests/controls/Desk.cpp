@@ -16,7 +16,7 @@ Desk::Desk()
     Add(&Btn);
     Add(&Rows);
     Add(&Words);
-    Btn.OnClick = [this] { Note(s("BtnB.Click")); };
+    Btn.OnClick += [this] { Note(s("BtnB.Click")); };
     SetTabOrderOf({&A, &B, &C, &Date, &Btn, &Rows});
     resize(400, 600);
 }
@@ -28,9 +28,9 @@ template <typename T> T& Desk::Add(T* control)
         const Control* active = ActiveControl();
         Note(control->Name() + s(what) + s("(") + (active ? active->Name() : QString()) + s(")"));
     };
-    control->OnGotFocus = [note] { note(".GotFocus"); };
-    control->OnLostFocus = [note] { note(".LostFocus"); };
-    control->OnValidate = [note](bool&) { note(".Validate"); };
+    control->OnGotFocus += [note] { note(".GotFocus"); };
+    control->OnLostFocus += [note] { note(".LostFocus"); };
+    control->OnValidate += [note](bool&) { note(".Validate"); };
     return *control;
 }
 

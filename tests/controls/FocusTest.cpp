@@ -97,7 +97,8 @@ TEST_F(FocusTest, TabWalksOnlyTheGivenOrder)
 
 TEST_F(FocusTest, RefusedTabMovesNothing)
 {
-    desk.A.OnValidate = [this](bool& cancel) {
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [this](bool& cancel) {
         desk.Note(desk.ActiveControl()->Name());
         cancel = true;
     };
@@ -109,7 +110,8 @@ TEST_F(FocusTest, RefusedTabMovesNothing)
 
 TEST_F(FocusTest, RefusedMousePressMovesNothingAndClicksNothing)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     Click(desk, desk.Btn);
     EXPECT_EQ(desk.TakeLog(), QStringList{});
     EXPECT_TRUE(IsActive(desk.A));
@@ -119,7 +121,8 @@ TEST_F(FocusTest, RefusedMousePressMovesNothingAndClicksNothing)
 TEST_F(FocusTest, RefusedDoubleClickIsAskedOncePerPress)
 {
     int asked = 0;
-    desk.A.OnValidate = [&](bool& cancel) {
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [&](bool& cancel) {
         ++asked;
         cancel = true;
     };
@@ -146,8 +149,9 @@ TEST_F(FocusTest, ClickOnAButtonMovesTheFocusThenClicks)
 
 TEST_F(FocusTest, ClickStillReachesTheButtonWhereLostFocusMovesOn)
 {
-    desk.A.OnLostFocus = [this] { desk.SetFocus(desk.C); };
-    desk.Btn.OnValidate = nullptr;
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [this] { desk.SetFocus(desk.C); };
+    desk.Btn.OnValidate.Clear();
     Click(desk, desk.Btn);
     EXPECT_EQ(desk.TakeLog(),
               (QStringList{s("TxtA.Validate(TxtA)"), s("TxtC.GotFocus(TxtC)"), s("BtnB.Click")}));
@@ -157,10 +161,11 @@ TEST_F(FocusTest, ClickStillReachesTheButtonWhereLostFocusMovesOn)
 
 TEST_F(FocusTest, RightPressFollowsTheSameRule)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     Click(desk, desk.Rows, Qt::RightButton);
     EXPECT_TRUE(IsActive(desk.A));
-    desk.A.OnValidate = nullptr;
+    desk.A.OnValidate.Clear();
     Click(desk, desk.Rows, Qt::RightButton);
     EXPECT_TRUE(IsActive(desk.Rows));
 }
@@ -204,7 +209,8 @@ TEST_F(FocusTest, ControlWithoutTabStopIsStillClicked)
 
 TEST_F(FocusTest, TargetThatCausesNoValidationIsReachedUnasked)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     desk.Btn.CausesValidation = false;
     Click(desk, desk.Btn);
     EXPECT_EQ(desk.TakeLog(),
@@ -214,8 +220,10 @@ TEST_F(FocusTest, TargetThatCausesNoValidationIsReachedUnasked)
 TEST_F(FocusTest, AButtonThatSparesOneCheckIsStillHeldBackByTheOthers)
 {
     desk.Btn.SparesValidationOf = &desk.A;
-    desk.A.OnValidate = refuse;
-    desk.B.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
+    desk.B.OnValidate.Clear();
+    desk.B.OnValidate += refuse;
     Click(desk, desk.Btn);
     EXPECT_EQ(desk.TakeLog(),
               (QStringList{s("TxtA.LostFocus(BtnB)"), s("BtnB.GotFocus(BtnB)"), s("BtnB.Click")}));
@@ -228,10 +236,11 @@ TEST_F(FocusTest, AButtonThatSparesOneCheckIsStillHeldBackByTheOthers)
 
 TEST_F(FocusTest, SetFocusObeysValidation)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     EXPECT_FALSE(desk.SetFocus(desk.B));
     EXPECT_TRUE(IsActive(desk.A));
-    desk.A.OnValidate = nullptr;
+    desk.A.OnValidate.Clear();
     EXPECT_TRUE(desk.SetFocus(desk.B));
     EXPECT_EQ(desk.TakeLog(), (QStringList{s("TxtA.LostFocus(TxtB)"), s("TxtB.GotFocus(TxtB)")}));
 }
@@ -256,7 +265,8 @@ TEST_F(FocusTest, SetFocusFailsOnWhatCannotTakeIt)
 
 TEST_F(FocusTest, ResetFocusAsksAndTellsNobodyThatIsLeft)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     EXPECT_TRUE(desk.ResetFocus(desk.B));
     EXPECT_EQ(desk.TakeLog(), QStringList{s("TxtB.GotFocus(TxtB)")});
     EXPECT_TRUE(desk.B.hasFocus());
@@ -265,7 +275,8 @@ TEST_F(FocusTest, ResetFocusAsksAndTellsNobodyThatIsLeft)
 TEST_F(FocusTest, SetFocusWithinValidateMovesWithoutAskingAgain)
 {
     int asked = 0;
-    desk.A.OnValidate = [&](bool&) {
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [&](bool&) {
         ++asked;
         EXPECT_TRUE(desk.SetFocus(desk.C));
     };
@@ -277,7 +288,8 @@ TEST_F(FocusTest, SetFocusWithinValidateMovesWithoutAskingAgain)
 
 TEST_F(FocusTest, SetFocusInLostFocusPassesOverTheNewControl)
 {
-    desk.A.OnLostFocus = [this] { desk.SetFocus(desk.Date); };
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [this] { desk.SetFocus(desk.Date); };
     Press(desk, Qt::Key_Tab);
     EXPECT_EQ(desk.TakeLog(), (QStringList{s("TxtA.Validate(TxtA)"), s("TxtB.Validate(TxtB)"),
                                            s("DtpDate.GotFocus(DtpDate)")}));
@@ -286,7 +298,8 @@ TEST_F(FocusTest, SetFocusInLostFocusPassesOverTheNewControl)
 
 TEST_F(FocusTest, SetFocusInGotFocusMovesOn)
 {
-    desk.B.OnGotFocus = [this] { desk.SetFocus(desk.C); };
+    desk.B.OnGotFocus.Clear();
+    desk.B.OnGotFocus += [this] { desk.SetFocus(desk.C); };
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(IsActive(desk.C));
     EXPECT_TRUE(desk.C.hasFocus());
@@ -295,7 +308,8 @@ TEST_F(FocusTest, SetFocusInGotFocusMovesOn)
 
 TEST_F(FocusTest, BackFromLostFocusReturnsTheFocus)
 {
-    desk.A.OnLostFocus = [this] { desk.SetFocus(desk.A); };
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [this] { desk.SetFocus(desk.A); };
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(desk.A.hasFocus());
     EXPECT_TRUE(IsActive(desk.A));
@@ -303,14 +317,16 @@ TEST_F(FocusTest, BackFromLostFocusReturnsTheFocus)
 
 TEST_F(FocusTest, TargetDisabledByValidationIsPassed)
 {
-    desk.A.OnValidate = [this](bool&) { desk.B.SetEnabled(false); };
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [this](bool&) { desk.B.SetEnabled(false); };
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(IsActive(desk.C));
 }
 
 TEST_F(FocusTest, DisablingTheActiveControlMovesOnUnvalidated)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     desk.A.SetEnabled(false);
     EXPECT_TRUE(IsActive(desk.B));
     EXPECT_TRUE(desk.B.hasFocus());
@@ -319,7 +335,8 @@ TEST_F(FocusTest, DisablingTheActiveControlMovesOnUnvalidated)
 
 TEST_F(FocusTest, HidingTheActiveControlMovesOnUnvalidated)
 {
-    desk.A.OnValidate = refuse;
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += refuse;
     desk.A.SetVisible(false);
     EXPECT_TRUE(IsActive(desk.B));
     EXPECT_TRUE(desk.B.hasFocus());
@@ -327,7 +344,8 @@ TEST_F(FocusTest, HidingTheActiveControlMovesOnUnvalidated)
 
 TEST_F(FocusTest, ControlThatWasLeftMayBeDisabled)
 {
-    desk.B.OnGotFocus = [this] { desk.A.SetEnabled(false); };
+    desk.B.OnGotFocus.Clear();
+    desk.B.OnGotFocus += [this] { desk.A.SetEnabled(false); };
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(IsActive(desk.B));
     EXPECT_TRUE(desk.B.hasFocus());
@@ -335,7 +353,8 @@ TEST_F(FocusTest, ControlThatWasLeftMayBeDisabled)
 
 TEST_F(FocusTest, NewControlDisabledInLostFocusIsPassed)
 {
-    desk.A.OnLostFocus = [this] { desk.B.SetEnabled(false); };
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [this] { desk.B.SetEnabled(false); };
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(IsActive(desk.C));
     EXPECT_TRUE(desk.C.hasFocus());
@@ -344,7 +363,8 @@ TEST_F(FocusTest, NewControlDisabledInLostFocusIsPassed)
 
 TEST_F(FocusTest, ButtonThatDisablesItselfPassesTheFocusOn)
 {
-    desk.Btn.OnClick = [this] { desk.Btn.SetEnabled(false); };
+    desk.Btn.OnClick.Clear();
+    desk.Btn.OnClick += [this] { desk.Btn.SetEnabled(false); };
     Click(desk, desk.Btn);
     EXPECT_TRUE(IsActive(desk.Rows));
     EXPECT_TRUE(desk.Rows.hasFocus());
@@ -355,11 +375,12 @@ TEST_F(FocusTest, ButtonThatDisablesItselfPassesTheFocusOn)
 TEST_F(FocusTest, ModalBoxInLostFocusComesBetweenTheSteps)
 {
     const Message message{s("Enter Product ID."), MsgIcon::Exclamation, s("Alert")};
-    desk.A.OnLostFocus = [&] {
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [&] {
         MsgBox(&desk, message);
         desk.SetFocus(desk.A);
     };
-    desk.B.OnValidate = nullptr;
+    desk.B.OnValidate.Clear();
     boxes.Expect(message, MsgAnswer::Ok, [this] { EXPECT_TRUE(IsActive(desk.B)); });
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(IsActive(desk.A));
@@ -371,7 +392,8 @@ TEST_F(FocusTest, DateTypedInPartBecomesTheValueBeforeValidation)
     desk.Date.SetValue(QDate(2026, 11, 21));
     desk.SetFocus(desk.Date);
     desk.TakeLog();
-    desk.Date.OnChange = [this] { desk.Note(s("changed")); };
+    desk.Date.OnChange.Clear();
+    desk.Date.OnChange += [this] { desk.Note(s("changed")); };
     Type(desk, "5");
     Press(desk, Qt::Key_Tab);
     EXPECT_EQ(desk.Date.Value(), QDate(2026, 11, 5));
@@ -381,12 +403,18 @@ TEST_F(FocusTest, DateTypedInPartBecomesTheValueBeforeValidation)
 TEST_F(FocusTest, FailureInEachHandlerEndsInHandlerFailed)
 {
     const auto fail = [](const char* what) { return [what] { throw std::runtime_error(what); }; };
-    desk.A.OnValidate = [](bool&) { throw std::runtime_error("validate"); };
-    desk.A.OnLostFocus = fail("lost");
-    desk.Btn.OnGotFocus = fail("got");
-    desk.Btn.OnClick = fail("click");
-    desk.A.OnChange = fail("change");
-    desk.Words.OnClick = fail("label");
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [](bool&) { throw std::runtime_error("validate"); };
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += fail("lost");
+    desk.Btn.OnGotFocus.Clear();
+    desk.Btn.OnGotFocus += fail("got");
+    desk.Btn.OnClick.Clear();
+    desk.Btn.OnClick += fail("click");
+    desk.A.OnChange.Clear();
+    desk.A.OnChange += fail("change");
+    desk.Words.OnClick.Clear();
+    desk.Words.OnClick += fail("label");
     desk.onKeyDown = [](KeyPress& key) {
         if (key.Code == Qt::Key_F5)
             throw std::runtime_error("key");

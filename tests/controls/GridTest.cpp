@@ -40,7 +40,7 @@ protected:
     GridTest()
     {
         desk.Rows.SetColumns(columns());
-        desk.Rows.OnRowChange = [this] { rowChanges << desk.Rows.Row(); };
+        desk.Rows.OnRowChange += [this] { rowChanges << desk.Rows.Row(); };
     }
 
     void fill(int rows)
@@ -220,7 +220,7 @@ TEST_F(GridTest, DeleteSelectedTellsBeforeAndMovesToTheRowThatMovedUp)
     grid.SelectRow(1);
     rowChanges.clear();
     QStringList before;
-    grid.OnBeforeDelete = [&] { before = ids(); };
+    grid.OnBeforeDelete += [&] { before = ids(); };
     grid.DeleteSelected();
     EXPECT_EQ(before, (QStringList{s("P0"), s("P1"), s("P2")}));
     EXPECT_EQ(ids(), (QStringList{s("P0"), s("P2")}));
@@ -257,7 +257,7 @@ TEST_F(GridTest, DeletingNothingTellsNothing)
 {
     fill(2);
     grid.ClearSelection();
-    grid.OnBeforeDelete = [] { ADD_FAILURE(); };
+    grid.OnBeforeDelete += [] { ADD_FAILURE(); };
     grid.DeleteSelected();
     EXPECT_EQ(grid.RowCount(), 2);
 }
@@ -267,7 +267,7 @@ TEST_F(GridTest, TypedKeysGoToTheHandlerAndMoveNothing)
     fill(5);
     enter();
     QStringList typed;
-    grid.OnKeyPress = [&](const QString& text) { typed << text; };
+    grid.OnKeyPress += [&](const QString& text) { typed << text; };
     Type(desk, "P3 ");
     EXPECT_EQ(typed, (QStringList{s("P"), s("3"), s(" ")}));
     EXPECT_EQ(grid.Row(), 0);
@@ -277,7 +277,7 @@ TEST_F(GridTest, TypedKeyMayGoOnInAField)
 {
     fill(5);
     enter();
-    grid.OnKeyPress = [this](const QString& text) {
+    grid.OnKeyPress += [this](const QString& text) {
         desk.A.SetText(text);
         desk.SetFocus(desk.A);
     };
@@ -290,7 +290,7 @@ TEST_F(GridTest, RightPressComesWithTheRowUnderIt)
     fill(5);
     QList<int> rows;
     QPoint where;
-    grid.OnRightPress = [&](const QPoint& position) {
+    grid.OnRightPress += [&](const QPoint& position) {
         rows << grid.Row();
         where = position;
     };
@@ -309,7 +309,7 @@ TEST_F(GridTest, TheMenusKeysAreToldOnceInWhicheverWayTheSystemTellsThem)
     enter();
     grid.SetRow(2);
     QList<QPoint> told;
-    grid.OnRightPress = [&](const QPoint& position) { told << position; };
+    grid.OnRightPress += [&](const QPoint& position) { told << position; };
     const auto tell = [&](Qt::KeyboardModifiers modifiers) {
         QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint(), modifiers);
         QApplication::sendEvent(grid.viewport(), &event);
@@ -329,7 +329,7 @@ TEST_F(GridTest, DoubleClickOnARow)
 {
     fill(5);
     int row = -1;
-    grid.OnDoubleClick = [&] { row = grid.Row(); };
+    grid.OnDoubleClick += [&] { row = grid.Row(); };
     DoubleClickRow(desk, grid, 2);
     EXPECT_EQ(row, 2);
 }
@@ -339,7 +339,7 @@ TEST_F(GridTest, DoubleClickBelowTheRowsCountsAndLeavesTheCurrentRow)
     fill(2);
     grid.SetRow(1);
     int row = -1;
-    grid.OnDoubleClick = [&] { row = grid.Row(); };
+    grid.OnDoubleClick += [&] { row = grid.Row(); };
     DoubleClick(desk, grid);
     EXPECT_EQ(row, 1);
 }
@@ -347,7 +347,7 @@ TEST_F(GridTest, DoubleClickBelowTheRowsCountsAndLeavesTheCurrentRow)
 TEST_F(GridTest, DoubleClickWithTheRightButtonIsNone)
 {
     fill(2);
-    grid.OnDoubleClick = [] { ADD_FAILURE() << "double click"; };
+    grid.OnDoubleClick += [] { ADD_FAILURE() << "double click"; };
     DoubleClick(desk, grid, Qt::RightButton);
 }
 
@@ -548,16 +548,16 @@ TEST_F(GridTest, FailureInAHandlerEndsInHandlerFailed)
 {
     fill(3);
     enter();
-    grid.OnRowChange = [] { throw std::runtime_error("row"); };
-    grid.OnKeyPress = [](const QString&) { throw std::runtime_error("key"); };
-    grid.OnRightPress = [](const QPoint&) { throw std::runtime_error("right"); };
-    grid.OnDoubleClick = [] { throw std::runtime_error("double"); };
-    grid.OnBeforeDelete = [] { throw std::runtime_error("delete"); };
+    grid.OnRowChange += [] { throw std::runtime_error("row"); };
+    grid.OnKeyPress += [](const QString&) { throw std::runtime_error("key"); };
+    grid.OnRightPress += [](const QPoint&) { throw std::runtime_error("right"); };
+    grid.OnDoubleClick += [] { throw std::runtime_error("double"); };
+    grid.OnBeforeDelete += [] { throw std::runtime_error("delete"); };
     Press(desk, Qt::Key_Down);
     Type(desk, "x");
     Press(desk, Qt::Key_Menu);
     DoubleClickRow(desk, grid, 1);
-    grid.OnRowChange = nullptr;
+    grid.OnRowChange.Clear();
     grid.DeleteSelected();
     EXPECT_EQ(desk.failures,
               (QStringList{s("row"), s("key"), s("right"), s("double"), s("delete")}));

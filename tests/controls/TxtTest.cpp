@@ -10,7 +10,7 @@ class TxtTest : public DeskTest {
 protected:
     TxtTest()
     {
-        desk.A.OnChange = [this] { changes << desk.A.Text(); };
+        desk.A.OnChange += [this] { changes << desk.A.Text(); };
     }
 
     QStringList changes;
@@ -29,14 +29,14 @@ TEST_F(TxtTest, ChangeRunsForProgramAndUserAlikeOnlyWhereTheTextDiffers)
 
 TEST_F(TxtTest, ProgramChangesAFieldThatIsNotActive)
 {
-    desk.B.OnChange = [this] { desk.Note(desk.ActiveControl()->Name()); };
+    desk.B.OnChange += [this] { desk.Note(desk.ActiveControl()->Name()); };
     desk.B.SetText(s("x"));
     EXPECT_EQ(desk.TakeLog(), QStringList{s("TxtA")});
 }
 
 TEST_F(TxtTest, ChangeHandlerMayChangeTheFieldItself)
 {
-    desk.A.OnChange = [this] { desk.A.SetText(desk.A.Text().toUpper()); };
+    desk.A.OnChange += [this] { desk.A.SetText(desk.A.Text().toUpper()); };
     Type(desk, "kot");
     EXPECT_EQ(desk.A.Text(), s("KOT"));
 }
@@ -175,12 +175,12 @@ TEST_F(TxtTest, DropTakesTheFocusFirstAndMayBeRefused)
         QDropEvent event(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&desk.B, &event);
     };
-    desk.A.OnValidate = [](bool& cancel) { cancel = true; };
+    desk.A.OnValidate += [](bool& cancel) { cancel = true; };
     drop();
     EXPECT_EQ(desk.B.Text(), QString());
     EXPECT_TRUE(IsActive(desk.A));
 
-    desk.A.OnValidate = nullptr;
+    desk.A.OnValidate.Clear();
     int presses = 0;
     desk.onKeyPress = [&] {
         ++presses;
@@ -261,7 +261,7 @@ TEST_F(TxtTest, AlignmentIsTheReadersWhateverTheDirection)
 TEST_F(TxtTest, WithoutAFormAFailureEndsInTheErrorBox)
 {
     Txt field;
-    field.OnChange = [] { throw std::runtime_error("no form"); };
+    field.OnChange += [] { throw std::runtime_error("no form"); };
     boxes.Expect({s("no form"), MsgIcon::Stop, s("Error occured")});
     field.SetText(s("x"));
 }

@@ -36,7 +36,7 @@ void sendClick(QWidget& form, const QPoint& at)
 TEST_F(DeskTest, AClickBehindTheAnswerOfABoxPressesNothing)
 {
     const RealModals real;
-    desk.Btn.OnClick = [this] { Ask(&desk, s("Sure?"), s("Alert")); };
+    desk.Btn.OnClick += [this] { Ask(&desk, s("Sure?"), s("Alert")); };
     const QPoint field = desk.B.geometry().center();
     QTimer::singleShot(0, qApp, [&] {
         auto* box = qobject_cast<Form*>(QApplication::activeModalWidget());
@@ -57,7 +57,7 @@ TEST_F(DeskTest, AKeyBehindTheAnswerOfABoxWaitsUntilTheAskingStepIsDone)
 {
     const RealModals real;
     QString whenTheStepWentOn = s("(never)");
-    desk.Btn.OnClick = [&] {
+    desk.Btn.OnClick += [&] {
         Ask(&desk, s("Do you want to print this GatePass"), s("Alert"));
         whenTheStepWentOn = desk.A.Text();
     };
@@ -80,7 +80,7 @@ TEST_F(DeskTest, AKeyBehindTheAnswerGoesToTheNextQuestion)
     const RealModals real;
     bool first = true;
     bool second = false;
-    desk.Btn.OnClick = [&] {
+    desk.Btn.OnClick += [&] {
         first = Ask(&desk, s("First?"), s("Alert"));
         second = Ask(&desk, s("Second?"), s("Alert"));
     };

@@ -15,7 +15,7 @@ public:
         auto* column = new QVBoxLayout(this);
         column->addWidget(&Field);
         column->addWidget(&Done);
-        Done.OnClick = [this] { Unload(); };
+        Done.OnClick += [this] { Unload(); };
     }
 
     Txt& Field;
@@ -73,7 +73,8 @@ TEST_F(FormWindowTest, AnotherWindowAndBackRunsNoHandler)
 TEST_F(FormWindowTest, ModalDialogWithinValidateRunsNoHandlerAndGivesTheFocusBack)
 {
     Question question;
-    desk.A.OnValidate = [&](bool& cancel) {
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [&](bool& cancel) {
         question.ShowModal(&desk);
         cancel = true;
     };
@@ -94,7 +95,8 @@ TEST_F(FormWindowTest, ModalDialogWithinValidateRunsNoHandlerAndGivesTheFocusBac
 TEST_F(FormWindowTest, TabGoesOnAfterAModalDialogWithinValidate)
 {
     Question question;
-    desk.A.OnValidate = [&](bool&) { question.ShowModal(&desk); };
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [&](bool&) { question.ShowModal(&desk); };
     dialogs.Expect([](Form& dialog) { dialog.Unload(); });
     Press(desk, Qt::Key_Tab);
     EXPECT_TRUE(IsActive(desk.B));
@@ -105,7 +107,8 @@ TEST_F(FormWindowTest, TabGoesOnAfterAModalDialogWithinValidate)
 TEST_F(FormWindowTest, ClickIsOverWhereADialogCameUpOnTheWay)
 {
     Question question;
-    desk.A.OnValidate = [&](bool&) { question.ShowModal(&desk); };
+    desk.A.OnValidate.Clear();
+    desk.A.OnValidate += [&](bool&) { question.ShowModal(&desk); };
     dialogs.Expect([](Form& dialog) { dialog.Unload(); });
     Click(desk, desk.Btn);
     EXPECT_TRUE(IsActive(desk.Btn));
@@ -118,7 +121,8 @@ TEST_F(FormWindowTest, ClickIsOverWhereADialogCameUpOnTheWay)
 TEST_F(FormWindowTest, ClickIsOverWhereABoxCameUpInLostFocus)
 {
     const Message duplicate{s("The Record Already Exist"), MsgIcon::Information, s("Alert")};
-    desk.A.OnLostFocus = [&] { MsgBox(&desk, duplicate); };
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [&] { MsgBox(&desk, duplicate); };
     boxes.Expect(duplicate);
     Click(desk, desk.Btn);
     EXPECT_EQ(desk.TakeLog().filter(s("Click")), QStringList{});
@@ -210,7 +214,8 @@ TEST_F(FormWindowTest, SecondCloseWhileAskingIsIgnored)
 
 TEST_F(FormWindowTest, FormClosedInLostFocusGetsNoFurtherHandler)
 {
-    desk.A.OnLostFocus = [this] { desk.Unload(); };
+    desk.A.OnLostFocus.Clear();
+    desk.A.OnLostFocus += [this] { desk.Unload(); };
     Click(desk, desk.Btn);
     EXPECT_FALSE(desk.isVisible());
     EXPECT_EQ(desk.TakeLog(), QStringList{s("TxtA.Validate(TxtA)")});
@@ -222,7 +227,7 @@ TEST(FormLifetime, DeletesItselfAfterTheHandlerThatClosedIt)
     desk->ShowModeless();
     Activate(*desk);
     bool aliveAfterwards = false;
-    desk->Btn.OnClick = [&] {
+    desk->Btn.OnClick += [&] {
         desk->Unload();
         // Event loops of the handler's own must not take the form away below it.
         for (int turn = 0; turn < 3; ++turn) {

@@ -621,7 +621,7 @@ TEST_F(LifecycleTest, AClickOnSaveFirstAddsThePendingRow)
 TEST_F(LifecycleTest, ANumberTakenWhileItIsGivenIsGivenUpWithItsRows)
 {
     Open();
-    It().TxtGatePassID.OnChange = [this] {
+    It().TxtGatePassID.OnChange += [this] {
         if (It().TxtGatePassID.Text() == s("1")) {
             storeElsewhere(1);
             company.Run("insert into GatePassBody (GatePassID, ProductID, OutNewProducts)"
