@@ -144,7 +144,7 @@ void openOurs(benchmark::State& state)
         form->FormLoad();
         form->ShowModeless(false);
         form->activateWindow();
-        while (!form->isActiveWindow() || QApplication::focusWidget() != &form->TxtDriverCode)
+        while (!form->isActiveWindow() || QApplication::focusWidget() != &form->Driver.Code)
             QApplication::processEvents();
         form->grab();
         state.SetIterationTime(seconds(timer));
@@ -191,7 +191,7 @@ void leaveOurs(benchmark::State& state)
     desk.open();
     desk.enterHeader();
     for (auto _ : state) {
-        desk.form->ResetFocus(desk.form->TxtAreaCode);
+        desk.form->ResetFocus(desk.form->Area.Code);
         QElapsedTimer timer;
         timer.start();
         desk.form->FocusNext();

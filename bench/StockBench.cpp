@@ -86,7 +86,7 @@ public:
     }
     void enterHeader()
     {
-        form->ResetFocus(form->TxtReceivingCode);
+        form->ResetFocus(form->Receiving.Code);
         enter("3107");
         enter(QByteArray());
     }

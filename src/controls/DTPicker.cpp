@@ -41,7 +41,25 @@ DTPicker::DTPicker(const QString& name, const QString& accessibleName, QWidget* 
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     SetCustomFormat(QStringLiteral("dd/MM/yyyy"));
     setDate(QDate::currentDate());
-    connect(this, &QDateEdit::dateChanged, this, [this] { Fire(OnChange); });
+    told_ = date();
+    connect(this, &QDateEdit::dateChanged, this, [this] { Tell(); });
+}
+
+void DTPicker::Tell()
+{
+    const QDate now = date();
+    if (firstOfMonth_ && now.day() != 1) {
+        setDate(QDate(now.year(), now.month(), 1)); // comes back here
+        return;
+    }
+    if (std::exchange(told_, now) != now)
+        Fire(OnChange);
+}
+
+void DTPicker::SetFirstOfMonth(bool first)
+{
+    firstOfMonth_ = first;
+    Tell();
 }
 
 void DTPicker::SetValue(const QDate& date)

@@ -21,6 +21,9 @@ public:
     /// Raises std::invalid_argument for a date that is none, or outside the years above.
     void SetValue(const QDate& date);
     void SetCustomFormat(const QString& format);
+    /// Keeps the value on the first day of its month, whatever day the calendar or the program
+    /// chooses: for a picker of months.
+    void SetFirstOfMonth(bool first);
     /// Whether digits have been typed into the date and it has not been left since: a date that
     /// the program sets now would break into the typing.
     bool IsBeingTyped() const { return typing_; }
@@ -42,6 +45,10 @@ private:
     /// Selects the part of this index, or the nearest there is.
     void SelectPart(int index);
 
+    void Tell();
+
+    QDate told_; ///< the value of which OnChange has told last
+    bool firstOfMonth_ = false;
     int typedDay_ = 0; ///< the day as typed, which may wait for its month; 0 is none
     bool typing_ = false;
     bool advanced_ = false; ///< the last digit has completed a part and gone to the next

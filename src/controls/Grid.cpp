@@ -1,6 +1,7 @@
 #include "controls/Grid.h"
 
 #include "controls/Look.h"
+#include "controls/Utf8.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
@@ -65,7 +66,7 @@ public:
     {
         if (role != Qt::DisplayRole || orientation != Qt::Horizontal)
             return {};
-        return columns[section].English;
+        return utf8(columns[section].Caption.English);
     }
 
     /// Replaces columns, source or rows: whatever the change does, under a reset of the model.
@@ -205,11 +206,11 @@ protected:
         painter->drawLine(rect.bottomLeft(), rect.bottomRight());
         painter->setPen(Look::Text());
         paintCaption(*painter, QRect(rect.left(), rect.top() + 1, rect.width(), UrduHeight()),
-                     column.Urdu, Look::CaptionUrdu());
+                     utf8(column.Caption.Urdu), Look::CaptionUrdu());
         painter->setPen(Look::MutedText());
         paintCaption(*painter,
                      QRect(rect.left(), rect.top() + 1 + UrduHeight(), rect.width(), LatinHeight()),
-                     column.English, Look::CaptionLatin());
+                     utf8(column.Caption.English), Look::CaptionLatin());
     }
 
     void paintEvent(QPaintEvent* event) override

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/Caption.h"
 #include "controls/Control.h"
 
 #include <QList>
@@ -15,9 +16,8 @@ namespace TradeForms {
 enum class StyleSet { ColUrdu, ColEng };
 
 struct GridColumn {
-    QString Name;    ///< looked up without regard to case
-    QString Urdu;    ///< caption
-    QString English; ///< small caption below it
+    QString Name; ///< looked up without regard to case
+    TradeForms::Caption Caption;
     StyleSet Style = StyleSet::ColEng;
     int Width = 100; ///< pixels at 100 %, a minimum
     bool Stretch = false;

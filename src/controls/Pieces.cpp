@@ -1,6 +1,7 @@
 #include "controls/Pieces.h"
 
 #include "controls/Look.h"
+#include "controls/Utf8.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -66,16 +67,16 @@ protected:
 
 } // namespace
 
-Txt& CodeField(QWidget* form, const char* name, const char* accessibleName, bool mandatory)
+Txt& TextField(QWidget* form, const char* name, const char* accessibleName, bool mandatory)
 {
-    auto& txt = *new Txt(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+    auto& txt = *new Txt(utf8(name), utf8(accessibleName), form);
     txt.SetMandatory(mandatory);
     return txt;
 }
 
 Txt& NumberField(QWidget* form, const char* name, const char* accessibleName)
 {
-    auto& txt = *new Txt(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+    auto& txt = *new Txt(utf8(name), utf8(accessibleName), form);
     txt.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
     txt.SetNumberExpected(true);
     return txt;
@@ -83,26 +84,47 @@ Txt& NumberField(QWidget* form, const char* name, const char* accessibleName)
 
 UTxt& UrduField(QWidget* form, const char* name, const char* accessibleName)
 {
-    return *new UTxt(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+    return *new UTxt(utf8(name), utf8(accessibleName), form);
 }
 
-JeweledButton& ListButton(QWidget* form, const char* name, const char* accessibleName)
+DTPicker& DateField(QWidget* form, const char* name, const char* accessibleName)
 {
-    const QString itsName = QString::fromUtf8(name);
-    auto& button = *new JeweledButton(itsName, QStringLiteral("..."), QString(), QString(),
-                                      JeweledButton::Kind::Small, form);
-    button.SetName(itsName, QString::fromUtf8(accessibleName));
-    return button;
+    return *new DTPicker(utf8(name), utf8(accessibleName), form);
+}
+
+DTPicker& MonthField(QWidget* form, const char* name, const char* accessibleName)
+{
+    DTPicker& month = DateField(form, name, accessibleName);
+    month.SetCustomFormat(QStringLiteral("MMM-yyyy"));
+    month.SetFirstOfMonth(true);
+    return month;
 }
 
 OptionButton& OptionField(QWidget* form, const char* name, const char* accessibleName)
 {
-    return *new OptionButton(QString::fromUtf8(name), QString::fromUtf8(accessibleName), form);
+    return *new OptionButton(utf8(name), utf8(accessibleName), form);
+}
+
+JeweledButton& BarButton(QWidget* form, const char* name, const Caption& caption,
+                         const QString& shortcut, JeweledButton::Kind kind)
+{
+    return *new JeweledButton(utf8(name), utf8(caption.Urdu), utf8(caption.English), shortcut, kind,
+                              form);
+}
+
+CodeField MakeCodeField(QWidget* form, const ControlName& code, const ControlName& button,
+                        const ControlName& name, bool mandatory)
+{
+    auto& list = *new JeweledButton(utf8(button.Name), QStringLiteral("..."), QString(), QString(),
+                                    JeweledButton::Kind::Small, form);
+    list.SetName(utf8(button.Name), utf8(button.Accessible));
+    return {TextField(form, code.Name, code.Accessible, mandatory), list,
+            UrduField(form, name.Name, name.Accessible)};
 }
 
 Label& TextLabel(QWidget* form, const char* name, const char* text)
 {
-    return *new Label(QString::fromUtf8(name), QString::fromUtf8(text), form);
+    return *new Label(utf8(name), utf8(text), form);
 }
 
 TitleStrip::TitleStrip(const QString& urdu, const QString& english, QWidget* parent)
@@ -143,6 +165,11 @@ void TitleStrip::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), slope);
 }
 
+CaptionLabel::CaptionLabel(const Caption& caption, QWidget* parent)
+    : CaptionLabel(utf8(caption.Urdu), utf8(caption.English), parent)
+{
+}
+
 CaptionLabel::CaptionLabel(const QString& urdu, const QString& english, QWidget* parent,
                            Qt::Alignment alignment)
     : QWidget(parent), urdu_(new Label({}, urdu)), english_(new Label({}, english))
@@ -162,86 +189,165 @@ CaptionLabel::CaptionLabel(const QString& urdu, const QString& english, QWidget*
     lines->addWidget(english_);
 }
 
-CaptionLabel* MakeCaption(const char* urdu, const char* english)
+GridColumn CodeColumn(const char* name, const Caption& caption, int width)
 {
-    return new CaptionLabel(QString::fromUtf8(urdu), QString::fromUtf8(english));
+    return {.Name = utf8(name), .Caption = caption, .Width = width};
 }
 
-GridColumn CodeColumn(const char* name, const char* urdu, const char* english, int width)
+GridColumn NumberColumn(const char* name, const Caption& caption, int width)
 {
-    return {.Name = QString::fromUtf8(name),
-            .Urdu = QString::fromUtf8(urdu),
-            .English = QString::fromUtf8(english),
-            .Width = width};
-}
-
-GridColumn NumberColumn(const char* name, const char* urdu, const char* english, int width)
-{
-    GridColumn column = CodeColumn(name, urdu, english, width);
+    GridColumn column = CodeColumn(name, caption, width);
     column.Number = true;
     return column;
 }
 
-GridColumn NameColumn(const char* name, const char* urdu, const char* english, int width)
+GridColumn NameColumn(const char* name, const Caption& caption, int width)
 {
-    GridColumn column = CodeColumn(name, urdu, english, width);
+    GridColumn column = CodeColumn(name, caption, width);
     column.Style = StyleSet::ColUrdu;
     column.Stretch = true;
     return column;
 }
 
-QWidget* CodeSet(CaptionLabel* caption, Txt* code, JeweledButton* button, UTxt* name)
+namespace {
+
+/// A part of a window, and its row; widgets are added from the reader's right hand.
+std::pair<QWidget*, QHBoxLayout*> makeRow(int spacing)
 {
-    auto* set = new QWidget;
-    auto* row = new QHBoxLayout(set);
+    auto* part = new QWidget;
+    auto* row = new QHBoxLayout(part);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    if (caption) {
-        caption->setMinimumWidth(kCaptionWidth);
-        row->addWidget(caption);
-    }
-    code->setFixedWidth(kCodeWidth);
-    row->addWidget(code);
-    if (button)
-        row->addWidget(button);
-    if (name)
-        row->addWidget(name, 1);
-    else
-        row->addStretch(1);
-    return set;
+    row->setSpacing(spacing);
+    return {part, row};
 }
 
-QWidget* Labelled(CaptionLabel* caption, QWidget* field)
+CaptionLabel* captionBeside(const Caption& caption)
 {
-    auto* set = new QWidget;
-    auto* row = new QHBoxLayout(set);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
-    caption->setMinimumWidth(kCaptionWidth);
-    row->addWidget(caption);
+    auto* label = new CaptionLabel(caption);
+    label->setMinimumWidth(kCaptionWidth);
+    return label;
+}
+
+const int kBesideSpacing = 6;
+
+void addCode(QHBoxLayout& row, const CodeField& field)
+{
+    field.Code.setFixedWidth(kCodeWidth);
+    row.addWidget(&field.Code);
+    row.addWidget(&field.Button);
+    row.addWidget(&field.Name, 1);
+}
+
+} // namespace
+
+QWidget* CodeSet(const CodeField& field)
+{
+    const auto [part, row] = makeRow(kBesideSpacing);
+    addCode(*row, field);
+    return part;
+}
+
+QWidget* CodeSet(const Caption& caption, const CodeField& field)
+{
+    const auto [part, row] = makeRow(kBesideSpacing);
+    row->addWidget(captionBeside(caption));
+    addCode(*row, field);
+    return part;
+}
+
+QWidget* CodeSet(const Caption& caption, Txt& code)
+{
+    const auto [part, row] = makeRow(kBesideSpacing);
+    row->addWidget(captionBeside(caption));
+    code.setFixedWidth(kCodeWidth);
+    row->addWidget(&code);
+    row->addStretch(1);
+    return part;
+}
+
+QWidget* Labelled(const Caption& caption, QWidget* field)
+{
+    const auto [part, row] = makeRow(kBesideSpacing);
+    row->addWidget(captionBeside(caption));
     row->addWidget(field, 1);
-    return set;
+    return part;
 }
 
 QWidget* AtOwnWidth(QWidget* field)
 {
-    auto* set = new QWidget;
-    auto* row = new QHBoxLayout(set);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(field);
+    return SideBySide({field});
+}
+
+QWidget* SideBySide(const QList<QWidget*>& fields)
+{
+    const auto [part, row] = makeRow(Look::Space());
+    for (QWidget* field : fields)
+        if (field)
+            row->addWidget(field);
+        else
+            row->addSpacing(Look::Space());
     row->addStretch(1);
-    return set;
+    return part;
+}
+
+QWidget* Stacked(const Caption& caption, QWidget* field)
+{
+    return Stacked(new CaptionLabel(caption), field);
 }
 
 QWidget* Stacked(CaptionLabel* caption, QWidget* field)
 {
-    auto* set = new QWidget;
-    auto* lines = new QVBoxLayout(set);
+    auto* part = new QWidget;
+    auto* lines = new QVBoxLayout(part);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(2);
     lines->addWidget(caption);
     lines->addWidget(field);
-    return set;
+    return part;
+}
+
+QWidget* GridArea(Grid& grid)
+{
+    auto* part = new QWidget;
+    part->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
+    auto* room = new QHBoxLayout(part);
+    room->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
+    room->addWidget(&grid);
+    return part;
+}
+
+namespace {
+
+void addInOrder(const QLayout& layout, QList<Control*>& controls);
+
+void addInOrder(QWidget& widget, QList<Control*>& controls)
+{
+    auto* control = dynamic_cast<Control*>(&widget);
+    if (control && control->TakesFocus())
+        controls.append(control);
+    else if (const QLayout* inner = widget.layout())
+        addInOrder(*inner, controls);
+}
+
+void addInOrder(const QLayout& layout, QList<Control*>& controls)
+{
+    for (int at = 0; at < layout.count(); ++at) {
+        const QLayoutItem* item = layout.itemAt(at);
+        if (QWidget* widget = item->widget())
+            addInOrder(*widget, controls);
+        else if (const QLayout* inner = const_cast<QLayoutItem*>(item)->layout())
+            addInOrder(*inner, controls);
+    }
+}
+
+} // namespace
+
+QList<Control*> InLayoutOrder(const QWidget& part)
+{
+    QList<Control*> controls;
+    if (const QLayout* layout = part.layout())
+        addInOrder(*layout, controls);
+    return controls;
 }
 
 Strip::Strip(Kind kind, QWidget* parent) : QWidget(parent), kind_(kind)

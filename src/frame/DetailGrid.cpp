@@ -1,5 +1,6 @@
 #include "frame/DetailGrid.h"
 
+#include "controls/Pieces.h"
 #include "controls/Txt.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
@@ -15,21 +16,35 @@ namespace TradeForms {
 
 namespace {
 
-QVariant storedValue(DetailColumn::Stored as, const QString& text)
+constexpr QStringView kCodeColumn = u"ID";
+constexpr QStringView kAmountColumn = u"Amount";
+
+using Storage = DetailColumn::Storage;
+
+QVariant storedValue(Storage kind, const QString& text)
 {
-    switch (as) {
-    case DetailColumn::Stored::NumberOrNull:
+    switch (kind) {
+    case Storage::NumberOrNull:
         return text.isEmpty() ? QVariant() : QVariant(Val(text));
-    case DetailColumn::Stored::Number:
+    case Storage::Number:
         return Val(text);
-    case DetailColumn::Stored::TextOrNull:
+    case Storage::TextOrNull:
         return text.isEmpty() ? QVariant() : QVariant(text);
-    case DetailColumn::Stored::Text:
-    case DetailColumn::Stored::Key:
-    case DetailColumn::Stored::Display:
+    case Storage::TrimmedOrNull:
+        return text.trimmed().isEmpty() ? QVariant() : QVariant(text.trimmed());
+    case Storage::TrimmedKey:
+        return text.trimmed();
+    case Storage::Text:
+    case Storage::Key:
+    case Storage::Display:
         break;
     }
     return text;
+}
+
+QString entered(const DetailColumn& column)
+{
+    return column.Control->Text();
 }
 
 } // namespace
@@ -38,21 +53,22 @@ DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declarat
     : form_(form), grid_(grid), declaration_(std::move(declaration))
 {
     QList<GridColumn> columns;
-    for (const DetailColumn& column : declaration_.Columns) {
+    for (const DetailColumn& column : std::as_const(declaration_.Columns)) {
         columns.append(column.Column);
-        if (column.Is == DetailColumn::Stored::Key) {
-            code_ = column.Control;
-            codeColumn_ = column.Column.Name;
-            codeBodyColumn_ = column.BodyColumn;
-        }
+        fromCode_.prepend(&column);
+        if (column.Column.Name == kCodeColumn)
+            code_ = &column;
+        if (column.Column.Name == kAmountColumn)
+            amount_ = &column;
     }
+    Q_ASSERT(code_ && (amount_ || !declaration_.Total));
     grid_.SetColumns(columns);
     attach();
 }
 
 void DetailGrid::attach()
 {
-    for (const RowEnd& end : declaration_.Ends)
+    for (const RowEnd& end : std::as_const(declaration_.Ends))
         end.Field->OnLostFocus += [this, &end] { ended(end); };
     grid_.OnGotFocus += [this] {
         IsGridActive = true;
@@ -60,33 +76,34 @@ void DetailGrid::attach()
     };
     grid_.OnLostFocus += [this] {
         // Enter, a double-click or a new voucher may have dealt with it already.
-        if (IsGridActive) {
+        if (IsGridActive)
             GridChosen();
-        }
     };
     grid_.OnRowChange += [this] {
-        if (IsGridActive) {
-            ShowGridRow();
-        }
+        if (IsGridActive)
+            form_.ShowGridRow();
     };
     grid_.OnDoubleClick += [this] { GridChosen(); };
     grid_.OnRightPress += [this](const QPoint& position) { ShowRowMenu(position); };
-    grid_.OnBeforeDelete += [this] { form_.SetFormState(VoucherForm::State::Edited); };
+    grid_.OnBeforeDelete += [this] {
+        addToTotal(-amountOf(grid_.Row()));
+        form_.SetFormState(VoucherForm::State::Edited);
+    };
 }
 
-QString DetailGrid::currentId() const
+QString DetailGrid::code(int row) const
 {
-    return grid_.Row() < 0 ? QString() : grid_.Cell(grid_.Row(), codeColumn_);
+    return row < 0 ? QString() : grid_.Cell(row, kCodeColumn);
 }
 
 bool DetailGrid::isBlank(int row) const
 {
-    return row < 0 || grid_.Cell(row, codeColumn_).trimmed().isEmpty();
+    return code(row).trimmed().isEmpty();
 }
 
 void DetailGrid::appendBlankRow()
 {
-    grid_.SetCell(grid_.AddRow(), codeColumn_, QStringLiteral(" "));
+    grid_.SetCell(grid_.AddRow(), kCodeColumn, QStringLiteral(" "));
     grid_.MoveLast();
 }
 
@@ -98,9 +115,12 @@ void DetailGrid::EmptyGrid()
 
 void DetailGrid::openCode(bool open)
 {
-    code_->SetEnabled(open);
-    code_->SetClosedLook(!open);
-    code_->SetTabStop(open);
+    Txt& code = CodeControl();
+    code.SetEnabled(open);
+    code.SetClosedLook(!open);
+    code.SetTabStop(open);
+    for (Control* control : std::as_const(declaration_.Closes))
+        control->SetEnabled(open);
 }
 
 void DetailGrid::StartAdding()
@@ -113,101 +133,146 @@ void DetailGrid::StartAdding()
 void DetailGrid::LoadDetail()
 {
     const std::shared_ptr<Connection>& connection = HostContext::Database();
-    const double id = form_.VoucherId();
-    rowsId_ = id;
+    rowsId_ = form_.VoucherId();
     if (BodyRecordset.IsOpen())
         BodyRecordset.Close();
-    BodyRecordset.Open(Statement(declaration_.Body).Bind("id", id), connection, CursorType::Static,
+    BodyRecordset.Open(form_.WithKey(declaration_.Body), connection, CursorType::Static,
                        LockType::BatchOptimistic);
     if (BodyRecordset.RecordCount() == 0)
         return;
-    Recordset shown = connection->Execute(Statement(declaration_.Display).Bind("id", id));
+    Statement display = form_.WithKey(declaration_.Display);
+    if (declaration_.Narrow)
+        display.Splice("narrow", declaration_.Narrow());
+    Recordset shown = connection->Execute(display);
     grid_.SetRedraw(false);
     grid_.RemoveAllRows();
+    if (declaration_.Total)
+        declaration_.Total->SetText(QStringLiteral("0"));
     for (; !shown.Eof(); shown.MoveNext()) {
         const int row = grid_.AddRow();
-        for (const DetailColumn& column : declaration_.Columns)
+        for (const DetailColumn& column : std::as_const(declaration_.Columns))
             grid_.SetCell(row, column.Column.Name, TextOf(shown.Value(column.Field)));
+        addToTotal(amountOf(row));
     }
     appendBlankRow();
     grid_.SetRedraw(true);
 }
 
-Statement DetailGrid::filterOf(const char* filter, const QString& code) const
+// ---- The sum of the amounts
+
+double DetailGrid::amountOf(int row) const
+{
+    return declaration_.Total ? Val(grid_.Cell(row, kAmountColumn)) : 0;
+}
+
+void DetailGrid::addToTotal(double amount) const
+{
+    if (Txt* total = declaration_.Total)
+        total->SetText(GeneralFormat(InRange(Val(total->Text()) + amount)));
+}
+
+// ---- Which row is which
+
+Statement DetailGrid::filterOf(const char* filter, const Texts& texts) const
 {
     Statement row(filter);
-    row.Bind("id", rowsId_).Bind("code", code);
-    for (const DetailColumn& column : declaration_.Columns)
-        if (column.TellsRows)
-            row.Bind(column.BodyColumn, column.Control->Text());
+    row.Bind("id", rowsId_).Bind("code", texts(*code_));
+    for (const DetailColumn* column : fromCode_)
+        if (column->IsKey() || column->TellsRows)
+            row.Bind(column->Field, storedValue(column->Kind, texts(*column)));
     return row;
 }
 
 bool DetailGrid::isEntryOf(int row) const
 {
     return std::all_of(
-        declaration_.Columns.begin(), declaration_.Columns.end(),
-        [&](const DetailColumn& column) {
-            const bool tells = column.TellsRows || column.Is == DetailColumn::Stored::Key;
-            return !tells || column.Control->Text().compare(grid_.Cell(row, column.Column.Name),
-                                                            Qt::CaseInsensitive) == 0;
+        fromCode_.begin(), fromCode_.end(),
+        [&](const DetailColumn* column) {
+            return !(column->IsKey() || column->TellsRows) ||
+                   entered(*column).compare(grid_.Cell(row, column->Column.Name),
+                                            Qt::CaseInsensitive) == 0;
         });
+}
+
+// ---- Adding and correcting
+
+bool DetailGrid::isFilled() const
+{
+    for (const RequiredField& required : std::as_const(declaration_.Required)) {
+        if (!required.Field->Text().trimmed().isEmpty())
+            continue;
+        if (!required.Empty.Text.isEmpty())
+            MsgBox(&form_, required.Empty);
+        if (required.TakesFocus)
+            form_.SetFocus(*required.Field);
+        return false;
+    }
+    return true;
+}
+
+bool DetailGrid::refusedTwice()
+{
+    if (declaration_.AddedTwice == Twice::Overwrites)
+        return false;
+    MsgBox(&form_, declaration_.Duplicate);
+    if (declaration_.AddedTwice == Twice::RefusedAndCleared)
+        form_.ClearEntryRow();
+    form_.SetFocus(CodeControl());
+    return true;
 }
 
 bool DetailGrid::AddDetailRow()
 {
-    const QString code = code_->Text();
-    if (code.trimmed().isEmpty()) {
-        if (!declaration_.NoCode.Text.isEmpty()) {
-            MsgBox(&form_, declaration_.NoCode);
-            form_.SetFocus(*code_);
-        }
+    if (!isFilled())
         return false;
-    }
     if (IsRowAdd && declaration_.MayAdd && !declaration_.MayAdd())
         return false;
     // Read before anything is changed: a number that cannot be read must not leave half a row.
     QList<QVariant> values;
-    for (const DetailColumn& column : declaration_.Columns)
-        values.append(storedValue(column.Is, column.Control->Text()));
-    BodyRecordset.SetFilter(filterOf(
-        declaration_.EntryFilter ? declaration_.EntryFilter : declaration_.RowFilter, code));
-    if (IsRowAdd) {
-        if (BodyRecordset.RecordCount() > 0) {
-            MsgBox(&form_, declaration_.Duplicate);
-            ClearEntryRow();
-            form_.SetFocus(*code_);
-            return false;
-        }
-        // The blank row, wherever a click has put the current one meanwhile.
-        grid_.MoveLast();
-        BodyRecordset.AddNew();
-        BodyRecordset.Fields(declaration_.IdColumn).SetValue(rowsId_);
-        grid_.SetCell(grid_.Row(), codeColumn_, code);
-        BodyRecordset.Fields(codeBodyColumn_).SetValue(code);
-    } else if (BodyRecordset.RecordCount() == 0 || !isEntryOf(grid_.Row())) {
+    for (const DetailColumn* column : std::as_const(fromCode_))
+        values.append(storedValue(column->Kind, entered(*column)));
+    const double amount = declaration_.Total ? Val(entered(*amount_)) : 0;
+    const char* filter =
+        declaration_.EntryFilter ? declaration_.EntryFilter : declaration_.RowFilter;
+    BodyRecordset.SetFilter(filterOf(filter, entered));
+    const bool found = BodyRecordset.RecordCount() > 0;
+    if (IsRowAdd && found && refusedTwice())
+        return false;
+    if (!IsRowAdd && (!found || !isEntryOf(grid_.Row()))) {
         throw Failure(QStringLiteral("%1 is not the row that is being corrected. Choose the row "
                                      "that you want to correct, or the blank row to add one.")
-                          .arg(code));
+                          .arg(CodeControl().Text()));
+    }
+    if (declaration_.OnAccepted)
+        declaration_.OnAccepted();
+    const bool isNew = IsRowAdd && !found;
+    // The blank row, wherever a click has put the current one meanwhile.
+    if (IsRowAdd)
+        grid_.MoveLast();
+    if (isNew) {
+        BodyRecordset.AddNew();
+        BodyRecordset.Fields(declaration_.IdColumn).SetValue(rowsId_);
     }
     grid_.SetRedraw(false);
-    for (qsizetype i = 0; i < declaration_.Columns.size(); ++i) {
-        const DetailColumn& column = declaration_.Columns[i];
-        if (column.Is == DetailColumn::Stored::Key)
+    addToTotal(IsRowAdd ? amount : amount - amountOf(grid_.Row()));
+    for (qsizetype at = 0; at < fromCode_.size(); ++at) {
+        const DetailColumn& column = *fromCode_[at];
+        if (column.IsKey() && !isNew)
             continue;
-        grid_.SetCell(grid_.Row(), column.Column.Name, column.Control->Text());
-        if (column.BodyColumn)
-            BodyRecordset.Fields(column.BodyColumn).SetValue(values[i]);
+        grid_.SetCell(grid_.Row(), column.Column.Name, entered(column));
+        if (column.Kind != Storage::Display)
+            BodyRecordset.Fields(column.Field).SetValue(values[at]);
     }
     BodyRecordset.Update();
     grid_.MoveLast();
     if (!isBlank(grid_.Row()))
         appendBlankRow();
-    ClearEntryRow();
-    form_.SetFocus(*code_);
+    form_.ClearEntryRow();
+    form_.SetFocus(CodeControl());
     IsRowAdd = true;
     BodyRecordset.ClearFilter();
-    form_.SetFormState(VoucherForm::State::Edited);
+    if (declaration_.AddMarksEdited)
+        form_.SetFormState(VoucherForm::State::Edited);
     grid_.SetRedraw(true);
     return true;
 }
@@ -215,10 +280,8 @@ bool DetailGrid::AddDetailRow()
 void DetailGrid::ClearEntryRow()
 {
     openCode(true);
-    for (const DetailColumn& column : declaration_.Columns)
-        column.Control->SetText(QString());
-    if (declaration_.OnClearEntryRow)
-        declaration_.OnClearEntryRow();
+    for (const DetailColumn* column : std::as_const(fromCode_))
+        column->Control->SetText(QString());
 }
 
 void DetailGrid::ShowGridRow()
@@ -226,9 +289,9 @@ void DetailGrid::ShowGridRow()
     const int row = grid_.Row();
     if (row < 0)
         return;
-    for (const DetailColumn& column : declaration_.Columns) {
-        const QString text = grid_.Cell(row, column.Column.Name);
-        column.Control->SetText(column.Is == DetailColumn::Stored::Key ? text.trimmed() : text);
+    for (const DetailColumn* column : std::as_const(fromCode_)) {
+        const QString text = grid_.Cell(row, column->Column.Name);
+        column->Control->SetText(column == code_ ? text.trimmed() : text);
     }
 }
 
@@ -236,22 +299,26 @@ void DetailGrid::GridChosen()
 {
     IsGridActive = false;
     if (isBlank(grid_.Row())) {
-        code_->SetText(QString());
+        CodeControl().SetText(QString());
         openCode(true);
-        if (code_->IsVisible())
-            form_.SetFocus(*code_);
+        if (CodeControl().IsVisible())
+            form_.SetFocus(CodeControl());
         IsRowAdd = true;
-    } else {
-        openCode(false);
-        // Before the focus moves: a field that is left on the way must know what it serves.
-        IsRowAdd = false;
-        if (declaration_.EditFirst->IsEnabled() && declaration_.EditFirst->IsVisible()) {
-            form_.SetFocus(*declaration_.EditFirst);
-            // Ready to be typed over.
-            declaration_.EditFirst->selectAll();
-        }
+        return;
+    }
+    openCode(false);
+    // Before the focus moves: a field that is left on the way must know what it serves.
+    IsRowAdd = false;
+    Control& first = *declaration_.EditFirst;
+    if (first.IsEnabled() && first.IsVisible()) {
+        form_.SetFocus(first);
+        // Ready to be typed over.
+        if (auto* text = dynamic_cast<Txt*>(&first))
+            text->selectAll();
     }
 }
+
+// ---- Removing
 
 void DetailGrid::ShowRowMenu(const QPoint& position)
 {
@@ -264,7 +331,7 @@ void DetailGrid::ShowRowMenu(const QPoint& position)
     remove->setObjectName(QStringLiteral("mniRemoveRow"));
     // When the menu has gone: a message box that came up within it would outlive it.
     QObject::connect(
-        remove, &QAction::triggered, &form_, [this] { form_.Guard([this] { RemoveRow(); }); },
+        remove, &QAction::triggered, &form_, [this] { form_.Guard([this] { form_.RemoveRow(); }); },
         Qt::QueuedConnection);
     menu->popup(position);
     menu->setActiveAction(remove);
@@ -272,26 +339,28 @@ void DetailGrid::ShowRowMenu(const QPoint& position)
 
 void DetailGrid::RemoveRow()
 {
-    if (isBlank(grid_.Row()))
+    const int row = grid_.Row();
+    if (isBlank(row))
         return;
-    BodyRecordset.SetFilter(filterOf(declaration_.RowFilter, currentId()));
+    // By what the grid shows: the entry controls may hold another row.
+    BodyRecordset.SetFilter(
+        filterOf(declaration_.RowFilter, [this, row](const DetailColumn& column) {
+            return grid_.Cell(row, column.Column.Name);
+        }));
     if (BodyRecordset.RecordCount() > 0)
         BodyRecordset.Delete();
     grid_.ClearSelection();
-    grid_.SelectRow(grid_.Row());
+    grid_.SelectRow(row);
     grid_.DeleteSelected();
     BodyRecordset.ClearFilter();
-    ShowGridRow();
+    form_.ShowGridRow();
 }
 
 bool DetailGrid::AddsWhenLeft(const Control* from, const Control& to) const
 {
     return std::any_of(
         declaration_.Ends.begin(), declaration_.Ends.end(),
-        [&](const RowEnd& end) {
-            return end.Field == from &&
-                   std::find(end.Unless.begin(), end.Unless.end(), &to) == end.Unless.end();
-        });
+        [&](const RowEnd& end) { return end.Field == from && !end.Unless.contains(&to); });
 }
 
 void DetailGrid::ended(const RowEnd& end)
@@ -299,13 +368,15 @@ void DetailGrid::ended(const RowEnd& end)
     if (end.Unless.contains(form_.ActiveControl()))
         return;
     try {
-        AddDetailRow();
+        form_.AddDetailRow();
     } catch (...) {
         // Back to the row that could not be added: where the focus was going may empty it.
         form_.ResetFocus(*end.Field);
         throw;
     }
 }
+
+// ---- Saving
 
 int DetailGrid::CountRows()
 {
@@ -333,6 +404,22 @@ void DetailGrid::SaveBody()
     static_cast<void>(ToInt16(CountRows()));
     stampId();
     BodyRecordset.UpdateBatch(3);
+}
+
+// ---- Layout
+
+QWidget* DetailGrid::EntryRow(QWidget* code) const
+{
+    QList<QWidget*> fields;
+    for (const DetailColumn* column : fromCode_) {
+        if (column == code_ || column->Kind == Storage::Display)
+            continue;
+        column->Control->setFixedWidth(column->Column.Width);
+        CaptionLabel* caption =
+            column->Caption ? column->Caption : new CaptionLabel(column->Column.Caption);
+        fields.append(Stacked(caption, column->Control));
+    }
+    return EntryStrip(code, fields);
 }
 
 } // namespace TradeForms

@@ -12,21 +12,41 @@
 
 namespace TradeForms {
 
-LookupCode::LookupCode(VoucherForm& form, LookupDeclaration description)
-    : form_(form), declaration_(std::move(description))
+LookupDeclaration& LookupDeclaration::To(Control& next)
 {
-    declaration_.Name.SetDisplayOnly(true);
-    declaration_.Button.SetTabStop(false);
-    // Asking for the list would otherwise bring it up twice: once to check the field that is
-    // left, once for the button.
-    declaration_.Button.SparesValidationOf = &declaration_.Code;
+    NextAfterF1 = NextAfterButton = [&next] { return &next; };
+    return *this;
+}
 
-    declaration_.Code.OnChange += [this] { changed(); };
-    declaration_.Code.OnValidate += [this](bool& cancel) { validate(cancel); };
+LookupCode::LookupCode(VoucherForm& form, LookupDeclaration declaration)
+    : form_(form), declaration_(std::move(declaration))
+{
+    for (const LookupName& name : declaration_.Names)
+        name.Field->SetDisplayOnly(true);
+    Txt& code = declaration_.Code;
+    code.OnChange += [this] { changed(); };
+    code.OnValidate += [this](bool& cancel) { validate(cancel); };
     if (declaration_.OnLeaving != LookupDeclaration::Casing::AsTyped)
-        declaration_.Code.OnLostFocus += [this] { left(); };
-    declaration_.Button.OnClick += [this] { clicked(); };
+        code.OnLostFocus += [this] { left(); };
+    if (JeweledButton* button = declaration_.Button) {
+        button->SetTabStop(false);
+        // Asking for the list would otherwise bring it up twice: once to check the field that is
+        // left, once for the button.
+        button->SparesValidationOf = &code;
+        button->OnClick += [this] { clicked(); };
+    }
     form_.AddLookup(*this);
+}
+
+bool LookupCode::isKnown() const
+{
+    return !declaration_.Names.isEmpty() && !declaration_.Names.first().Field->Text().isEmpty();
+}
+
+void LookupCode::emptyNames()
+{
+    for (const LookupName& name : declaration_.Names)
+        name.Field->SetText(QString());
 }
 
 bool LookupCode::Lookup(Mode mode)
@@ -59,16 +79,19 @@ bool LookupCode::lookup(Mode mode)
         return false;
     if (declaration_.Code.Text().isEmpty())
         return false;
+    if (declaration_.OnAsk)
+        declaration_.OnAsk();
     const Recordset row = HostContext::Database()->Execute(declaration_.Find());
     const bool found = row.RecordCount() > 0;
     if (found) {
-        declaration_.Name.SetText(TextOf(row.Value(declaration_.NameColumn)));
+        for (const LookupName& name : declaration_.Names)
+            name.Field->SetText(TextOf(row.Value(name.Column)));
         if (declaration_.OnFound)
             declaration_.OnFound(row);
     } else {
         if (declaration_.MissEmptiesCode)
             declaration_.Code.SetText(QString());
-        declaration_.Name.SetText(QString());
+        emptyNames();
         if (declaration_.OnMissed)
             declaration_.OnMissed();
     }
@@ -81,8 +104,11 @@ void LookupCode::changed()
 {
     if (!declaration_.Code.IsVisible() || !form_.IsActive(declaration_.Code))
         return;
-    if (!declaration_.Name.Text().isEmpty())
-        declaration_.Name.SetText(QString());
+    const bool wasKnown = isKnown();
+    if (wasKnown)
+        emptyNames();
+    if (declaration_.OnTyped)
+        declaration_.OnTyped(wasKnown);
     if (declaration_.ChangeMarksEdited)
         form_.MarkEdited();
 }
@@ -93,7 +119,7 @@ void LookupCode::validate(bool& cancel)
         return;
     if (!declaration_.EmptyBringsList && declaration_.Code.Text().trimmed().isEmpty())
         return;
-    if (declaration_.TrustsName && !declaration_.Name.Text().isEmpty())
+    if (declaration_.TrustsName && isKnown())
         return;
     cancel = !Lookup(Mode::Check) && !Lookup(Mode::Button);
 }

@@ -1,6 +1,6 @@
 #include "frame/VoucherForm.h"
 
-#include "controls/Look.h"
+#include "controls/Utf8.h"
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Numbers.h"
@@ -11,14 +11,11 @@
 
 #include <QBoxLayout>
 
+#include <algorithm>
+
 namespace TradeForms {
 
 namespace {
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 const QString& alert()
 {
@@ -32,28 +29,35 @@ public:
     using Failure::Failure;
 };
 
-JeweledButton& button(QWidget* form, const char* name, const char* urdu, const char* english,
-                      const char* shortcut, JeweledButton::Kind kind = JeweledButton::Kind::Plain)
-{
-    return *new JeweledButton(utf8(name), utf8(urdu), utf8(english), utf8(shortcut), kind, form);
-}
-
 } // namespace
 
-VoucherForm::VoucherForm(VoucherDeclaration declaration)
-    : Title(*new TitleStrip(utf8(declaration.Urdu), utf8(declaration.WindowCaption), this)),
-      DtpDate(*new DTPicker(QStringLiteral("DtpDate"), QStringLiteral("Date"), this)),
-      Rows(*new Grid(QStringLiteral("Grid"), this)),
-      BtnSave(button(this, "BtnSave", "محفوظ", "Save", "Ctrl+S", JeweledButton::Kind::Primary)),
-      BtnOpen(button(this, "BtnOpen", "کھولیں", "Open", "Ctrl+O")),
-      BtnDelete(button(this, "BtnDelete", "حذف", "Delete", "Ctrl+R")),
-      BtnClear(button(this, "BtnClear", "صاف", "Clear", "Ctrl+W")),
-      BtnClose(button(this, "BtnClose", "بند", "Close", "Ctrl+Q")),
-      BtnPrint(button(this, "BtnPrint", "پرنٹ", "Print", "Ctrl+P")),
-      declaration_(std::move(declaration))
+Grid& VoucherGrid(QWidget* form, const char* name)
 {
-    DtpDate.SetCustomFormat(QStringLiteral("dd/MM/yyyy"));
-    Rows.setLayoutDirection(Qt::LeftToRight);
+    auto& grid = *new Grid(utf8(name), form);
+    grid.setLayoutDirection(Qt::LeftToRight);
+    return grid;
+}
+
+VoucherForm::VoucherForm(VoucherDeclaration declaration)
+    : Title(*new TitleStrip(utf8(declaration.Title.Urdu), utf8(declaration.Title.English), this)),
+      BtnSave(BarButton(this, "BtnSave", {"محفوظ", "Save"}, QStringLiteral("Ctrl+S"),
+                        JeweledButton::Kind::Primary)),
+      BtnOpen(BarButton(this, "BtnOpen", {"کھولیں", "Open"}, QStringLiteral("Ctrl+O"))),
+      BtnDelete(
+          BarButton(this, "BtnDelete", {"حذف", declaration.DeleteWord}, QStringLiteral("Ctrl+R"))),
+      BtnClear(BarButton(this, "BtnClear", {"صاف", "Clear"}, QStringLiteral("Ctrl+W"))),
+      BtnClose(BarButton(this, "BtnClose", {"بند", "Close"}, QStringLiteral("Ctrl+Q"))),
+      BtnPrint(BarButton(this, "BtnPrint", {"پرنٹ", "Print"}, QStringLiteral("Ctrl+P"))),
+      declaration_(std::move(declaration)), ctrlKeys_{{Qt::Key_S, &BtnSave},
+                                                      {Qt::Key_W, &BtnClear},
+                                                      {Qt::Key_Q, &BtnClose},
+                                                      {Qt::Key_O, &BtnOpen},
+                                                      {Qt::Key_R, &BtnDelete}}
+{
+    if (declaration_.Prints)
+        ctrlKeys_.append({Qt::Key_P, &BtnPrint});
+    if (!declaration_.CtrlKeys)
+        ctrlKeys_.clear();
     // A field that may not be left must not keep the user from dropping or leaving the voucher.
     BtnClear.CausesValidation = false;
     BtnClose.CausesValidation = false;
@@ -69,14 +73,19 @@ VoucherForm::~VoucherForm() = default;
 void VoucherForm::attach()
 {
     BtnSave.OnClick += [this] { runWriting([this] { SaveVoucher(); }, declaration_.SaveTail); };
-    BtnDelete.OnClick += [this] {
-        runWriting([this] { DeleteVoucher(); }, declaration_.DeleteTail);
-    };
+    BtnDelete.OnClick +=
+        [this] { runWriting([this] { DeleteVoucher(); }, declaration_.DeleteTail); };
     BtnOpen.OnClick += [this] { OpenVoucher(); };
     BtnClear.OnClick += [this] { SetFormState(State::New); };
     BtnPrint.OnClick += [this] { PrintVoucher(); };
     BtnClose.OnClick += [this] { Unload(); };
     Title.ImgExit().OnClick += [this] { Unload(); };
+}
+
+void VoucherForm::UseDetail(DetailGrid& detail)
+{
+    detail_ = &detail;
+    UseRows(detail.Rows());
 }
 
 void VoucherForm::UseFocus(Control* newVoucher, Control* openedVoucher)
@@ -85,29 +94,49 @@ void VoucherForm::UseFocus(Control* newVoucher, Control* openedVoucher)
     openedFocus_ = openedVoucher;
 }
 
-void VoucherForm::Compose(QWidget* header, QWidget* entryRow)
+JeweledButton& VoucherForm::MoreButton(const char* name, const Caption& caption, Qt::Key key)
+{
+    JeweledButton& button =
+        BarButton(this, name, caption, QStringLiteral("Ctrl+") + QChar(char16_t(key)));
+    moreButtons_.append(&button);
+    ctrlKeys_.append({key, &button});
+    return button;
+}
+
+void VoucherForm::Compose(const QList<QWidget*>& parts)
 {
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);
     all->setSpacing(0);
     all->addWidget(&Title);
-    all->addWidget(header);
-    if (entryRow)
-        all->addWidget(entryRow);
-    auto* rows = new QHBoxLayout;
-    rows->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
-    rows->addWidget(&Rows);
-    all->addLayout(rows, 1);
+    for (QWidget* part : parts) {
+        const bool takesRoom = part->sizePolicy().verticalPolicy() == QSizePolicy::Expanding;
+        all->addWidget(part, takesRoom ? 1 : 0);
+        tabOrder_ += InLayoutOrder(*part);
+    }
     QList<JeweledButton*> work{&BtnSave, &BtnOpen};
+    work += moreButtons_;
     if (declaration_.Prints)
         work.append(&BtnPrint);
     work.append(&BtnDelete);
-    all->addWidget(ButtonBar(work, {&BtnClear, &BtnClose}));
+    Strip* bar = ButtonBar(work, {&BtnClear, &BtnClose});
+    all->addWidget(bar);
+    tabOrder_ += InLayoutOrder(*bar);
+    SetTabOrderOf(tabOrder_);
+}
+
+void VoucherForm::TabAfter(Control& control, const Control& before)
+{
+    tabOrder_.removeOne(&control);
+    tabOrder_.insert(tabOrder_.indexOf(&before) + 1, &control);
+    SetTabOrderOf(tabOrder_);
 }
 
 void VoucherForm::FormLoad()
 {
-    SetWindowCaption(utf8(declaration_.WindowCaption));
+    SetWindowCaption(utf8(declaration_.Title.English));
+    if (date_ && declaration_.DateStays)
+        date_->SetValue(QDate::currentDate());
     Guard([this] { SetFormState(State::New); });
     if (HostContext::ServerMode) {
         BtnSave.SetVisible(false);
@@ -138,13 +167,16 @@ void VoucherForm::SetFormState(State state)
 void VoucherForm::enterNew()
 {
     ClearVoucher();
-    id_->SetText(QString::number(NextVoucherId()));
-    DtpDate.SetValue(QDate::currentDate());
+    if (declaration_.NextId)
+        id_->SetText(QString::number(NextVoucherId()));
+    if (date_ && !declaration_.DateStays)
+        date_->SetValue(QDate::currentDate());
     LoadDetail();
     if (detail_) {
         dropRowsOfAnother();
         detail_->StartAdding();
     }
+    openIdentity(true);
     if (newFocus_)
         ResetFocus(*newFocus_);
     BtnOpen.SetEnabled(true);
@@ -159,7 +191,7 @@ void VoucherForm::enterNew()
 /// which are the other's then. Rows that no voucher holds leave the number as it is.
 void VoucherForm::dropRowsOfAnother()
 {
-    while (detail_->CountRows() > 0) {
+    while (declaration_.NextId && detail_->CountRows() > 0) {
         const QString next = QString::number(NextVoucherId());
         if (next == id_->Text())
             return;
@@ -183,12 +215,19 @@ void VoucherForm::enterOpened()
         detail_->StartAdding();
     if (openedFocus_)
         ResetFocus(*openedFocus_);
+    openIdentity(false);
     BtnOpen.SetEnabled(true);
     BtnDelete.SetEnabled(true);
     BtnClear.SetEnabled(true);
     BtnPrint.SetEnabled(true);
     BtnSave.SetEnabled(false);
     IsNew = false;
+}
+
+void VoucherForm::openIdentity(bool open)
+{
+    for (Control* control : std::as_const(identity_))
+        control->SetEnabled(open);
 }
 
 void VoucherForm::showState()
@@ -214,7 +253,7 @@ void VoucherForm::MarkEdited()
 
 // ---- The voucher on the screen
 
-double VoucherForm::VoucherId() const
+QVariant VoucherForm::VoucherId() const
 {
     return Val(id_->Text());
 }
@@ -224,26 +263,20 @@ Connection& VoucherForm::Database()
     return *HostContext::Database();
 }
 
-Statement VoucherForm::WithId(const char* text) const
+Statement VoucherForm::WithKey(const char* text) const
 {
     return Statement(text).Bind("id", VoucherId());
 }
 
+/// The entry row is emptied with all other fields; what ClearEntryRow does beyond that, such as
+/// counting a number on, belongs to a row that was entered.
 void VoucherForm::ClearVoucher()
 {
     for (Control* control : Controls())
         if (auto* txt = dynamic_cast<Txt*>(control))
             txt->SetText(QString());
-    if (detail_) {
-        detail_->EmptyGrid();
-        detail_->ClearEntryRow();
-    }
-}
-
-void VoucherForm::ClearEntryRow()
-{
     if (detail_)
-        detail_->ClearEntryRow();
+        detail_->EmptyGrid();
 }
 
 qint32 VoucherForm::NextVoucherId()
@@ -252,25 +285,38 @@ qint32 VoucherForm::NextVoucherId()
     return ToInt32(largest.ValueAt(0, 0).toDouble() + (declaration_.NextIdAddsOne ? 1 : 0));
 }
 
-void VoucherForm::OpenVoucher()
+bool VoucherForm::ChooseVoucher()
 {
     SearchDialog& vouchers = SearchDialog::Shared(*declaration_.Vouchers);
     vouchers.Show(this);
     const int id = vouchers.ParaOut(declaration_.ChosenVoucher).toInt();
     if (id == 0)
-        return;
+        return false;
     id_->SetText(QString::number(id));
-    LoadVoucher();
+    return true;
+}
+
+void VoucherForm::OpenVoucher()
+{
+    if (ChooseVoucher())
+        LoadVoucher();
+}
+
+void VoucherForm::LoadHeader()
+{
+    const Recordset stored = Database().Execute(WithKey(declaration_.Load));
+    if (!stored.Bof())
+        header_.Load(stored);
 }
 
 void VoucherForm::LoadVoucher()
 {
-    const Recordset stored = Database().Execute(WithId(declaration_.Load));
-    if (!stored.Bof())
-        header_.Load(stored);
+    LoadHeader();
     LoadDetail();
     SetFormState(State::Opened);
 }
+
+// ---- The rows
 
 void VoucherForm::LoadDetail()
 {
@@ -278,7 +324,36 @@ void VoucherForm::LoadDetail()
         detail_->LoadDetail();
 }
 
+bool VoucherForm::AddDetailRow()
+{
+    return detail_ && detail_->AddDetailRow();
+}
+
+void VoucherForm::ClearEntryRow()
+{
+    if (detail_)
+        detail_->ClearEntryRow();
+}
+
+void VoucherForm::ShowGridRow()
+{
+    if (detail_)
+        detail_->ShowGridRow();
+}
+
+void VoucherForm::RemoveRow()
+{
+    if (detail_)
+        detail_->RemoveRow();
+}
+
 // ---- Saving and deleting
+
+void VoucherForm::resumePainting()
+{
+    if (rows_)
+        rows_->SetRedraw(true);
+}
 
 void VoucherForm::runWriting(const std::function<void()>& step, Rollback tail)
 {
@@ -286,11 +361,11 @@ void VoucherForm::runWriting(const std::function<void()>& step, Rollback tail)
         step();
         return;
     } catch (const NumberTaken&) {
-        Rows.SetRedraw(true);
+        resumePainting();
         Database().RollbackTrans();
         giveNewNumber();
     } catch (const std::exception& failure) {
-        Rows.SetRedraw(true);
+        resumePainting();
         const Connection* connection = HostContext::objCN.get();
         const bool reported =
             connection && connection->Errors().Count() > 0 && connection->InTransaction();
@@ -309,7 +384,7 @@ void VoucherForm::runWriting(const std::function<void()>& step, Rollback tail)
 bool VoucherForm::PassesPostedRule()
 {
     return Authorisation::PassesPostedRule(this, utf8(declaration_.ScreenKey),
-                                           WithId(declaration_.IsPosted));
+                                           WithKey(declaration_.IsPosted));
 }
 
 bool VoucherForm::PassesModifyRule()
@@ -319,21 +394,29 @@ bool VoucherForm::PassesModifyRule()
 
 bool VoucherForm::PassesDateWindow()
 {
-    return Authorisation::PassesDateWindow(this, DtpDate.Value());
+    return Authorisation::PassesDateWindow(this, date_->Value());
+}
+
+bool VoucherForm::Refuse(Control& focus, const Message& message)
+{
+    MsgBox(this, message);
+    SetFocus(focus);
+    return false;
+}
+
+bool VoucherForm::IsFilled(Txt& field, const Message& message)
+{
+    return !field.Text().trimmed().isEmpty() || Refuse(field, message);
 }
 
 bool VoucherForm::IsFilled(Txt& field, const QString& message)
 {
-    if (!field.Text().trimmed().isEmpty())
-        return true;
-    Inform(this, message, MsgIcon::Exclamation, utf8(declaration_.WindowCaption));
-    SetFocus(field);
-    return false;
+    return IsFilled(field, {message, MsgIcon::Exclamation, utf8(declaration_.Title.English)});
 }
 
 bool VoucherForm::PassesRaceRule()
 {
-    if (!IsNew || Database().Execute(WithId(declaration_.Race)).RecordCount() == 0)
+    if (!IsNew || Database().Execute(WithKey(declaration_.Race)).RecordCount() == 0)
         return true;
     giveNewNumber();
     return false;
@@ -342,16 +425,13 @@ bool VoucherForm::PassesRaceRule()
 void VoucherForm::giveNewNumber()
 {
     Inform(this, declaration_.IdTaken, MsgIcon::Stop, alert());
-    id_->SetText(QString::number(NextVoucherId()));
+    if (declaration_.NextId)
+        id_->SetText(QString::number(NextVoucherId()));
 }
 
 bool VoucherForm::HasRows()
 {
-    if (detail_->CountRows() > 0)
-        return true;
-    MsgBox(this, declaration_.NoRows);
-    SetFocus(detail_->CodeControl());
-    return false;
+    return detail_->CountRows() > 0 || Refuse(detail_->CodeControl(), declaration_.NoRows);
 }
 
 void VoucherForm::BeginTrans()
@@ -359,18 +439,29 @@ void VoucherForm::BeginTrans()
     Database().BeginTrans();
 }
 
-void VoucherForm::SaveHeader()
+Recordset VoucherForm::OpenHeader()
 {
     Recordset header;
-    header.Open(WithId(declaration_.Header), HostContext::Database(), CursorType::Static,
+    header.Open(WithKey(declaration_.Header), HostContext::Database(), CursorType::Static,
                 LockType::Pessimistic);
-    const bool isNew = header.Bof();
-    if (IsNew && !isNew && declaration_.Race)
+    if (IsNew && !header.Bof() && declaration_.Race)
         throw NumberTaken(declaration_.IdTaken);
+    return header;
+}
+
+void VoucherForm::WriteHeader(Recordset& header)
+{
+    const bool isNew = header.Bof();
     if (isNew)
         header.AddNew();
     header_.Save(header, isNew);
     header.Update();
+}
+
+void VoucherForm::SaveHeader()
+{
+    Recordset header = OpenHeader();
+    WriteHeader(header);
     header.Close();
 }
 
@@ -394,25 +485,46 @@ void VoucherForm::AskToPrint()
 
 void VoucherForm::PrintVoucher() {}
 
-void VoucherForm::DeleteVoucher()
+bool VoucherForm::AsksToDelete()
 {
-    if (!Ask(this, QStringLiteral("Do you want to remove this record?"),
-             QStringLiteral("Confirmation")))
-        return;
-    if (!Authorisation::MayDelete(this, utf8(declaration_.ScreenKey), declaration_.NotDelete))
-        return;
+    return Ask(this, QStringLiteral("Do you want to remove this record?"),
+               QStringLiteral("Confirmation"));
+}
+
+bool VoucherForm::PassesDeleteRule()
+{
+    return Authorisation::MayDelete(this, utf8(declaration_.ScreenKey), declaration_.NotDelete);
+}
+
+void VoucherForm::EraseVoucher()
+{
     BeginTrans();
-    for (const char* statement : declaration_.Delete)
-        Database().Execute(WithId(statement));
+    for (const char* statement : std::as_const(declaration_.Delete))
+        Database().Execute(WithKey(statement));
     CommitTrans();
     // The rows leave the screen when they have left the table.
     SetFormState(State::New);
 }
 
+void VoucherForm::DeleteVoucher()
+{
+    if (AsksToDelete() && PassesDeleteRule())
+        EraseVoucher();
+}
+
+void VoucherForm::Unguarded(const std::function<void()>& step)
+{
+    try {
+        step();
+    } catch (const std::exception& failure) {
+        Form::HandlerFailed(failure);
+    }
+}
+
 void VoucherForm::ConfirmClose(bool& cancel)
 {
     if (IsDirty())
-        cancel = !Ask(this, declaration_.CloseQuestion, alert());
+        cancel = MsgBox(this, declaration_.CloseQuestion) != MsgAnswer::Yes;
     else if (detail_ && detail_->BodyRecordset.IsOpen())
         detail_->BodyRecordset.Close();
 }
@@ -424,7 +536,7 @@ void VoucherForm::QueryUnload(bool& cancel)
 
 void VoucherForm::HandlerFailed(const std::exception& failure)
 {
-    Rows.SetRedraw(true);
+    resumePainting();
     ShowError(this, failure);
 }
 
@@ -444,36 +556,22 @@ void VoucherForm::clickSave()
     // when the mouse clicks the button.
     if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_ &&
         detail_->AddsWhenLeft(ActiveControl(), BtnSave) &&
-        !detail_->CodeControl().Text().trimmed().isEmpty() && !detail_->AddDetailRow())
+        !detail_->CodeControl().Text().trimmed().isEmpty() && !AddDetailRow())
         return;
     BtnSave.Click();
 }
 
 bool VoucherForm::pressCtrl(int key)
 {
-    switch (key) {
-    case Qt::Key_S:
-        clickSave();
-        return true;
-    case Qt::Key_W:
-        BtnClear.Click();
-        return true;
-    case Qt::Key_Q:
-        BtnClose.Click();
-        return true;
-    case Qt::Key_O:
-        BtnOpen.Click();
-        return true;
-    case Qt::Key_R:
-        BtnDelete.Click();
-        return true;
-    case Qt::Key_P:
-        if (declaration_.Prints)
-            BtnPrint.Click();
-        return declaration_.Prints;
-    default:
+    const auto its = std::find_if(ctrlKeys_.cbegin(), ctrlKeys_.cend(),
+                                  [key](const CtrlKey& each) { return each.Code == key; });
+    if (its == ctrlKeys_.cend())
         return false;
-    }
+    if (its->Button == &BtnSave)
+        clickSave();
+    else
+        its->Button->Click();
+    return true;
 }
 
 void VoucherForm::FormKeyDown(KeyPress& key)
@@ -486,10 +584,12 @@ void VoucherForm::FormKeyDown(KeyPress& key)
         return;
     }
     Control* active = ActiveControl();
+    const bool plain = key.Shift == Qt::NoModifier;
+    const bool onCode = detail_ && active == &detail_->CodeControl();
     switch (key.Code) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (detail_ && active == &Rows) {
+        if (detail_ && active == rows_) {
             key.Swallow();
             detail_->GridChosen();
             return;
@@ -510,25 +610,27 @@ void VoucherForm::FormKeyDown(KeyPress& key)
         return;
     case Qt::Key_F4:
         // Alone: with Alt it is the system's key for closing a window.
-        if (LookupCode* lookup = key.Shift == Qt::NoModifier ? lookupOf(active) : nullptr) {
+        if (LookupCode* lookup = plain ? lookupOf(active) : nullptr; lookup && lookup->Button()) {
             key.Swallow();
-            lookup->Button().Click();
+            lookup->Button()->Click();
         }
         return;
     case Qt::Key_Down:
-        if (declaration_.DownBecomesTab) {
+        // Alone: with Alt it opens the calendar of a date.
+        if (declaration_.DownBecomesTab && plain) {
             key.Swallow();
             FocusNext();
-        } else if (detail_ && active == &detail_->CodeControl()) {
+        } else if (onCode && plain) {
             key.Swallow();
-            SetFocus(Rows);
+            SetFocus(*rows_);
         }
         return;
     case Qt::Key_F12:
-        if (detail_ && active == &detail_->CodeControl()) {
+        if (onCode) {
             key.Swallow();
-            if (BtnSave.IsEnabled())
-                SetFocus(BtnSave);
+            Control* next = detail_->AfterF12() ? detail_->AfterF12() : &BtnSave;
+            if (next->IsEnabled())
+                SetFocus(*next);
         }
         return;
     default:

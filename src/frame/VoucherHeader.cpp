@@ -5,6 +5,7 @@
 #include "controls/Txt.h"
 #include "data/Numbers.h"
 #include "data/Recordset.h"
+#include "host/HostContext.h"
 
 namespace TradeForms {
 
@@ -19,14 +20,14 @@ std::function<void(const QVariant&)> showIn(Txt& control)
 
 } // namespace
 
-HeaderField Number(const char* column, Txt& control, HeaderField::Write when)
+HeaderField Number(const char* column, Txt& control, Write when)
 {
     return {column, when, [&control] { return QVariant(Val(control.Text())); }, showIn(control)};
 }
 
 HeaderField NumberOrNull(const char* column, Txt& control)
 {
-    return {column, HeaderField::Write::Always,
+    return {column, Write::Always,
             [&control] {
                 const double number = Val(control.Text());
                 return number == 0 ? QVariant() : QVariant(number);
@@ -34,15 +35,20 @@ HeaderField NumberOrNull(const char* column, Txt& control)
             showIn(control)};
 }
 
-HeaderField Text(const char* column, Txt& control)
+HeaderField Text(const char* column, Txt& control, Write when)
 {
-    return {column, HeaderField::Write::Always, [&control] { return QVariant(control.Text()); },
+    return {column, when, [&control] { return QVariant(control.Text()); }, showIn(control)};
+}
+
+HeaderField TrimmedText(const char* column, Txt& control)
+{
+    return {column, Write::Always, [&control] { return QVariant(control.Text().trimmed()); },
             showIn(control)};
 }
 
 HeaderField OptionalText(const char* column, Txt& control)
 {
-    return {column, HeaderField::Write::Always,
+    return {column, Write::Always,
             [&control] {
                 const QString text = control.Text();
                 return text.trimmed().isEmpty() ? QVariant() : QVariant(text);
@@ -52,7 +58,7 @@ HeaderField OptionalText(const char* column, Txt& control)
 
 HeaderField TextOrNull(const char* column, Txt& control)
 {
-    return {column, HeaderField::Write::Always,
+    return {column, Write::Always,
             [&control] {
                 const QString text = control.Text();
                 return text.isEmpty() ? QVariant() : QVariant(text);
@@ -62,24 +68,51 @@ HeaderField TextOrNull(const char* column, Txt& control)
 
 HeaderField Shown(const char* column, Txt& control)
 {
-    return {column, HeaderField::Write::Never, nullptr, showIn(control)};
+    return {column, Write::Never, nullptr, showIn(control)};
 }
 
-HeaderField Date(const char* column, DTPicker& control)
+HeaderField Date(const char* column, DTPicker& control, Write when)
 {
-    return {column, HeaderField::Write::Always, [&control] { return QVariant(control.Value()); },
+    return {column, when, [&control] { return QVariant(control.Value()); },
             [&control](const QVariant& value) { control.SetValue(value.toDate()); }};
+}
+
+HeaderField ShownDate(const char* column, DTPicker& control)
+{
+    return {column, Write::Never, nullptr,
+            [&control](const QVariant& value) {
+                if (!value.isNull())
+                    control.SetValue(value.toDate());
+            }};
 }
 
 HeaderField Flag(const char* column, OptionButton& control)
 {
-    return {column, HeaderField::Write::Always, [&control] { return QVariant(control.Value()); },
+    return {column, Write::Always, [&control] { return QVariant(control.Value()); },
             [&control](const QVariant& value) { control.SetValue(value.toBool()); }};
 }
 
-HeaderField Value(const char* column, HeaderField::Write when, std::function<QVariant()> value)
+HeaderField Value(const char* column, Write when, std::function<QVariant()> value)
 {
     return {column, when, std::move(value), nullptr};
+}
+
+HeaderField EntryDate()
+{
+    return Value(
+        "EntryDate", Write::NewOnly, [] { return QDateTime::currentDateTime(); });
+}
+
+HeaderField IsPosted()
+{
+    return Value(
+        "isPosted", Write::NewOnly, [] { return false; });
+}
+
+HeaderField UserNo()
+{
+    return Value(
+        "UserNo", Write::Always, [] { return int(HostContext::UserNo); });
 }
 
 } // namespace HeaderFields

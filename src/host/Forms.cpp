@@ -5,9 +5,8 @@
 #include "host/HostContext.h"
 #include "host/UserSecurity.h"
 #include "stock/FrmGatePass.h"
-#include "stock/FrmStockIn.h"
 #include "stock/FrmStockInDetail.h"
-#include "stock/FrmStockOut.h"
+#include "stock/StockForms.h"
 
 namespace TradeForms {
 

@@ -24,11 +24,6 @@ QString utf8(const char* text)
     return QString::fromUtf8(text);
 }
 
-CaptionLabel* captionOf(const Caption& caption)
-{
-    return new CaptionLabel(utf8(caption.Urdu), utf8(caption.English));
-}
-
 /// A list of these columns, which begins at the reader's right hand.
 Grid* listOf(const char* name, const QList<SearchColumn>& columns)
 {
@@ -39,8 +34,7 @@ Grid* listOf(const char* name, const QList<SearchColumn>& columns)
     for (const SearchColumn& column : columns) {
         gridColumns.append(GridColumn{
             .Name = utf8(column.Name),
-            .Urdu = utf8(column.Caption.Urdu),
-            .English = utf8(column.Caption.English),
+            .Caption = column.Caption,
             .Style = column.Kind == Type::Urdu ? StyleSet::ColUrdu : StyleSet::ColEng,
             .Width = column.Width,
             .Stretch = column.Stretch,
@@ -172,11 +166,11 @@ QLayout* SearchWindow::composeLists()
     }
     if (!declaration_.LblBalance.isEmpty()) {
         lblBalance_ = new Label(QStringLiteral("LblBalance"));
-        lists->addWidget(Labelled(captionOf({"بقایا", "Balance"}), lblBalance_));
+        lists->addWidget(Labelled({"بقایا", "Balance"}, lblBalance_));
     }
     if (declaration_.LblTotalCards) {
         lblTotalCards_ = new Label(QStringLiteral("LblTotalCards"));
-        lists->addWidget(Labelled(captionOf({"کل کارڈ", "Total cards"}), lblTotalCards_));
+        lists->addWidget(Labelled({"کل کارڈ", "Total cards"}, lblTotalCards_));
     }
     for (Label* label : {lblBalance_, lblTotalCards_}) {
         if (label) {

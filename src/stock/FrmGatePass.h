@@ -14,18 +14,11 @@ public:
 
     // Header
     Txt& TxtGatePassID;
-    Txt& TxtDriverCode;
-    JeweledButton& BtnDriver;
-    UTxt& TxtDriverName;
-    Txt& TxtReceivingCode;
-    JeweledButton& BtnReceiving;
-    UTxt& TxtReceivingName;
-    Txt& TxtAreaCode;
-    JeweledButton& BtnArea;
-    UTxt& TxtAreaName;
-    Txt& TxtBranchID;
-    JeweledButton& BtnBranch;
-    UTxt& TxtBranchName;
+    DTPicker& DtpDate;
+    CodeField Driver;
+    CodeField Receiving;
+    CodeField Area;
+    CodeField Branch;
     OptionButton& OptSupply;
     OptionButton& OptOrder;
     OptionButton& OptSale;
@@ -34,15 +27,14 @@ public:
     Label& Label8;  ///< of OptSale
 
     // Entry row
-    Txt& TxtProductID;
-    JeweledButton& BtnProduct;
-    UTxt& TxtProductName;
+    CodeField Product;
     Txt& TxtOutNewProducts;
     Txt& TxtReturnOldProducts;
     Txt& TxtReturnNewProducts;
     Label& LblCaption;
     Label& LblStock;
 
+    Grid& Rows;
     DetailGrid Detail;
     LookupCode LookupDriver;
     LookupCode LookupReceiving;
@@ -54,6 +46,7 @@ public:
 
 protected:
     void ClearVoucher() override;
+    void ClearEntryRow() override;
     void SaveVoucher() override;
     void PrintVoucher() override;
     void ConfirmClose(bool& cancel) override;
@@ -61,16 +54,11 @@ protected:
 
 private:
     DetailDeclaration detail();
-    LookupDeclaration driver();
-    LookupDeclaration receiving();
-    LookupDeclaration area();
-    LookupDeclaration branch();
     LookupDeclaration product();
     void declareHeader();
     void attachOptions();
-    void compose();
     QWidget* composeHeader();
-    QWidget* composeEntryRow();
+    QWidget* composeProduct();
     void showStock(bool show);
 };
 

@@ -1,27 +1,20 @@
 #pragma once
 
-#include "frame/VoucherForm.h"
+#include "stock/StockVoucher.h"
 
 namespace TradeForms {
 
 /// Goods coming in piece by piece: each row is one unit with its engine and chassis number.
-class FrmStockInDetail : public VoucherForm {
+class FrmStockInDetail : public StockVoucher {
     Q_OBJECT
 public:
     FrmStockInDetail();
     ~FrmStockInDetail() override;
 
     // Header
-    Txt& TxtID;
-    Txt& TxtReceivingCode;
-    JeweledButton& BtnReceiving;
-    UTxt& TxtReceivingName;
-    UTxt& TxtDescription;
+    CodeField Receiving;
 
-    // Entry row
-    Txt& TxtProductID;
-    JeweledButton& BtnProduct;
-    UTxt& TxtProductName;
+    // Entry row, beside the product
     Txt& TxtEngineNo;
     Txt& TxtChasisNo;
 
@@ -29,17 +22,10 @@ public:
     LookupCode LookupReceiving;
     LookupCode LookupProduct;
 
-protected:
-    void SaveVoucher() override;
-
 private:
     DetailDeclaration detail();
-    LookupDeclaration receiving();
-    LookupDeclaration product();
-    void declareHeader();
     bool isNewUnit();
     QWidget* composeHeader();
-    QWidget* composeEntryRow();
 };
 
 } // namespace TradeForms

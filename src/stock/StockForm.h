@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/VoucherForm.h"
+#include "stock/StockVoucher.h"
 
 namespace TradeForms {
 
@@ -13,7 +13,7 @@ struct StockDeclaration {
 
 /// A stock document: goods that enter a branch from an account or leave it for one. The store
 /// keeps quantities only; the accounts see prices too.
-class StockForm : public VoucherForm {
+class StockForm : public StockVoucher {
     Q_OBJECT
 public:
     ~StockForm() override;
@@ -25,19 +25,10 @@ public:
     void FormLoad() override;
 
     // Header
-    Txt& TxtID;
-    Txt& TxtBranchID;
-    JeweledButton& BtnBranch;
-    UTxt& TxtBranchName;
-    Txt& TxtAccountNo;
-    JeweledButton& BtnSearch;
-    UTxt& TxtAccountName;
-    UTxt& TxtDescription;
+    CodeField Branch;
+    CodeField Account;
 
-    // Entry row
-    Txt& TxtProductID;
-    JeweledButton& BtnProduct;
-    UTxt& TxtProductName;
+    // Entry row, beside the product
     Txt& TxtQty;
     Txt& TxtPrice;
     Txt& TxtAmount;
@@ -52,18 +43,13 @@ public:
 protected:
     explicit StockForm(const StockDeclaration& declaration);
 
-    void SetFormState(State state) override;
-    void SaveVoucher() override;
-
 private:
     DetailDeclaration detail(const StockDeclaration& declaration);
     LookupDeclaration branch();
     LookupDeclaration account();
     LookupDeclaration product();
-    void declareHeader();
     void workOutAmount();
     QWidget* composeHeader();
-    QWidget* composeEntryRow();
 };
 
 } // namespace TradeForms

@@ -236,16 +236,16 @@ TEST(PiecesTest, CodeStandsAtTheReadersRightHand)
 {
     Form form;
     auto* column = new QVBoxLayout(&form);
-    auto* caption = new CaptionLabel(s("ڈرائیور"), s("Driver"));
-    auto* code = new Txt(s("TxtDriverCode"));
-    auto* button = new JeweledButton(s("BtnDriver"), s("..."), {}, {}, JeweledButton::Kind::Small);
-    auto* name = new UTxt(s("TxtDriverName"));
-    column->addWidget(CodeSet(caption, code, button, name));
+    const CodeField driver =
+        MakeCodeField(&form, {"TxtDriverCode", "Driver code"}, {"BtnDriver", "List of drivers"},
+                      {"TxtDriverName", "Driver name"});
+    column->addWidget(CodeSet({"ڈرائیور", "Driver"}, driver));
     Activate(form);
-    const auto x = [&](const QWidget* widget) { return widget->mapTo(&form, QPoint(0, 0)).x(); };
-    EXPECT_GT(x(caption), x(code));
-    EXPECT_GT(x(code), x(button));
-    EXPECT_GT(x(button), x(name));
+    auto* caption = form.findChild<CaptionLabel*>();
+    const auto x = [&](const QWidget& widget) { return widget.mapTo(&form, QPoint(0, 0)).x(); };
+    EXPECT_GT(x(*caption), x(driver.Code));
+    EXPECT_GT(x(driver.Code), x(driver.Button));
+    EXPECT_GT(x(driver.Button), x(driver.Name));
     EXPECT_EQ(caption->UrduLabel().Text(), s("ڈرائیور"));
 }
 
@@ -270,7 +270,7 @@ TEST_F(PiecesOnAFormTest, AHeaderRunsRowByRowFromTheReadersRightHand)
     QList<Txt*> fields;
     for (const char* name : {"TxtA", "TxtB", "TxtC"}) {
         fields.append(new Txt(s(name)));
-        cells.append(Labelled(MakeCaption("نام", "Name"), fields.last()));
+        cells.append(Labelled({"نام", "Name"}, fields.last()));
     }
     add(HeaderStrip(cells));
     EXPECT_GT(placeOf(*fields[0]).x(), placeOf(*fields[1]).x());
@@ -296,9 +296,8 @@ TEST_F(PiecesOnAFormTest, AnEntryRowBeginsWithItsCode)
     auto* code = new Txt(s("TxtProductID"));
     auto* quantity = new Txt(s("TxtQty"));
     auto* price = new Txt(s("TxtPrice"));
-    add(EntryStrip(Stacked(MakeCaption("کوڈ", "Code"), code),
-                   {Stacked(MakeCaption("تعداد", "Quantity"), quantity),
-                    Stacked(MakeCaption("قیمت", "Price"), price)}));
+    add(EntryStrip(Stacked({"کوڈ", "Code"}, code),
+                   {Stacked({"تعداد", "Quantity"}, quantity), Stacked({"قیمت", "Price"}, price)}));
     EXPECT_GT(placeOf(*code).x(), placeOf(*quantity).x());
     EXPECT_GT(placeOf(*quantity).x(), placeOf(*price).x());
     EXPECT_EQ(placeOf(*code).y(), placeOf(*price).y());
@@ -306,10 +305,10 @@ TEST_F(PiecesOnAFormTest, AnEntryRowBeginsWithItsCode)
 
 TEST_F(PiecesOnAFormTest, FieldsBringWhatTheirKindHas)
 {
-    Txt& code = CodeField(&form, "TxtAreaCode", "Area code", true);
+    Txt& code = TextField(&form, "TxtAreaCode", "Area code", true);
     EXPECT_TRUE(code.IsMandatory());
     EXPECT_EQ(code.accessibleName(), s("Area code"));
-    EXPECT_FALSE(CodeField(&form, "TxtDriverCode", "Driver").IsMandatory());
+    EXPECT_FALSE(TextField(&form, "TxtDriverCode", "Driver").IsMandatory());
 
     Txt& number = NumberField(&form, "TxtQty", "Quantity");
     EXPECT_TRUE(number.alignment().testFlag(Qt::AlignRight));
@@ -317,9 +316,47 @@ TEST_F(PiecesOnAFormTest, FieldsBringWhatTheirKindHas)
     EXPECT_TRUE(number.HasNumberWarning());
 
     EXPECT_EQ(UrduField(&form, "TxtName", "Name").layoutDirection(), Qt::RightToLeft);
-    JeweledButton& list = ListButton(&form, "BtnArea", "List of areas");
-    EXPECT_EQ(list.Name(), s("BtnArea"));
-    EXPECT_EQ(list.accessibleName(), s("List of areas"));
+    const CodeField area =
+        MakeCodeField(&form, {"TxtAreaCode", "Area code"}, {"BtnArea", "List of areas"},
+                      {"TxtAreaName", "Area name"}, true);
+    EXPECT_TRUE(area.Code.IsMandatory());
+    EXPECT_EQ(area.Code.Name(), s("TxtAreaCode"));
+    EXPECT_EQ(area.Button.Name(), s("BtnArea"));
+    EXPECT_EQ(area.Button.accessibleName(), s("List of areas"));
+    EXPECT_EQ(area.Name.Name(), s("TxtAreaName"));
+    EXPECT_EQ(area.Name.accessibleName(), s("Area name"));
+}
+
+TEST_F(PiecesOnAFormTest, ControlsAreFoundInTheOrderOfReading)
+{
+    auto* part = new QWidget;
+    auto* lines = new QVBoxLayout(part);
+    Txt& third = TextField(&form, "TxtThird", "Third");
+    Txt& first = TextField(&form, "TxtFirst", "First");
+    Txt& second = TextField(&form, "TxtSecond", "Second");
+    lines->addWidget(Labelled({"پہلا", "First"}, &first));
+    auto* inner = new QHBoxLayout;
+    inner->addWidget(&second);
+    inner->addWidget(SideBySide({nullptr, &third}));
+    lines->addLayout(inner);
+    EXPECT_EQ(InLayoutOrder(*part), QList<Control*>({&first, &second, &third}));
+    delete part;
+}
+
+TEST_F(PiecesOnAFormTest, APickerOfMonthsKeepsTheFirstDay)
+{
+    int told = 0;
+    DTPicker& month = MonthField(&form, "DtpMonth", "Month");
+    EXPECT_EQ(month.Value().day(), 1);
+    month.SetValue(QDate(2026, 3, 1));
+    month.OnChange += [&] { ++told; };
+    month.setDate(QDate(2026, 3, 17)); // as the calendar does
+    EXPECT_EQ(month.Value(), QDate(2026, 3, 1));
+    EXPECT_EQ(told, 0);
+    month.setDate(QDate(2026, 4, 30));
+    EXPECT_EQ(month.Value(), QDate(2026, 4, 1));
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(month.text(), s("Apr-2026"));
 }
 
 } // namespace TradeForms

@@ -182,7 +182,7 @@ TEST_F(FocusTest, PressOnDisabledControlLabelAndBackgroundValidatesNothing)
 
 TEST_F(FocusTest, PressOnAScrollBarOrHeaderDoesNotEnterTheGrid)
 {
-    desk.Rows.SetColumns({{s("ID"), s("کوڈ"), s("Code")}});
+    desk.Rows.SetColumns({{s("ID"), {"کوڈ", "Code"}}});
     for (int i = 0; i < 100; ++i)
         desk.Rows.AddRow();
     const auto* bar = desk.Rows.verticalScrollBar();

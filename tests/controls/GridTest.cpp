@@ -14,9 +14,9 @@ namespace {
 
 QList<GridColumn> columns()
 {
-    return {{s("Qty"), s("تعداد"), s("Quantity"), StyleSet::ColEng, 80, false, true},
-            {s("Name"), s("نام"), s("Name"), StyleSet::ColUrdu, 100, true},
-            {s("ID"), s("کوڈ"), s("Code"), StyleSet::ColEng, 80}};
+    return {{s("Qty"), {"تعداد", "Quantity"}, StyleSet::ColEng, 80, false, true},
+            {s("Name"), {"نام", "Name"}, StyleSet::ColUrdu, 100, true},
+            {s("ID"), {"کوڈ", "Code"}, StyleSet::ColEng, 80}};
 }
 
 class Numbers : public GridSource {
@@ -453,7 +453,7 @@ TEST_F(GridTest, TheCurrentRowIsMarkedMoreWhereTheGridHasTheFocus)
 TEST_F(GridTest, TheHeaderShowsBothCaptions)
 {
     const auto header = [this](const char* urdu, const char* english) {
-        grid.SetColumns({{s("ID"), s(urdu), s(english)}});
+        grid.SetColumns({{s("ID"), {urdu, english}}});
         return grid.horizontalHeader()->grab().toImage();
     };
     const QImage both = header("کوڈ", "Code");

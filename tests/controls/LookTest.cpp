@@ -15,7 +15,8 @@ namespace TradeForms {
 namespace {
 
 // High and deep letters with marks above and below.
-const QString kTallText = s("اُٹھّا ڈھِیلےِ ۓ پِچےِ Ågj|");
+constexpr const char* kTallUrdu = "اُٹھّا ڈھِیلےِ ۓ پِچےِ Ågj|";
+const QString kTallText = s(kTallUrdu);
 
 QImage drawn(QWidget& widget, const QSize& size)
 {
@@ -143,8 +144,8 @@ TEST(LookTest, CaptionsAreNotCutAtTheSides)
 TEST(LookTest, GridRowsAndHeadersClipNoGlyph)
 {
     Grid grid;
-    grid.SetColumns({{s("Name"), kTallText, s("Ågj|"), StyleSet::ColUrdu, 300, true},
-                     {s("ID"), s("کوڈ"), s("Code"), StyleSet::ColEng, 100}});
+    grid.SetColumns({{s("Name"), {kTallUrdu, "Ågj|"}, StyleSet::ColUrdu, 300, true},
+                     {s("ID"), {"کوڈ", "Code"}, StyleSet::ColEng, 100}});
     grid.SetCell(grid.AddRow(), s("Name"), kTallText);
     const QImage image = drawn(grid, {500, 300});
     const QRect cell =
@@ -284,7 +285,7 @@ TEST(LookTest, HostsFontAndPaletteStayOut)
         DTPicker date;
         date.SetValue(QDate(2026, 11, 21));
         Grid grid;
-        grid.SetColumns({{s("ID"), s("کوڈ"), s("Code")}});
+        grid.SetColumns({{s("ID"), {"کوڈ", "Code"}}});
         grid.SetCell(grid.AddRow(), s("ID"), s("101"));
         JeweledButton button(s("BtnSave"), s("محفوظ"), s("Save"), s("Ctrl+S"));
         CaptionLabel caption(s("نام"), s("Name"));

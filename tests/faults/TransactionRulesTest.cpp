@@ -29,12 +29,12 @@ protected:
     /// holds.
     void failOfTheFormsOwn(FrmGatePass& of)
     {
-        of.TxtBranchID.SetText(QString(400, u'9'));
+        of.Branch.Code.SetText(QString(400, u'9'));
         boxes.Expect(Failed(s("Overflow")));
         Press(of, Qt::Key_S, Qt::ControlModifier);
         EXPECT_EQ(connection->Errors().Count(), 0);
         EXPECT_TRUE(connection->InTransaction());
-        of.TxtBranchID.SetText(s("1"));
+        of.Branch.Code.SetText(s("1"));
     }
 
     void expectOpenAlready() { boxes.Expect(Failed(s("A transaction is open already."))); }

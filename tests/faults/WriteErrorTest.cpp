@@ -107,8 +107,8 @@ TEST_P(WriteError, InASaveIsToldRolledBackAndTheNextSaveStoresWhatWasTyped)
             EXPECT_EQ(It().FormState(), VoucherForm::State::Edited);
             EXPECT_TRUE(It().BtnSave.IsEnabled());
             EXPECT_TRUE(It().Rows.Redraw());
-            EXPECT_EQ(It().TxtDriverCode.Text(), s("2014"));
-            EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+            EXPECT_EQ(It().Driver.Code.Text(), s("2014"));
+            EXPECT_EQ(It().Area.Code.Text(), s("Kot"));
             EXPECT_EQ(FilledRows(), 2);
             EXPECT_EQ(failureOf(Qt::Key_S), QString());
         }

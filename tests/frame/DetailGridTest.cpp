@@ -42,14 +42,14 @@ TEST_F(DetailGridTest, ARowWithoutAProductIsRefused)
     Click(It(), It().TxtReturnNewProducts);
     boxes.Expect({s("Enter Product ID."), MsgIcon::Exclamation, s("Alert")});
     Press(It(), Qt::Key_Return);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(FilledRows(), 0);
     // Blanks are no product either.
     Click(It(), It().TxtReturnNewProducts);
-    It().TxtProductID.SetText(s("  "));
+    It().Product.Code.SetText(s("  "));
     boxes.Expect({s("Enter Product ID."), MsgIcon::Exclamation, s("Alert")});
     Press(It(), Qt::Key_Return);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(It().Detail.CountRows(), 0);
 }
 
@@ -87,7 +87,7 @@ TEST_F(DetailGridTest, OpeningAVoucherFillsNoEntryControl)
 {
     Open();
     OpenStored(Stored());
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
     EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
     // The blank row stands ready below the rows.
     EXPECT_EQ(It().Rows.RowCount(), 2);
@@ -105,9 +105,9 @@ TEST_F(DetailGridTest, AddingAProductTwiceIsRefusedAndTheFirstRowStandsUnchanged
     EXPECT_EQ(FilledRows(), 1);
     EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
     EXPECT_EQ(inBody(s("101")), s("3"));
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
     EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
 }
 
 TEST_F(DetailGridTest, EditingARowAndPressingEscLeavesRowAndRecordUnchanged)
@@ -128,7 +128,7 @@ TEST_F(DetailGridTest, EditingARowAndPressingEscLeavesRowAndRecordUnchanged)
         EXPECT_TRUE(field->Text().contains(s("9"))) << qPrintable(field->Name());
     }
     Press(It(), Qt::Key_Escape);
-    for (const Txt* field : {&It().TxtProductID, &It().TxtOutNewProducts,
+    for (const Txt* field : {&It().Product.Code, &It().TxtOutNewProducts,
                              &It().TxtReturnOldProducts, &It().TxtReturnNewProducts})
         EXPECT_TRUE(field->Text().isEmpty()) << qPrintable(field->Name());
     for (const auto& [column, value] : before) {
@@ -245,17 +245,17 @@ TEST_F(DetailGridTest, SelectingTheBlankRowAndPressingEnterMovesToTheEmptyCode)
     EnterRow(s("101"), s("3"));
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_Return);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
-    EXPECT_TRUE(It().TxtProductID.IsEnabled());
-    EXPECT_TRUE(It().TxtProductID.HasTabStop());
+    EXPECT_TRUE(HasFocus(It().Product.Code));
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Code.IsEnabled());
+    EXPECT_TRUE(It().Product.Code.HasTabStop());
     EXPECT_TRUE(It().Detail.IsRowAdd);
     // A code that was typed before goes.
     Type(It(), s("210"));
     Press(It(), Qt::Key_Down);
     ASSERT_TRUE(HasFocus(It().Rows));
     Press(It(), Qt::Key_Return);
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
 }
 
 TEST_F(DetailGridTest, RightClickOnTheBlankRowShowsNoMenu)
@@ -281,18 +281,18 @@ TEST_F(DetailGridTest, WhileTheGridHasTheFocusTheCodeIsClosedAndTheRowShows)
     EnterRow(s("210"), s("5"));
     Press(It(), Qt::Key_Down);
     EXPECT_TRUE(It().Detail.IsGridActive);
-    EXPECT_FALSE(It().TxtProductID.IsEnabled());
-    EXPECT_FALSE(It().TxtProductID.HasTabStop());
+    EXPECT_FALSE(It().Product.Code.IsEnabled());
+    EXPECT_FALSE(It().Product.Code.HasTabStop());
     Press(It(), Qt::Key_Up);
-    EXPECT_EQ(It().TxtProductID.Text(), s("210"));
+    EXPECT_EQ(It().Product.Code.Text(), s("210"));
     EXPECT_EQ(It().TxtOutNewProducts.Text(), s("5"));
     Press(It(), Qt::Key_Up);
-    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+    EXPECT_EQ(It().Product.Code.Text(), s("101"));
     EXPECT_EQ(It().TxtReturnOldProducts.Text(), s("1"));
-    EXPECT_EQ(It().TxtProductName.Text(), s("موٹر سائیکل 125 سی سی"));
+    EXPECT_EQ(It().Product.Name.Text(), s("موٹر سائیکل 125 سی سی"));
     Press(It(), Qt::Key_End, Qt::ControlModifier);
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
-    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Name.Text().isEmpty());
 }
 
 TEST_F(DetailGridTest, LeavingTheGridOnAFilledRowCorrectsThatRow)
@@ -305,7 +305,7 @@ TEST_F(DetailGridTest, LeavingTheGridOnAFilledRowCorrectsThatRow)
     Press(It(), Qt::Key_Home, Qt::ControlModifier);
     Press(It(), Qt::Key_Tab);
     EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
-    EXPECT_FALSE(It().TxtProductID.IsEnabled());
+    EXPECT_FALSE(It().Product.Code.IsEnabled());
     EXPECT_FALSE(It().Detail.IsGridActive);
     Enter(s("2"));
     Enter(s("1"));
@@ -315,7 +315,7 @@ TEST_F(DetailGridTest, LeavingTheGridOnAFilledRowCorrectsThatRow)
     EXPECT_EQ(FilledRows(), 2);
     EXPECT_EQ(It().Rows.RowCount(), 3);
     EXPECT_TRUE(It().Detail.IsRowAdd);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     Save();
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|2|1"), s("210|5|null|null")}));
 }
@@ -328,7 +328,7 @@ TEST_F(DetailGridTest, DoubleClickChoosesTheRowAsEnterDoes)
     DoubleClickRow(It(), It().Rows, 0);
     EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
     EXPECT_FALSE(It().Detail.IsRowAdd);
-    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+    EXPECT_EQ(It().Product.Code.Text(), s("101"));
 }
 
 TEST_F(DetailGridTest, ANumberBeyondAllNumbersFailsTheRowAndLosesNothing)
@@ -345,7 +345,7 @@ TEST_F(DetailGridTest, ANumberBeyondAllNumbersFailsTheRowAndLosesNothing)
     EXPECT_EQ(inBody(s("101")), s("none"));
     EXPECT_EQ(It().TxtReturnOldProducts.Text().size(), 400);
     EXPECT_TRUE(HasFocus(It().TxtReturnNewProducts));
-    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+    EXPECT_EQ(It().Product.Code.Text(), s("101"));
 }
 
 TEST_F(DetailGridTest, AQuoteInTheCodeFailsTheRowAndLosesNothing)
@@ -353,7 +353,7 @@ TEST_F(DetailGridTest, AQuoteInTheCodeFailsTheRowAndLosesNothing)
     Open();
     EnterHeader();
     Click(It(), It().TxtReturnNewProducts);
-    It().TxtProductID.SetText(s("1'1"));
+    It().Product.Code.SetText(s("1'1"));
     Type(It(), s("4"));
     boxes.Expect(Failed(s("Unclosed quotation mark after the character string '1'1'.")));
     Press(It(), Qt::Key_Return);

@@ -36,26 +36,26 @@ TEST_F(KeysTest, EnterMovesToTheNextField)
 {
     Open();
     Press(It(), Qt::Key_Return);
-    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    EXPECT_TRUE(HasFocus(It().Receiving.Code));
     Press(It(), Qt::Key_Enter); // of the keypad
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    EXPECT_TRUE(HasFocus(It().Area.Code));
 }
 
 TEST_F(KeysTest, EscClearsTheEntryRowAndGoesToItsCode)
 {
     Open();
     Press(It(), Qt::Key_Escape);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
 }
 
 TEST_F(KeysTest, F1OpensTheListOfTheActiveFieldAndMovesOn)
 {
     Open();
-    const QList<std::pair<Txt*, Txt*>> chain{{&It().TxtDriverCode, &It().TxtReceivingCode},
-                                             {&It().TxtReceivingCode, &It().TxtAreaCode},
-                                             {&It().TxtAreaCode, &It().TxtBranchID},
-                                             {&It().TxtBranchID, &It().TxtProductID},
-                                             {&It().TxtProductID, &It().TxtReturnOldProducts}};
+    const QList<std::pair<Txt*, Txt*>> chain{{&It().Driver.Code, &It().Receiving.Code},
+                                             {&It().Receiving.Code, &It().Area.Code},
+                                             {&It().Area.Code, &It().Branch.Code},
+                                             {&It().Branch.Code, &It().Product.Code},
+                                             {&It().Product.Code, &It().TxtReturnOldProducts}};
     for (const auto& [field, next] : chain) {
         ASSERT_TRUE(HasFocus(*field)) << qPrintable(field->Name());
         dialogs.Expect([](Form& dialog) { Press(dialog, Qt::Key_Return); });
@@ -70,7 +70,7 @@ TEST_F(KeysTest, F1WithNothingChosenStays)
     Open();
     dialogs.Expect(Cancel());
     Press(It(), Qt::Key_F1);
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
     EXPECT_EQ(It().FormState(), State::New);
 }
 
@@ -112,7 +112,7 @@ TEST_F(KeysTest, ACtrlKeyIsSwallowedEvenIfItsButtonIsOff)
     Open();
     Type(It(), s("2014"));
     ASSERT_EQ(It().FormState(), State::Edited);
-    const ReachingKeys field(It().TxtDriverCode);
+    const ReachingKeys field(It().Driver.Code);
     for (const Qt::Key key : {Qt::Key_O, Qt::Key_R, Qt::Key_P})
         Ctrl(key);
     EXPECT_EQ(It().FormState(), State::Edited);
@@ -131,7 +131,7 @@ TEST_F(KeysTest, F4WithAltIsTheSystems)
 {
     Open();
     Press(It(), Qt::Key_F4, Qt::AltModifier); // would bring up a list that nobody expects
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
 }
 
 TEST_F(KeysTest, F12ElsewhereThanOnTheProductCodeDoesNothing)
@@ -160,14 +160,14 @@ TEST_F(KeysTest, CopyAndPasteStayTheFieldsOwn)
     Press(It(), Qt::Key_C, Qt::ControlModifier);
     Press(It(), Qt::Key_Return);
     Press(It(), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(It().TxtReceivingCode.Text(), s("2014"));
+    EXPECT_EQ(It().Receiving.Code.Text(), s("2014"));
 }
 
 TEST_F(KeysTest, DownOnTheProductCodeGoesToTheGridAndElsewhereDoesNot)
 {
     Open();
     Press(It(), Qt::Key_Down);
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
     Press(It(), Qt::Key_Escape);
     Press(It(), Qt::Key_Down);
     EXPECT_TRUE(HasFocus(It().Rows));
@@ -178,7 +178,7 @@ TEST_F(KeysTest, F12OnTheProductCodeGoesToSaveIfItIsOn)
     Open();
     Press(It(), Qt::Key_Escape);
     Press(It(), Qt::Key_F12);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     It().SetFormState(State::Edited);
     Press(It(), Qt::Key_F12);
     EXPECT_TRUE(HasFocus(It().BtnSave));

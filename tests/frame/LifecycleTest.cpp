@@ -32,13 +32,13 @@ protected:
     {
         It().DtpDate.SetValue(QDate::currentDate().addDays(-5));
         OpenStored(Stored());
-        It().ResetFocus(It().TxtProductID);
+        It().ResetFocus(It().Product.Code);
         Press(It(), Qt::Key_Down);
         Press(It(), Qt::Key_Up);
         Press(It(), Qt::Key_Return);
         ASSERT_EQ(It().FormState(), State::Opened);
         ASSERT_FALSE(It().Detail.IsRowAdd);
-        ASSERT_FALSE(It().TxtProductID.IsEnabled());
+        ASSERT_FALSE(It().Product.Code.IsEnabled());
         ASSERT_EQ(It().DtpDate.Value(), QDate::currentDate().addDays(-5));
     }
 
@@ -55,17 +55,17 @@ protected:
         EXPECT_TRUE(It().IsNew);
         EXPECT_EQ(It().TxtGatePassID.Text(), number);
         EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate());
-        EXPECT_TRUE(It().TxtAreaCode.Text().isEmpty());
+        EXPECT_TRUE(It().Area.Code.Text().isEmpty());
         EXPECT_EQ(It().Rows.RowCount(), 1);
         EXPECT_EQ(FilledRows(), 0);
         EXPECT_EQ(It().Detail.CountRows(), 0);
         EXPECT_TRUE(It().Detail.IsRowAdd);
         EXPECT_FALSE(It().Detail.IsGridActive);
-        EXPECT_TRUE(It().TxtProductID.IsEnabled());
-        EXPECT_TRUE(It().TxtProductID.HasTabStop());
-        EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+        EXPECT_TRUE(It().Product.Code.IsEnabled());
+        EXPECT_TRUE(It().Product.Code.HasTabStop());
+        EXPECT_TRUE(It().Product.Code.Text().isEmpty());
         EXPECT_TRUE(It().TxtReturnOldProducts.Text().isEmpty());
-        EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+        EXPECT_TRUE(HasFocus(It().Driver.Code));
     }
 };
 
@@ -129,7 +129,7 @@ TEST_F(StatesTest, StateNewFromAFieldThatMarksTheVoucherWhenItIsEmptied)
 {
     Open();
     OpenStored(Stored());
-    It().ResetFocus(It().TxtAreaCode);
+    It().ResetFocus(It().Area.Code);
     ASSERT_EQ(It().FormState(), State::Opened);
     Ctrl(Qt::Key_W);
     expectNew(s("2"));
@@ -143,8 +143,8 @@ TEST_F(StatesTest, AnotherVoucherOpenedWhileARowIsCorrectedTakesRowsAgain)
     OpenStored(1);
     EXPECT_EQ(It().FormState(), State::Opened);
     EXPECT_TRUE(It().Detail.IsRowAdd);
-    EXPECT_TRUE(It().TxtProductID.IsEnabled());
-    EXPECT_TRUE(It().TxtProductID.HasTabStop());
+    EXPECT_TRUE(It().Product.Code.IsEnabled());
+    EXPECT_TRUE(It().Product.Code.HasTabStop());
     EXPECT_TRUE(HasFocus(It().DtpDate));
     Press(It(), Qt::Key_Escape);
     EnterRow(s("104"), s("2"));
@@ -241,7 +241,7 @@ TEST_F(LifecycleTest, EnterInTheGridNeverInjectsATab)
     Press(It(), Qt::Key_Down);
     ASSERT_TRUE(HasFocus(It().Rows));
     Press(It(), Qt::Key_Return); // the blank row
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_Up);
     Press(It(), Qt::Key_Return); // a filled row
@@ -282,12 +282,12 @@ TEST_F(LifecycleTest, EscOnTheEntryRowClearsOnlyTheEntryControls)
     Enter(s("210"));
     Type(It(), s("4"));
     Press(It(), Qt::Key_Escape);
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
-    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Name.Text().isEmpty());
     EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(FilledRows(), 1);
-    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+    EXPECT_EQ(It().Area.Code.Text(), s("Kot"));
 }
 
 TEST_F(LifecycleTest, ClosingWithRowsTypedAsksAndNoLeavesThem)
@@ -346,20 +346,20 @@ TEST_F(LifecycleTest, BtnClearInStateEditedLosesTheRowsWithoutAsking)
     Ctrl(Qt::Key_W);
     EXPECT_EQ(It().FormState(), State::New);
     EXPECT_EQ(FilledRows(), 0);
-    EXPECT_TRUE(It().TxtBranchID.Text().isEmpty());
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(It().Branch.Code.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
 }
 
 TEST_F(LifecycleTest, ClearWorksFromEveryFieldWithoutBringingUpAList)
 {
     Open();
-    for (Txt* field : {&It().TxtDriverCode, &It().TxtReceivingCode, &It().TxtAreaCode,
-                       &It().TxtBranchID, &It().TxtProductID, &It().TxtOutNewProducts,
-                       &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
+    for (Txt* field : {&It().Driver.Code, &It().Receiving.Code, &It().Area.Code, &It().Branch.Code,
+                       &It().Product.Code, &It().TxtOutNewProducts, &It().TxtReturnOldProducts,
+                       &It().TxtReturnNewProducts}) {
         It().ResetFocus(*field);
         Type(It(), s("7"));
         Ctrl(Qt::Key_W);
-        EXPECT_TRUE(HasFocus(It().TxtDriverCode)) << qPrintable(field->Name());
+        EXPECT_TRUE(HasFocus(It().Driver.Code)) << qPrintable(field->Name());
         EXPECT_EQ(It().FormState(), State::New) << qPrintable(field->Name());
     }
 }
@@ -368,10 +368,10 @@ TEST_F(LifecycleTest, ClicksOnClearAndCloseBringUpNoListFromAnEmptyMandatoryFiel
 {
     Open();
     Type(It(), s("7"));
-    It().ResetFocus(It().TxtAreaCode);
+    It().ResetFocus(It().Area.Code);
     Click(It(), It().BtnClear);
     EXPECT_EQ(It().FormState(), State::New);
-    It().ResetFocus(It().TxtBranchID);
+    It().ResetFocus(It().Branch.Code);
     Click(It(), It().BtnClose);
     EXPECT_FALSE(It().isVisible());
 }
@@ -416,7 +416,7 @@ TEST_F(LifecycleTest, AfterAFailedSaveTheTransactionIsRolledBackAndASecondSaveSu
     EXPECT_EQ(It().FormState(), State::Edited);
     EXPECT_TRUE(It().BtnSave.IsEnabled());
     EXPECT_EQ(FilledRows(), 1);
-    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+    EXPECT_EQ(It().Area.Code.Text(), s("Kot"));
 
     company.Run(s("drop trigger Stop"));
     Save();
@@ -430,14 +430,14 @@ TEST_F(LifecycleTest, AFailureThatIsNotTheDatabasesLeavesTheTransactionOpen)
     EnterRow(s("101"), s("3"));
     // A branch number that no double holds: the header is read from the fields within the
     // transaction.
-    It().TxtBranchID.SetText(QString(400, QLatin1Char('9')));
+    It().Branch.Code.SetText(QString(400, QLatin1Char('9')));
     boxes.Expect(Failed(s("Overflow")));
     Ctrl(Qt::Key_S);
     EXPECT_TRUE(connection->InTransaction());
     EXPECT_EQ(FilledRows(), 1);
 
     // The next save fails on the transaction that is open, and that failure ends it.
-    It().TxtBranchID.SetText(s("1"));
+    It().Branch.Code.SetText(s("1"));
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
     Ctrl(Qt::Key_S);
     EXPECT_FALSE(connection->InTransaction());
@@ -493,11 +493,11 @@ TEST_F(LifecycleTest, ACodeOfBlanksIsNoCode)
     Open();
     EnterHeader();
     EnterRow(s("101"), s("3"));
-    It().TxtBranchID.SetText(s("  "));
+    It().Branch.Code.SetText(s("  "));
     boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
     Ctrl(Qt::Key_S);
-    It().TxtBranchID.SetText(s("1"));
-    It().TxtAreaCode.SetText(s("  "));
+    It().Branch.Code.SetText(s("1"));
+    It().Area.Code.SetText(s("  "));
     boxes.Expect({s("Enter Area Code."), MsgIcon::Exclamation, s("Gate Pass")});
     Ctrl(Qt::Key_S);
     EXPECT_EQ(Count(s("GatePassHeader")), 0);
@@ -510,7 +510,7 @@ TEST_F(LifecycleTest, AVoucherWithoutRowsIsRefused)
     It().ResetFocus(It().DtpDate);
     boxes.Expect({s("Enter atleast one product to save"), MsgIcon::Exclamation, s("Alert")});
     Ctrl(Qt::Key_S);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(Count(s("GatePassHeader")), 0);
 }
 
@@ -601,7 +601,7 @@ TEST_F(LifecycleTest, CtrlSFromTheLastFieldOfAnEmptyEntryRowJustSaves)
     EnterHeader();
     EnterRow(s("101"), s("3"));
     It().ResetFocus(It().TxtReturnNewProducts);
-    It().TxtProductID.SetText(s(" "));
+    It().Product.Code.SetText(s(" "));
     Save();
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
 }

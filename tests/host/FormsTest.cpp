@@ -94,8 +94,8 @@ TEST_F(FormsTest, GatePassFormCalledTwiceGivesTwoWindowsWithSeparateState)
     forms.GatePassForm();
     const QList<FrmGatePass*> both = open();
     ASSERT_EQ(both.size(), 2);
-    both[0]->TxtDriverCode.SetText(QStringLiteral("2014"));
-    EXPECT_TRUE(both[1]->TxtDriverCode.Text().isEmpty());
+    both[0]->Driver.Code.SetText(QStringLiteral("2014"));
+    EXPECT_TRUE(both[1]->Driver.Code.Text().isEmpty());
     EXPECT_TRUE(both[0]->isVisible());
     EXPECT_TRUE(both[1]->isVisible());
 }

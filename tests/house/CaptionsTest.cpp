@@ -246,8 +246,8 @@ TEST_F(CaptionRulesTest, FindAColumnThatIsTooNarrowForItsCaption)
 {
     auto& grid = *new Grid(s("Grid"), &window);
     grid.setGeometry(10, 10, 380, 200);
-    grid.SetColumns({GridColumn{
-        .Name = s("Old"), .Urdu = s("واپس پرانا"), .English = s("Returned old"), .Width = 20}});
+    grid.SetColumns(
+        {GridColumn{.Name = s("Old"), .Caption = {"واپس پرانا", "Returned old"}, .Width = 20}});
     const QString found = violation();
     EXPECT_TRUE(found.contains(s("the text 'Returned old' takes"))) << qPrintable(found);
     EXPECT_TRUE(found.contains(s("the text 'واپس"))) << qPrintable(found);
@@ -257,9 +257,8 @@ TEST_F(CaptionRulesTest, FindColumnsBeyondTheEdgeOfTheirList)
 {
     auto& grid = *new Grid(s("Grid"), &window);
     grid.setGeometry(10, 10, 300, 200);
-    grid.SetColumns(
-        {GridColumn{.Name = s("ID"), .Urdu = s("کوڈ"), .English = s("Code"), .Width = 300},
-         GridColumn{.Name = s("Name"), .Urdu = s("نام"), .English = s("Name"), .Width = 300}});
+    grid.SetColumns({GridColumn{.Name = s("ID"), .Caption = {"کوڈ", "Code"}, .Width = 300},
+                     GridColumn{.Name = s("Name"), .Caption = {"نام", "Name"}, .Width = 300}});
     EXPECT_TRUE(violation().contains(s("Grid Grid: the columns take 600 pixels")));
 }
 
@@ -267,8 +266,7 @@ TEST_F(CaptionRulesTest, LeaveTheCellsOfAListAlone)
 {
     auto& grid = *new Grid(s("Grid"), &window);
     grid.setGeometry(10, 10, 300, 200);
-    grid.SetColumns(
-        {GridColumn{.Name = s("ID"), .Urdu = s("کوڈ"), .English = s("Code"), .Width = 100}});
+    grid.SetColumns({GridColumn{.Name = s("ID"), .Caption = {"کوڈ", "Code"}, .Width = 100}});
     grid.SetCell(grid.AddRow(), s("ID"), s("A code that is much longer than its column"));
     EXPECT_TRUE(violation().isEmpty()) << qPrintable(violation());
 }

@@ -41,7 +41,7 @@ class BadInputTest : public GatePassDesk {
 protected:
     QList<Txt*> textCodes()
     {
-        return {&It().TxtDriverCode, &It().TxtReceivingCode, &It().TxtAreaCode, &It().TxtProductID};
+        return {&It().Driver.Code, &It().Receiving.Code, &It().Area.Code, &It().Product.Code};
     }
 
     /// Pastes a text into a code field and presses Enter. It is no code, so that the list comes
@@ -71,10 +71,10 @@ protected:
     /// found, or not in stock, is taken away.
     void expectUnknown(const QString& text)
     {
-        expectCode(It().TxtDriverCode, It().TxtDriverName, text);
-        expectCode(It().TxtReceivingCode, It().TxtReceivingName, text);
-        expectCode(It().TxtAreaCode, It().TxtAreaName, text);
-        expectCode(It().TxtProductID, It().TxtProductName, QString());
+        expectCode(It().Driver.Code, It().Driver.Name, text);
+        expectCode(It().Receiving.Code, It().Receiving.Name, text);
+        expectCode(It().Area.Code, It().Area.Name, text);
+        expectCode(It().Product.Code, It().Product.Name, QString());
     }
 
     /// Whatever went before, a pass can be entered and is stored.
@@ -108,7 +108,7 @@ protected:
                 }
                 Press(It(), Qt::Key_Return);
             }
-            ASSERT_TRUE(HasFocus(It().TxtProductID));
+            ASSERT_TRUE(HasFocus(It().Product.Code));
         }
     }
 
@@ -353,8 +353,8 @@ TEST_F(BadInputTest, AQuoteInACodeIsReportedAndStaysInTheField)
         pasteAsCode(*field, typed, unclosedQuote(typed));
         EXPECT_EQ(field->Text(), typed) << qPrintable(field->Name());
     }
-    pasteAsCode(It().TxtBranchID, typed, noNumber(typed));
-    EXPECT_EQ(It().TxtBranchID.Text(), typed);
+    pasteAsCode(It().Branch.Code, typed, noNumber(typed));
+    EXPECT_EQ(It().Branch.Code.Text(), typed);
     expectTheNextSaveWorks();
 }
 
@@ -364,8 +364,8 @@ TEST_F(BadInputTest, APercentSignInACodeStandsForNoOtherCode)
     for (Txt* field : textCodes())
         pasteAsCode(*field, s("%"));
     expectUnknown(s("%"));
-    pasteAsCode(It().TxtBranchID, s("%"), noNumber(s("%")));
-    expectCode(It().TxtBranchID, It().TxtBranchName, s("%"));
+    pasteAsCode(It().Branch.Code, s("%"), noNumber(s("%")));
+    expectCode(It().Branch.Code, It().Branch.Name, s("%"));
     expectTheNextSaveWorks();
 }
 
@@ -376,8 +376,8 @@ TEST_F(BadInputTest, ASemicolonInACodeEndsNoStatement)
     for (Txt* field : textCodes())
         pasteAsCode(*field, typed);
     expectUnknown(typed);
-    pasteAsCode(It().TxtBranchID, typed, noNumber(typed));
-    expectCode(It().TxtBranchID, It().TxtBranchName, typed);
+    pasteAsCode(It().Branch.Code, typed, noNumber(typed));
+    expectCode(It().Branch.Code, It().Branch.Name, typed);
     EXPECT_EQ(Count(s("Staff")), 7);
     expectTheNextSaveWorks();
 }
@@ -389,8 +389,8 @@ TEST_F(BadInputTest, UrduInACodeIsAnUnknownCode)
     for (Txt* field : textCodes())
         pasteAsCode(*field, typed);
     expectUnknown(typed);
-    pasteAsCode(It().TxtBranchID, typed, noNumber(typed));
-    expectCode(It().TxtBranchID, It().TxtBranchName, typed);
+    pasteAsCode(It().Branch.Code, typed, noNumber(typed));
+    expectCode(It().Branch.Code, It().Branch.Name, typed);
     expectTheNextSaveWorks();
 }
 
@@ -401,19 +401,19 @@ TEST_F(BadInputTest, LineBreaksPastedIntoACodeBecomeBlanks)
     for (Txt* field : textCodes())
         pasteAsCode(*field, s("two\r\nlines\nmore"));
     expectUnknown(shown);
-    pasteAsCode(It().TxtBranchID, s("two\r\nlines\nmore"), noNumber(shown));
-    expectCode(It().TxtBranchID, It().TxtBranchName, shown);
+    pasteAsCode(It().Branch.Code, s("two\r\nlines\nmore"), noNumber(shown));
+    expectCode(It().Branch.Code, It().Branch.Name, shown);
     expectTheNextSaveWorks();
 }
 
 TEST_F(BadInputTest, ACodeCopiedWithTheLineBreakBehindItIsFound)
 {
     Open();
-    const QList<std::pair<const char*, Txt*>> codes = {{"2014\r\n", &It().TxtDriverCode},
-                                                       {"3107\n", &It().TxtReceivingCode},
-                                                       {"kot\n", &It().TxtAreaCode},
-                                                       {"1\n", &It().TxtBranchID},
-                                                       {"101\n", &It().TxtProductID}};
+    const QList<std::pair<const char*, Txt*>> codes = {{"2014\r\n", &It().Driver.Code},
+                                                       {"3107\n", &It().Receiving.Code},
+                                                       {"kot\n", &It().Area.Code},
+                                                       {"1\n", &It().Branch.Code},
+                                                       {"101\n", &It().Product.Code}};
     for (const auto& [code, field] : codes) {
         SCOPED_TRACE(qPrintable(field->Name()));
         ASSERT_TRUE(HasFocus(*field));
@@ -425,10 +425,10 @@ TEST_F(BadInputTest, ACodeCopiedWithTheLineBreakBehindItIsFound)
     Enter(QString());
     Save();
     OpenStored(1);
-    EXPECT_EQ(It().TxtDriverName.Text(), s("محمد اسلم"));
-    EXPECT_EQ(It().TxtReceivingName.Text(), s("غلام رسول"));
-    EXPECT_EQ(It().TxtAreaName.Text(), s("کوٹ رادھا کشن"));
-    EXPECT_EQ(It().TxtBranchName.Text(), s("قصور"));
+    EXPECT_EQ(It().Driver.Name.Text(), s("محمد اسلم"));
+    EXPECT_EQ(It().Receiving.Name.Text(), s("غلام رسول"));
+    EXPECT_EQ(It().Area.Name.Text(), s("کوٹ رادھا کشن"));
+    EXPECT_EQ(It().Branch.Name.Text(), s("قصور"));
     EXPECT_EQ(FilledRows(), 1);
     EXPECT_EQ(Cell(0, "Name"), s("موٹر سائیکل 125 سی سی"));
 }
@@ -440,21 +440,21 @@ TEST_F(BadInputTest, TenThousandCharactersInACodeAreAnUnknownCode)
     for (Txt* field : textCodes())
         pasteAsCode(*field, typed);
     expectUnknown(typed);
-    pasteAsCode(It().TxtBranchID, typed);
+    pasteAsCode(It().Branch.Code, typed);
     // As a product, a branch that is not found is taken away.
-    expectCode(It().TxtBranchID, It().TxtBranchName, QString());
+    expectCode(It().Branch.Code, It().Branch.Name, QString());
     expectTheNextSaveWorks();
 }
 
 TEST_F(BadInputTest, LettersInTheBranchAreReportedAndStayThere)
 {
     Open();
-    pasteAsCode(It().TxtBranchID, s("one"), noNumber(s("one")));
-    expectCode(It().TxtBranchID, It().TxtBranchName, s("one"));
+    pasteAsCode(It().Branch.Code, s("one"), noNumber(s("one")));
+    expectCode(It().Branch.Code, It().Branch.Name, s("one"));
     const QString many(TenThousand, u'x');
     Press(It(), Qt::Key_A, Qt::ControlModifier);
-    pasteAsCode(It().TxtBranchID, many, noNumber(many));
-    expectCode(It().TxtBranchID, It().TxtBranchName, many);
+    pasteAsCode(It().Branch.Code, many, noNumber(many));
+    expectCode(It().Branch.Code, It().Branch.Name, many);
     expectTheNextSaveWorks();
 }
 
@@ -481,10 +481,10 @@ TEST_F(BadInputTest, CodesThatHoldPercentSignsSemicolonsAndUrduAreStoredAndOpene
               QList<QVariantList>({{s("1x;{id}"), 4}, {s("1%;{id}"), 5}}));
 
     OpenStored(1);
-    EXPECT_EQ(It().TxtDriverCode.Text(), s("20%;"));
-    EXPECT_EQ(It().TxtDriverName.Text(), s("اکبر"));
-    EXPECT_EQ(It().TxtReceivingName.Text(), s("رسول"));
-    EXPECT_EQ(It().TxtAreaName.Text(), s("شہر"));
+    EXPECT_EQ(It().Driver.Code.Text(), s("20%;"));
+    EXPECT_EQ(It().Driver.Name.Text(), s("اکبر"));
+    EXPECT_EQ(It().Receiving.Name.Text(), s("رسول"));
+    EXPECT_EQ(It().Area.Name.Text(), s("شہر"));
     EXPECT_EQ(FilledRows(), 2);
 }
 
@@ -562,9 +562,9 @@ TEST_F(BadInputTest, TenThousandDigitsInAQuantityAreRefusedAndStayInTheField)
         EXPECT_EQ(boxes.Left(), 0) << "no complaint";
         EXPECT_EQ(FilledRows(), 0);
         EXPECT_EQ(field->Text(), typed);
-        EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+        EXPECT_EQ(It().Product.Code.Text(), s("101"));
         Press(It(), Qt::Key_Escape);
-        ASSERT_TRUE(HasFocus(It().TxtProductID));
+        ASSERT_TRUE(HasFocus(It().Product.Code));
     }
     EnterRow(s("101"), s("3"));
     Save();
@@ -695,7 +695,7 @@ TEST_P(TroubleTest, AChangedPassKeepsItsStoredRowsUntilItIsSaved)
 {
     const int id = Stored(s("101"), s("3"));
     OpenStored(id);
-    Click(It(), It().TxtProductID);
+    Click(It(), It().Product.Code);
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_Up);
     Press(It(), Qt::Key_Return);
@@ -761,7 +761,7 @@ TEST_F(BadInputTest, AClerkTypesOnWhileAnotherUserHoldsTheDatabase)
     EnterHeader();
     EnterRow(s("101"), s("3"));
     EXPECT_EQ(FilledRows(), 1);
-    EXPECT_EQ(It().TxtBranchName.Text(), s("قصور"));
+    EXPECT_EQ(It().Branch.Name.Text(), s("قصور"));
     other->RollbackTrans();
     Save();
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));

@@ -22,6 +22,25 @@ QString statementOf(Form& dialog)
 
 } // namespace
 
+TEST_F(FrmGatePassTest, ControlsAreNamedAsScriptsAndScreenReadersKnowThem)
+{
+    Open();
+    QStringList names;
+    for (const Control* control : It().Controls()) {
+        const QString& name = control->Name();
+        if (!name.isEmpty())
+            names << name;
+    }
+    names.sort();
+    EXPECT_EQ(names.join(u' ').toStdString(),
+              "BtnArea BtnBranch BtnClear BtnClose BtnDelete BtnDriver BtnOpen BtnPrint BtnProduct"
+              " BtnReceiving BtnSave DtpDate Grid ImgExit ImgMin Label12 Label13 Label8 LblCaption"
+              " LblStock OptOrder OptSale OptSupply TxtAreaCode TxtAreaName TxtBranchID"
+              " TxtBranchName TxtDriverCode TxtDriverName TxtGatePassID TxtOutNewProducts"
+              " TxtProductID TxtProductName TxtReceivingCode TxtReceivingName"
+              " TxtReturnNewProducts TxtReturnOldProducts");
+}
+
 TEST_F(FrmGatePassTest, OpensNewWithTheNextNumberTodayAndSale)
 {
     Open();
@@ -32,21 +51,21 @@ TEST_F(FrmGatePassTest, OpensNewWithTheNextNumberTodayAndSale)
     EXPECT_TRUE(It().OptSale.Value());
     EXPECT_FALSE(It().LblStock.IsVisible());
     EXPECT_FALSE(It().LblCaption.IsVisible());
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
 }
 
 TEST_F(FrmGatePassTest, EnterWalksTheFieldChainAndAddsTheRow)
 {
     Open();
-    for (Txt* field : {&It().TxtDriverCode, &It().TxtReceivingCode}) {
+    for (Txt* field : {&It().Driver.Code, &It().Receiving.Code}) {
         EXPECT_TRUE(HasFocus(*field));
         Enter(QString());
     }
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    EXPECT_TRUE(HasFocus(It().Area.Code));
     Enter(s("Kot"));
-    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    EXPECT_TRUE(HasFocus(It().Branch.Code));
     Enter(s("1"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     Enter(s("101"));
     EXPECT_TRUE(HasFocus(It().TxtOutNewProducts));
     Enter(s("3"));
@@ -54,7 +73,7 @@ TEST_F(FrmGatePassTest, EnterWalksTheFieldChainAndAddsTheRow)
     Enter(s("1"));
     EXPECT_TRUE(HasFocus(It().TxtReturnNewProducts));
     Enter(s("2"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(FilledRows(), 1);
     EXPECT_EQ(Cell(0, "ID"), s("101"));
     EXPECT_EQ(Cell(0, "Name"), s("موٹر سائیکل 125 سی سی"));
@@ -100,7 +119,7 @@ TEST_F(FrmGatePassTest, SavesEveryColumnOfTheHeaderAndItsRows)
     // Ready for the next one.
     EXPECT_EQ(It().FormState(), VoucherForm::State::New);
     EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
-    EXPECT_TRUE(It().TxtAreaCode.Text().isEmpty());
+    EXPECT_TRUE(It().Area.Code.Text().isEmpty());
     EXPECT_TRUE(It().OptSale.Value());
     EXPECT_EQ(FilledRows(), 0);
 }
@@ -123,10 +142,10 @@ TEST_F(FrmGatePassTest, APassWithNoDriverAndReceiverSavesNullsAndOpensWithEmptyF
     OpenStored(1);
     EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
     for (Txt* field :
-         {&It().TxtDriverCode, &It().TxtReceivingCode, static_cast<Txt*>(&It().TxtDriverName),
-          static_cast<Txt*>(&It().TxtReceivingName)})
+         {&It().Driver.Code, &It().Receiving.Code, static_cast<Txt*>(&It().Driver.Name),
+          static_cast<Txt*>(&It().Receiving.Name)})
         EXPECT_TRUE(field->Text().isEmpty()) << qPrintable(field->Name());
-    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
+    EXPECT_EQ(It().Area.Code.Text(), s("Kot"));
 }
 
 TEST_F(FrmGatePassTest, ADriverAndAReceiverOfBlanksAreStoredAsNull)
@@ -175,14 +194,14 @@ TEST_F(FrmGatePassTest, OpeningFillsEveryField)
     OpenStored(1);
     EXPECT_EQ(It().TxtGatePassID.Text(), s("1"));
     EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate().addDays(-5));
-    EXPECT_EQ(It().TxtDriverCode.Text(), s("2014"));
-    EXPECT_EQ(It().TxtDriverName.Text(), s("محمد اسلم"));
-    EXPECT_EQ(It().TxtReceivingCode.Text(), s("3107"));
-    EXPECT_EQ(It().TxtReceivingName.Text(), s("غلام رسول"));
-    EXPECT_EQ(It().TxtAreaCode.Text(), s("Kot"));
-    EXPECT_FALSE(It().TxtAreaName.Text().isEmpty());
-    EXPECT_EQ(It().TxtBranchID.Text(), s("1"));
-    EXPECT_EQ(It().TxtBranchName.Text(), s("قصور"));
+    EXPECT_EQ(It().Driver.Code.Text(), s("2014"));
+    EXPECT_EQ(It().Driver.Name.Text(), s("محمد اسلم"));
+    EXPECT_EQ(It().Receiving.Code.Text(), s("3107"));
+    EXPECT_EQ(It().Receiving.Name.Text(), s("غلام رسول"));
+    EXPECT_EQ(It().Area.Code.Text(), s("Kot"));
+    EXPECT_FALSE(It().Area.Name.Text().isEmpty());
+    EXPECT_EQ(It().Branch.Code.Text(), s("1"));
+    EXPECT_EQ(It().Branch.Name.Text(), s("قصور"));
     EXPECT_TRUE(It().OptSupply.Value());
     EXPECT_FALSE(It().OptSale.Value());
     EXPECT_FALSE(It().OptOrder.Value());
@@ -204,8 +223,8 @@ TEST_F(FrmGatePassTest, AVoucherWhoseAreaHasVanishedOpensWithAnEmptyHeader)
     company.Run(s("update GatePassHeader set AreaCode = 'Gone'"));
     OpenStored(id);
     EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
-    EXPECT_TRUE(It().TxtAreaCode.Text().isEmpty());
-    EXPECT_TRUE(It().TxtDriverCode.Text().isEmpty());
+    EXPECT_TRUE(It().Area.Code.Text().isEmpty());
+    EXPECT_TRUE(It().Driver.Code.Text().isEmpty());
     EXPECT_EQ(FilledRows(), 1);
 }
 
@@ -262,7 +281,7 @@ TEST_F(FrmGatePassTest, OnAnOpenedPassTheQuantityOfARowIsNotHeldToTheStock)
     Open();
     const int id = Stored(s("101"), s("3"));
     OpenStored(id);
-    Click(It(), It().TxtProductID);
+    Click(It(), It().Product.Code);
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_Up);
     Press(It(), Qt::Key_Return);
@@ -282,10 +301,10 @@ TEST_F(FrmGatePassTest, AChangeOfTheBranchAfterRowsWereEnteredDoesNotRecheckThem
     Open();
     EnterHeader();
     EnterRow(s("101"), s("15"));
-    Click(It(), It().TxtBranchID);
+    Click(It(), It().Branch.Code);
     Press(It(), Qt::Key_A, Qt::ControlModifier);
     Enter(s("2")); // five in stock there
-    EXPECT_EQ(It().TxtBranchName.Text(), s("لاہور"));
+    EXPECT_EQ(It().Branch.Name.Text(), s("لاہور"));
     Save();
     EXPECT_EQ(BodyOf(1), QStringList({s("101|15|null|null")}));
 }
@@ -313,7 +332,7 @@ TEST_F(FrmGatePassTest, TheLabelOfTheFocusedOptionIsRed)
         Click(It(), *option);
         EXPECT_EQ(label->ForeColor(), QColor(255, 0, 0)) << qPrintable(label->Name());
         EXPECT_TRUE(option->Value());
-        Click(It(), It().TxtDriverCode);
+        Click(It(), It().Driver.Code);
         EXPECT_EQ(label->ForeColor(), QColor(0, 0, 0)) << qPrintable(label->Name());
     }
     EXPECT_EQ(It().FormState(), VoucherForm::State::New);
@@ -325,7 +344,7 @@ TEST_F(FrmGatePassTest, AQuantityAboveTheStockIsNotLeftForAnotherFieldsListEithe
     EnterHeader();
     Enter(s("101"));
     Type(It(), s("99999"));
-    Click(It(), It().BtnBranch);
+    Click(It(), It().Branch.Button);
     EXPECT_TRUE(HasFocus(It().TxtOutNewProducts));
     EXPECT_EQ(It().TxtOutNewProducts.Text(), s("99999"));
 }
@@ -338,7 +357,7 @@ TEST_F(FrmGatePassTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
     EnterHeader();
     Enter(s("101"));
     Enter(s("3"));
-    for (Txt* field : {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().TxtProductID}) {
+    for (Txt* field : {&It().TxtReturnOldProducts, &It().TxtOutNewProducts, &It().Product.Code}) {
         Click(It(), It().TxtReturnNewProducts);
         ASSERT_TRUE(HasFocus(It().TxtReturnNewProducts));
         Click(It(), *field);
@@ -349,53 +368,53 @@ TEST_F(FrmGatePassTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
     ExpectCloseQuestion(MsgAnswer::No, [this] { EXPECT_EQ(FilledRows(), 0); });
     Click(It(), It().BtnClose);
     EXPECT_EQ(FilledRows(), 0);
-    EXPECT_EQ(It().TxtProductID.Text(), s("101"));
+    EXPECT_EQ(It().Product.Code.Text(), s("101"));
     Click(It(), It().TxtReturnNewProducts);
-    Click(It(), It().TxtDriverCode);
+    Click(It(), It().Driver.Code);
     EXPECT_EQ(FilledRows(), 1);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
 }
 
 TEST_F(FrmGatePassTest, AnUnknownBranchIsEmptied)
 {
     Open();
-    It().ResetFocus(It().TxtBranchID);
+    It().ResetFocus(It().Branch.Code);
     dialogs.Expect(Cancel());
     Enter(s("99"));
-    EXPECT_TRUE(HasFocus(It().TxtBranchID));
-    EXPECT_TRUE(It().TxtBranchID.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().Branch.Code));
+    EXPECT_TRUE(It().Branch.Code.Text().isEmpty());
 }
 
 TEST_F(FrmGatePassTest, AUserOfOneBranchReachesNoOtherByListOrByTyping)
 {
     user->Branch = s("2");
     Open();
-    It().ResetFocus(It().TxtAreaCode);
+    It().ResetFocus(It().Area.Code);
     dialogs.Expect([](Form& dialog) {
         EXPECT_EQ(statementOf(dialog), s("SELECT * FROM Areas where 1=1  and BranchCode=2"));
         EXPECT_EQ(dynamic_cast<SearchWindow&>(dialog).List().RowCount(), 1);
         Press(dialog, Qt::Key_Escape);
     });
     Enter(s("Kot")); // of branch 1
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    EXPECT_TRUE(HasFocus(It().Area.Code));
 
-    It().ResetFocus(It().TxtBranchID);
+    It().ResetFocus(It().Branch.Code);
     dialogs.Expect([](Form& dialog) {
         EXPECT_EQ(statementOf(dialog), s("SELECT * FROM Branches where 1=1  and BranchCode=2"));
         Press(dialog, Qt::Key_Return);
     });
     Enter(s("1"));
-    EXPECT_EQ(It().TxtBranchID.Text(), s("2"));
+    EXPECT_EQ(It().Branch.Code.Text(), s("2"));
 }
 
 TEST_F(FrmGatePassTest, AProductThatOnlyAnotherBranchHasIsRefused)
 {
     Open();
-    It().TxtBranchID.SetText(s("2"));
+    It().Branch.Code.SetText(s("2"));
     Press(It(), Qt::Key_Escape);
     dialogs.Expect(Cancel());
     Enter(s("104"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     Enter(s("101"));
     EXPECT_EQ(It().LblStock.Text(), s("5"));
 }
@@ -403,7 +422,7 @@ TEST_F(FrmGatePassTest, AProductThatOnlyAnotherBranchHasIsRefused)
 TEST_F(FrmGatePassTest, AProductMarksTheVoucherFoundOrNot)
 {
     Open();
-    It().TxtBranchID.SetText(s("1"));
+    It().Branch.Code.SetText(s("1"));
     Press(It(), Qt::Key_Escape);
     dialogs.Expect(Cancel());
     ASSERT_EQ(It().FormState(), State::New);
@@ -420,7 +439,7 @@ TEST_F(FrmGatePassTest, TheDriverMustBeAFieldWorker)
         Press(dialog, Qt::Key_Escape);
     });
     Enter(s("3107"));
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
 }
 
 TEST_F(FrmGatePassTest, TheReceiverMayBeAnyStaff)
@@ -434,13 +453,13 @@ TEST_F(FrmGatePassTest, TheReceiverMayBeAnyStaff)
     });
     Press(It(), Qt::Key_F1);
     Enter(s("3108"));
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    EXPECT_TRUE(HasFocus(It().Area.Code));
 }
 
 TEST_F(FrmGatePassTest, TypingMarksTheVoucherOnlyInTheThreeQuantities)
 {
     Open();
-    Click(It(), It().TxtProductID);
+    Click(It(), It().Product.Code);
     Type(It(), s("1"));
     EXPECT_EQ(It().FormState(), State::New);
     Press(It(), Qt::Key_Backspace);
@@ -480,7 +499,7 @@ TEST_F(FrmGatePassTest, AProductWithNoStockInTheBranchIsRefusedAndShowsTheList)
     EnterHeader();
     Enter(s("101"));
     ASSERT_TRUE(It().LblStock.IsVisible());
-    It().ResetFocus(It().TxtProductID);
+    It().ResetFocus(It().Product.Code);
     Press(It(), Qt::Key_A, Qt::ControlModifier);
     dialogs.Expect([this](Form& dialog) {
         EXPECT_EQ(dialog.objectName(), s("SchProduct"));
@@ -488,9 +507,9 @@ TEST_F(FrmGatePassTest, AProductWithNoStockInTheBranchIsRefusedAndShowsTheList)
         Press(dialog, Qt::Key_Escape);
     });
     Enter(s("299"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
-    EXPECT_TRUE(It().TxtProductName.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().Product.Code));
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
+    EXPECT_TRUE(It().Product.Name.Text().isEmpty());
     EXPECT_FALSE(It().LblStock.IsVisible());
     EXPECT_FALSE(It().LblCaption.IsVisible());
 }

@@ -19,7 +19,7 @@ class FrmStockInDetailTest : public FormDesk<FrmStockInDetail> {
 protected:
     void EnterHeader()
     {
-        It().ResetFocus(It().TxtReceivingCode);
+        It().ResetFocus(It().Receiving.Code);
         Enter(s("3107"));
         Enter(QString());
     }
@@ -68,15 +68,15 @@ TEST_F(FrmStockInDetailTest, OpensNewWithTheNextNumberTodayAndTheReceiver)
     EXPECT_EQ(It().TxtID.Text(), s("1"));
     EXPECT_FALSE(It().TxtID.IsEnabled());
     EXPECT_EQ(It().DtpDate.Value(), QDate::currentDate());
-    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    EXPECT_TRUE(HasFocus(It().Receiving.Code));
 }
 
 TEST_F(FrmStockInDetailTest, EnterWalksTheFieldsAndAddsTheUnit)
 {
     Open();
-    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    EXPECT_TRUE(HasFocus(It().Receiving.Code));
     Enter(s("3107"));
-    EXPECT_FALSE(It().TxtReceivingName.Text().isEmpty());
+    EXPECT_FALSE(It().Receiving.Name.Text().isEmpty());
     EXPECT_TRUE(HasFocus(It().TxtDescription));
     Enter(QString());
     Enter(s("101"));
@@ -84,7 +84,7 @@ TEST_F(FrmStockInDetailTest, EnterWalksTheFieldsAndAddsTheUnit)
     Enter(s("E-1"));
     EXPECT_TRUE(HasFocus(It().TxtChasisNo));
     Enter(s("C-1"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(Cell(0, "ID"), s("101"));
     EXPECT_EQ(Cell(0, "EngineNo"), s("E-1"));
     EXPECT_EQ(Cell(0, "ChasisNo"), s("C-1"));
@@ -93,7 +93,7 @@ TEST_F(FrmStockInDetailTest, EnterWalksTheFieldsAndAddsTheUnit)
     EXPECT_EQ(Headers(), QStringList(s("1|3107|null")));
     EXPECT_EQ(Units(1), QStringList(s("101|E-1|C-1")));
     EXPECT_EQ(It().TxtID.Text(), s("2"));
-    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    EXPECT_TRUE(HasFocus(It().Receiving.Code));
 }
 
 TEST_F(FrmStockInDetailTest, AStoredUnitIsRefusedOnANewVoucherWithTheDatabaseWideMessage)
@@ -128,13 +128,13 @@ TEST_F(FrmStockInDetailTest, AnEditOfAStoredRowSkipsTheDatabaseWideTest)
     Open();
     const int id = Store(s("101"), s("E-1"), s("C-1"));
     OpenStored(id);
-    It().ResetFocus(It().TxtProductID);
+    It().ResetFocus(It().Product.Code);
     ChooseRow(0);
     EXPECT_TRUE(HasFocus(It().TxtEngineNo));
-    EXPECT_FALSE(It().TxtProductID.IsEnabled());
+    EXPECT_FALSE(It().Product.Code.IsEnabled());
     Press(It(), Qt::Key_Return);
     Press(It(), Qt::Key_Return);
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_TRUE(It().IsDirty());
     Ctrl(Qt::Key_S);
     EXPECT_EQ(Units(id), QStringList(s("101|E-1|C-1")));
@@ -170,7 +170,7 @@ TEST_F(FrmStockInDetailTest, AUnitTwiceOnOneVoucherIsADuplicate)
     EnterUnit(s("101"), s("E-1"), s("C-1"));
     boxes.Expect(Duplicate);
     EnterUnit(s("101"), s("E-1"), s("C-1"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_TRUE(It().TxtEngineNo.Text().isEmpty());
     EXPECT_EQ(FilledRows(), 1);
 }
@@ -223,7 +223,7 @@ TEST_F(FrmStockInDetailTest, TheReceiverIsMandatory)
     Type(It(), s("x"));
     boxes.Expect(NoReceiver);
     Ctrl(Qt::Key_S);
-    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
+    EXPECT_TRUE(HasFocus(It().Receiving.Code));
     EXPECT_TRUE(Headers().isEmpty());
 }
 
@@ -244,8 +244,8 @@ TEST_F(FrmStockInDetailTest, OpeningFillsEveryField)
     Ctrl(Qt::Key_S);
     OpenStored(1);
     EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
-    EXPECT_EQ(It().TxtReceivingCode.Text(), s("3107"));
-    EXPECT_FALSE(It().TxtReceivingName.Text().isEmpty());
+    EXPECT_EQ(It().Receiving.Code.Text(), s("3107"));
+    EXPECT_FALSE(It().Receiving.Name.Text().isEmpty());
     EXPECT_EQ(It().TxtDescription.Text(), s("نوٹ"));
     EXPECT_EQ(Cell(0, "ChasisNo"), s("C-1"));
     EXPECT_TRUE(HasFocus(It().DtpDate));
@@ -273,7 +273,7 @@ TEST_F(FrmStockInDetailTest, TheRightIsTestedBeforeTheReceiverIsAskedFor)
     OpenStored(Store(s("101"), s("E-1"), s("C-1")));
     It().ResetFocus(It().TxtDescription);
     Type(It(), s("x"));
-    It().TxtReceivingCode.SetText(QString());
+    It().Receiving.Code.SetText(QString());
     user->Modify = false;
     boxes.Expect(Refused(s("You are not authorized to modify a record")));
     Ctrl(Qt::Key_S);
@@ -288,7 +288,7 @@ TEST_F(FrmStockInDetailTest, TheReceiverIsAskedForBeforeTheNumberIsTested)
     Open();
     EnterHeader();
     company.Run("insert into StockInDetailHeader (StockID, Date) values (1, '2026-01-01')");
-    It().TxtReceivingCode.SetText(s(" "));
+    It().Receiving.Code.SetText(s(" "));
     boxes.Expect(NoReceiver);
     Ctrl(Qt::Key_S);
     EXPECT_EQ(It().TxtID.Text(), s("1"));
@@ -310,7 +310,7 @@ TEST_F(FrmStockInDetailTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
     Enter(s("101"));
     Enter(s("E-1"));
     Type(It(), s("C-1"));
-    for (Txt* field : {&It().TxtProductID, &It().TxtEngineNo}) {
+    for (Txt* field : {&It().Product.Code, &It().TxtEngineNo}) {
         It().ResetFocus(It().TxtChasisNo);
         Click(It(), *field);
         EXPECT_TRUE(HasFocus(*field)) << qPrintable(field->Name());
@@ -329,11 +329,11 @@ TEST_F(FrmStockInDetailTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
 TEST_F(FrmStockInDetailTest, AnUnknownProductIsEmptied)
 {
     Open();
-    It().ResetFocus(It().TxtProductID);
+    It().ResetFocus(It().Product.Code);
     dialogs.Expect(Cancel());
     Enter(s("9999"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
-    EXPECT_TRUE(It().TxtProductID.Text().isEmpty());
+    EXPECT_TRUE(HasFocus(It().Product.Code));
+    EXPECT_TRUE(It().Product.Code.Text().isEmpty());
 }
 
 TEST_F(FrmStockInDetailTest, AnUnknownReceiverBringsUpTheListOfAllStaff)
@@ -345,8 +345,8 @@ TEST_F(FrmStockInDetailTest, AnUnknownReceiverBringsUpTheListOfAllStaff)
         Press(dialog, Qt::Key_Escape);
     });
     Enter(s("9999"));
-    EXPECT_TRUE(HasFocus(It().TxtReceivingCode));
-    EXPECT_EQ(It().TxtReceivingCode.Text(), s("9999"));
+    EXPECT_TRUE(HasFocus(It().Receiving.Code));
+    EXPECT_EQ(It().Receiving.Code.Text(), s("9999"));
 }
 
 TEST_F(FrmStockInDetailTest, TheCaseOfANumberMayBeCorrected)
@@ -412,11 +412,11 @@ TEST_F(FrmStockInDetailTest, F1WalksFromTheReceiverToTheProductToTheEngine)
     Open();
     dialogs.Expect(Choose(s("2014")));
     Press(It(), Qt::Key_F1);
-    EXPECT_EQ(It().TxtReceivingCode.Text(), s("2014"));
-    EXPECT_TRUE(HasFocus(It().TxtProductID));
+    EXPECT_EQ(It().Receiving.Code.Text(), s("2014"));
+    EXPECT_TRUE(HasFocus(It().Product.Code));
     dialogs.Expect(Choose(s("104")));
     Press(It(), Qt::Key_F1);
-    EXPECT_EQ(It().TxtProductID.Text(), s("104"));
+    EXPECT_EQ(It().Product.Code.Text(), s("104"));
     EXPECT_TRUE(HasFocus(It().TxtEngineNo));
 }
 

@@ -61,7 +61,7 @@ TEST_F(GatePassOrderTest, TheDateWindowIsTestedBeforeTheFieldsAreAskedFor)
     Type(It(), "2014");
     boxes.Expect(outsideWindow());
     Ctrl(Qt::Key_S);
-    EXPECT_TRUE(HasFocus(It().TxtDriverCode));
+    EXPECT_TRUE(HasFocus(It().Driver.Code));
     company.Run("update Users set FromDate = null where UserNo = 1");
     boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
     Ctrl(Qt::Key_S);
@@ -73,11 +73,11 @@ TEST_F(GatePassOrderTest, MandatoryFieldsAreAskedForInScreenOrder)
     Type(It(), s("2014"));
     boxes.Expect({s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")});
     Ctrl(Qt::Key_S);
-    EXPECT_TRUE(HasFocus(It().TxtBranchID));
+    EXPECT_TRUE(HasFocus(It().Branch.Code));
     Type(It(), s("1"));
     boxes.Expect({s("Enter Area Code."), MsgIcon::Exclamation, s("Gate Pass")});
     Ctrl(Qt::Key_S);
-    EXPECT_TRUE(HasFocus(It().TxtAreaCode));
+    EXPECT_TRUE(HasFocus(It().Area.Code));
     EXPECT_EQ(Count(s("GatePassHeader")), 0);
 }
 
@@ -87,7 +87,7 @@ TEST_F(GatePassOrderTest, TheFieldsAreAskedForBeforeTheNumberIsTested)
     EnterHeader();
     EnterRow(s("101"), s("3"));
     storeElsewhere(1);
-    It().TxtAreaCode.SetText(QString());
+    It().Area.Code.SetText(QString());
     boxes.Expect({s("Enter Area Code."), MsgIcon::Exclamation, s("Gate Pass")});
     Ctrl(Qt::Key_S);
     EXPECT_EQ(It().TxtGatePassID.Text(), s("1"));

@@ -80,7 +80,7 @@ protected:
     {
         EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
         EXPECT_EQ(It().TxtGatePassID.Text(), s("1"));
-        EXPECT_EQ(It().TxtBranchID.Text(), s("1"));
+        EXPECT_EQ(It().Branch.Code.Text(), s("1"));
         EXPECT_EQ(FilledRows(), 2);
         EXPECT_TRUE(It().BtnPrint.IsEnabled());
         EXPECT_FALSE(It().BtnSave.IsEnabled());
@@ -294,7 +294,7 @@ TEST_F(GatePassPrintTest, APrinterThatFailsAfterSaveLeavesTheVoucherStored)
 TEST_F(GatePassPrintTest, AnUnsavedChangeCannotBePrinted)
 {
     OpenPass();
-    Click(It(), It().TxtProductID);
+    Click(It(), It().Product.Code);
     EnterRow(s("104"), s("1"));
     EXPECT_EQ(It().FormState(), VoucherForm::State::Edited);
     EXPECT_FALSE(It().BtnPrint.IsEnabled());

@@ -50,7 +50,7 @@ TEST_F(GatePassOnServer, KeepsWhatWasEnteredWhenTheConnectionIsLost)
     EXPECT_FALSE(connection->InTransaction());
     EXPECT_EQ(FilledRows(), 2);
     EXPECT_EQ(Cell(0, "OutNewProducts"), QStringLiteral("3"));
-    EXPECT_EQ(form->TxtDriverCode.Text(), QStringLiteral("2014"));
+    EXPECT_EQ(form->Driver.Code.Text(), QStringLiteral("2014"));
     EXPECT_EQ(Count(QStringLiteral("GatePassHeader")), 0);
 
     // The line is back, and the session is gone all the same: that is said again.

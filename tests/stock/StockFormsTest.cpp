@@ -1,8 +1,7 @@
 // Stock documents: goods in and out, with prices and without. What both kinds do alike is
 // played on each of them.
 
-#include "stock/FrmStockIn.h"
-#include "stock/FrmStockOut.h"
+#include "stock/StockForms.h"
 #include "support/FormDesk.h"
 #include "support/Text.h"
 
@@ -163,11 +162,11 @@ TYPED_TEST(StockFormTest, RowsWithoutPricesAreStoredWithThePurchaseRateAndTheCom
     ASSERT_GT(rate, 0);
     this->Open();
     this->EnterHeader();
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     this->Enter(s("101"));
     EXPECT_TRUE(this->HasFocus(IT.TxtQty));
     this->Enter(s("3"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     EXPECT_EQ(this->FilledRows(), 1);
     this->Ctrl(Qt::Key_S);
     EXPECT_EQ(this->Headers(), QStringList(s("1|1|7|null")));
@@ -183,7 +182,7 @@ TYPED_TEST(StockFormTest, WithPricesTabFromTheQuantityAddsNothingAndTabOutOfTheP
     EXPECT_TRUE(this->HasFocus(IT.TxtPrice));
     EXPECT_EQ(this->FilledRows(), 0);
     this->Enter(s("10.5"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     EXPECT_EQ(this->Cell(0, "ID"), s("101"));
     EXPECT_EQ(this->Cell(0, "Qty"), s("3"));
     EXPECT_EQ(this->Cell(0, "Price"), s("10.5"));
@@ -262,7 +261,7 @@ TYPED_TEST(StockFormTest, TwoRowsOfOneProductAreRefused)
     this->EnterRow(s("101"), s("2"));
     this->boxes.Expect(Duplicate);
     this->EnterRow(s("101"), s("9"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     EXPECT_TRUE(IT.TxtQty.Text().isEmpty());
     EXPECT_EQ(this->FilledRows(), 1);
     EXPECT_EQ(this->Cell(0, "Qty"), s("2"));
@@ -274,7 +273,7 @@ TYPED_TEST(StockFormTest, ARowIsStillKnownAfterTheNumberWasTypedOver)
     this->EnterHeader();
     this->EnterRow(s("101"), s("2"));
     this->TypeNumber(s("40"));
-    IT.ResetFocus(IT.TxtProductID);
+    IT.ResetFocus(IT.Product.Code);
     this->boxes.Expect(Duplicate);
     this->EnterRow(s("101"), s("9"));
     this->EnterRow(s("104"), s("1"));
@@ -323,7 +322,7 @@ TYPED_TEST(StockFormTest, TheBranchIsMandatory)
     this->boxes.Expect(
         Message{s("Enter Branch Code."), MsgIcon::Exclamation, s(Kind<TypeParam>::Title)});
     this->Ctrl(Qt::Key_S);
-    EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
+    EXPECT_TRUE(this->HasFocus(IT.Branch.Code));
     EXPECT_EQ(IT.TxtDescription.Text(), s("note"));
     EXPECT_TRUE(this->Headers().isEmpty());
 }
@@ -353,10 +352,10 @@ TYPED_TEST(StockFormTest, OpeningFillsEveryFieldAndClosesTheNumber)
     EXPECT_EQ(IT.TxtID.Text(), s("1"));
     EXPECT_FALSE(IT.TxtID.IsEnabled());
     EXPECT_TRUE(this->HasFocus(IT.DtpDate));
-    EXPECT_EQ(IT.TxtBranchID.Text(), s("1"));
-    EXPECT_EQ(IT.TxtBranchName.Text(), s("قصور"));
-    EXPECT_EQ(IT.TxtAccountNo.Text(), s("7"));
-    EXPECT_EQ(IT.TxtAccountName.Text(), s("حاجی ٹریڈرز"));
+    EXPECT_EQ(IT.Branch.Code.Text(), s("1"));
+    EXPECT_EQ(IT.Branch.Name.Text(), s("قصور"));
+    EXPECT_EQ(IT.Account.Code.Text(), s("7"));
+    EXPECT_EQ(IT.Account.Name.Text(), s("حاجی ٹریڈرز"));
     EXPECT_EQ(IT.TxtDescription.Text(), s("نوٹ"));
     EXPECT_EQ(this->FilledRows(), 2);
     EXPECT_EQ(this->Cell(1, "ID"), s("210"));
@@ -375,12 +374,12 @@ TYPED_TEST(StockFormTest, ARowIsCorrectedAndStoredUnderTheSameNumber)
     this->OpenPriced();
     const int id = this->Store();
     this->OpenStored(id);
-    IT.ResetFocus(IT.TxtProductID);
+    IT.ResetFocus(IT.Product.Code);
     Press(IT, Qt::Key_Down);
     Press(IT, Qt::Key_Home);
     Press(IT, Qt::Key_Return);
     EXPECT_TRUE(this->HasFocus(IT.TxtQty));
-    EXPECT_FALSE(IT.TxtProductID.IsEnabled());
+    EXPECT_FALSE(IT.Product.Code.IsEnabled());
     this->Enter(s("7"));
     this->Enter(s("100"));
     EXPECT_EQ(this->Cell(0, "Amount"), s("700"));
@@ -418,7 +417,7 @@ TYPED_TEST(StockFormTest, TheRightIsTestedBeforeTheBranchIsAskedFor)
     this->OpenStored(this->Store());
     IT.ResetFocus(IT.TxtDescription);
     Type(IT, s("x"));
-    IT.TxtBranchID.SetText(QString());
+    IT.Branch.Code.SetText(QString());
     this->user->Modify = false;
     this->boxes.Expect(this->Refused(s("You are not authorized to modify a record")));
     this->Ctrl(Qt::Key_S);
@@ -440,7 +439,7 @@ TYPED_TEST(StockFormTest, TheBranchIsAskedForBeforeTheNumberIsTested)
         Message{s("Enter Branch Code."), MsgIcon::Exclamation, s(Kind<TypeParam>::Title)});
     this->Ctrl(Qt::Key_S);
     EXPECT_EQ(IT.TxtID.Text(), s("1"));
-    IT.TxtBranchID.SetText(s("1"));
+    IT.Branch.Code.SetText(s("1"));
     this->boxes.Expect(IdTaken);
     this->Ctrl(Qt::Key_S);
     EXPECT_EQ(IT.TxtID.Text(), s("2"));
@@ -453,9 +452,9 @@ TYPED_TEST(StockFormTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
     this->Enter(s("101"));
     this->Enter(s("3"));
     for (const auto& [from, to] : {std::pair<Txt*, Txt*>{&IT.TxtPrice, &IT.TxtQty},
-                                   {&IT.TxtPrice, &IT.TxtProductID},
+                                   {&IT.TxtPrice, &IT.Product.Code},
                                    {&IT.TxtQty, &IT.TxtPrice},
-                                   {&IT.TxtQty, &IT.TxtProductID}}) {
+                                   {&IT.TxtQty, &IT.Product.Code}}) {
         IT.ResetFocus(*from);
         Click(IT, *to);
         EXPECT_TRUE(this->HasFocus(*to)) << qPrintable(from->Name() + to->Name());
@@ -466,7 +465,7 @@ TYPED_TEST(StockFormTest, GoingBackIntoTheEntryRowOrToCloseAddsNothing)
         this->ExpectCloseQuestion(MsgAnswer::No, [this] { EXPECT_EQ(this->FilledRows(), 0); });
         Click(IT, IT.BtnClose);
         EXPECT_EQ(this->FilledRows(), 0) << qPrintable(from->Name());
-        EXPECT_EQ(IT.TxtProductID.Text(), s("101"));
+        EXPECT_EQ(IT.Product.Code.Text(), s("101"));
     }
     IT.ResetFocus(IT.TxtQty);
     Click(IT, IT.TxtDescription);
@@ -478,7 +477,7 @@ TYPED_TEST(StockFormTest, ACodeOfBlanksAddsNothingAndSaysNothing)
     this->Open();
     this->EnterHeader();
     IT.ResetFocus(IT.TxtQty);
-    IT.TxtProductID.SetText(s("  "));
+    IT.Product.Code.SetText(s("  "));
     this->Enter(s("4"));
     EXPECT_EQ(this->FilledRows(), 0);
     EXPECT_EQ(IT.Detail.CountRows(), 0);
@@ -509,18 +508,18 @@ TYPED_TEST(StockFormTest, TheAmountCannotBeTyped)
 TYPED_TEST(StockFormTest, AnEmptyOrUnknownBranchBringsUpTheList)
 {
     this->Open();
-    IT.ResetFocus(IT.TxtBranchID);
+    IT.ResetFocus(IT.Branch.Code);
     this->dialogs.Expect([](Form& dialog) {
         EXPECT_EQ(dialog.objectName(), s("SchBranch"));
         Press(dialog, Qt::Key_Escape);
     });
     Press(IT, Qt::Key_Tab);
-    EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
+    EXPECT_TRUE(this->HasFocus(IT.Branch.Code));
     EXPECT_FALSE(IT.IsDirty());
     this->dialogs.Expect(this->Cancel());
     this->Enter(s("99"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtBranchID));
-    EXPECT_TRUE(IT.TxtBranchID.Text().isEmpty());
+    EXPECT_TRUE(this->HasFocus(IT.Branch.Code));
+    EXPECT_TRUE(IT.Branch.Code.Text().isEmpty());
 }
 
 TYPED_TEST(StockFormTest, ADocumentWithoutAnAccountOpens)
@@ -530,9 +529,9 @@ TYPED_TEST(StockFormTest, ADocumentWithoutAnAccountOpens)
     this->EnterRow(s("101"), s("1"));
     this->Ctrl(Qt::Key_S);
     this->OpenStored(1);
-    EXPECT_EQ(IT.TxtBranchID.Text(), s("2"));
-    EXPECT_TRUE(IT.TxtAccountNo.Text().isEmpty());
-    EXPECT_TRUE(IT.TxtAccountName.Text().isEmpty());
+    EXPECT_EQ(IT.Branch.Code.Text(), s("2"));
+    EXPECT_TRUE(IT.Account.Code.Text().isEmpty());
+    EXPECT_TRUE(IT.Account.Name.Text().isEmpty());
     EXPECT_EQ(this->FilledRows(), 1);
 }
 
@@ -572,7 +571,7 @@ TYPED_TEST(StockFormTest, AUserOfOneBranchMayTypeAnother)
     this->user->Branch = s("1");
     this->Open();
     this->EnterHeader(s("2"));
-    EXPECT_EQ(IT.TxtBranchName.Text(), s("لاہور"));
+    EXPECT_EQ(IT.Branch.Name.Text(), s("لاہور"));
 }
 
 TYPED_TEST(StockFormTest, F1WalksFromTheBranchToTheAccountToTheProductToTheQuantity)
@@ -582,18 +581,18 @@ TYPED_TEST(StockFormTest, F1WalksFromTheBranchToTheAccountToTheProductToTheQuant
                       " values (1, '2026-01-01', 1); insert into GatePassBody"
                       " (GatePassID, ProductID, ReturnNewProducts) values (1, '104', 5);");
     this->Open();
-    IT.ResetFocus(IT.TxtBranchID);
+    IT.ResetFocus(IT.Branch.Code);
     this->dialogs.Expect(this->Choose(s("2")));
     Press(IT, Qt::Key_F1);
-    EXPECT_EQ(IT.TxtBranchID.Text(), s("2"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtAccountNo));
+    EXPECT_EQ(IT.Branch.Code.Text(), s("2"));
+    EXPECT_TRUE(this->HasFocus(IT.Account.Code));
     this->dialogs.Expect(this->Choose(s("12")));
     Press(IT, Qt::Key_F1);
-    EXPECT_EQ(IT.TxtAccountName.Text(), s("لاہور موٹرز"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_EQ(IT.Account.Name.Text(), s("لاہور موٹرز"));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     this->dialogs.Expect(this->Choose(s("104")));
     Press(IT, Qt::Key_F1);
-    EXPECT_EQ(IT.TxtProductID.Text(), s("104"));
+    EXPECT_EQ(IT.Product.Code.Text(), s("104"));
     EXPECT_TRUE(this->HasFocus(IT.TxtQty));
 }
 
@@ -601,33 +600,33 @@ TYPED_TEST(StockFormTest, TheAccountsButtonGoesOnToTheProductOrBackToTheAccount)
 {
     this->Open();
     this->dialogs.Expect(this->Choose(s("7")));
-    Click(IT, IT.BtnSearch);
-    EXPECT_EQ(IT.TxtAccountName.Text(), s("حاجی ٹریڈرز"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    Click(IT, IT.Account.Button);
+    EXPECT_EQ(IT.Account.Name.Text(), s("حاجی ٹریڈرز"));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     this->dialogs.Expect(this->Cancel());
-    Click(IT, IT.BtnSearch);
-    EXPECT_TRUE(this->HasFocus(IT.TxtAccountNo));
-    EXPECT_EQ(IT.TxtAccountNo.Text(), s("7"));
+    Click(IT, IT.Account.Button);
+    EXPECT_TRUE(this->HasFocus(IT.Account.Code));
+    EXPECT_EQ(IT.Account.Code.Text(), s("7"));
 }
 
 TYPED_TEST(StockFormTest, AnUnknownAccountBringsUpTheListAndCancellingKeepsTheFocus)
 {
     this->Open();
-    IT.ResetFocus(IT.TxtAccountNo);
+    IT.ResetFocus(IT.Account.Code);
     this->dialogs.Expect(this->Cancel());
     this->Enter(s("999"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtAccountNo));
-    EXPECT_EQ(IT.TxtAccountNo.Text(), s("999"));
-    EXPECT_TRUE(IT.TxtAccountName.Text().isEmpty());
+    EXPECT_TRUE(this->HasFocus(IT.Account.Code));
+    EXPECT_EQ(IT.Account.Code.Text(), s("999"));
+    EXPECT_TRUE(IT.Account.Name.Text().isEmpty());
 }
 
 TYPED_TEST(StockFormTest, AnAccountWhoseNameIsThereIsNotLookedUpAgain)
 {
     this->Open();
-    IT.ResetFocus(IT.TxtAccountNo);
+    IT.ResetFocus(IT.Account.Code);
     this->Enter(s("7"));
     this->company.Run("delete from Accounts where AccountNo = '7'");
-    IT.ResetFocus(IT.TxtAccountNo);
+    IT.ResetFocus(IT.Account.Code);
     Press(IT, Qt::Key_Return);
     EXPECT_TRUE(this->HasFocus(IT.TxtDescription));
 }
@@ -638,15 +637,15 @@ TYPED_TEST(StockFormTest, AnUnknownProductEmptiesCodeNameAndPriceAndMarksTheDocu
     this->EnterHeader();
     this->Ctrl(Qt::Key_W);
     ASSERT_FALSE(IT.IsDirty());
-    IT.ResetFocus(IT.TxtProductID);
+    IT.ResetFocus(IT.Product.Code);
     IT.TxtPrice.SetText(s("55"));
     this->dialogs.Expect([&](Form& dialog) {
-        EXPECT_TRUE(IT.TxtProductID.Text().isEmpty());
+        EXPECT_TRUE(IT.Product.Code.Text().isEmpty());
         EXPECT_TRUE(IT.TxtPrice.Text().isEmpty());
         Press(dialog, Qt::Key_Escape);
     });
     this->Enter(s("9999"));
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
     EXPECT_TRUE(IT.IsDirty());
 }
 
@@ -675,8 +674,8 @@ TYPED_TEST(StockFormTest, AfterASaveTheFocusStays)
 {
     this->Open();
     this->Store();
-    EXPECT_TRUE(this->HasFocus(IT.TxtProductID));
-    EXPECT_TRUE(IT.TxtBranchID.Text().isEmpty());
+    EXPECT_TRUE(this->HasFocus(IT.Product.Code));
+    EXPECT_TRUE(IT.Branch.Code.Text().isEmpty());
 }
 
 TYPED_TEST(StockFormTest, ServerModeTakesTheWritingButtons)
