@@ -3,8 +3,10 @@
 #include "data/Failure.h"
 #include "data/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace TradeForms {
 
@@ -23,16 +25,29 @@ template <class T> bool fits(std::int64_t number)
     return number >= std::numeric_limits<T>::min() && number <= std::numeric_limits<T>::max();
 }
 
-/// Number of a run of digits, or -1 where something else stands among them.
-int digits(std::string_view text)
+bool areDigits(std::string_view text)
 {
+    return std::all_of(
+        text.begin(), text.end(), [](char letter) { return letter >= '0' && letter <= '9'; });
+}
+
+/// The number that up to nine digits are; nothing where one of them is no digit.
+std::optional<int> readDigits(std::string_view text)
+{
+    if (!areDigits(text))
+        return std::nullopt;
     int number = 0;
-    for (const char letter : text) {
-        if (letter < '0' || letter > '9')
-            return -1;
-        number = number * 10 + (letter - '0');
-    }
+    for (const char digit : text)
+        number = number * 10 + (digit - '0');
     return number;
+}
+
+QDate dateOf(std::string_view year, std::string_view month, std::string_view day)
+{
+    const std::optional<int> y = readDigits(year);
+    const auto m = readDigits(month);
+    const auto d = readDigits(day);
+    return y && m && d ? QDate(*y, *m, *d) : QDate();
 }
 
 /// The date at the beginning of the text, and how many letters it takes.
@@ -40,31 +55,31 @@ QDate readDate(std::string_view text, std::size_t& length)
 {
     length = 10;
     if (text.size() >= 10 && text[4] == '-' && text[7] == '-')
-        return QDate(digits(text.substr(0, 4)), digits(text.substr(5, 2)),
-                     digits(text.substr(8, 2)));
+        return dateOf(text.substr(0, 4), text.substr(5, 2), text.substr(8, 2));
     if (text.size() >= 10 && text[2] == '/' && text[5] == '/')
-        return QDate(digits(text.substr(6, 4)), digits(text.substr(0, 2)),
-                     digits(text.substr(3, 2)));
+        return dateOf(text.substr(6, 4), text.substr(0, 2), text.substr(3, 2));
     length = 8;
     if (text.size() >= 8)
-        return QDate(digits(text.substr(0, 4)), digits(text.substr(4, 2)),
-                     digits(text.substr(6, 2)));
+        return dateOf(text.substr(0, 4), text.substr(4, 2), text.substr(6, 2));
     return QDate();
 }
 
-/// The time HH:MM[:SS[.fraction]] that the whole text is.
+/// The time HH:MM[:SS[.fraction]] that the whole text is. The fraction may have any length and is
+/// dropped, since moments are kept in whole seconds.
 QTime readTime(std::string_view text)
 {
     if (text.size() < 5 || text[2] != ':')
         return QTime();
-    int seconds = 0;
+    std::optional<int> seconds = 0;
     if (text.size() > 5) {
         if (text.size() < 8 || text[5] != ':' ||
-            (text.size() > 8 && (text[8] != '.' || digits(text.substr(9)) < 0)))
+            (text.size() > 8 && (text[8] != '.' || !areDigits(text.substr(9)))))
             return QTime();
-        seconds = digits(text.substr(6, 2));
+        seconds = readDigits(text.substr(6, 2));
     }
-    return QTime(digits(text.substr(0, 2)), digits(text.substr(3, 2)), seconds);
+    const auto hours = readDigits(text.substr(0, 2));
+    const auto minutes = readDigits(text.substr(3, 2));
+    return hours && minutes && seconds ? QTime(*hours, *minutes, *seconds) : QTime();
 }
 
 QString textOf(const Cell& cell)

@@ -113,6 +113,14 @@ TEST_F(Company, ProductNamesTheLinesInTheirOrder)
               QStringLiteral("موٹر سائیکل 70 سی سی"));
 }
 
+TEST_F(Company, ProductWithTheSignsOfADateIsItsName)
+{
+    company_.Run("insert into Products (ProductID, ProductName) values ('300', 'PKGS-01-31');"
+                 "insert into InsCustomerBody (InsCustomerID, ProductID, Qty) values "
+                 "('Kot 1', '300', 1)");
+    EXPECT_EQ(value("select dbo.FunGetProduct('Kot 1')"), QVariant(QStringLiteral("PKGS-01-31")));
+}
+
 TEST_F(Company, CustomerIsTheLastOneWithTheUnit)
 {
     company_.Run("insert into InsCustomerBody (InsCustomerID, EngineNo, ChasisNo) values "

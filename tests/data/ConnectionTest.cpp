@@ -305,6 +305,18 @@ TEST_P(Execute, RefusesACharacterThatWouldEndTheStatement)
     EXPECT_EQ(company_.Scalar("select count(*) from Sectors"), QVariant(3));
 }
 
+TEST_P(Execute, GivesAComputedCodeWithTheSignsOfADateAsText)
+{
+    company_.Run("insert into ConvertArea (FromInsCustomerID, ToInsCustomerID) values "
+                 "('Area-12-05 7', '12/05/Area 8')");
+    const Recordset rows = connection_->Execute(
+        "select left(FromInsCustomerID, PATINDEX('% %', FromInsCustomerID) - 1) as PrevAreaCode, "
+        "left(ToInsCustomerID, PATINDEX('% %', ToInsCustomerID) - 1) as NewAreaCode "
+        "from ConvertArea");
+    EXPECT_EQ(rows.Value("PrevAreaCode"), QVariant(QStringLiteral("Area-12-05")));
+    EXPECT_EQ(rows.Value("NewAreaCode"), QVariant(QStringLiteral("12/05/Area")));
+}
+
 TEST_P(Execute, FindsNamesInAnyCase)
 {
     for (const char* statement :

@@ -37,6 +37,11 @@ TEST(Corpus, OfCriteria)
     tryAll("criterion", fuzz::Criterion);
 }
 
+TEST(Corpus, OfDates)
+{
+    tryAll("date", fuzz::Date);
+}
+
 TEST(Corpus, OfStatements)
 {
     tryAll("statement", fuzz::Statement);

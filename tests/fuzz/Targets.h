@@ -22,6 +22,10 @@ void Adapter(const std::uint8_t* data, std::size_t size);
 /// same however its words are spelt.
 void Criterion(const std::uint8_t* data, std::size_t size);
 
+/// Any text is a date or none. A date that is written and read back is the same; one of its digits
+/// replaced by anything else makes it none. A computed value is a date in its stored form alone.
+void Date(const std::uint8_t* data, std::size_t size);
+
 /// A value that is typed into a statement fails it or stands as the one literal or number that it
 /// was meant to be: all other tokens are the template's.
 void Statement(const std::uint8_t* data, std::size_t size);
