@@ -241,6 +241,22 @@ TEST_F(OdbcConnection, TakesALineUnderInATablesNameForNoOtherLetter)
     EXPECT_FALSE(table.Find(QStringLiteral("Other")));
 }
 
+TEST_F(OdbcConnection, KeepsATablesColumnsInTheirPlaceWhileAWriterLives)
+{
+    auto& engine = static_cast<OdbcEngine&>(connection_->engine());
+    const auto rows = engine.Run(QStringLiteral("select * from Sectors where SectorID = 2"),
+                                 Engine::Purpose::Write);
+    const std::unique_ptr<RowWriter> writer = engine.WriterFor(rows->SharedMetadata());
+    const ServerTable& before = engine.Table(QStringLiteral("Sectors"));
+    const QStringList names = engine.TableNames();
+    ASSERT_GT(names.size(), 30);
+    for (const QString& name : names)
+        engine.Table(name);
+    EXPECT_EQ(&engine.Table(QStringLiteral("Sectors")), &before);
+    EXPECT_EQ(writer->Delete(rows->Row(0)), 1);
+    EXPECT_EQ(company_.Scalar("select group_concat(SectorID) from Sectors"), QStringLiteral("1,3"));
+}
+
 TEST_F(OdbcConnection, WritesRowsByAUniqueIndexWhereThereIsNoKey)
 {
     company_.Run("create table Tills (No INTEGER NOT NULL, Name TEXT COLLATE CI);"

@@ -229,9 +229,8 @@ const OdbcStatement& OdbcEngine::Prepared(const QString& text)
 const ServerTable& OdbcEngine::Table(const QString& name)
 {
     const QString known = name.toLower();
-    const auto found = tables_.constFind(known);
-    if (found != tables_.constEnd())
-        return *found;
+    if (const auto found = tables_.find(known); found != tables_.end())
+        return found->second;
     ServerTable table;
     readColumns(name, table);
     if (table.Columns.empty())
@@ -240,7 +239,7 @@ const ServerTable& OdbcEngine::Table(const QString& name)
     readPrimaryKey(name, table);
     if (table.Keys.isEmpty())
         readUniqueIndex(name, table);
-    return *tables_.insert(known, std::move(table));
+    return tables_.emplace(known, std::move(table)).first->second;
 }
 
 namespace {

@@ -6,7 +6,8 @@
 #include "data/odbc/Server.h"
 
 #include <QCache>
-#include <QHash>
+
+#include <map>
 
 namespace TradeForms {
 
@@ -33,7 +34,9 @@ public:
     /// A statement with question marks for its values, prepared once and kept for the next time.
     /// It lives until the next call.
     const OdbcStatement& Prepared(const QString& text);
-    /// What the server says of a table; asked once.
+    /// The columns and keys of a table, read from the server's catalogue at the first call. The
+    /// reference stays valid as long as the engine. Raises ProviderFailure where there is no such
+    /// table.
     const ServerTable& Table(const QString& name);
 
     /// Does what may fail in the server's hands, and sees to it afterwards what became of the
@@ -74,7 +77,7 @@ private:
     std::unique_ptr<Server> server_;
     bool isOpen_ = false; // a transaction, as far as this side knows
     QCache<QString, OdbcStatement> prepared_;
-    QHash<QString, ServerTable> tables_;
+    std::map<QString, ServerTable> tables_; // by name in lower case; nodes never move
 };
 
 } // namespace TradeForms
