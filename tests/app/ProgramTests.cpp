@@ -20,11 +20,11 @@ struct Ended {
     std::string Error;
 };
 
-/// Runs the program on the off-screen platform, with a text on its standard input.
-Ended run(const QStringList& arguments, const QByteArray& input = {})
+/// Runs a program on the off-screen platform, with a text on its standard input.
+Ended runProgram(const char* path, const QStringList& arguments, const QByteArray& input)
 {
     QProcess program;
-    program.start(QStringLiteral(HOST_PROGRAM), arguments);
+    program.start(QString::fromUtf8(path), arguments);
     program.write(input);
     program.closeWriteChannel();
     if (!program.waitForFinished(patience) || program.exitStatus() != QProcess::NormalExit) {
@@ -34,6 +34,17 @@ Ended run(const QStringList& arguments, const QByteArray& input = {})
     }
     return {program.exitCode(), program.readAllStandardOutput().toStdString(),
             program.readAllStandardError().toStdString()};
+}
+
+Ended run(const QStringList& arguments, const QByteArray& input = {})
+{
+    return runProgram(HOST_PROGRAM, arguments, input);
+}
+
+/// The program whose server is a company file behind SQLite's ODBC driver.
+Ended runOnSqlite(const QStringList& arguments, const QByteArray& input = {})
+{
+    return runProgram(HOST_ON_SQLITE, arguments, input);
 }
 
 QStringList database(const QString& file)
@@ -124,15 +135,15 @@ TEST_F(Program, ReachesACompanyThroughADriverAsWellAsAsAFile)
     const QString driver =
         QStringLiteral("Driver=SQLite3;Database=%1;LoadExt=" COMPANY_EXTENSION).arg(File);
     // The wrong password is told by the same login as that of a file.
-    const Ended wrong =
-        run(database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "wrong\n");
+    const Ended wrong = runOnSqlite(
+        database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "wrong\n");
     EXPECT_EQ(wrong.Code, 1);
     EXPECT_THAT(wrong.Error, HasSubstr("Wrong user name or password"));
 
     // The right one leads on to what the library says of the user.
     Connection->Execute("update Users set UserNo = 256 where UserName = 'clerk'");
-    const Ended in =
-        run(database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "sample\n");
+    const Ended in = runOnSqlite(
+        database(driver) << QStringLiteral("--user") << QStringLiteral("clerk"), "sample\n");
     EXPECT_EQ(in.Code, 1);
     EXPECT_THAT(in.Error, AllOf(HasSubstr("clerk"), HasSubstr("256"), HasSubstr("255")));
 }
@@ -148,7 +159,8 @@ TEST_F(Program, AServerThatIsNotThereIsToldInTheDriversWords)
 TEST_F(Program, ADatabaseWithoutACompanyIsToldWithTheWayOut)
 {
     const QString other = Folder.filePath(QStringLiteral("other.db"));
-    const Ended ended = run(database(QStringLiteral("Driver=SQLite3;Database=%1").arg(other)));
+    const Ended ended =
+        runOnSqlite(database(QStringLiteral("Driver=SQLite3;Database=%1").arg(other)));
     EXPECT_EQ(ended.Code, 1);
     EXPECT_THAT(ended.Error, AllOf(HasSubstr("holds no company"), HasSubstr("schema script")));
 }

@@ -51,6 +51,7 @@ OdbcEngine::OdbcEngine(const QString& connectionString)
     : link_(connectionString), server_(Server::Named(link_.Info(SQL_DBMS_NAME))),
       prepared_(keptStatements)
 {
+    link_.SetLockErrors([this](int number) { return server_->IsLockError(number); });
     run(server_->Settings());
 }
 

@@ -14,13 +14,6 @@ namespace {
 
 constexpr int longestMessage = 4096;
 
-/// What was reported of one call.
-struct Report {
-    QString State; ///< of the first record, five characters
-    int Number = 0;
-    QString Text;
-};
-
 /// Drivers put their own names in front, each in brackets.
 QString withoutDriverNames(QString text)
 {
@@ -29,7 +22,9 @@ QString withoutDriverNames(QString text)
     return text.trimmed();
 }
 
-Report readReport(SQLSMALLINT type, SQLHANDLE handle)
+} // namespace
+
+OdbcLink::Report OdbcLink::readReport(SQLSMALLINT type, SQLHANDLE handle)
 {
     Report report;
     QStringList texts;
@@ -56,15 +51,12 @@ Report readReport(SQLSMALLINT type, SQLHANDLE handle)
     return report;
 }
 
-QString textFor(const Report& report)
+QString OdbcLink::textFor(const Report& report) const
 {
-    constexpr int sqliteBusy = 5;
-    const bool isInUse = IsLockNumber(report.Number) || report.Number == sqliteBusy ||
-                         report.State == QLatin1String("40001");
+    const bool isInUse =
+        report.State == QLatin1String("40001") || (isLockError_ && isLockError_(report.Number));
     return isInUse ? InUseText(report.Text) : report.Text;
 }
-
-} // namespace
 
 OdbcLink::OdbcLink(const QString& connectionString) : environment_(SQL_NULL_HANDLE)
 {

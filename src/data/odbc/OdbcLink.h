@@ -2,6 +2,8 @@
 
 #include "data/odbc/Odbc.h"
 
+#include <functional>
+
 namespace TradeForms {
 
 /// One session with a database server: it connects, tells failures in the server's words, and
@@ -34,18 +36,35 @@ public:
     /// What the driver tells of the database and of itself, such as SQL_DBMS_NAME.
     QString Info(SQLUSMALLINT what);
 
+    /// Sets which error numbers mean that another session holds a lock: their failures tell the
+    /// user what to do. At first there are none.
+    void SetLockErrors(std::function<bool(int number)> isLockError)
+    {
+        isLockError_ = std::move(isLockError);
+    }
+
     /// Whether the connection broke off. Nothing can be done with it any more.
     bool IsLost() const { return isLost_; }
     /// Takes the connection for lost: it is in a state in which it must not be used.
     void GiveUp() { isLost_ = true; }
 
 private:
+    /// What was reported of one call.
+    struct Report {
+        QString State; ///< SQLSTATE of the first record, five characters
+        int Number = 0;
+        QString Text;
+    };
+
+    static Report readReport(SQLSMALLINT type, SQLHANDLE handle);
     bool check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle);
     [[noreturn]] void raise(SQLSMALLINT type, SQLHANDLE handle);
+    QString textFor(const Report& report) const;
     bool isDead();
 
     OdbcEnvironment environment_;
     OdbcSession session_;
+    std::function<bool(int)> isLockError_;
     bool isLost_ = false;
 };
 

@@ -1,9 +1,9 @@
 #include "data/odbc/Server.h"
 
 #include "data/odbc/SqlServer.h"
-#include "data/odbc/SqliteServer.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace TradeForms {
 
@@ -12,6 +12,14 @@ namespace {
 bool isSameName(const QString& first, const QString& second)
 {
     return first.compare(second, Qt::CaseInsensitive) == 0;
+}
+
+using Factories = std::vector<std::pair<QString, Server::Factory>>;
+
+Factories& factories()
+{
+    static Factories registered;
+    return registered;
 }
 
 } // namespace
@@ -37,10 +45,16 @@ bool Server::IsOwnTable(const QString& table) const
            isSameName(table, QStringLiteral("StockLevels"));
 }
 
+void Server::Register(const QString& system, Factory factory)
+{
+    factories().emplace_back(system, factory);
+}
+
 std::unique_ptr<Server> Server::Named(const QString& system)
 {
-    if (system.contains(QLatin1String("sqlite"), Qt::CaseInsensitive))
-        return std::make_unique<SqliteServer>();
+    for (const auto& [name, factory] : factories())
+        if (system.contains(name, Qt::CaseInsensitive))
+            return factory();
     return std::make_unique<SqlServer>();
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/Statement.h"
 #include "data/Tokens.h"
+#include "data/server/ServerFailure.h"
 #include "data/server/TransactSql.h"
 
 #include <QString>
@@ -39,7 +40,12 @@ class Server {
 public:
     virtual ~Server();
 
-    /// The words for a system by the name that its driver tells.
+    /// Makes the object for one database system.
+    using Factory = std::unique_ptr<Server> (*)();
+    /// Chooses a factory for every system whose name contains this one, in any case. Any other
+    /// system is taken for SQL Server.
+    static void Register(const QString& system, Factory factory);
+    /// The object for a system, by the name that its driver reports.
     static std::unique_ptr<Server> Named(const QString& system);
 
     const TradeForms::Dialect& Dialect() const { return dialect_; }
@@ -60,6 +66,8 @@ public:
     /// Whether the transaction that was begun is open still, asked after a failure: a server
     /// may have undone it by itself.
     virtual bool IsTransactionOpen(OdbcLink& link) const = 0;
+    /// Whether an error of this number means that another session holds a lock.
+    virtual bool IsLockError(int number) const { return IsLockNumber(number); }
 
     /// Statements before and after a transaction that reads as at one moment.
     virtual QStringList BeforeReading() const { return {}; }

@@ -1,11 +1,19 @@
-#include "data/odbc/SqliteServer.h"
+#include "support/SqliteServer.h"
 
 #include "data/Failure.h"
 #include "data/odbc/OdbcLink.h"
 
-namespace TradeForms {
+using namespace TradeForms;
+
+namespace tests {
 
 namespace {
+
+const bool isRegistered = [] {
+    Server::Register(QStringLiteral("sqlite"),
+                     []() -> std::unique_ptr<Server> { return std::make_unique<SqliteServer>(); });
+    return true;
+}();
 
 QString oneRow(const QString& table, const QString& where)
 {
@@ -66,6 +74,12 @@ bool SqliteServer::IsTransactionOpen(OdbcLink& link) const
     }
 }
 
+bool SqliteServer::IsLockError(int number) const
+{
+    constexpr int busy = 5;
+    return number == busy || Server::IsLockError(number);
+}
+
 /// Here nothing can follow a statement but what a semicolon parts from it.
 void SqliteServer::RequireOneStatement(const std::vector<Token>&) const {}
 
@@ -112,4 +126,4 @@ Server::Insertion SqliteServer::InsertStatement(const QString& table, const QStr
     return insertion;
 }
 
-} // namespace TradeForms
+} // namespace tests

@@ -2,10 +2,11 @@
 
 #include "data/odbc/Server.h"
 
-namespace TradeForms {
+namespace tests {
 
-/// A company file behind SQLite's ODBC driver: for trying things out where there is no server.
-class SqliteServer : public Server {
+/// A company file behind SQLite's ODBC driver: the database server of tests. A program that this
+/// is linked into takes every database for one whose driver calls it "sqlite".
+class SqliteServer : public TradeForms::Server {
 public:
     SqliteServer();
 
@@ -16,11 +17,12 @@ public:
     QString SetMark() const override;
     QStringList ReleaseMark() const override;
     QStringList RollbackToMark() const override;
-    bool IsTransactionOpen(OdbcLink& link) const override;
+    bool IsTransactionOpen(TradeForms::OdbcLink& link) const override;
+    bool IsLockError(int number) const override;
     bool TypesExpressions() const override { return false; }
-    void RequireOneStatement(const std::vector<Token>& tokens) const override;
-    Condition Equals(const ServerColumn& column) const override;
-    Condition IsExactly(const ServerColumn& column) const override;
+    void RequireOneStatement(const std::vector<TradeForms::Token>& tokens) const override;
+    Condition Equals(const TradeForms::ServerColumn& column) const override;
+    Condition IsExactly(const TradeForms::ServerColumn& column) const override;
     QString UpdateStatement(const QString& table, const QString& settings, const QString& where,
                             bool isOfOneRow) const override;
     QString DeleteStatement(const QString& table, const QString& where,
@@ -29,4 +31,4 @@ public:
                               const QStringList& given) const override;
 };
 
-} // namespace TradeForms
+} // namespace tests
