@@ -51,9 +51,21 @@ TEST(Rooms, TheRuleFires)
     EXPECT_TRUE(broken("app/MainWindow.cpp", "#include \"data/Connection.h\"\n"));
     EXPECT_TRUE(broken("tools/backup/main.cpp", "#include \"data/Backup.h\"\n"));
     EXPECT_TRUE(broken("src/data/Numbers.cpp", "#include <QWidget>\n"));
+    EXPECT_TRUE(broken("src/data/ado/AdoEngine.cpp", "#include \"data/sqlite/Handle.h\"\n"));
+    EXPECT_TRUE(broken("src/data/ado/HostLink.h", "#include \"data/odbc/Server.h\"\n"));
+    EXPECT_TRUE(broken("src/data/odbc/Server.cpp", "#include \"data/ado/Variant.h\"\n"));
+    EXPECT_TRUE(broken("src/data/odbc/Server.cpp", "#include \"data/sqlite/Adapter.h\"\n"));
+    EXPECT_TRUE(broken("src/data/sqlite/Backup.cpp", "#include \"data/odbc/OdbcLink.h\"\n"));
+    EXPECT_TRUE(broken("src/data/sqlite/Adapter.cpp", "#include \"data/server/TransactSql.h\"\n"));
+    EXPECT_TRUE(broken("src/data/server/TransactSql.h", "#include \"data/odbc/Server.h\"\n"));
     EXPECT_TRUE(broken("src/host/com/Workplace.cpp", "#include \"stock/FrmGatePass.h\"\n"));
     EXPECT_TRUE(broken("src/host/Forms.cpp", "#include \"host/com/Module.h\"\n"));
 
+    EXPECT_FALSE(broken("src/data/Connection.cpp", "#include \"data/odbc/OdbcEngine.h\"\n"));
+    EXPECT_FALSE(broken("src/data/ado/HostLink.cpp", "#include \"data/server/TransactSql.h\"\n"));
+    EXPECT_FALSE(broken("src/data/odbc/Server.h", "#include \"data/server/TransactSql.h\"\n"));
+    EXPECT_FALSE(
+        broken("src/data/sqlite/CompanyTables.cpp", "#include \"data/CompanyTables.h\"\n"));
     EXPECT_FALSE(broken("src/frame/VoucherForm.cpp", "#include \"data/Numbers.h\"\n"));
     EXPECT_FALSE(broken("src/host/Forms.cpp", "#include \"stock/FrmGatePass.h\"\n"));
     EXPECT_FALSE(broken("src/host/com/FormsObject.h", "#include \"host/Forms.h\"\n"));

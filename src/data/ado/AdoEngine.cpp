@@ -1,9 +1,9 @@
 #include "data/ado/AdoEngine.h"
 
+#include "data/CompanyTables.h"
 #include "data/ado/AdoRowWriter.h"
 #include "data/server/SimpleSource.h"
 #include "data/server/TransactSql.h"
-#include "data/sqlite/CompanyTables.h"
 
 namespace TradeForms {
 

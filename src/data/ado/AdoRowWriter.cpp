@@ -1,8 +1,8 @@
 #include "data/ado/AdoRowWriter.h"
 
+#include "data/CompanyTables.h"
 #include "data/ado/HostLiteral.h"
 #include "data/server/TransactSql.h"
-#include "data/sqlite/CompanyTables.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "data/sqlite/CompanyTables.h"
+#include "data/CompanyTables.h"
 
 #include "data/sqlite/SqliteEngine.h"
 
