@@ -1,6 +1,7 @@
 // The data room on a hundred thousand rows: recordsets, criteria, batches and the adapter.
 
 #include "Measure.h"
+#include "data/EngineAccess.h"
 
 #include "controls/Utf8.h"
 #include "data/Connection.h"
@@ -253,7 +254,7 @@ void prepareAdapted(State& state)
         if (!adapted.Procedure)
             texts.push_back(adapted.Text);
     }
-    sqlite3* handle = static_cast<SqliteEngine&>(Desk::Get().Ours->engine()).Raw();
+    sqlite3* handle = static_cast<SqliteEngine&>(EngineAccess::Of(*Desk::Get().Ours)).Raw();
     std::size_t next = 0;
     for (auto _ : state) {
         sqlite3_stmt* prepared = nullptr;
@@ -268,7 +269,7 @@ void prepareAdapted(State& state)
 void adaptCached(State& state)
 {
     Bench::LimitTime(state, 1e-6);
-    auto& engine = static_cast<SqliteEngine&>(Desk::Get().Ours->engine());
+    auto& engine = static_cast<SqliteEngine&>(EngineAccess::Of(*Desk::Get().Ours));
     for (const QString& statement : tests::LibraryStatements(utf8(SOURCE_DIR)))
         engine.Adapted(statement);
     eachStatement(state, [&engine](const QString& statement) {

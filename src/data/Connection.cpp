@@ -1,6 +1,6 @@
 #include "data/Connection.h"
 
-#include "data/Engine.h"
+#include "data/EngineAccess.h"
 #include "data/RecordsetRows.h"
 #ifdef _WIN32
 #include "data/ado/AdoEngine.h"
@@ -12,19 +12,19 @@ namespace TradeForms {
 
 std::shared_ptr<Connection> Connection::Open(const QString& file, Mode mode)
 {
-    return std::make_shared<Connection>(mode == Mode::Create ? CreateCompanyFile(file)
-                                                             : OpenCompanyFile(file));
+    return EngineAccess::Connect(mode == Mode::Create ? CreateCompanyFile(file)
+                                                      : OpenCompanyFile(file));
 }
 
 std::shared_ptr<Connection> Connection::OpenServer(const QString& connectionString)
 {
-    return std::make_shared<Connection>(OpenCompanyServer(connectionString));
+    return EngineAccess::Connect(OpenCompanyServer(connectionString));
 }
 
 #ifdef _WIN32
 std::shared_ptr<Connection> Connection::OpenHost(IDispatch* connection)
 {
-    return std::make_shared<Connection>(std::make_unique<AdoEngine>(Dispatch(connection)));
+    return EngineAccess::Connect(std::make_unique<AdoEngine>(Dispatch(connection)));
 }
 #endif
 
@@ -34,12 +34,14 @@ Connection::~Connection() = default;
 
 Recordset Connection::Execute(const Statement& statement)
 {
-    return Run([&] {
-        auto snapshot = engine_->Run(engine_->TextOf(statement));
-        return snapshot ? Recordset(std::make_unique<Recordset::Rows>(
-                              std::move(snapshot), LockType::ReadOnly, nullptr, QString()))
-                        : Recordset();
-    });
+    return EngineAccess::Run(
+        *this,
+        [&] {
+            auto snapshot = engine_->Run(engine_->TextOf(statement));
+            return snapshot ? Recordset(std::make_unique<Recordset::Rows>(
+                                  std::move(snapshot), LockType::ReadOnly, nullptr, QString()))
+                            : Recordset();
+        });
 }
 
 Recordset Connection::Execute(const char* statement)
@@ -49,17 +51,20 @@ Recordset Connection::Execute(const char* statement)
 
 void Connection::BeginTrans()
 {
-    Run([&] { engine_->BeginTrans(); });
+    EngineAccess::Run(
+        *this, [&] { engine_->BeginTrans(); });
 }
 
 void Connection::CommitTrans()
 {
-    Run([&] { engine_->CommitTrans(); });
+    EngineAccess::Run(
+        *this, [&] { engine_->CommitTrans(); });
 }
 
 void Connection::RollbackTrans()
 {
-    Run([&] { engine_->RollbackTrans(); });
+    EngineAccess::Run(
+        *this, [&] { engine_->RollbackTrans(); });
 }
 
 bool Connection::InTransaction() const
@@ -69,12 +74,14 @@ bool Connection::InTransaction() const
 
 void Connection::BeginLoad()
 {
-    Run([&] { engine_->BeginLoad(); });
+    EngineAccess::Run(
+        *this, [&] { engine_->BeginLoad(); });
 }
 
 void Connection::EndLoad(const std::function<void(int, int)>& progress)
 {
-    Run([&] { engine_->EndLoad(progress); });
+    EngineAccess::Run(
+        *this, [&] { engine_->EndLoad(progress); });
 }
 
 const TradeForms::Dialect& Connection::Dialect() const
@@ -82,7 +89,7 @@ const TradeForms::Dialect& Connection::Dialect() const
     return engine_->Dialect();
 }
 
-void Connection::Report(const ProviderFailure& failure)
+void Connection::report(const ProviderFailure& failure)
 {
     errors_.errors_.append({failure.Number(), failure.Description()});
     engine_->Settle();

@@ -34,6 +34,7 @@ public:
 
 private:
     friend class Connection;
+    friend class EngineAccess;
     QList<ProviderError> errors_;
 };
 
@@ -70,7 +71,6 @@ public:
     static std::shared_ptr<Connection> OpenHost(IDispatch* connection);
 #endif
 
-    explicit Connection(std::unique_ptr<Engine> engine);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -104,27 +104,10 @@ public:
     /// How this database wants values written.
     const TradeForms::Dialect& Dialect() const;
 
-    /// The engine below, for the data room and its measurements.
-    Engine& engine()
-    {
-        return *engine_;
-    }
-
-    /// Runs an operation of the engine under the rule of Errors(): emptied before, filled by a
-    /// ProviderFailure that comes out of it.
-    template <class Operation> auto Run(Operation operation) -> decltype(operation())
-    {
-        errors_.errors_.clear();
-        try {
-            return operation();
-        } catch (const ProviderFailure& failure) {
-            Report(failure);
-            throw;
-        }
-    }
-
 private:
-    void Report(const ProviderFailure& failure);
+    friend class EngineAccess;
+    explicit Connection(std::unique_ptr<Engine> engine);
+    void report(const ProviderFailure& failure);
 
     std::unique_ptr<Engine> engine_;
     ErrorList errors_;

@@ -1,7 +1,6 @@
 #include "data/Reading.h"
 
-#include "data/Connection.h"
-#include "data/Engine.h"
+#include "data/EngineAccess.h"
 #include "data/RecordsetRows.h"
 
 #include <utility>
@@ -11,24 +10,27 @@ namespace TradeForms {
 Reading::Reading(const Statement& source, std::shared_ptr<Connection> connection)
     : connection_(std::move(connection))
 {
-    connection_->Run([&] {
-        Engine& engine = connection_->engine();
-        text_ = engine.TextOf(source);
-        cursor_ = engine.OpenCursor(text_);
-    });
+    EngineAccess::Run(
+        *connection_,
+        [&] {
+            Engine& engine = EngineAccess::Of(*connection_);
+            text_ = engine.TextOf(source);
+            cursor_ = engine.OpenCursor(text_);
+        });
 }
 
 Reading::~Reading() = default;
 
 bool Reading::ReadOn(int rows)
 {
-    return connection_->Run([&] { return readOn(rows); });
+    return EngineAccess::Run(
+        *connection_, [&] { return readOn(rows); });
 }
 
 bool Reading::readOn(int rows)
 {
     if (!cursor_) {
-        whole_ = connection_->engine().Run(text_);
+        whole_ = EngineAccess::Of(*connection_).Run(text_);
         return true;
     }
     for (; rows > 0; --rows) {

@@ -1,6 +1,6 @@
 #include "data/Recordset.h"
 
-#include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 #include "data/RecordsetRows.h"
 
@@ -50,8 +50,8 @@ void Recordset::Open(const Statement& source, const std::shared_ptr<Connection>&
         throw Failure(QStringLiteral("The recordset is open already."));
     if (!connection)
         throw Failure(QStringLiteral("The recordset has no connection."));
-    connection->Run([&] {
-        Engine& engine = connection->engine();
+    EngineAccess::Run(*connection, [&] {
+        Engine& engine = EngineAccess::Of(*connection);
         const QString text = engine.TextOf(source);
         const auto purpose =
             lock == LockType::ReadOnly ? Engine::Purpose::Read : Engine::Purpose::Write;

@@ -1,6 +1,6 @@
 #include "data/RecordsetRows.h"
 
-#include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 
 #include <algorithm>
@@ -31,10 +31,10 @@ void Recordset::Rows::Requery()
 {
     if (!connection_)
         throw Failure(QStringLiteral("The rows were not read by a recordset of its own."));
-    Engine& engine = connection_->engine();
+    Engine& engine = EngineAccess::Of(*connection_);
     const auto purpose =
         lock_ == LockType::ReadOnly ? Engine::Purpose::Read : Engine::Purpose::Write;
-    snapshot_ = connection_->Run([&] { return engine.Run(source_, purpose); });
+    snapshot_ = EngineAccess::Run(*connection_, [&] { return engine.Run(source_, purpose); });
     self_ = std::make_shared<Rows*>(this);
     edits_.clear();
     pending_.reset();
@@ -335,9 +335,9 @@ void Recordset::Rows::Delete()
 
 std::vector<std::string> Recordset::Rows::write(const std::vector<RowChange>& changes)
 {
-    Engine& engine = connection_->engine();
+    Engine& engine = EngineAccess::Of(*connection_);
     std::vector<std::string> stored;
-    connection_->Run([&] {
+    EngineAccess::Run(*connection_, [&] {
         engine.Atomically(
             [&] { stored = engine.WriterFor(snapshot_->SharedMetadata())->Write(changes); });
     });
@@ -400,8 +400,8 @@ void Recordset::Rows::UpdateBatch()
     }
 
     // The marks come back if the transaction comes to nothing, so that the user can try again.
-    connection_->engine().OnRollback(
-        [self = std::weak_ptr<Rows*>(self_), before = std::move(before)] {
+    EngineAccess::Of(*connection_)
+        .OnRollback([self = std::weak_ptr<Rows*>(self_), before = std::move(before)] {
             if (const auto those = self.lock())
                 (*those)->restore(before);
         });

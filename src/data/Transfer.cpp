@@ -1,7 +1,6 @@
 #include "data/Transfer.h"
 
-#include "data/Connection.h"
-#include "data/Engine.h"
+#include "data/EngineAccess.h"
 #include "data/TableChecksum.h"
 #include "data/sqlite/CompanyFile.h"
 #include "data/sqlite/PartFile.h"
@@ -342,9 +341,9 @@ bool isSamePlace(const QString& first, const QString& second)
 /// The target's new file, with the tables of the source where that is a file as well.
 std::shared_ptr<Connection> createFor(Connection& from, const QString& file)
 {
-    auto* const model = dynamic_cast<SqliteEngine*>(&from.engine());
-    return std::make_shared<Connection>(model ? CreateCompanyFileLike(*model, file)
-                                              : CreateCompanyFile(file));
+    auto* const model = dynamic_cast<SqliteEngine*>(&EngineAccess::Of(from));
+    return EngineAccess::Connect(model ? CreateCompanyFileLike(*model, file)
+                                       : CreateCompanyFile(file));
 }
 
 TransferReport transfer(Connection& from, Connection& to, const TransferOptions& options,
@@ -352,7 +351,7 @@ TransferReport transfer(Connection& from, Connection& to, const TransferOptions&
 {
     if (options.Prepare && !options.VerifyOnly)
         options.Prepare(to);
-    return Transfer(from.engine(), to.engine(), options).Run(target);
+    return Transfer(EngineAccess::Of(from), EngineAccess::Of(to), options).Run(target);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 #include "data/Backup.h"
-#include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "data/sqlite/CompanyFile.h"
@@ -438,8 +438,9 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
     int areas = -1;
     const auto comeIn = [&] {
         told = failureOf([&] {
-            Connection connection(OpenCompanyFile(place("company.db"), std::chrono::minutes(4)));
-            areas = connection.Execute("select * from Areas").RecordCount();
+            const auto connection = EngineAccess::Connect(
+                OpenCompanyFile(place("company.db"), std::chrono::minutes(4)));
+            areas = connection->Execute("select * from Areas").RecordCount();
         });
         isWaitingOrIn = true;
     };

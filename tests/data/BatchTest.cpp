@@ -1,4 +1,5 @@
 #include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "data/sqlite/SqliteEngine.h"
@@ -381,7 +382,7 @@ TEST_P(Batch, SurvivesAFullDiskInMidSave)
 
 TEST_P(EmbeddedBatch, ComesBackWhenTheCommitFails)
 {
-    sqlite3* handle = static_cast<SqliteEngine&>(connection_->engine()).Raw();
+    sqlite3* handle = static_cast<SqliteEngine&>(EngineAccess::Of(*connection_)).Raw();
     add("233", 4);
     connection_->BeginTrans();
     rows_.UpdateBatch();
@@ -498,7 +499,7 @@ TEST_P(Batch, LetsARowTakeTheKeyThatAnotherGivesUp)
 
 TEST_P(EmbeddedBatch, FindsItsRowsByAnIndex)
 {
-    SqliteEngine& engine = static_cast<SqliteEngine&>(connection_->engine());
+    SqliteEngine& engine = static_cast<SqliteEngine&>(EngineAccess::Of(*connection_));
     const auto searches = [&](const char* statement) {
         Recordset plan = connection_->Execute(
             Statement(QStringLiteral("EXPLAIN QUERY PLAN ") + QString::fromUtf8(statement)));

@@ -1,4 +1,5 @@
 #include "data/Connection.h"
+#include "data/EngineAccess.h"
 
 #include "data/Failure.h"
 #include "data/Recordset.h"
@@ -486,7 +487,7 @@ TEST(LockWait, LastsAsLongAsSaidInPausesThatGrow)
     const TestCompany company;
     const auto first = company.Connect();
     const auto second = company.Connect();
-    auto& engine = static_cast<SqliteEngine&>(second->engine());
+    auto& engine = static_cast<SqliteEngine&>(EngineAccess::Of(*second));
     const auto clock = std::make_shared<PauseClock>();
     engine.SetWaitClock(clock);
     engine.SetLockWait(700ms);
@@ -516,7 +517,7 @@ TEST(LockWait, OfAWorkstationIsFiveSeconds)
     const auto first = company.Connect();
     const auto second = company.Connect();
     const auto clock = std::make_shared<PauseClock>();
-    static_cast<SqliteEngine&>(second->engine()).SetWaitClock(clock);
+    static_cast<SqliteEngine&>(EngineAccess::Of(*second)).SetWaitClock(clock);
     first->BeginTrans();
     EXPECT_EQ(failureOf([&] { second->BeginTrans(); }), inUse);
     EXPECT_EQ(std::accumulate(clock->Pauses.begin(), clock->Pauses.end(), 0ms), 5s);

@@ -1,4 +1,5 @@
 #include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
 #include "data/odbc/OdbcEngine.h"
@@ -235,7 +236,7 @@ TEST_F(OdbcConnection, TakesALineUnderInATablesNameForNoOtherLetter)
     company_.Run("create table Till_1 (No INTEGER PRIMARY KEY, Name TEXT);"
                  "create table TillX1 (Other TEXT)");
     const ServerTable& table =
-        static_cast<OdbcEngine&>(connection_->engine()).Table(QStringLiteral("Till_1"));
+        static_cast<OdbcEngine&>(EngineAccess::Of(*connection_)).Table(QStringLiteral("Till_1"));
     ASSERT_EQ(table.Columns.size(), 2u);
     EXPECT_TRUE(table.Find(QStringLiteral("name")));
     EXPECT_FALSE(table.Find(QStringLiteral("Other")));
@@ -243,7 +244,7 @@ TEST_F(OdbcConnection, TakesALineUnderInATablesNameForNoOtherLetter)
 
 TEST_F(OdbcConnection, KeepsATablesColumnsInTheirPlaceWhileAWriterLives)
 {
-    auto& engine = static_cast<OdbcEngine&>(connection_->engine());
+    auto& engine = static_cast<OdbcEngine&>(EngineAccess::Of(*connection_));
     const auto rows = engine.Run(QStringLiteral("select * from Sectors where SectorID = 2"),
                                  Engine::Purpose::Write);
     const std::unique_ptr<RowWriter> writer = engine.WriterFor(rows->SharedMetadata());
@@ -262,7 +263,7 @@ TEST_F(OdbcConnection, WritesRowsByAUniqueIndexWhereThereIsNoKey)
     company_.Run("create table Tills (No INTEGER NOT NULL, Name TEXT COLLATE CI);"
                  "create unique index TillNo on Tills (No);"
                  "insert into Tills values (1, 'a'), (2, 'b')");
-    auto& engine = static_cast<OdbcEngine&>(connection_->engine());
+    auto& engine = static_cast<OdbcEngine&>(EngineAccess::Of(*connection_));
     EXPECT_EQ(engine.Table(QStringLiteral("Tills")).Keys, QStringList{QStringLiteral("No")});
     EXPECT_EQ(engine.Table(QStringLiteral("GatePassBody")).Keys, QStringList());
     EXPECT_EQ(engine.Table(QStringLiteral("Salaries")).Keys,

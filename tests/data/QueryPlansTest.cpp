@@ -1,4 +1,5 @@
 #include "data/QueryPlans.h"
+#include "data/EngineAccess.h"
 
 #include "data/Connection.h"
 #include "data/Recordset.h"
@@ -66,7 +67,10 @@ QStringList libraryStatements()
 
 class QueryPlans : public testing::Test {
 protected:
-    sqlite3* handle() const { return static_cast<SqliteEngine&>(connection_->engine()).Raw(); }
+    sqlite3* handle() const
+    {
+        return static_cast<SqliteEngine&>(EngineAccess::Of(*connection_)).Raw();
+    }
 
     QStringList scanned(const char* statement) const
     {
@@ -133,7 +137,7 @@ TEST_F(QueryPlans, StatisticsThatAToolHasLeftDoNoHarm)
                  " select VoucherID, VoucherDate, 'Kot ' || i, 500 from RecoveryHeader, n;"
                  "commit; analyze");
     const auto opened = company_.Connect();
-    sqlite3* handle = static_cast<SqliteEngine&>(opened->engine()).Raw();
+    sqlite3* handle = static_cast<SqliteEngine&>(EngineAccess::Of(*opened)).Raw();
     int examined = 0;
     for (const QString& statement : libraryStatements()) {
         if (!statement.contains(QStringLiteral("Order By RecoveryHeader.VoucherID")))

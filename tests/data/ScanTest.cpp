@@ -1,5 +1,5 @@
 #include "data/Connection.h"
-#include "data/Engine.h"
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 #include "support/Engines.h"
 
@@ -24,7 +24,7 @@ protected:
             each);
     }
 
-    Engine& engine_ = connection_->engine();
+    Engine& engine_ = EngineAccess::Of(*connection_);
     int beginnings_ = 0;
     std::shared_ptr<const ResultMetadata> columns_;
 };

@@ -1,3 +1,4 @@
+#include "data/EngineAccess.h"
 #include "data/QueryPlans.h"
 
 #include "data/Connection.h"
@@ -119,7 +120,7 @@ TEST_F(FirstVersion, FindsReceiptsByTheDatesOfTheirVouchers)
         "select h.VoucherID, Amount from RecoveryHeader h join RecoveryBody b"
         " on h.VoucherID = b.VoucherID join Areas a on h.AreaCode = a.AreaCode"
         " where h.VoucherDate between '2026-01-01' and '2026-01-31' order by h.VoucherID";
-    EXPECT_EQ(ScannedVoucherTables(static_cast<SqliteEngine&>(opened->engine()).Raw(),
+    EXPECT_EQ(ScannedVoucherTables(static_cast<SqliteEngine&>(EngineAccess::Of(*opened)).Raw(),
                                    AdaptStatement(receipts).Text),
               QStringList());
 }

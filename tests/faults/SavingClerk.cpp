@@ -8,6 +8,7 @@
 // taken by another, "box TEXT" for any other message box, which ends it, and "done".
 
 #include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/sqlite/CompanyFile.h"
 #include "faults/PlannedPass.h"
 #include "host/HostContext.h"
@@ -41,7 +42,7 @@ public:
     {
         // Others hold the lock only while they save, and on a slow machine that takes its time.
         HostContext::objCN =
-            std::make_shared<Connection>(OpenCompanyFile(company, std::chrono::minutes(4)));
+            EngineAccess::Connect(OpenCompanyFile(company, std::chrono::minutes(4)));
         HostContext::objSec = std::make_shared<tests::FakeUser>();
         HostContext::UserNo = 1;
         Modal::SetBoxPresenter(

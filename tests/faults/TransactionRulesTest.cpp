@@ -1,6 +1,7 @@
 // What a failure does to the transaction, with several windows on the one connection of a
 // workstation, and with another workstation beside it.
 
+#include "data/EngineAccess.h"
 #include "data/Failure.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "host/HostContext.h"
@@ -125,7 +126,7 @@ TEST_F(TransactionRules, ATransactionLeftOpenKeepsOtherWorkstationsFromWritingAl
 {
     failOfTheFormsOwn(It());
     const auto other = company.Connect();
-    static_cast<SqliteEngine&>(other->engine()).SetLockWait(50ms);
+    static_cast<SqliteEngine&>(EngineAccess::Of(*other)).SetLockWait(50ms);
     EXPECT_EQ(other->Execute("select * from Staff").RecordCount(), 7);
     try {
         other->BeginTrans();

@@ -2,6 +2,7 @@
 // their order, and the list is the one that belongs to the text that stands.
 
 #include "data/Connection.h"
+#include "data/EngineAccess.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "host/HostContext.h"
 #include "search/SearchWindow.h"
@@ -46,7 +47,7 @@ const SearchDeclaration SchSlow{
 /// Counts the statements that read the list, from when it is made.
 class Reads {
 public:
-    Reads() : raw_(static_cast<SqliteEngine&>(HostContext::objCN->engine()).Raw())
+    Reads() : raw_(static_cast<SqliteEngine&>(EngineAccess::Of(*HostContext::objCN)).Raw())
     {
         sqlite3_trace_v2(raw_, SQLITE_TRACE_STMT, tell, this);
     }

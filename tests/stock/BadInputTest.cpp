@@ -1,6 +1,7 @@
 // What a clerk types by mistake or pastes from elsewhere, and what a database may do in the midst
 // of a save: each gets a clear word, nothing is half written, and the work goes on.
 
+#include "data/EngineAccess.h"
 #include "data/sqlite/SqliteEngine.h"
 #include "search/Catalogue.h"
 #include "support/FaultyDisk.h"
@@ -245,7 +246,7 @@ protected:
     {
         switch (GetParam()) {
         case Trouble::Locked:
-            static_cast<SqliteEngine&>(connection->engine()).SetLockWait(50ms);
+            static_cast<SqliteEngine&>(EngineAccess::Of(*connection)).SetLockWait(50ms);
             other_ = company.Connect();
             other_->BeginTrans();
             break;

@@ -1,4 +1,5 @@
 #include "support/Engines.h"
+#include "data/EngineAccess.h"
 
 #include "data/sqlite/CompanyFile.h"
 #ifdef _WIN32
@@ -20,7 +21,7 @@ std::shared_ptr<Connection> ConnectThrough(EngineKind engine, const TestCompany&
 {
     auto file = OpenCompanyFile(company.File(), lockWait);
     if (engine == EngineKind::Embedded)
-        return std::make_shared<Connection>(std::move(file));
+        return EngineAccess::Connect(std::move(file));
     const Dispatch host = Handed(new HostConnection(std::move(file))).ToDispatch();
     return Connection::OpenHost(host.Raw());
 }
@@ -64,9 +65,8 @@ std::shared_ptr<Connection> ConnectThrough(EngineKind engine, const TestCompany&
                                            std::chrono::milliseconds lockWait)
 {
     if (engine == EngineKind::Embedded)
-        return std::make_shared<Connection>(OpenCompanyFile(company.File(), lockWait));
-    return std::make_shared<Connection>(
-        std::make_unique<AdaptingEngine>(OdbcString(company, lockWait)));
+        return EngineAccess::Connect(OpenCompanyFile(company.File(), lockWait));
+    return EngineAccess::Connect(std::make_unique<AdaptingEngine>(OdbcString(company, lockWait)));
 }
 
 #endif
