@@ -2,6 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/Numbers.h"
+#include "data/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,8 +28,7 @@ template <class T> bool fits(std::int64_t number)
 
 bool areDigits(std::string_view text)
 {
-    return std::all_of(
-        text.begin(), text.end(), [](char letter) { return letter >= '0' && letter <= '9'; });
+    return std::all_of(text.begin(), text.end(), IsDigit);
 }
 
 /// The number that up to nine digits are; nothing where one of them is no digit.
@@ -82,21 +82,16 @@ QTime readTime(std::string_view text)
     return hours && minutes && seconds ? QTime(*hours, *minutes, *seconds) : QTime();
 }
 
-QString textOf(const Cell& cell)
-{
-    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
-}
-
 QVariant dateValue(const Cell& cell)
 {
     const QDate date = DateFromText(cell.Bytes);
-    return date.isValid() ? QVariant(date) : QVariant(textOf(cell));
+    return date.isValid() ? QVariant(date) : QVariant(FromUtf8(cell.Bytes));
 }
 
 QVariant dateTimeValue(const Cell& cell)
 {
     const QDateTime moment = DateTimeFromText(cell.Bytes, Qt::LocalTime);
-    return moment.isValid() ? QVariant(moment) : QVariant(textOf(cell));
+    return moment.isValid() ? QVariant(moment) : QVariant(FromUtf8(cell.Bytes));
 }
 
 bool isNothing(const QVariant& value)
@@ -182,8 +177,7 @@ QDateTime toDateTime(const QVariant& value)
         return value.toDateTime();
     case QMetaType::QString: {
         const QByteArray text = value.toString().trimmed().toUtf8();
-        const QDateTime moment =
-            DateTimeFromText(std::string_view(text.constData(), std::size_t(text.size())));
+        const QDateTime moment = DateTimeFromText(ViewOf(text));
         if (moment.isValid())
             return moment;
         break;
@@ -272,7 +266,7 @@ std::string BlankRow(int columns)
 QVariant ValueOfBytes(const Cell& cell, ColumnKind kind)
 {
     if (cell.Kind == Cell::Type::Binary)
-        return QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        return ToBytes(cell.Bytes);
     switch (kind) {
     case ColumnKind::Date:
         return dateValue(cell);
@@ -284,9 +278,9 @@ QVariant ValueOfBytes(const Cell& cell, ColumnKind kind)
             return dateValue(cell);
         if (IsStoredDateTime(cell.Bytes))
             return dateTimeValue(cell);
-        return textOf(cell);
+        return FromUtf8(cell.Bytes);
     default:
-        return textOf(cell);
+        return FromUtf8(cell.Bytes);
     }
 }
 
@@ -317,10 +311,10 @@ EncodedValue::EncodedValue(const QVariant& value, ColumnKind kind)
         break;
     case ColumnKind::Binary:
         bytes_ = value.toByteArray();
-        cell_ = Cell::FromBinary({bytes_.constData(), std::size_t(bytes_.size())});
+        cell_ = Cell::FromBinary(ViewOf(bytes_));
         return;
     }
-    cell_ = Cell::FromText({bytes_.constData(), std::size_t(bytes_.size())});
+    cell_ = Cell::FromText(ViewOf(bytes_));
 }
 
 QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec clock)

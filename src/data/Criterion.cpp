@@ -2,17 +2,13 @@
 
 #include "data/Failure.h"
 #include "data/Numbers.h"
+#include "data/Utf8.h"
 
 #include <optional>
 
 namespace TradeForms {
 
 namespace {
-
-std::string_view viewOf(const QByteArray& bytes)
-{
-    return {bytes.constData(), std::size_t(bytes.size())};
-}
 
 template <class T> int orderOf(const T& first, const T& second)
 {
@@ -28,7 +24,7 @@ std::optional<double> numberOf(const Cell& cell)
     case Cell::Type::Real:
         return cell.Real;
     case Cell::Type::Text: {
-        const QString text = QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        const QString text = FromUtf8(cell.Bytes);
         if (IsNumeric(text))
             return text.trimmed().toDouble();
         break;
@@ -169,9 +165,9 @@ private:
         if (result.IsNumeric)
             result.Number = result.IsQuoted ? value.trimmed().toDouble() : Val(value);
         result.Text = value.toUtf8();
-        result.Moment = DateTimeFromText(viewOf(result.Text));
+        result.Moment = DateTimeFromText(ViewOf(result.Text));
         if (result.What == Operator::Like)
-            result.Pattern = LikePattern::Criterion(viewOf(result.Text));
+            result.Pattern = LikePattern::Criterion(ViewOf(result.Text));
         return result;
     }
 
@@ -239,7 +235,7 @@ bool Criterion::holds(const Comparison& comparison, const Cell& cell)
         if (isText)
             return comparison.Pattern.Matches(cell.Bytes);
         const QByteArray text = TextOf(ValueOf(cell, comparison.Kind)).toUtf8();
-        return comparison.Pattern.Matches(viewOf(text));
+        return comparison.Pattern.Matches(ViewOf(text));
     }
     const bool isDate =
         comparison.Kind == ColumnKind::Date || comparison.Kind == ColumnKind::DateTime;
@@ -248,13 +244,13 @@ bool Criterion::holds(const Comparison& comparison, const Cell& cell)
         return moment.isValid() && holds(comparison.What, orderOf(moment, comparison.Moment));
     }
     if (isText && comparison.IsQuoted)
-        return holds(comparison.What, CompareText(cell.Bytes, viewOf(comparison.Text)));
+        return holds(comparison.What, CompareText(cell.Bytes, ViewOf(comparison.Text)));
     if (comparison.IsNumeric) {
         const std::optional<double> number = numberOf(cell);
         return number && holds(comparison.What, orderOf(*number, comparison.Number));
     }
     const QByteArray text = TextOf(ValueOf(cell, comparison.Kind)).toUtf8();
-    return holds(comparison.What, CompareText(viewOf(text), viewOf(comparison.Text)));
+    return holds(comparison.What, CompareText(ViewOf(text), ViewOf(comparison.Text)));
 }
 
 } // namespace TradeForms

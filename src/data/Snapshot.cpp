@@ -1,5 +1,7 @@
 #include "data/Snapshot.h"
 
+#include "data/Utf8.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -21,18 +23,13 @@ QString commonTable(const std::vector<Column>& columns)
     return table;
 }
 
-char16_t smallLetter(char16_t letter)
-{
-    return letter >= u'A' && letter <= u'Z' ? char16_t(letter + (u'a' - u'A')) : letter;
-}
-
 /// Names in the program are plain ASCII, and are asked for at every cell of a list.
-bool isSameName(const QString& name, std::string_view wanted)
+bool isSameAsciiName(const QString& name, std::string_view wanted)
 {
     return std::equal(
         name.begin(), name.end(), wanted.begin(), wanted.end(),
         [](QChar letter, char other) {
-            return smallLetter(letter.unicode()) == smallLetter(char16_t(other));
+            return AsciiLower(letter.unicode()) == AsciiLower(char16_t(other));
         });
 }
 
@@ -45,12 +42,9 @@ ResultMetadata::ResultMetadata(std::vector<Column> columns)
 
 int ResultMetadata::IndexOf(QStringView name) const
 {
-    for (int index = 0; index < Count(); ++index) {
-        const QString& candidate = At(index).Name;
-        if (candidate.size() == name.size() &&
-            QStringView(candidate).compare(name, Qt::CaseInsensitive) == 0)
+    for (int index = 0; index < Count(); ++index)
+        if (At(index).Name.size() == name.size() && IsSameName(At(index).Name, name))
             return index;
-    }
     return -1;
 }
 
@@ -58,7 +52,7 @@ int ResultMetadata::IndexOf(const char* name) const
 {
     const std::string_view wanted(name);
     for (int index = 0; index < Count(); ++index)
-        if (isSameName(At(index).Name, wanted))
+        if (isSameAsciiName(At(index).Name, wanted))
             return index;
     return -1;
 }

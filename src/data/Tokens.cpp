@@ -1,6 +1,7 @@
 #include "data/Tokens.h"
 
 #include "data/Failure.h"
+#include "data/Utf8.h"
 
 #include <algorithm>
 
@@ -13,27 +14,12 @@ bool isBlank(char letter)
     return letter == ' ' || (letter >= '\t' && letter <= '\r');
 }
 
-bool isDigit(char letter)
-{
-    return letter >= '0' && letter <= '9';
-}
-
 /// Letters of other scripts are letters of a name as well.
 bool isNameLetter(char letter)
 {
     return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
-           isDigit(letter) || letter == '_' || letter == '@' || letter == '#' || letter == '$' ||
+           IsDigit(letter) || letter == '_' || letter == '@' || letter == '#' || letter == '$' ||
            static_cast<unsigned char>(letter) >= 0x80;
-}
-
-char smallLetter(char letter)
-{
-    return letter >= 'A' && letter <= 'Z' ? char(letter + ('a' - 'A')) : letter;
-}
-
-[[noreturn]] void raise(const QString& description)
-{
-    throw ProviderFailure(description, BadStatement);
 }
 
 class TokenReader {
@@ -75,7 +61,7 @@ private:
     {
         const std::size_t found = text_.find(sign, at_ + from);
         if (found == std::string_view::npos)
-            raise(failure);
+            RaiseBadStatement(failure);
         at_ = found + sign.size();
     }
 
@@ -96,7 +82,7 @@ private:
         default:
             break;
         }
-        if (isDigit(letter) || (letter == '.' && at_ + 1 < text_.size() && isDigit(text_[at_ + 1])))
+        if (IsDigit(letter) || (letter == '.' && at_ + 1 < text_.size() && IsDigit(text_[at_ + 1])))
             return readNumber();
         if (!isNameLetter(letter)) {
             ++at_;
@@ -111,7 +97,7 @@ private:
     {
         while (at_ < text_.size() &&
                (isNameLetter(text_[at_]) || text_[at_] == '.' ||
-                ((text_[at_] == '+' || text_[at_] == '-') && smallLetter(text_[at_ - 1]) == 'e')))
+                ((text_[at_] == '+' || text_[at_] == '-') && AsciiLower(text_[at_ - 1]) == 'e')))
             ++at_;
         return Token::Type::Number;
     }
@@ -123,9 +109,9 @@ private:
         for (std::size_t from = start;;) {
             const std::size_t end = text_.find(quote, from);
             if (end == std::string_view::npos)
-                raise(QStringLiteral("Unclosed quotation mark after the character string '%1'.")
-                          .arg(QString::fromUtf8(text_.data() + start,
-                                                 qsizetype(text_.size() - start))));
+                RaiseBadStatement(
+                    QStringLiteral("Unclosed quotation mark after the character string '%1'.")
+                        .arg(FromUtf8(text_.substr(start))));
             at_ = end + 1;
             if (at_ >= text_.size() || text_[at_] != quote)
                 return;
@@ -139,19 +125,41 @@ private:
 
 } // namespace
 
+void RaiseBadStatement(const QString& description)
+{
+    throw ProviderFailure(description, BadStatement);
+}
+
+void RaiseSecondStatement()
+{
+    RaiseBadStatement(QStringLiteral("Only one statement can be run at a time: there is more after "
+                                     "its end."));
+}
+
+void RaiseNoStatement()
+{
+    RaiseBadStatement(QStringLiteral("There is no statement to run."));
+}
+
+bool Token::IsOneOf(std::initializer_list<std::string_view> words) const
+{
+    return std::any_of(
+        words.begin(), words.end(), [this](std::string_view word) { return IsWord(word); });
+}
+
 bool Token::IsWord(std::string_view word) const
 {
     return Kind == Type::Word && Text.size() == word.size() &&
            std::equal(
                Text.begin(), Text.end(), word.begin(),
-               [](char mine, char wanted) { return smallLetter(mine) == wanted; });
+               [](char mine, char wanted) { return AsciiLower(mine) == wanted; });
 }
 
 std::vector<Token> ReadTokens(std::string_view text)
 {
     // Databases take it for the end of the statement.
     if (text.find('\0') != std::string_view::npos)
-        raise(QStringLiteral("The statement holds a character that cannot be used."));
+        RaiseBadStatement(QStringLiteral("The statement holds a character that cannot be used."));
     return TokenReader(text).Read();
 }
 
@@ -160,14 +168,20 @@ std::string_view DropEnd(std::string_view text, std::vector<Token>& tokens)
     const auto end = std::find_if(
         tokens.begin(), tokens.end(), [](const Token& token) { return token.IsSign(';'); });
     if (std::any_of(end, tokens.end(), [](const Token& token) { return !token.IsSign(';'); }))
-        raise(QStringLiteral("Only one statement can be run at a time: there is more after its "
-                             "end."));
+        RaiseSecondStatement();
     if (end != tokens.end())
         text = text.substr(0, std::size_t(end->Text.data() - text.data()));
     tokens.erase(end, tokens.end());
     if (tokens.empty())
-        raise(QStringLiteral("There is no statement to run."));
+        RaiseNoStatement();
     return text;
+}
+
+std::vector<Token> ReadStatement(std::string_view text)
+{
+    std::vector<Token> tokens = ReadTokens(text);
+    DropEnd(text, tokens);
+    return tokens;
 }
 
 } // namespace TradeForms

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QByteArray>
+#include <QString>
 
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -21,19 +22,30 @@ struct Token {
     std::string_view Text;
 
     bool IsSign(char sign) const { return Kind == Type::Sign && Text.front() == sign; }
-    /// Whether it is this word, given in small letters.
+    /// Whether it is this word, given in lower case.
     bool IsWord(std::string_view word) const;
+    /// Whether it is one of these words, given in lower case.
+    bool IsOneOf(std::initializer_list<std::string_view> words) const;
 };
 
-/// The number of a failure for a statement that is turned down before the database sees it.
+/// The number of a ProviderFailure for a statement that is refused before the database sees it.
 inline constexpr int BadStatement = 1;
 
-/// Takes a statement apart. The tokens point into the text. Raises ProviderFailure where a
-/// literal, a quoted name or a comment does not end.
+// Each raises ProviderFailure with that number.
+[[noreturn]] void RaiseBadStatement(const QString& description);
+[[noreturn]] void RaiseSecondStatement(); ///< for a text that holds more than one
+[[noreturn]] void RaiseNoStatement();     ///< for a text that holds none
+
+/// Splits a text into tokens, which point into it. Raises ProviderFailure where a literal, a
+/// quoted name or a comment is not closed, and where the text holds a zero byte.
 std::vector<Token> ReadTokens(std::string_view text);
 
-/// Takes the semicolon off, of the tokens and of the text that is returned. Raises
-/// ProviderFailure where anything follows it, and where there is no statement at all.
+/// Removes the semicolons at the end from the tokens of a text. Returns the text up to there.
+/// Raises ProviderFailure where anything follows a semicolon, and where no token is left.
 std::string_view DropEnd(std::string_view text, std::vector<Token>& tokens);
+
+/// The tokens of one statement without the semicolons at its end. Raises ProviderFailure as
+/// ReadTokens and DropEnd do.
+std::vector<Token> ReadStatement(std::string_view text);
 
 } // namespace TradeForms

@@ -2,7 +2,9 @@
 
 #include "data/EngineAccess.h"
 #include "data/TableChecksum.h"
+#include "data/Utf8.h"
 #include "data/sqlite/CompanyFile.h"
+#include "data/sqlite/DatabaseFiles.h"
 #include "data/sqlite/PartFile.h"
 #include "data/sqlite/SqliteEngine.h"
 
@@ -11,8 +13,6 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace TradeForms {
 
@@ -36,11 +36,6 @@ struct CarriedTable {
 QString bracketed(const QString& name)
 {
     return u'[' + name + u']';
-}
-
-QString textOf(const Cell& cell)
-{
-    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
 }
 
 QString quoted(QString text)
@@ -281,7 +276,7 @@ void Transfer::compare(const std::vector<TableChecksum>& copied)
 void Transfer::compareBalances()
 {
     const auto header = std::ranges::find_if(tables_, [](const CarriedTable& table) {
-        return table.Name.compare(QLatin1String("InsCustomerHeader"), Qt::CaseInsensitive) == 0;
+        return IsSameName(table.Name, u"InsCustomerHeader");
     });
     const qint64 all = header == tables_.end() ? 0 : header->Rows;
     Balances expected;
@@ -295,7 +290,8 @@ void Transfer::compareBalances()
     };
     try {
         from_.Scan(balancesOf(), ignoreColumns, [&](std::string_view row) {
-            expected.insert(textOf(CellAt(row.data(), 0)), balanceText(CellAt(row.data(), 1)));
+            expected.insert(FromUtf8(CellAt(row.data(), 0).Bytes),
+                            balanceText(CellAt(row.data(), 1)));
             if (expected.size() == accountsAtATime)
                 compareExpected();
         });
@@ -314,7 +310,8 @@ void Transfer::compareWithTarget(const Balances& expected)
     Balances found;
     to_.Scan(balancesOf(QStringLiteral(" where InsCustomerID in (%1)").arg(accounts.join(u','))),
              ignoreColumns, [&](std::string_view row) {
-                 found.insert(textOf(CellAt(row.data(), 0)), balanceText(CellAt(row.data(), 1)));
+                 found.insert(FromUtf8(CellAt(row.data(), 0).Bytes),
+                              balanceText(CellAt(row.data(), 1)));
              });
     for (auto here = expected.cbegin(); here != expected.cend(); ++here) {
         const QString there = found.value(here.key(), QStringLiteral("no such account"));
@@ -328,14 +325,6 @@ void Transfer::compareWithTarget(const Balances& expected)
 std::shared_ptr<Connection> open(const QString& place)
 {
     return IsConnectionString(place) ? Connection::OpenServer(place) : Connection::Open(place);
-}
-
-bool isSamePlace(const QString& first, const QString& second)
-{
-    std::error_code error;
-    return first == second ||
-           std::filesystem::equivalent(QFileInfo(first).filesystemAbsoluteFilePath(),
-                                       QFileInfo(second).filesystemAbsoluteFilePath(), error);
 }
 
 /// The target's new file, with the tables of the source where that is a file as well.
@@ -386,7 +375,7 @@ TransferReport TransferCompany(Connection& from, Connection& to, const TransferO
 TransferReport TransferCompany(const QString& from, const QString& to,
                                const TransferOptions& options)
 {
-    if (isSamePlace(from, to))
+    if (from == to || IsSameFile(from, to))
         throw Failure(QStringLiteral("'%1' is the company itself. Name another place.").arg(to));
     const auto source = open(from);
     const bool isNew = !IsConnectionString(to) && !QFileInfo::exists(to) && !options.VerifyOnly;

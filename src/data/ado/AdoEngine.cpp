@@ -1,6 +1,7 @@
 #include "data/ado/AdoEngine.h"
 
 #include "data/CompanyTables.h"
+#include "data/Utf8.h"
 #include "data/ado/AdoRowWriter.h"
 #include "data/server/SimpleSource.h"
 #include "data/server/TransactSql.h"
@@ -12,10 +13,7 @@ namespace {
 void requireOneStatement(const QString& statement)
 {
     const QByteArray bytes = statement.toUtf8();
-    const std::string_view view(bytes.constData(), std::size_t(bytes.size()));
-    std::vector<Token> tokens = ReadTokens(view);
-    DropEnd(view, tokens);
-    TransactSql::RequireOneStatement(tokens);
+    TransactSql::RequireOneStatement(ReadStatement(ViewOf(bytes)));
 }
 
 QString placeOf(const QString& table, const QString& column)

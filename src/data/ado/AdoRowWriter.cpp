@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace TradeForms {
 
 namespace {
@@ -14,11 +16,6 @@ namespace {
 // Long enough that the way to the server counts for little, short enough to be read at once.
 constexpr int mostStatements = 128;
 constexpr qsizetype mostLetters = 64 * 1024;
-
-QString list(const QStringList& parts)
-{
-    return parts.join(QLatin1String(", "));
-}
 
 } // namespace
 
@@ -86,7 +83,7 @@ QString AdoRowWriter::insertStatement(const char* row, const std::vector<bool>& 
         chosen.append(names_[index]);
         values.append(literal(index, cell));
     }
-    return TransactSql::InsertStatement(table_, list(chosen), list(values),
+    return TransactSql::InsertStatement(table_, chosen.join(u", "_s), values.join(u", "_s),
                                         givesBack(touched) ? names_ : QStringList());
 }
 
@@ -99,7 +96,8 @@ QString AdoRowWriter::updateStatement(const char* original, const char* row,
         if (touched[std::size_t(index)])
             settings.append(names_[index] + QLatin1String(" = ") + literal(index, cell));
     }
-    return TransactSql::UpdateStatement(table_, list(settings), search(original), findsOneOfMany());
+    return TransactSql::UpdateStatement(table_, settings.join(u", "_s), search(original),
+                                        findsOneOfMany());
 }
 
 QString AdoRowWriter::deleteStatement(const char* original) const

@@ -1,5 +1,6 @@
 #include "data/ado/HostLiteral.h"
 
+#include "data/Utf8.h"
 #include "data/server/TransactSql.h"
 
 #include <QLocale>
@@ -27,7 +28,7 @@ QString moment(const Cell& cell)
         return DateFromText(cell.Bytes).toString(TransactSql::Dialect().DateFormat);
     if (IsStoredDateTime(cell.Bytes))
         return DateTimeFromText(cell.Bytes).toString(TransactSql::Dialect().DateTimeFormat);
-    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+    return FromUtf8(cell.Bytes);
 }
 
 } // namespace
@@ -42,15 +43,13 @@ QString LiteralFor(const Cell& cell, const HostColumn& column, ColumnKind kind)
     case Cell::Type::Real:
         return number(cell.Real, column);
     case Cell::Type::Binary:
-        return QLatin1String("0x") +
-               QString::fromLatin1(
-                   QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size())).toHex());
+        return QLatin1String("0x") + QString::fromLatin1(ToBytes(cell.Bytes).toHex());
     case Cell::Type::Text:
         break;
     }
     if (kind == ColumnKind::Date || kind == ColumnKind::DateTime)
         return TransactSql::Literal(moment(cell));
-    const QString text = QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+    const QString text = FromUtf8(cell.Bytes);
     return column.IsUnicode() ? TransactSql::UnicodeLiteral(text) : TransactSql::Literal(text);
 }
 

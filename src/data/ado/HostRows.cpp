@@ -1,5 +1,7 @@
 #include "data/ado/HostRows.h"
 
+#include "data/Utf8.h"
+
 #include <QDate>
 
 #include <windows.h>
@@ -377,13 +379,11 @@ void HostRows::appendText(QStringView text, ColumnKind kind)
 {
     if (kind == ColumnKind::Date || kind == ColumnKind::DateTime) {
         const QByteArray written = text.toUtf8();
-        const QDateTime moment =
-            DateTimeFromText({written.constData(), std::size_t(written.size())});
+        const QDateTime moment = DateTimeFromText(ViewOf(written));
         if (moment.isValid()) {
             const QByteArray stored =
                 kind == ColumnKind::Date ? StoredText(moment.date()) : StoredText(moment);
-            return AppendCell(row_,
-                              Cell::FromText({stored.constData(), std::size_t(stored.size())}));
+            return AppendCell(row_, Cell::FromText(ViewOf(stored)));
         }
     }
     texts_.Append(row_, text);

@@ -1,6 +1,7 @@
 #include "data/odbc/OdbcEngine.h"
 
 #include "data/Failure.h"
+#include "data/Utf8.h"
 #include "data/odbc/OdbcLoader.h"
 #include "data/odbc/OdbcRowWriter.h"
 #include "data/odbc/ResultReader.h"
@@ -16,20 +17,10 @@ namespace {
 
 constexpr int keptStatements = 64;
 
-QString textOf(const Cell& cell)
-{
-    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
-}
-
 /// A number, which some drivers give as text in what they tell of tables.
 int numberOf(const Cell& cell)
 {
-    return cell.Kind == Cell::Type::Text ? textOf(cell).toInt() : int(cell.Integer);
-}
-
-bool isSame(const QString& first, const QString& second)
-{
-    return first.compare(second, Qt::CaseInsensitive) == 0;
+    return cell.Kind == Cell::Type::Text ? FromUtf8(cell.Bytes).toInt() : int(cell.Integer);
 }
 
 /// Columns of what drivers tell, by their places.
@@ -67,10 +58,7 @@ void OdbcEngine::Scan(const QString& statement, const Begin& begin, const Each& 
                       Purpose purpose)
 {
     const QByteArray bytes = statement.toUtf8();
-    const std::string_view view(bytes.constData(), std::size_t(bytes.size()));
-    std::vector<Token> tokens = ReadTokens(view);
-    DropEnd(view, tokens);
-    server_->RequireOneStatement(tokens);
+    server_->RequireOneStatement(ReadStatement(ViewOf(bytes)));
 
     Guarded([&] {
         const QString text = serverText(statement);
@@ -269,7 +257,7 @@ QStringList OdbcEngine::TableNames()
                 handle);
     QStringList names;
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
-        const QString name = textOf(CellAt(row.data(), Told::Table));
+        const QString name = FromUtf8(CellAt(row.data(), Told::Table).Bytes);
         if (!server_->IsOwnTable(name))
             names.append(name);
     });
@@ -289,9 +277,9 @@ void OdbcEngine::readColumns(const QString& name, ServerTable& table)
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
         const auto cell = [&](int place) { return CellAt(row.data(), place); };
         // A line under is any letter here.
-        if (!isSame(textOf(cell(Told::Table)), name))
+        if (!IsSameName(FromUtf8(cell(Told::Table).Bytes), name))
             return;
-        table.Columns.push_back({textOf(cell(Told::Column)), numberOf(cell(Told::Type)),
+        table.Columns.push_back({FromUtf8(cell(Told::Column).Bytes), numberOf(cell(Told::Type)),
                                  numberOf(cell(Told::Size)), numberOf(cell(Told::Decimals)),
                                  numberOf(cell(Told::Nullable)) != SQL_NO_NULLS});
     });
@@ -307,7 +295,7 @@ void OdbcEngine::readPrimaryKey(const QString& name, ServerTable& table)
                                 wanted.Length),
                 handle);
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
-        table.Keys.append(textOf(CellAt(row.data(), Told::Column)));
+        table.Keys.append(FromUtf8(CellAt(row.data(), Told::Column).Bytes));
     });
 }
 
@@ -326,7 +314,8 @@ void OdbcEngine::readUniqueIndex(const QString& name, ServerTable& table)
         const auto cell = [&](int place) { return CellAt(row.data(), place); };
         // One row tells of the table itself, and an index may hold but some of the rows.
         if (!cell(Told::IndexName).IsNull() && cell(Told::IndexCondition).IsNull())
-            indexes[textOf(cell(Told::IndexName))].append(textOf(cell(Told::IndexColumn)));
+            indexes[FromUtf8(cell(Told::IndexName).Bytes)].append(
+                FromUtf8(cell(Told::IndexColumn).Bytes));
     });
     const auto isNeverNull = [&](const QString& column) {
         const ServerColumn* found = table.Find(column);

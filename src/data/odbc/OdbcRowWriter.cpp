@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace TradeForms {
 
 namespace {
@@ -59,11 +61,6 @@ std::string rowGivenBy(OdbcEngine& engine, const QString& text, Parameters& valu
         });
     });
     return given;
-}
-
-QString list(const QStringList& parts)
-{
-    return parts.join(QLatin1String(", "));
 }
 
 } // namespace
@@ -138,7 +135,7 @@ std::string OdbcRowWriter::Insert(const char* row, const std::vector<bool>& touc
     // What was left out the table fills in: defaults and numbers of its own.
     const QStringList given = chosen.size() == all.size() ? QStringList() : all;
     const Server::Insertion insertion =
-        engine_.Words().InsertStatement(table_, list(chosen), list(marks), given);
+        engine_.Words().InsertStatement(table_, chosen.join(u", "_s), marks.join(u", "_s), given);
     if (given.isEmpty() || !insertion.ReadBack.isEmpty())
         rowsChangedBy(engine_, insertion.Text, values);
     else
@@ -164,10 +161,10 @@ qint64 OdbcRowWriter::Update(const char* original, const char* row,
     }
     for (const int index : search.Columns)
         values.Add(CellAt(original, index), serverColumn(index));
-    return rowsChangedBy(
-        engine_,
-        engine_.Words().UpdateStatement(table_, list(settings), search.Text, findsOneOfMany()),
-        values);
+    return rowsChangedBy(engine_,
+                         engine_.Words().UpdateStatement(table_, settings.join(u", "_s),
+                                                         search.Text, findsOneOfMany()),
+                         values);
 }
 
 qint64 OdbcRowWriter::Delete(const char* original)

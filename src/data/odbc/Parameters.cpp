@@ -1,5 +1,7 @@
 #include "data/odbc/Parameters.h"
 
+#include "data/Utf8.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -75,10 +77,10 @@ Parameters::Value Parameters::textFor(const Cell& cell, const ServerColumn& colu
 {
     Value value;
     if (isMoment(column)) {
-        value.Bytes = QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        value.Bytes = ToBytes(cell.Bytes);
         value.Size = SQLULEN(value.Bytes.size());
     } else {
-        const QString text = QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        const QString text = FromUtf8(cell.Bytes);
         value.Type = SQL_C_WCHAR;
         value.Bytes = QByteArray(reinterpret_cast<const char*>(text.utf16()),
                                  text.size() * qsizetype(sizeof(char16_t)));
@@ -103,7 +105,7 @@ void Parameters::Add(const Cell& cell, const ServerColumn& column)
         value = textFor(cell, column);
         break;
     case Cell::Type::Binary:
-        value.Bytes = QByteArray(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
+        value.Bytes = ToBytes(cell.Bytes);
         value.Size = std::max<SQLULEN>(1, cell.Bytes.size());
         value.Length = SQLLEN(cell.Bytes.size());
         break;

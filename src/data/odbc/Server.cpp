@@ -1,5 +1,6 @@
 #include "data/odbc/Server.h"
 
+#include "data/Utf8.h"
 #include "data/odbc/SqlServer.h"
 
 #include <algorithm>
@@ -8,11 +9,6 @@
 namespace TradeForms {
 
 namespace {
-
-bool isSameName(const QString& first, const QString& second)
-{
-    return first.compare(second, Qt::CaseInsensitive) == 0;
-}
 
 using Factories = std::vector<std::pair<QString, Server::Factory>>;
 
@@ -28,7 +24,7 @@ const ServerColumn* ServerTable::Find(const QString& name) const
 {
     const auto found =
         std::find_if(Columns.begin(), Columns.end(),
-                     [&](const ServerColumn& column) { return isSameName(column.Name, name); });
+                     [&](const ServerColumn& column) { return IsSameName(column.Name, name); });
     return found == Columns.end() ? nullptr : &*found;
 }
 
@@ -41,8 +37,7 @@ Server::~Server() = default;
 
 bool Server::IsOwnTable(const QString& table) const
 {
-    return isSameName(table, QStringLiteral("SchemaVersion")) ||
-           isSameName(table, QStringLiteral("StockLevels"));
+    return IsSameName(table, u"SchemaVersion") || IsSameName(table, u"StockLevels");
 }
 
 void Server::Register(const QString& system, Factory factory)

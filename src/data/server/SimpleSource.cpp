@@ -1,6 +1,7 @@
 #include "data/server/SimpleSource.h"
 
 #include "data/Tokens.h"
+#include "data/Utf8.h"
 
 #include <algorithm>
 
@@ -49,18 +50,12 @@ private:
         return tokens_[at_++].Text;
     }
 
-    static bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
-    {
-        return std::any_of(
-            words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
-    }
-
     static bool isKeyword(const Token& token)
     {
-        return isOneOf(token, {"from",     "where",     "order", "group", "having", "union",
-                               "distinct", "all",       "top",   "null",  "case",   "join",
-                               "inner",    "left",      "right", "full",  "cross",  "outer",
-                               "except",   "intersect", "for",   "with"});
+        return token.IsOneOf({"from",     "where",     "order", "group", "having", "union",
+                              "distinct", "all",       "top",   "null",  "case",   "join",
+                              "inner",    "left",      "right", "full",  "cross",  "outer",
+                              "except",   "intersect", "for",   "with"});
     }
 
     /// Columns as they are: *, T.*, a, T.a, [a b].
@@ -87,13 +82,13 @@ private:
     {
         if (isAtEnd())
             return true;
-        if (!isOneOf(tokens_[at_], {"where", "order"}))
+        if (!tokens_[at_].IsOneOf({"where", "order"}))
             return false;
         int depth = 0;
         for (std::size_t at = at_; at < tokens_.size(); ++at) {
             depth += int(tokens_[at].IsSign('(')) - int(tokens_[at].IsSign(')'));
             if (depth == 0 &&
-                isOneOf(tokens_[at], {"group", "having", "union", "except", "intersect", "for"}))
+                tokens_[at].IsOneOf({"group", "having", "union", "except", "intersect", "for"}))
                 return false;
         }
         return true;
@@ -108,14 +103,13 @@ private:
 QString TableOfSimpleQuery(const QString& statement)
 {
     const QByteArray text = statement.toUtf8();
-    std::vector<Token> tokens =
-        ReadTokens(std::string_view(text.constData(), std::size_t(text.size())));
+    std::vector<Token> tokens = ReadTokens(ViewOf(text));
     if (!tokens.empty() && tokens.back().IsSign(';'))
         tokens.pop_back();
     std::string_view table = QueryReader(tokens).Table();
     if (!table.empty() && (table.front() == '[' || table.front() == '"' || table.front() == '`'))
         table = table.substr(1, table.size() - 2);
-    return QString::fromUtf8(table.data(), qsizetype(table.size()));
+    return FromUtf8(table);
 }
 
 } // namespace TradeForms

@@ -18,12 +18,6 @@ constexpr std::string_view beginnings[] = {
     "dbcc",    "print",   "raiserror", "throw",    "bulk",    "if",     "while",
 };
 
-bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
-{
-    return std::any_of(
-        words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
-}
-
 bool isBeginning(const Token& token)
 {
     return std::any_of(
@@ -72,7 +66,7 @@ QString TransactSql::UnicodeLiteral(const QString& text)
 void TransactSql::RequireOneStatement(const std::vector<Token>& tokens)
 {
     // What makes or changes routines, and a merge, hold statements of their own.
-    if (isOneOf(tokens.front(), {"create", "alter", "merge"}))
+    if (tokens.front().IsOneOf({"create", "alter", "merge"}))
         return;
     int depth = 0;
     for (std::size_t at = 1; at < tokens.size(); ++at) {
@@ -80,12 +74,9 @@ void TransactSql::RequireOneStatement(const std::vector<Token>& tokens)
         depth += int(token.IsSign('(')) - int(token.IsSign(')'));
         const bool isPartOfName = tokens[at - 1].IsSign('.') || tokens[at - 1].IsWord("as");
         const bool isInsertsSource =
-            at > 1 && tokens.front().IsWord("insert") && isOneOf(token, {"exec", "execute"});
+            at > 1 && tokens.front().IsWord("insert") && token.IsOneOf({"exec", "execute"});
         if (depth == 0 && !isPartOfName && !isInsertsSource && isBeginning(token))
-            throw ProviderFailure(
-                QStringLiteral("Only one statement can be run at a time: there is more after its "
-                               "end."),
-                BadStatement);
+            RaiseSecondStatement();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/Tokens.h"
+#include "data/Utf8.h"
 
 #include <algorithm>
 
@@ -9,15 +10,9 @@ namespace TradeForms {
 
 namespace {
 
-QString quotedForUser(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
-
 [[noreturn]] void raiseSyntax(std::string_view near)
 {
-    throw ProviderFailure(QStringLiteral("Incorrect syntax near '%1'.").arg(quotedForUser(near)),
-                          BadStatement);
+    RaiseBadStatement(QStringLiteral("Incorrect syntax near '%1'.").arg(FromUtf8(near)));
 }
 
 /// A function that SQLite does not have, or whose result must be told how it compares: a text
@@ -63,17 +58,11 @@ const Function* functionNamed(const Token& word)
     return found == std::end(functions) ? nullptr : found;
 }
 
-bool isOneOf(const Token& token, std::initializer_list<std::string_view> words)
-{
-    return std::any_of(
-        words.begin(), words.end(), [&](std::string_view word) { return token.IsWord(word); });
-}
-
 /// A literal's text: without its quotes, a doubled quote being one.
 QByteArray contentOf(std::string_view literal)
 {
     const std::string_view inner = literal.substr(1, literal.size() - 2);
-    return QByteArray(inner.data(), qsizetype(inner.size())).replace("''", "'");
+    return ToBytes(inner).replace("''", "'");
 }
 
 class Adapter {
@@ -85,11 +74,11 @@ public:
         text_ = DropEnd(text_, tokens_);
         const Token& first = tokens_.front();
         AdaptedStatement result;
-        if (isOneOf(first, {"exec", "execute"}))
+        if (first.IsOneOf({"exec", "execute"}))
             result.Procedure = readCall();
         // What makes or changes tables is the host's, written for this database.
-        else if (isOneOf(first, {"create", "alter", "drop"}))
-            result.Text = QByteArray(text_.data(), qsizetype(text_.size()));
+        else if (first.IsOneOf({"create", "alter", "drop"}))
+            result.Text = ToBytes(text_);
         else
             result.Text = rewrite();
         return result;
@@ -120,7 +109,7 @@ private:
         if (at >= tokens_.size() || tokens_[at].Kind != Token::Type::Word)
             raiseSyntax(tokens_.front().Text);
         AdaptedStatement::Call call;
-        call.Name = QByteArray(tokens_[at].Text.data(), qsizetype(tokens_[at].Text.size()));
+        call.Name = ToBytes(tokens_[at].Text);
         for (++at; at < tokens_.size(); ++at) {
             if (!call.Arguments.isEmpty()) {
                 if (!isSignAt(at, ',') || at + 1 >= tokens_.size())
@@ -141,7 +130,7 @@ private:
         }
         const Token& token = tokens_[at];
         if (token.Kind == Token::Type::Number)
-            return sign + QByteArray(token.Text.data(), qsizetype(token.Text.size()));
+            return sign + ToBytes(token.Text);
         if (token.Kind != Token::Type::Literal || !sign.isEmpty())
             raiseSyntax(token.Text);
         return contentOf(token.Text);
@@ -217,11 +206,11 @@ private:
             level.AtItem = true;
         } else if (token.IsSign(')')) {
             putAlias();
-        } else if (isOneOf(token, {"from", "into", "where", "group", "having", "order", "union",
-                                   "except", "intersect"})) {
+        } else if (token.IsOneOf({"from", "into", "where", "group", "having", "order", "union",
+                                  "except", "intersect"})) {
             putAlias();
             level.InSelectList = false;
-        } else if (level.AtItem && !isOneOf(token, {"distinct", "all"})) {
+        } else if (level.AtItem && !token.IsOneOf({"distinct", "all"})) {
             level.AtItem = false;
             if (isSignAt(at + 1, '=')) {
                 copyTo(token.Text.data());
@@ -238,7 +227,7 @@ private:
     {
         if (token.Kind == Token::Type::Literal)
             return '"' + contentOf(token.Text).replace("\"", "\"\"") + '"';
-        return QByteArray(token.Text.data(), qsizetype(token.Text.size()));
+        return ToBytes(token.Text);
     }
 
     void rewriteSign(std::size_t at)
@@ -346,7 +335,7 @@ private:
                              tokens_[name + 1].IsWord("between") && isDate(tokens_[name + 2]) &&
                              tokens_[name + 3].IsWord("and") && isDate(tokens_[name + 4]);
         const bool isWhole = end >= tokens_.size() || tokens_[end].IsSign(')') ||
-                             isOneOf(tokens_[end], {"and", "or", "group", "order"});
+                             tokens_[end].IsOneOf({"and", "or", "group", "order"});
         return isRange && isWhole ? end : 0;
     }
 
@@ -363,7 +352,7 @@ private:
     static QDateTime momentIn(const Token& literal)
     {
         const QByteArray content = contentOf(literal.Text);
-        return DateTimeFromText(std::string_view(content.constData(), std::size_t(content.size())));
+        return DateTimeFromText(ViewOf(content));
     }
 
     /// A bare word as a literal, kept from those that stand beside it without a blank.
@@ -429,7 +418,7 @@ private:
 
 AdaptedStatement AdaptStatement(const QByteArray& text)
 {
-    return Adapter(std::string_view(text.constData(), std::size_t(text.size()))).Adapt();
+    return Adapter(ViewOf(text)).Adapt();
 }
 
 } // namespace TradeForms

@@ -2,6 +2,7 @@
 
 #include "data/sqlite/CompanyCopy.h"
 #include "data/sqlite/CompanyFile.h"
+#include "data/sqlite/DatabaseFiles.h"
 #include "data/sqlite/PartFile.h"
 
 #include <QDir>
@@ -25,24 +26,13 @@ QString stamp(const QDateTime& moment)
     return moment.toString(QStringLiteral("yyyyMMdd-HHmmss"));
 }
 
-[[noreturn]] void raise(const QString& description, const QString& file)
-{
-    throw Failure(description.arg(QDir::toNativeSeparators(file)));
-}
-
-bool isSameFile(const QString& first, const QString& second)
-{
-    std::error_code error;
-    return std::filesystem::equivalent(QFileInfo(first).filesystemAbsoluteFilePath(),
-                                       QFileInfo(second).filesystemAbsoluteFilePath(), error);
-}
-
 /// The company's log is a part of it that has a name of its own.
 void requireOtherFile(const QString& company, const QString& target)
 {
     for (const char* ending : {"", "-wal", "-shm", "-journal"})
-        if (isSameFile(company + QLatin1String(ending), target))
-            raise(QStringLiteral("'%1' is the company itself. Name another file."), target);
+        if (IsSameFile(company + QLatin1String(ending), target))
+            RaiseFileFailure(QStringLiteral("'%1' is the company itself. Name another file."),
+                             target);
 }
 
 /// Checks a file that nobody else knows yet, or that nobody changes.
@@ -180,7 +170,7 @@ private:
 
     void putBack()
     {
-        if (hasCompany_ && isSameFile(file_, former_)) {
+        if (hasCompany_ && IsSameFile(file_, former_)) {
             QFile::remove(former_);
         } else {
             RemoveDatabase(file_);
@@ -206,8 +196,9 @@ VerifiedCompany verifyInPlace(const QString& company, const QList<TableCount>& e
     const bool isWhole = std::ranges::all_of(
         expected, [&](const TableCount& table) { return restored.Tables.contains(table); });
     if (!isWhole)
-        raise(QStringLiteral("'%1' has other rows than the backup after it was put in its place."),
-              company);
+        RaiseFileFailure(
+            QStringLiteral("'%1' has other rows than the backup after it was put in its place."),
+            company);
     return restored;
 }
 
@@ -296,8 +287,8 @@ QStringList RemoveOlderBackups(const QString& folder, const QString& company, in
     const QStringList removed = backups.mid(0, std::max<qsizetype>(0, backups.size() - keep));
     for (const QString& name : removed) {
         if (!QFile::remove(dir.filePath(name)))
-            raise(QStringLiteral("The older backup '%1' could not be removed."),
-                  dir.filePath(name));
+            RaiseFileFailure(QStringLiteral("The older backup '%1' could not be removed."),
+                             dir.filePath(name));
     }
     return removed;
 }

@@ -12,10 +12,8 @@ QList<QByteArray> readTexts(sqlite3* handle, const QByteArray& query)
 {
     const PreparedStatement statement = Prepare(handle, query, false);
     QList<QByteArray> texts;
-    while (Step(statement.get())) {
-        const std::string_view text = ReadColumn(statement.get(), 0).Bytes;
-        texts.append(QByteArray(text.data(), qsizetype(text.size())));
-    }
+    while (Step(statement.get()))
+        texts.append(ReadBytes(statement.get(), 0));
     return texts;
 }
 

@@ -1,6 +1,7 @@
 #include "data/sqlite/CompanyCopy.h"
 
 #include "data/Failure.h"
+#include "data/Utf8.h"
 
 #include <QDir>
 #include <QStringList>
@@ -123,7 +124,7 @@ void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& 
         while (Step(check.get())) {
             const std::string_view line = ReadColumn(check.get(), 0).Bytes;
             if (line != "ok")
-                damages.append(QString::fromUtf8(line.data(), qsizetype(line.size())));
+                damages.append(FromUtf8(line));
         }
     });
     if (!damages.isEmpty())
@@ -141,9 +142,7 @@ QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress)
         const WorkProgress progress{Stage::Counting, table, counts.size(), tables.size()};
         Tell(onProgress, progress);
         const StatementWatch watch(engine.Raw(), onProgress, progress);
-        QString name = table;
-        name.replace(QLatin1Char('"'), QLatin1String("\"\""));
-        const QByteArray query = "SELECT count(*) FROM \"" + name.toUtf8() + '"';
+        const QByteArray query = "SELECT count(*) FROM " + QuotedIdentifier(table);
         counts.append({table, stoppable([&] { return ReadInteger(engine.Raw(), query); })});
     }
     return counts;

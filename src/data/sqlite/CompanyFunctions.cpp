@@ -2,6 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/Numbers.h"
+#include "data/Utf8.h"
 
 #include <QStringList>
 
@@ -65,14 +66,9 @@ constexpr const char* accountsOfArea =
     "InsCustomerHeader a WHERE a.AreaCode = ?2 AND a.SaleDate <= ?1"
     " AND (a.ChangeDate IS NULL OR a.ChangeDate <= ?1)";
 
-std::string_view viewOf(const QByteArray& bytes)
-{
-    return {bytes.constData(), std::size_t(bytes.size())};
-}
-
 QDate dateArgument(const QByteArray& text)
 {
-    const QDate date = DateFromText(viewOf(text));
+    const QDate date = DateFromText(ViewOf(text));
     if (!date.isValid())
         throw ProviderFailure(QStringLiteral("'%1' is not a date.").arg(QString::fromUtf8(text)),
                               SQLITE_ERROR);
@@ -161,7 +157,7 @@ void CompanyFunctions::product(sqlite3_context* context, std::string_view accoun
         if (!count.isNull() && count != QVariant(1.0))
             products += " x" + TextOf(count).toUtf8();
     }
-    ResultText(context, viewOf(products));
+    ResultText(context, ViewOf(products));
 }
 
 void CompanyFunctions::customer(sqlite3_context* context, std::string_view number)
@@ -211,7 +207,7 @@ void CompanyFunctions::installmentBalances(const QByteArray& date)
     sqlite3_stmt* statement =
         prepared(voucherBalances_, QByteArray(insertBalances) + accountsOnVouchers);
     const ResetAtEnd reset(statement);
-    BindText(statement, 1, viewOf(day));
+    BindText(statement, 1, ViewOf(day));
     Step(statement);
 }
 
@@ -223,8 +219,8 @@ void CompanyFunctions::recoveryPrize(const QByteArray& area, const QByteArray& m
     emptyBalances();
     sqlite3_stmt* statement = prepared(areaBalances_, QByteArray(insertBalances) + accountsOfArea);
     const ResetAtEnd reset(statement);
-    BindText(statement, 1, viewOf(last));
-    BindText(statement, 2, viewOf(area));
+    BindText(statement, 1, ViewOf(last));
+    BindText(statement, 2, ViewOf(area));
     Step(statement);
 }
 

@@ -2,7 +2,6 @@
 
 #include "data/Failure.h"
 #include "data/sqlite/Functions.h"
-#include "data/sqlite/Handle.h"
 
 #include <QHash>
 
@@ -10,52 +9,18 @@
 
 namespace TradeForms {
 
-/// The text of schema/sqlite.sql, which the build makes a part of the library.
-const char* SqliteSchemaScript();
-
 namespace {
 
-/// One object of a schema: its type, its name in small letters, the text that made it.
-struct Object {
-    QString Type;
-    QString Name;
-    QString Text;
-};
-
-QString textAt(sqlite3_stmt* statement, int column)
+/// The objects that the schema script makes, read once.
+const QList<SchemaObject>& expectedSchema()
 {
-    const Cell cell = ReadColumn(statement, column);
-    return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
-}
-
-QList<Object> schemaOf(sqlite3* handle)
-{
-    const PreparedStatement statement = Prepare(
-        handle, "SELECT type, lower(name), sql FROM sqlite_schema WHERE sql IS NOT NULL", false);
-    QList<Object> schema;
-    while (Step(statement.get()))
-        schema.append(
-            {textAt(statement.get(), 0), textAt(statement.get(), 1), textAt(statement.get(), 2)});
-    return schema;
-}
-
-/// What the schema script makes, read once.
-const QList<Object>& madeSchema()
-{
-    static const QList<Object> schema = [] {
-        sqlite3* raw = nullptr;
-        sqlite3_open_v2(":memory:", &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
-        const Handle handle(raw);
-        RegisterDialect(raw);
-        RunScript(raw, SqliteSchemaScript());
-        return schemaOf(raw);
-    }();
+    static const QList<SchemaObject> schema = SchemaObjectsOf(SchemaInMemory().get());
     return schema;
 }
 
 /// Whether a table's text is the one that made it, or that with further columns put in at one
 /// place, as `alter table` does.
-bool isExtended(const QString& made, const QString& found)
+bool isExtended(const QByteArray& made, const QByteArray& found)
 {
     const qsizetype added = found.size() - made.size();
     if (added <= 0)
@@ -63,8 +28,9 @@ bool isExtended(const QString& made, const QString& found)
     const auto end = std::mismatch(made.begin(), made.end(), found.begin()).first;
     const qsizetype same = end - made.begin();
     // Where a comma follows in both, the columns seem to be put in behind it.
-    const bool isColumn = found[same] == u',' || (same > 0 && found[same - 1] == u',');
-    return isColumn && QStringView(found).sliced(same + added) == QStringView(made).sliced(same);
+    const bool isColumn = found[same] == ',' || (same > 0 && found[same - 1] == ',');
+    return isColumn &&
+           QByteArrayView(found).sliced(same + added) == QByteArrayView(made).sliced(same);
 }
 
 [[noreturn]] void raiseDamaged(const QString& file, const QString& what)
@@ -73,6 +39,28 @@ bool isExtended(const QString& made, const QString& found)
 }
 
 } // namespace
+
+Handle SchemaInMemory()
+{
+    sqlite3* raw = nullptr;
+    sqlite3_open(":memory:", &raw);
+    Handle handle(raw);
+    RegisterDialect(raw);
+    RunScript(raw, SqliteSchemaScript());
+    return handle;
+}
+
+QList<SchemaObject> SchemaObjectsOf(sqlite3* handle)
+{
+    const PreparedStatement statement = Prepare(
+        handle, "SELECT type, name, sql FROM sqlite_schema WHERE sql IS NOT NULL ORDER BY rowid",
+        false);
+    QList<SchemaObject> objects;
+    while (Step(statement.get()))
+        objects.append({ReadBytes(statement.get(), 0), ReadBytes(statement.get(), 1),
+                        ReadBytes(statement.get(), 2)});
+    return objects;
+}
 
 void RequireCompanySchema(sqlite3* handle, const QString& file)
 {
@@ -84,20 +72,21 @@ void RequireCompanySchema(sqlite3* handle, const QString& file)
                             "WHERE rootpage > 0") != 0)
         raiseDamaged(file, QStringLiteral("two of its tables are one"));
 
-    QHash<QString, Object> found;
-    for (const Object& object : schemaOf(handle))
-        found.insert(object.Name, object);
-    for (const Object& made : madeSchema()) {
-        const auto object = found.constFind(made.Name);
-        const bool isThere = object != found.constEnd() && object->Type == made.Type;
-        if (!isThere && made.Type == QStringLiteral("index"))
+    QHash<QByteArray, SchemaObject> found;
+    for (const SchemaObject& object : SchemaObjectsOf(handle))
+        found.insert(object.Name.toLower(), object);
+    for (const SchemaObject& expected : expectedSchema()) {
+        const auto object = found.constFind(expected.Name.toLower());
+        const bool isThere = object != found.constEnd() && object->Type == expected.Type;
+        if (!isThere && expected.Type == "index")
             continue;
-        const bool isAsMade =
-            isThere && (made.Type == QStringLiteral("table") ? isExtended(made.Text, object->Text)
-                                                             : made.Text == object->Text);
+        const bool isAsMade = isThere && (expected.Type == "table"
+                                              ? isExtended(expected.Definition, object->Definition)
+                                              : expected.Definition == object->Definition);
         if (!isAsMade)
-            raiseDamaged(file,
-                         QStringLiteral("%1 '%2' is not as it was made").arg(made.Type, made.Name));
+            raiseDamaged(file, QStringLiteral("%1 '%2' is not as it was made")
+                                   .arg(QString::fromUtf8(expected.Type),
+                                        QString::fromUtf8(expected.Name.toLower())));
     }
 }
 

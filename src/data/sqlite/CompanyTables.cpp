@@ -1,5 +1,7 @@
 #include "data/CompanyTables.h"
 
+#include "data/Utf8.h"
+#include "data/sqlite/CompanySchema.h"
 #include "data/sqlite/SqliteEngine.h"
 
 #include <QHash>
@@ -7,9 +9,6 @@
 #include <algorithm>
 
 namespace TradeForms {
-
-/// The text of schema/sqlite.sql, which the build makes a part of the library.
-const char* SqliteSchemaScript();
 
 namespace {
 
@@ -20,12 +19,10 @@ QStringList names(SqliteEngine& model, const char* query, const QString& of)
     sqlite3_stmt* statement = model.Prepared(query);
     const ResetAtEnd reset(statement);
     const QByteArray bytes = of.toUtf8();
-    BindText(statement, 1, {bytes.constData(), std::size_t(bytes.size())});
+    BindText(statement, 1, ViewOf(bytes));
     QStringList found;
-    while (Step(statement)) {
-        const std::string_view name = ReadColumn(statement, 0).Bytes;
-        found.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
-    }
+    while (Step(statement))
+        found.append(ReadText(statement, 0));
     return found;
 }
 
@@ -51,14 +48,12 @@ QStringList keysOf(SqliteEngine& model, const QString& table)
 
 Tables readTables()
 {
-    sqlite3* raw = nullptr;
-    sqlite3_open(":memory:", &raw);
-    SqliteEngine model{Handle(raw)};
-    RunScript(model.Raw(), SqliteSchemaScript());
+    SqliteEngine model{SchemaInMemory()};
     Tables tables;
     for (const QString& name : model.TableNames()) {
         CompanyTable& table = tables[name.toLower()];
-        const auto none = model.Run(QStringLiteral("select * from \"%1\"").arg(name));
+        const auto none =
+            model.Run(QStringLiteral("select * from ") + QString::fromUtf8(QuotedIdentifier(name)));
         const ResultMetadata& columns = none->Columns();
         for (int index = 0; index < columns.Count(); ++index)
             table.Fields.push_back({columns.At(index).Name, columns.At(index).Kind});
@@ -72,7 +67,7 @@ Tables readTables()
 const CompanyTable::Field* CompanyTable::Find(const QString& name) const
 {
     const auto found = std::find_if(Fields.begin(), Fields.end(), [&](const Field& field) {
-        return field.Name.compare(name, Qt::CaseInsensitive) == 0;
+        return IsSameName(field.Name, name);
     });
     return found == Fields.end() ? nullptr : &*found;
 }

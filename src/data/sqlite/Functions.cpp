@@ -1,6 +1,7 @@
 #include "data/sqlite/Functions.h"
 
 #include "data/TextCompare.h"
+#include "data/Utf8.h"
 #include "data/sqlite/Handle.h"
 
 #include <QDateTime>
@@ -30,7 +31,7 @@ void fail(sqlite3_context* context, const QByteArray& description)
 
 void failAsDate(sqlite3_context* context, std::string_view text)
 {
-    fail(context, "'" + QByteArray(text.data(), qsizetype(text.size())) + "' is not a date.");
+    fail(context, "'" + ToBytes(text) + "' is not a date.");
 }
 
 /// Uses the pattern that is the first argument: compiled once for all rows of a statement, where
@@ -54,8 +55,7 @@ void like(sqlite3_context* context, int count, sqlite3_value** values)
     char32_t escape = 0;
     if (count == 3) {
         const std::string_view given = ViewOf(values[2]);
-        const QList<uint> letters =
-            QString::fromUtf8(given.data(), qsizetype(given.size())).toUcs4();
+        const QList<uint> letters = FromUtf8(given).toUcs4();
         if (letters.size() != 1)
             return fail(context, "An escape character is one character.");
         escape = letters.front();
@@ -161,19 +161,19 @@ void dateadd(sqlite3_context* context, int, sqlite3_value** values)
     if (!moment.isValid())
         return failAsDate(context, text);
     const std::string_view partText = ViewOf(values[0]);
-    const QString part = QString::fromUtf8(partText.data(), qsizetype(partText.size())).toLower();
+    const QString part = FromUtf8(partText).toLower();
     const QDateTime result = added(moment, part, sqlite3_value_int64(values[1]));
     if (!result.isValid())
         return fail(context, "dateadd cannot add '" + part.toUtf8() + "'.");
     const bool isDate = text.size() <= 10 && result.time() == QTime(0, 0);
     const QByteArray stored = isDate ? StoredText(result.date()) : StoredText(result);
-    ResultText(context, {stored.constData(), std::size_t(stored.size())});
+    ResultText(context, ViewOf(stored));
 }
 
 void getdate(sqlite3_context* context, int, sqlite3_value**)
 {
     const QByteArray now = StoredText(QDateTime::currentDateTime());
-    ResultText(context, {now.constData(), std::size_t(now.size())});
+    ResultText(context, ViewOf(now));
 }
 
 struct Definition {

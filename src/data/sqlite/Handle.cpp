@@ -1,6 +1,8 @@
 #include "data/sqlite/Handle.h"
 
 #include "data/Failure.h"
+#include "data/Tokens.h"
+#include "data/Utf8.h"
 
 #include <QDir>
 
@@ -107,11 +109,9 @@ PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isKept)
     if (result != SQLITE_OK)
         RaiseSqlite(handle);
     if (!prepared)
-        throw ProviderFailure(QStringLiteral("There is no statement to run."), SQLITE_ERROR);
+        RaiseNoStatement();
     if (!isBlank(handle, rest, text.constData() + text.size()))
-        throw ProviderFailure(
-            QStringLiteral("Only one statement can be run at a time: there is more after its end."),
-            SQLITE_ERROR);
+        RaiseSecondStatement();
     return prepared;
 }
 
@@ -184,6 +184,21 @@ Cell ReadColumn(sqlite3_stmt* statement, int column)
     default:
         return {};
     }
+}
+
+QByteArray ReadBytes(sqlite3_stmt* statement, int column)
+{
+    return ToBytes(ReadColumn(statement, column).Bytes);
+}
+
+QString ReadText(sqlite3_stmt* statement, int column)
+{
+    return FromUtf8(ReadColumn(statement, column).Bytes);
+}
+
+QByteArray QuotedIdentifier(const QString& name)
+{
+    return '"' + name.toUtf8().replace("\"", "\"\"") + '"';
 }
 
 std::string_view ViewOf(sqlite3_value* value)

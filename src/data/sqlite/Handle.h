@@ -66,6 +66,13 @@ void BindText(sqlite3_stmt* statement, int parameter, std::string_view text);
 /// A column of the current row; its bytes live until the next step.
 Cell ReadColumn(sqlite3_stmt* statement, int column);
 
+/// A column of the current row as text; its own copy.
+QByteArray ReadBytes(sqlite3_stmt* statement, int column);
+QString ReadText(sqlite3_stmt* statement, int column);
+
+/// A name as it may stand in any statement: in double quotes.
+QByteArray QuotedIdentifier(const QString& name);
+
 std::string_view ViewOf(sqlite3_value* value);
 void ResultText(sqlite3_context* context, std::string_view text);
 

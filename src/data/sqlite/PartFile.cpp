@@ -1,36 +1,27 @@
 #include "data/sqlite/PartFile.h"
 
 #include "data/sqlite/CompanyFile.h"
+#include "data/sqlite/DatabaseFiles.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStorageInfo>
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#endif
-
-#include <filesystem>
-#include <system_error>
 
 namespace TradeForms {
 
 namespace {
 
-[[noreturn]] void raise(const QString& description, const QString& file)
-{
-    throw Failure(description.arg(QDir::toNativeSeparators(file)));
-}
-
 void requireFolder(const QString& place)
 {
     const QFileInfo folder(QFileInfo(place).absolutePath());
     if (!folder.isDir())
-        raise(QStringLiteral("The folder '%1' was not found."), folder.filePath());
+        RaiseFileFailure(QStringLiteral("The folder '%1' was not found."), folder.filePath());
     if (!IsWritable(folder))
-        raise(QStringLiteral("Nothing can be written in the folder '%1': it is read-only."),
-              folder.filePath());
+        RaiseFileFailure(
+            QStringLiteral("Nothing can be written in the folder '%1': it is read-only."),
+            folder.filePath());
 }
 
 QString withoutLinks(const QString& place)
@@ -51,16 +42,17 @@ PartFile::PartFile(const QString& place, Existing existing)
 {
     const QFileInfo info(place_);
     if (info.isDir())
-        raise(QStringLiteral("'%1' is a folder. Name a file."), place_);
+        RaiseFileFailure(QStringLiteral("'%1' is a folder. Name a file."), place_);
     requireFolder(place_);
     if (existing == Existing::Keep && info.exists())
-        raise(QStringLiteral("'%1' exists already. It was left as it is."), place_);
+        RaiseFileFailure(QStringLiteral("'%1' exists already. It was left as it is."), place_);
     // However long it takes, it is no less alive.
     lock_.setStaleLockTime(0);
     if (!lock_.tryLock())
-        raise(QStringLiteral("Another program is writing '%1' just now."), place_);
+        RaiseFileFailure(QStringLiteral("Another program is writing '%1' just now."), place_);
     if (!RemoveDatabase(path_))
-        raise(QStringLiteral("'%1', which an earlier attempt has left, cannot be removed."), path_);
+        RaiseFileFailure(
+            QStringLiteral("'%1', which an earlier attempt has left, cannot be removed."), path_);
 }
 
 PartFile::~PartFile()
@@ -87,15 +79,16 @@ void PartFile::TakePlace()
     for (const char* ending : {"-wal", "-journal"}) {
         const QString log = place_ + QLatin1String(ending);
         if (QFileInfo::exists(log))
-            raise(QStringLiteral("'%1' is what is left of another company: it would spoil the one "
-                                 "that is to stand there. Move it away."),
-                  log);
+            RaiseFileFailure(
+                QStringLiteral("'%1' is what is left of another company: it would spoil the one "
+                               "that is to stand there. Move it away."),
+                log);
     }
     if (existing_ == Existing::Replace)
         MoveOver(path_, place_);
     else if (!QFile::rename(path_, place_))
-        raise(QStringLiteral("'%1' could not be given its name: another file has taken it."),
-              place_);
+        RaiseFileFailure(
+            QStringLiteral("'%1' could not be given its name: another file has taken it."), place_);
     isPlaced_ = true;
 }
 
@@ -104,38 +97,6 @@ bool PartFile::RemoveLeftOver(const QString& path)
     QLockFile lock(lockOf(path));
     lock.setStaleLockTime(0);
     return lock.tryLock() && RemoveDatabase(path);
-}
-
-void RaiseInUse(const QString& file)
-{
-    raise(QStringLiteral("'%1' is in use. Close the program on all workstations and try again."),
-          file);
-}
-
-bool RemoveDatabase(const QString& file)
-{
-    bool isGone = true;
-    for (const char* ending : {"-wal", "-shm", "-journal", ""}) {
-        const QString path = file + QLatin1String(ending);
-        isGone = (!QFile::exists(path) || QFile::remove(path)) && isGone;
-    }
-    return isGone;
-}
-
-void MoveOver(const QString& file, const QString& place)
-{
-    std::error_code error;
-    std::filesystem::rename(QFileInfo(file).filesystemAbsoluteFilePath(),
-                            QFileInfo(place).filesystemAbsoluteFilePath(), error);
-#ifdef Q_OS_WIN
-    // What somebody has open cannot be moved there, nor replaced.
-    if (error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_ACCESS_DENIED)
-        RaiseInUse(QFileInfo::exists(place) ? place : file);
-#endif
-    if (error)
-        throw Failure(QStringLiteral("'%1' could not be replaced: %2.")
-                          .arg(QDir::toNativeSeparators(place),
-                               QString::fromLocal8Bit(error.message().c_str())));
 }
 
 } // namespace TradeForms

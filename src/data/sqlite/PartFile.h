@@ -41,13 +41,4 @@ private:
     bool isPlaced_ = false;
 };
 
-/// Raises the Failure of a company that somebody has open.
-[[noreturn]] void RaiseInUse(const QString& file);
-
-/// Removes a database with the files that may stand beside it; false where one stays.
-bool RemoveDatabase(const QString& file);
-
-/// Gives a file another name, also that of a file which is there already. Raises Failure.
-void MoveOver(const QString& file, const QString& place);
-
 } // namespace TradeForms

@@ -230,10 +230,8 @@ QStringList SqliteEngine::TableNames()
                  " ORDER BY name COLLATE NOCASE");
     const ResetAtEnd reset(statement);
     QStringList names;
-    while (Step(statement)) {
-        const std::string_view name = ReadColumn(statement, 0).Bytes;
-        names.append(QString::fromUtf8(name.data(), qsizetype(name.size())));
-    }
+    while (Step(statement))
+        names.append(ReadText(statement, 0));
     return names;
 }
 

@@ -1,13 +1,10 @@
 #include "data/sqlite/SqliteRowWriter.h"
 
+#include "data/Utf8.h"
+
 namespace TradeForms {
 
 namespace {
-
-QByteArray quoted(const QString& name)
-{
-    return '"' + name.toUtf8().replace("\"", "\"\"") + '"';
-}
 
 QByteArray parameter(int number)
 {
@@ -18,7 +15,7 @@ QByteArray parameter(int number)
 /// case, which finds the row by an index; a change of case alone is a change all the same.
 QByteArray unchanged(const Column& column, int number, bool isKey)
 {
-    const QByteArray name = quoted(column.Field);
+    const QByteArray name = QuotedIdentifier(column.Field);
     QByteArray condition = name + " IS " + parameter(number);
     if (column.Kind == ColumnKind::Text && !isKey)
         condition += " AND " + name + " COLLATE BINARY IS " + parameter(number);
@@ -29,7 +26,8 @@ QByteArray unchanged(const Column& column, int number, bool isKey)
 
 SqliteRowWriter::SqliteRowWriter(SqliteEngine& engine,
                                  std::shared_ptr<const ResultMetadata> metadata)
-    : engine_(engine), metadata_(std::move(metadata)), table_(quoted(metadata_->BaseTable()))
+    : engine_(engine), metadata_(std::move(metadata)),
+      table_(QuotedIdentifier(metadata_->BaseTable()))
 {
 }
 
@@ -54,13 +52,11 @@ SqliteRowWriter::Table SqliteRowWriter::readTable()
     sqlite3_stmt* statement = engine_.Prepared("SELECT name, pk FROM pragma_table_info(?1)");
     const ResetAtEnd reset(statement);
     const QByteArray name = metadata_->BaseTable().toUtf8();
-    BindText(statement, 1, {name.constData(), std::size_t(name.size())});
+    BindText(statement, 1, ViewOf(name));
     Table table;
-    for (; Step(statement); ++table.Columns) {
-        const std::string_view column = ReadColumn(statement, 0).Bytes;
+    for (; Step(statement); ++table.Columns)
         if (sqlite3_column_int(statement, 1) != 0)
-            table.Keys.append(QString::fromUtf8(column.data(), qsizetype(column.size())));
-    }
+            table.Keys.append(ReadText(statement, 0));
     return table;
 }
 
@@ -76,7 +72,7 @@ QByteArray SqliteRowWriter::columnNames(const std::vector<bool>& chosen) const
     QByteArray names;
     for (int index = 0; index < metadata_->Count(); ++index)
         if (chosen[std::size_t(index)])
-            names += (names.isEmpty() ? "" : ", ") + quoted(metadata_->At(index).Field);
+            names += (names.isEmpty() ? "" : ", ") + QuotedIdentifier(metadata_->At(index).Field);
     return names;
 }
 
@@ -108,8 +104,9 @@ const QByteArray& SqliteRowWriter::updateFor(const std::vector<bool>& touched)
     QByteArray settings;
     for (int index = 0; index < count; ++index) {
         if (touched[std::size_t(index)])
-            settings += (settings.isEmpty() ? "" : ", ") + quoted(metadata_->At(index).Field) +
-                        " = " + parameter(count + index + 1);
+            settings += (settings.isEmpty() ? "" : ", ") +
+                        QuotedIdentifier(metadata_->At(index).Field) + " = " +
+                        parameter(count + index + 1);
     }
     update_ = {touched, "UPDATE " + table_ + " SET " + settings + " WHERE " + where()};
     return update_.Text;

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+// What is done to the files of a database, and the failures of that.
+
+namespace TradeForms {
+
+/// Raises Failure with a description in which %1 stands for the file.
+[[noreturn]] void RaiseFileFailure(const QString& description, const QString& file);
+/// The same as a ProviderFailure with one of SQLite's error codes.
+[[noreturn]] void RaiseFileFailure(const QString& description, const QString& file, int code);
+/// Raises the Failure of a company that another program has open.
+[[noreturn]] void RaiseInUse(const QString& file);
+
+/// Whether two paths lead to one file that exists.
+bool IsSameFile(const QString& first, const QString& second);
+
+/// Removes a database and its log and journal files. Returns false where one of them cannot be
+/// removed.
+bool RemoveDatabase(const QString& file);
+
+/// Renames a file to a place, over a file that stands there already. Raises Failure.
+void MoveOver(const QString& file, const QString& place);
+
+} // namespace TradeForms
