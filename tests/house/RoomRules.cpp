@@ -35,12 +35,9 @@ const QHash<QString, QSet<QString>>& mayInclude()
 
 QString roomOf(const QString& path)
 {
-    // The entry class stands on top of all forms though it lives beside HostContext.
-    if (path.startsWith(QLatin1String("src/host/Forms.")) || path == QLatin1String("host/Forms.h"))
-        return QStringLiteral("entry");
-    // Its outer face stands in front of that.
-    static const QRegularExpression face(QStringLiteral("^(?:src/)?host/com/"));
-    if (face.match(path).hasMatch())
+    // The class for Windows hosts lies in the entry's folder and knows nothing of the screens.
+    static const QRegularExpression com(QStringLiteral("^(?:src/)?entry/com/"));
+    if (com.match(path).hasMatch())
         return QStringLiteral("com");
     static const QRegularExpression inRoom(QStringLiteral("^(?:src/)?([a-z]+)/"));
     return inRoom.match(path).captured(1);

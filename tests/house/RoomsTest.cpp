@@ -45,7 +45,7 @@ TEST(Rooms, TheRuleFires)
     EXPECT_TRUE(broken("src/controls/Txt.cpp", "#include <TradeForms/Connection.h>\n"));
     EXPECT_TRUE(broken("src/search/SearchWindow.cpp", "#include \"frame/VoucherForm.h\"\n"));
     EXPECT_TRUE(broken("src/frame/VoucherForm.cpp", "  #  include \"stock/FrmGatePass.h\"\n"));
-    EXPECT_TRUE(broken("src/stock/FrmGatePass.cpp", "#include \"host/Forms.h\"\n"));
+    EXPECT_TRUE(broken("src/stock/FrmGatePass.cpp", "#include \"entry/Forms.h\"\n"));
     EXPECT_TRUE(broken("src/host/HostContext.cpp", "#include <TradeForms/Forms.h>\n"));
     EXPECT_TRUE(broken("src/search/SearchWindow.cpp", "#include <TradeForms/Printing.h>\n"));
     EXPECT_TRUE(broken("app/MainWindow.cpp", "#include \"data/Connection.h\"\n"));
@@ -58,8 +58,8 @@ TEST(Rooms, TheRuleFires)
     EXPECT_TRUE(broken("src/data/sqlite/Backup.cpp", "#include \"data/odbc/OdbcLink.h\"\n"));
     EXPECT_TRUE(broken("src/data/sqlite/Adapter.cpp", "#include \"data/server/TransactSql.h\"\n"));
     EXPECT_TRUE(broken("src/data/server/TransactSql.h", "#include \"data/odbc/Server.h\"\n"));
-    EXPECT_TRUE(broken("src/host/com/Workplace.cpp", "#include \"stock/FrmGatePass.h\"\n"));
-    EXPECT_TRUE(broken("src/host/Forms.cpp", "#include \"host/com/Module.h\"\n"));
+    EXPECT_TRUE(broken("src/entry/com/Workplace.cpp", "#include \"stock/FrmGatePass.h\"\n"));
+    EXPECT_TRUE(broken("src/entry/Forms.cpp", "#include \"entry/com/Module.h\"\n"));
 
     EXPECT_FALSE(broken("src/data/Connection.cpp", "#include \"data/odbc/OdbcEngine.h\"\n"));
     EXPECT_FALSE(broken("src/data/ado/HostLink.cpp", "#include \"data/server/TransactSql.h\"\n"));
@@ -67,9 +67,9 @@ TEST(Rooms, TheRuleFires)
     EXPECT_FALSE(
         broken("src/data/sqlite/CompanyTables.cpp", "#include \"data/CompanyTables.h\"\n"));
     EXPECT_FALSE(broken("src/frame/VoucherForm.cpp", "#include \"data/Numbers.h\"\n"));
-    EXPECT_FALSE(broken("src/host/Forms.cpp", "#include \"stock/FrmGatePass.h\"\n"));
-    EXPECT_FALSE(broken("src/host/com/FormsObject.h", "#include \"host/Forms.h\"\n"));
-    EXPECT_FALSE(broken("src/host/com/HostLoop.cpp", "#include \"controls/ModalScope.h\"\n"));
+    EXPECT_FALSE(broken("src/entry/Forms.cpp", "#include \"stock/FrmGatePass.h\"\n"));
+    EXPECT_FALSE(broken("src/entry/com/FormsObject.h", "#include \"entry/Forms.h\"\n"));
+    EXPECT_FALSE(broken("src/entry/com/HostLoop.cpp", "#include \"controls/ModalScope.h\"\n"));
     EXPECT_FALSE(broken("app/MainWindow.cpp", "#include <TradeForms/Forms.h>\n"));
     EXPECT_FALSE(broken("tools/backup/main.cpp", "#include <TradeForms/Backup.h>\n"));
     EXPECT_FALSE(broken("src/data/Connection.h", "#include <TradeForms/Failure.h>\n"));
