@@ -129,9 +129,9 @@ Options ReadOptions(const QStringList& words)
     if (given("accounts")) {
         bool isNumber = false;
         options.Accounts = value("accounts").toInt(&isNumber);
-        if (!isNumber || options.Accounts < 0 || options.Accounts > SampleCompany::MostAccounts) {
+        if (!isNumber || options.Accounts < 0 || options.Accounts > Sample::MostAccounts) {
             return refuse(QStringLiteral("--accounts takes a whole number from 0 to %1.")
-                              .arg(SampleCompany::MostAccounts));
+                              .arg(Sample::MostAccounts));
         }
     }
     options.Until = QDate::currentDate();

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "SampleCompany.h"
 #include "Screens.h"
+#include "sample/Company.h"
 
 #include <QDate>
 #include <QString>
@@ -28,7 +28,7 @@ struct Options {
     QString UserName;             ///< empty: ask
     const Screen* Open = nullptr; ///< the screen to open after login, if any
     bool CreateSample = false;    ///< also with Run: make the company first if it is missing
-    int Accounts = SampleCompany::DefaultAccounts;
+    int Accounts = Sample::DefaultAccounts;
     QDate Until;
 };
 

@@ -106,9 +106,9 @@ void makeSample(const Options& options)
 {
     constexpr int madeAtOnce = 1000;
     QDir().mkpath(QFileInfo(options.Database).absolutePath());
-    SampleCompany::Create(options.Database, options.Accounts, options.Until,
-                          options.Accounts > madeAtOnce ? SampleCompany::Progress(SampleProgress())
-                                                        : SampleCompany::Progress());
+    MakeSampleCompany(options.Database, options.Accounts, options.Until,
+                      options.Accounts > madeAtOnce ? Sample::Progress(SampleProgress())
+                                                    : Sample::Progress());
 }
 
 std::shared_ptr<Connection> openCompany(const QString& database)
@@ -140,7 +140,7 @@ bool companyIsThere(const Options& options)
                                   QStringLiteral("\n\nMake the sample company there? Its users "
                                                  "are admin, clerk and others, all with the "
                                                  "password \"%1\".")
-                                      .arg(SampleCompany::Password())) != QMessageBox::Yes)
+                                      .arg(Sample::Password())) != QMessageBox::Yes)
         return false;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     makeSample(options);

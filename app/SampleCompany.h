@@ -1,36 +1,15 @@
 #pragma once
 
+#include "sample/Company.h"
+
 #include <QDate>
 #include <QString>
 
-#include <functional>
+namespace Host {
 
-/// A made-up trading company to try the screens on.
-///
-/// It has three branches with twelve areas and sixty staff, forty products, rates of commission
-/// and prize, users with different rights, and half a year of vouchers of every kind. A company of
-/// more than a thousand accounts has four years of them, ten receipts an account on average, and
-/// as many more areas with their staff as it takes for none to hold more than five thousand.
-///
-/// Days are counted back from the last one; the same last day and number of accounts give the
-/// same rows each time. Another last day moves the dates of the vouchers and changes nothing else
-/// in them; only pay goes by the months of the calendar. (The hashes of the passwords differ, for
-/// each has a salt of its own.)
-namespace Host::SampleCompany {
+/// Makes the sample company with the tables of this host, so that its users can log in here.
+/// Raises as Sample::CreateCompany does.
+void MakeSampleCompany(const QString& file, int accounts, QDate until,
+                       const Sample::Progress& progress = {});
 
-inline constexpr int DefaultAccounts = 400;
-/// Card numbers have five characters, and an area must have enough of them.
-inline constexpr int MostAccounts = 1'000'000;
-
-/// The password of every user of the sample.
-QString Password();
-
-/// Told what is being written and how much of how much of it is done.
-using Progress = std::function<void(const char* what, int done, int of)>;
-
-/// Makes the company in a new file, with so many instalment accounts, its vouchers ending on
-/// the given day. Raises TradeForms::Failure where the file is there or cannot be made; a file
-/// that it could not finish is removed.
-void Create(const QString& file, int accounts, QDate until, const Progress& progress = {});
-
-} // namespace Host::SampleCompany
+} // namespace Host

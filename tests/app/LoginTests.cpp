@@ -29,7 +29,7 @@ namespace {
 
 class Login : public SampleFixture {
 protected:
-    QString Secret = Host::SampleCompany::Password();
+    QString Secret = Sample::Password();
 };
 
 /// What the check of a hash costs, as the hash itself says: kind, version, memory and rounds.

@@ -52,7 +52,7 @@ private:
         static const QTemporaryDir folder;
         static const QString file = [] {
             const QString path = folder.filePath(QStringLiteral("original.db"));
-            Host::SampleCompany::Create(path, Host::SampleCompany::DefaultAccounts, lastDay);
+            Host::MakeSampleCompany(path, Sample::DefaultAccounts, lastDay);
             return path;
         }();
         return file;

@@ -26,10 +26,10 @@ protected:
         Made& made = companies[GetParam()];
         if (!made.Company) {
             const QString file = folder->filePath(QString::number(GetParam()));
-            Host::SampleCompany::Create(
-                file, GetParam(), lastDay, [&made](const char* what, int done, int of) {
-                    made.Told.push_back({QString::fromUtf8(what), done, of});
-                });
+            Host::MakeSampleCompany(file, GetParam(), lastDay,
+                                    [&made](const char* what, int done, int of) {
+                                        made.Told.push_back({QString::fromUtf8(what), done, of});
+                                    });
             made.Company = Connection::Open(file);
         }
         company = made.Company;

@@ -1,7 +1,7 @@
 #include "SampleFixture.h"
 
 #include "sample/AccountPlan.h"
-#include "sample/SampleRandom.h"
+#include "sample/Random.h"
 
 #include <TradeForms/Failure.h>
 
@@ -15,7 +15,7 @@ using TradeForms::Statement;
 
 namespace {
 
-class Sample : public SampleFixture {};
+class SampleRows : public SampleFixture {};
 
 QStringList tableNames(Connection& connection)
 {
@@ -50,7 +50,7 @@ QStringList contents(Connection& connection, const QString& table, QDate last)
 
 } // namespace
 
-TEST_F(Sample, HasItsBranchesAreasStaffAndProducts)
+TEST_F(SampleRows, HasItsBranchesAreasStaffAndProducts)
 {
     EXPECT_EQ(Count("select count(*) from Branches"), 3);
     EXPECT_EQ(Count("select count(*) from Areas"), 12);
@@ -62,7 +62,7 @@ TEST_F(Sample, HasItsBranchesAreasStaffAndProducts)
               QString::fromUtf8("المدینہ ٹریڈرز قصور"));
 }
 
-TEST_F(Sample, EveryRoleIsFilled)
+TEST_F(SampleRows, EveryRoleIsFilled)
 {
     EXPECT_GE(Count("select count(*) from Staff where FieldWorker = 1"), 30);
     EXPECT_EQ(Count("select count(*) from Staff where Frenchiser = 1"), 4);
@@ -70,7 +70,7 @@ TEST_F(Sample, EveryRoleIsFilled)
     EXPECT_EQ(Count("select count(*) from Staff where StaffID = '6210' and FieldWorker = 1"), 1);
 }
 
-TEST_F(Sample, EveryAreaHasItsBranchManagerAndSecretary)
+TEST_F(SampleRows, EveryAreaHasItsBranchManagerAndSecretary)
 {
     EXPECT_EQ(Count("select count(*) from Areas a "
                     "inner join Staff m on a.AMStaffID = m.StaffID "
@@ -85,7 +85,7 @@ TEST_F(Sample, EveryAreaHasItsBranchManagerAndSecretary)
               60);
 }
 
-TEST_F(Sample, StockIsNeverNegativeOnAnyDay)
+TEST_F(SampleRows, StockIsNeverNegativeOnAnyDay)
 {
     // A day's vouchers are played as a whole: what leaves on it may have come on it.
     Recordset moves = Connection->Execute(
@@ -123,7 +123,7 @@ TEST_F(Sample, StockIsNeverNegativeOnAnyDay)
     }
 }
 
-TEST_F(Sample, GatePassesAreOfOneKindAndSomeArePosted)
+TEST_F(SampleRows, GatePassesAreOfOneKindAndSomeArePosted)
 {
     EXPECT_GT(Count("select count(*) from GatePassHeader"), 300);
     EXPECT_EQ(Count("select count(*) from GatePassHeader where Supply + Sale + [Order] <> 1"), 0);
@@ -139,7 +139,7 @@ TEST_F(Sample, GatePassesAreOfOneKindAndSomeArePosted)
     EXPECT_EQ(Count("select count(*) from GatePassHeader where GatePassDate > '2026-11-20'"), 0);
 }
 
-TEST_F(Sample, AccountsAreWhatTheirLinesAndCardsSay)
+TEST_F(SampleRows, AccountsAreWhatTheirLinesAndCardsSay)
 {
     EXPECT_EQ(Count("select count(*) from InsCustomerHeader where Sale + [Order] + Old <> 1"), 0);
     EXPECT_EQ(Count("select count(*) from InsCustomerHeader where "
@@ -166,7 +166,7 @@ TEST_F(Sample, AccountsAreWhatTheirLinesAndCardsSay)
         << "a converted account keeps the units of the old one, and no other has them";
 }
 
-TEST_F(Sample, NoAccountIsPaidBeyondItsTotal)
+TEST_F(SampleRows, NoAccountIsPaidBeyondItsTotal)
 {
     EXPECT_EQ(Count("select count(*) from InsCustomerHeader where "
                     "dbo.FunCurrentBalance(InsCustomerID) < 0"),
@@ -181,7 +181,7 @@ TEST_F(Sample, NoAccountIsPaidBeyondItsTotal)
     EXPECT_GT(Count("select count(*) from ReturnBody"), 5);
 }
 
-TEST_F(Sample, RecoveryVouchersAreNumberedWithoutGapsInTheOrderOfTheirDates)
+TEST_F(SampleRows, RecoveryVouchersAreNumberedWithoutGapsInTheOrderOfTheirDates)
 {
     const int vouchers = Count("select count(*) from RecoveryHeader");
     EXPECT_GT(vouchers, 200);
@@ -198,10 +198,10 @@ TEST_F(Sample, RecoveryVouchersAreNumberedWithoutGapsInTheOrderOfTheirDates)
     EXPECT_EQ(Count("select count(*) - count(distinct ReceiptNo) from RecoveryBody"), 0);
 }
 
-TEST_F(Sample, TheSameDayGivesTheSameRowsInEveryTable)
+TEST_F(SampleRows, TheSameDayGivesTheSameRowsInEveryTable)
 {
     const QString again = Folder.filePath(QStringLiteral("again.db"));
-    Host::SampleCompany::Create(again, Host::SampleCompany::DefaultAccounts, lastDay);
+    Host::MakeSampleCompany(again, Sample::DefaultAccounts, lastDay);
     const auto other = Connection::Open(again);
     const QStringList tables = tableNames(*Connection);
     EXPECT_GT(tables.size(), 40);
@@ -212,11 +212,11 @@ TEST_F(Sample, TheSameDayGivesTheSameRowsInEveryTable)
     }
 }
 
-TEST_F(Sample, AnotherLastDayMovesTheVouchersAndChangesNothingElse)
+TEST_F(SampleRows, AnotherLastDayMovesTheVouchersAndChangesNothingElse)
 {
     const QDate later = lastDay.addDays(45);
     const QString again = Folder.filePath(QStringLiteral("later.db"));
-    Host::SampleCompany::Create(again, Host::SampleCompany::DefaultAccounts, later);
+    Host::MakeSampleCompany(again, Sample::DefaultAccounts, later);
     const auto other = Connection::Open(again);
     for (const char* table : {"GatePassBody", "StockInHeader", "RecoveryBody", "ConcessionBody",
                               "InsCustomerBody", "StaffAdvance"}) {
@@ -225,9 +225,9 @@ TEST_F(Sample, AnotherLastDayMovesTheVouchersAndChangesNothingElse)
     }
 }
 
-TEST_F(Sample, AFileThatIsThereIsLeftAlone)
+TEST_F(SampleRows, AFileThatIsThereIsLeftAlone)
 {
-    EXPECT_THROW(Host::SampleCompany::Create(File, 10, lastDay), TradeForms::Failure);
+    EXPECT_THROW(Host::MakeSampleCompany(File, 10, lastDay), TradeForms::Failure);
     EXPECT_EQ(Count("select count(*) from InsCustomerHeader"), 400);
 }
 
@@ -236,7 +236,7 @@ TEST(SampleSizes, NoAccountsAndOneAccountWork)
     const QTemporaryDir folder;
     for (const int accounts : {0, 1}) {
         const QString file = folder.filePath(QString::number(accounts));
-        Host::SampleCompany::Create(file, accounts, lastDay);
+        Host::MakeSampleCompany(file, accounts, lastDay);
         const Recordset found = Connection::Open(file)->Execute("select * from InsCustomerHeader");
         EXPECT_EQ(found.RecordCount(), accounts);
     }
@@ -244,8 +244,8 @@ TEST(SampleSizes, NoAccountsAndOneAccountWork)
 
 TEST(AccountPlans, CardNumbersFitAndAreUniqueInTheLargestSample)
 {
-    const Host::Sample::Extent extent(Host::SampleCompany::MostAccounts);
-    const Host::Sample::AccountPlanner planner(extent);
+    const Sample::Extent extent(Sample::MostAccounts);
+    const Sample::AccountPlanner planner(extent);
     QSet<QString> cards;
     QSet<QString> typedCards;
     int longest = 0;
@@ -264,8 +264,8 @@ TEST(AccountPlans, CardNumbersFitAndAreUniqueInTheLargestSample)
 TEST(AccountPlans, AnAreaHoldsNoMoreThanFiveThousandSoldAccountsAtAnySize)
 {
     for (const int accounts : {1'001, 10'000, 100'000, 1'000'000}) {
-        const Host::Sample::Extent extent(accounts);
-        const Host::Sample::AccountPlanner planner(extent);
+        const Sample::Extent extent(accounts);
+        const Sample::AccountPlanner planner(extent);
         std::vector<int> held(std::size_t(extent.AreaCount()));
         for (int account = 0; account < extent.Sold(); ++account)
             ++held[planner.AreaOf(account)];
@@ -277,8 +277,8 @@ TEST(AccountPlans, AnAreaHoldsNoMoreThanFiveThousandSoldAccountsAtAnySize)
 
 TEST(AccountPlans, AMillionAccountsHaveTenReceiptsEachOnAverage)
 {
-    const Host::Sample::Extent extent(Host::SampleCompany::MostAccounts);
-    const Host::Sample::AccountPlanner planner(extent);
+    const Sample::Extent extent(Sample::MostAccounts);
+    const Sample::AccountPlanner planner(extent);
     constexpr int step = 997;
     int planned = 0;
     std::size_t receipts = 0;
@@ -294,9 +294,9 @@ TEST(AccountPlans, AMillionAccountsHaveTenReceiptsEachOnAverage)
 
 TEST(SampleRandomTest, IsTheSameEverywhere)
 {
-    Host::SampleRandom random(1);
+    Sample::Random random(1);
     const std::vector<int> drawn = {random.Below(1000), random.Below(1000), random.Below(1000)};
-    Host::SampleRandom again(1);
+    Sample::Random again(1);
     EXPECT_EQ(drawn, (std::vector<int>{again.Below(1000), again.Below(1000), again.Below(1000)}));
     // The first numbers of the generator for this seed, worked out apart from this program.
     EXPECT_THAT(drawn, testing::ElementsAre(566, 745, 971));

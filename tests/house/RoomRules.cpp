@@ -27,7 +27,8 @@ const QHash<QString, QSet<QString>>& mayInclude()
         {s("entry"),
          {s("data"), s("host"), s("stock"), s("installment"), s("payroll"), s("frame")}},
         {s("com"), {s("data"), s("controls"), s("host"), s("entry")}},
-        {s("app"), {}},
+        {s("sample"), {}},
+        {s("app"), {s("sample")}},
         {s("tools"), {}},
     };
     return allowed;
@@ -74,7 +75,8 @@ QString publicHeaderRoom(const QString& name)
 QStringList roomViolations(const QString& path, const QString& content)
 {
     const QString room = roomOf(path);
-    const bool isHost = room == QLatin1String("app") || room == QLatin1String("tools");
+    const bool isHost = room == QLatin1String("app") || room == QLatin1String("sample") ||
+                        room == QLatin1String("tools");
     QStringList violations;
     static const QRegularExpression include(
         QStringLiteral("^\\s*#\\s*include\\s*[<\"]([^>\"]+)[>\"]"),

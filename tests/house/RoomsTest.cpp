@@ -25,7 +25,7 @@ QStringList sources(const QString& folder)
 TEST(Rooms, NoFileIncludesARoomAboveItsOwn)
 {
     const QStringList files = sources(QStringLiteral("src")) + sources(QStringLiteral("app")) +
-                              sources(QStringLiteral("tools"));
+                              sources(QStringLiteral("sample")) + sources(QStringLiteral("tools"));
     ASSERT_GT(files.size(), 40);
     for (const QString& path : files) {
         QFile file(QStringLiteral(SOURCE_DIR "/") + path);
@@ -49,6 +49,8 @@ TEST(Rooms, TheRuleFires)
     EXPECT_TRUE(broken("src/host/HostContext.cpp", "#include <TradeForms/Forms.h>\n"));
     EXPECT_TRUE(broken("src/search/SearchWindow.cpp", "#include <TradeForms/Printing.h>\n"));
     EXPECT_TRUE(broken("app/MainWindow.cpp", "#include \"data/Connection.h\"\n"));
+    EXPECT_TRUE(broken("sample/Stock.cpp", "#include \"app/Passwords.h\"\n"));
+    EXPECT_TRUE(broken("sample/Stock.cpp", "#include \"src/data/Connection.h\"\n"));
     EXPECT_TRUE(broken("tools/backup/main.cpp", "#include \"data/Backup.h\"\n"));
     EXPECT_TRUE(broken("src/data/Numbers.cpp", "#include <QWidget>\n"));
     EXPECT_TRUE(broken("src/data/ado/AdoEngine.cpp", "#include \"data/sqlite/Handle.h\"\n"));
@@ -71,6 +73,8 @@ TEST(Rooms, TheRuleFires)
     EXPECT_FALSE(broken("src/entry/com/FormsObject.h", "#include \"entry/Forms.h\"\n"));
     EXPECT_FALSE(broken("src/entry/com/HostLoop.cpp", "#include \"controls/ModalScope.h\"\n"));
     EXPECT_FALSE(broken("app/MainWindow.cpp", "#include <TradeForms/Forms.h>\n"));
+    EXPECT_FALSE(broken("app/Run.cpp", "#include \"sample/Company.h\"\n"));
+    EXPECT_FALSE(broken("sample/Stock.cpp", "#include <TradeForms/Connection.h>\n"));
     EXPECT_FALSE(broken("tools/backup/main.cpp", "#include <TradeForms/Backup.h>\n"));
     EXPECT_FALSE(broken("src/data/Connection.h", "#include <TradeForms/Failure.h>\n"));
 }

@@ -4,7 +4,7 @@
 
 #include "Journeys.h"
 
-#include "SampleCompany.h"
+#include "sample/Company.h"
 
 #include <QApplication>
 #include <QDir>
@@ -187,7 +187,7 @@ void GatePassDay(Clerk& clerk, const QString& file, const QString& printTo)
     clerk.Picture(s("wrong-password"));
     clerk.ExpectFocus(s("TxtPassword"));
     // The button is closed for a moment; the field is open.
-    clerk.Replace(Host::SampleCompany::Password());
+    clerk.Replace(Sample::Password());
     clerk.WaitFor(s("BtnLogin"), true);
     clerk.Press(Qt::Key_Return);
     openGatePass(clerk);

@@ -6,7 +6,7 @@
 
 #include "Options.h"
 #include "Run.h"
-#include "SampleCompany.h"
+#include "sample/Company.h"
 
 #include <QApplication>
 #include <QDate>
@@ -52,7 +52,7 @@ void logIn(Clerk& clerk, const QString& user)
 {
     clerk.See(s("LoginWindow"));
     clerk.Enter(user);
-    clerk.Enter(Host::SampleCompany::Password());
+    clerk.Enter(Sample::Password());
     clerk.See(s("MainWindow"));
 }
 

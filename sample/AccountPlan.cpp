@@ -1,10 +1,10 @@
-#include "AccountPlan.h"
+#include "sample/AccountPlan.h"
 
-#include "SampleRandom.h"
+#include "sample/Random.h"
 
 #include <algorithm>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -39,7 +39,7 @@ bool isOld(int rank)
     return rank % oldEvery == oldEvery - 1;
 }
 
-std::vector<SaleLine> chooseLines(SampleRandom& random)
+std::vector<SaleLine> chooseLines(Random& random)
 {
     std::vector<SaleLine> lines;
     const int draw = random.Below(100);
@@ -58,7 +58,7 @@ std::vector<SaleLine> chooseLines(SampleRandom& random)
 }
 
 /// What is paid at one visit: mostly the instalment, at times half, double or nothing.
-int payment(SampleRandom& random, int installment)
+int payment(Random& random, int installment)
 {
     const int draw = random.Below(100);
     if (draw < 12)
@@ -171,7 +171,7 @@ QString AccountPlanner::IdOf(int account) const
 
 AccountPlan AccountPlanner::Plan(int account) const
 {
-    SampleRandom random(3'000'000'000U + std::uint64_t(account));
+    Random random(3'000'000'000U + std::uint64_t(account));
     const auto [area, rank] = placeOf(account);
     AccountPlan plan;
     plan.Area = area;
@@ -214,7 +214,7 @@ AccountPlan AccountPlanner::Plan(int account) const
 }
 
 void AccountPlanner::planReceipts(AccountPlan& plan, int rank, int owing, int lastDay,
-                                  SampleRandom& random) const
+                                  Random& random) const
 {
     for (int week = rank % visitGroups; week < extent_.Weeks(); week += visitGroups) {
         const int visit = recoverySlot(plan.Area, rank, week);
@@ -291,7 +291,7 @@ int AccountPlanner::monthlyDay(int slot, int dayOfMonth) const
 
 /// A slot of the area in one of the months after the day, if any is left.
 std::optional<int> AccountPlanner::slotAfter(int day, std::size_t area, int dayOfMonth,
-                                             SampleRandom& random) const
+                                             Random& random) const
 {
     constexpr int choice = 8;
     int first = 0;
@@ -304,4 +304,4 @@ std::optional<int> AccountPlanner::slotAfter(int day, std::size_t area, int dayO
     return slotOf(first + random.Below(left));
 }
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -4,13 +4,13 @@
 #include <cstdint>
 #include <iterator>
 
-namespace Host {
+namespace Sample {
 
 /// A sequence of numbers that its seed settles, on every platform alike (the distributions of
 /// the standard library are not). Neighbouring seeds give unrelated sequences.
-class SampleRandom {
+class Random {
 public:
-    explicit SampleRandom(std::uint64_t seed) : state_(seed) {}
+    explicit Random(std::uint64_t seed) : state_(seed) {}
 
     /// A whole number from 0 up to, not including, the limit.
     int Below(int limit) { return int(((next() >> 32) * std::uint64_t(limit)) >> 32); }
@@ -36,4 +36,4 @@ private:
     std::uint64_t state_;
 };
 
-} // namespace Host
+} // namespace Sample

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extent.h"
+#include "sample/Extent.h"
 
 #include <QString>
 
@@ -11,11 +11,9 @@
 // What happens to each instalment account of the sample, worked out from its number alone: any
 // account can be planned at any time, so that a great many need no room in memory.
 
-namespace Host {
-class SampleRandom;
-}
+namespace Sample {
 
-namespace Host::Sample {
+class Random;
 
 /// The vouchers of one kind, laid out as slots in the order of their dates. Only those that are
 /// used get a number, so that the numbers have no gaps.
@@ -126,15 +124,13 @@ private:
     int accountsSoldIn(std::size_t area) const;
     int recoverySlot(std::size_t area, int rank, int week) const;
     int monthlyDay(int slot, int dayOfMonth) const;
-    std::optional<int> slotAfter(int day, std::size_t area, int dayOfMonth,
-                                 SampleRandom& random) const;
+    std::optional<int> slotAfter(int day, std::size_t area, int dayOfMonth, Random& random) const;
     std::optional<int> conversionOf(int account) const;
-    void planReceipts(AccountPlan& plan, int rank, int owing, int lastDay,
-                      SampleRandom& random) const;
+    void planReceipts(AccountPlan& plan, int rank, int owing, int lastDay, Random& random) const;
 
     const Extent& extent_;
     std::vector<Round> rounds_;          // by area
     std::vector<std::size_t> slotAreas_; // of the slots of a week
 };
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -1,11 +1,10 @@
-#include "Passwords.h"
-#include "SampleCompany.h"
-#include "SampleParts.h"
-#include "TableWriter.h"
+#include "sample/Company.h"
+#include "sample/Parts.h"
+#include "sample/TableWriter.h"
 
 #include <TradeForms/Connection.h>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -71,9 +70,8 @@ QVariant firstDate(Window window, QDate lastDay)
 
 } // namespace
 
-void WriteUsers(const Setting& setting)
+void WriteUsers(const Setting& setting, const PasswordHash& hash)
 {
-    const Passwords passwords;
     TableWriter rows(setting.Connection, "Users",
                      {"UserNo", "FromDate", "ToDate", "UserName", "PasswordHash", "Administrator",
                       "AllowPostedEdit", "BranchCode"});
@@ -82,9 +80,8 @@ void WriteUsers(const Setting& setting)
     for (const UserFact& user : users) {
         const QVariant from = firstDate(user.Dates, setting.LastDay);
         const QVariant to = user.Dates == Window::Closed ? from : QVariant();
-        rows.Row({user.Number, from, to, QString::fromUtf8(user.Name),
-                  passwords.Hash(SampleCompany::Password()), user.Administrator,
-                  user.AllowPostedEdit, QString::fromUtf8(user.BranchCode)});
+        rows.Row({user.Number, from, to, QString::fromUtf8(user.Name), hash(Password()),
+                  user.Administrator, user.AllowPostedEdit, QString::fromUtf8(user.BranchCode)});
         for (const char* screen : allScreens)
             rights.Row({user.Number, QString::fromUtf8(screen), user.CanModify, user.CanDelete});
     }
@@ -92,4 +89,4 @@ void WriteUsers(const Setting& setting)
     rights.Finish();
 }
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -13,7 +13,7 @@ namespace TradeForms {
 class Connection;
 }
 
-namespace Host {
+namespace Sample {
 
 /// Adds many rows to one table, a batch at a time. Call Finish after the last row.
 class TableWriter {
@@ -39,4 +39,4 @@ private:
     int pending_ = 0;
 };
 
-} // namespace Host
+} // namespace Sample

@@ -1,6 +1,6 @@
-#include "SampleNames.h"
+#include "sample/Names.h"
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -50,7 +50,7 @@ constexpr const char* cities[] = {
 
 constexpr const char* colours[] = {"سرخ", "سیاہ", "نیلا", "سفید", "سلور"};
 
-QString digits(SampleRandom& random, int count)
+QString digits(Random& random, int count)
 {
     QString text;
     for (int i = 0; i < count; ++i)
@@ -58,14 +58,14 @@ QString digits(SampleRandom& random, int count)
     return text;
 }
 
-QString pick(SampleRandom& random, const auto& list)
+QString pick(Random& random, const auto& list)
 {
     return QString::fromUtf8(random.Pick(list));
 }
 
 } // namespace
 
-QString GivenName(SampleRandom& random)
+QString GivenName(Random& random)
 {
     const QString first = pick(random, firstNames);
     if (first == QStringLiteral("عبدال"))
@@ -76,12 +76,12 @@ QString GivenName(SampleRandom& random)
     return second == first ? first : first + QLatin1Char(' ') + second;
 }
 
-QString Caste(SampleRandom& random)
+QString Caste(Random& random)
 {
     return pick(random, castes);
 }
 
-QString HomeAddress(SampleRandom& random)
+QString HomeAddress(Random& random)
 {
     switch (random.Below(3)) {
     case 0:
@@ -97,45 +97,45 @@ QString HomeAddress(SampleRandom& random)
     }
 }
 
-QString JobAddress(SampleRandom& random)
+QString JobAddress(Random& random)
 {
     const QString job = pick(random, jobs);
     return job + QString::fromUtf8("، ") + pick(random, cities);
 }
 
-QString City(SampleRandom& random)
+QString City(Random& random)
 {
     return pick(random, cities);
 }
 
-QString Colour(SampleRandom& random)
+QString Colour(Random& random)
 {
     return pick(random, colours);
 }
 
-QString IdentityCard(SampleRandom& random)
+QString IdentityCard(Random& random)
 {
     const QString serial = digits(random, 7);
     const QString last = digits(random, 1);
     return QStringLiteral("3510%1-%2-%3").arg(random.Between(1, 4)).arg(serial, last);
 }
 
-QString MobileNumber(SampleRandom& random)
+QString MobileNumber(Random& random)
 {
     return QStringLiteral("03%1-%2")
         .arg(random.Between(0, 49), 2, 10, QLatin1Char('0'))
         .arg(digits(random, 7));
 }
 
-QString HousePhone(SampleRandom& random)
+QString HousePhone(Random& random)
 {
     return QStringLiteral("049-%1").arg(digits(random, 7));
 }
 
-QString VehicleNumber(SampleRandom& random)
+QString VehicleNumber(Random& random)
 {
     const QChar series(u'A' + random.Below(26));
     return QStringLiteral("LE%1-%2").arg(series).arg(digits(random, 4));
 }
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -7,7 +7,7 @@
 
 // What the sample company is made of: the few lists that its vouchers draw on. Texts are UTF-8.
 
-namespace Host::Sample {
+namespace Sample {
 
 struct Branch {
     int Code;
@@ -118,4 +118,4 @@ inline constexpr const char* OpeningAccount = "1001";
 inline constexpr int FirstSupplier = 2001;
 inline constexpr int Suppliers = 6;
 
-} // namespace Host::Sample
+} // namespace Sample

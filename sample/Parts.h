@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extent.h"
+#include "sample/Extent.h"
 
 #include <QDate>
 #include <QString>
@@ -15,7 +15,7 @@ namespace TradeForms {
 class Connection;
 }
 
-namespace Host::Sample {
+namespace Sample {
 
 class PayBook;
 
@@ -53,8 +53,10 @@ struct StaffMember {
 /// Branches, areas, staff, products and the other lists; rates; loans and cheques. Returns the
 /// staff.
 std::vector<StaffMember> WriteMasters(const Setting& setting);
+/// Gives what is kept of a password.
+using PasswordHash = std::function<QString(const QString& password)>;
 /// Users and what each may do.
-void WriteUsers(const Setting& setting);
+void WriteUsers(const Setting& setting, const PasswordHash& hash);
 /// Parts that the workshop has built in.
 void WriteWorkshop(const Setting& setting, PayBook& earned);
 /// Stock in and out, gate passes, numbered units.
@@ -64,4 +66,4 @@ void WriteAccounts(const Setting& setting, PayBook& earned);
 /// The pay of each whole month, and what each area has earned in it.
 void WritePay(const Setting& setting, const std::vector<StaffMember>& staff, const PayBook& earned);
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -1,8 +1,8 @@
-#include "SampleFacts.h"
+#include "sample/Facts.h"
 
 #include <vector>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -160,4 +160,4 @@ std::array<PrizeBand, 2> PrizeBands(const ProductGroup& group)
              {group.Dearest, unreachable, 4000, 2500, 5000, 3000}}};
 }
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -1,8 +1,8 @@
-#include "PayBook.h"
-#include "SampleFacts.h"
-#include "SampleParts.h"
-#include "SampleRandom.h"
-#include "TableWriter.h"
+#include "sample/Facts.h"
+#include "sample/Parts.h"
+#include "sample/PayBook.h"
+#include "sample/Random.h"
+#include "sample/TableWriter.h"
 
 #include <TradeForms/Connection.h>
 
@@ -10,7 +10,7 @@
 #include <numeric>
 #include <vector>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -207,7 +207,7 @@ private:
     const Setting& setting_;
     PayBook& earned_;
     int trade_;
-    SampleRandom random_{2001};
+    Random random_{2001};
     TableWriter inHeaders_;
     TableWriter inBodies_;
     TableWriter outHeaders_;
@@ -224,7 +224,7 @@ private:
 /// Vouchers of numbered units, each with an engine and a chassis number of its own.
 void writeNumberedUnits(const Setting& setting)
 {
-    SampleRandom random(2002);
+    Random random(2002);
     std::vector<const Product*> numbered;
     for (const Product& product : Products())
         if (product.Numbered)
@@ -256,4 +256,4 @@ void WriteStock(const Setting& setting, PayBook& earned)
     writeNumberedUnits(setting);
 }
 
-} // namespace Host::Sample
+} // namespace Sample

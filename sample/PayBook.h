@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SampleFacts.h"
+#include "sample/Facts.h"
 
 #include <QDate>
 #include <QHash>
@@ -10,7 +10,7 @@
 #include <map>
 #include <vector>
 
-namespace Host::Sample {
+namespace Sample {
 
 struct Setting;
 
@@ -91,4 +91,4 @@ private:
     std::map<Key, std::map<int, int>> workshop_;
 };
 
-} // namespace Host::Sample
+} // namespace Sample

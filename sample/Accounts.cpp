@@ -1,17 +1,17 @@
-#include "AccountPlan.h"
-#include "PayBook.h"
-#include "SampleFacts.h"
-#include "SampleNames.h"
-#include "SampleParts.h"
-#include "SampleRandom.h"
-#include "TableWriter.h"
+#include "sample/AccountPlan.h"
+#include "sample/Facts.h"
+#include "sample/Names.h"
+#include "sample/Parts.h"
+#include "sample/PayBook.h"
+#include "sample/Random.h"
+#include "sample/TableWriter.h"
 
 #include <TradeForms/Connection.h>
 
 #include <algorithm>
 #include <vector>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -35,13 +35,13 @@ struct Roles {
 };
 
 /// The area's own, where it has one, or whoever's turn it is.
-QVariant sometimes(SampleRandom& random, int percent, const QString& own, int first, int count)
+QVariant sometimes(Random& random, int percent, const QString& own, int first, int count)
 {
     const QString turn = QString::number(first + random.Below(count));
     return random.Percent(percent) ? QVariant(own.isEmpty() ? turn : own) : QVariant();
 }
 
-Roles chooseRoles(SampleRandom& random, const AccountPlan& plan, const Area& area)
+Roles chooseRoles(Random& random, const AccountPlan& plan, const Area& area)
 {
     Roles roles;
     roles.Order = !plan.Old && random.Percent(40);
@@ -160,14 +160,11 @@ private:
 
     const Area& area(std::size_t index) const { return setting_.Extent.Areas()[index]; }
 
-    static SampleRandom randomOf(int account)
-    {
-        return SampleRandom(7'000'000'000U + std::uint64_t(account));
-    }
+    static Random randomOf(int account) { return Random(7'000'000'000U + std::uint64_t(account)); }
 
     void writeSold(int account, const AccountPlan& plan)
     {
-        SampleRandom random = randomOf(account);
+        Random random = randomOf(account);
         const QString id = planner_.IdOf(account);
         const QString products = writeLines(account, id, plan, random);
         const Roles roles = chooseRoles(random, plan, area(plan.Area));
@@ -181,7 +178,7 @@ private:
     /// An account as the conversion of another leaves it. The keys of its records are in capitals.
     void writeConverted(int account, int from, const AccountPlan& plan)
     {
-        SampleRandom random = randomOf(from);
+        Random random = randomOf(from);
         const PlannedConversion& conversion = *plan.Conversion;
         const Area& newArea = area(planner_.AreaOf(account));
         const QString id = planner_.IdOf(account);
@@ -204,8 +201,7 @@ private:
     }
 
     /// Returns the text that tells the account's products.
-    QString writeLines(int account, const QString& id, const AccountPlan& plan,
-                       SampleRandom& random)
+    QString writeLines(int account, const QString& id, const AccountPlan& plan, Random& random)
     {
         QStringList names;
         int serial = 500000 + 3 * account;
@@ -242,8 +238,7 @@ private:
     };
 
     std::vector<QVariant> header(const QString& id, const QString& products,
-                                 const AccountPlan& plan, const Roles& roles,
-                                 SampleRandom& random) const
+                                 const AccountPlan& plan, const Roles& roles, Random& random) const
     {
         const QDate saleDate = setting_.Day(plan.SaleDay);
         const QTime time(random.Between(9, 19), random.Below(60));
@@ -307,7 +302,7 @@ private:
                area(planner_.AreaOf(conversion.Account)).Code;
     }
 
-    static QDate birthday(SampleRandom& random)
+    static QDate birthday(Random& random)
     {
         return QDate(1955, 1, 1).addDays(random.Below(45 * 365));
     }
@@ -373,7 +368,7 @@ private:
 
     void writeRecoveryHeaders(const VoucherBook& book)
     {
-        SampleRandom random(4001);
+        Random random(4001);
         TableWriter writer(setting_.Connection, "RecoveryHeader",
                            {"VoucherID", "EntryDate", "isPosted", "VoucherDate", "AreaCode",
                             "AMStaffID", "SAMStaffID", "StaffID", "UserNo"});
@@ -463,4 +458,4 @@ void WriteAccounts(const Setting& setting, PayBook& earned)
     AccountHistory(setting, earned).Write();
 }
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -1,8 +1,8 @@
-#include "Extent.h"
+#include "sample/Extent.h"
 
 #include <algorithm>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -53,4 +53,4 @@ int Extent::Trade() const
     return isLarge_ ? std::max(1, pieces / (piecesOfAPass * Days() * branches)) : 1;
 }
 
-} // namespace Host::Sample
+} // namespace Sample

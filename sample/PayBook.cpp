@@ -1,10 +1,10 @@
-#include "PayBook.h"
+#include "sample/PayBook.h"
 
-#include "SampleParts.h"
+#include "sample/Parts.h"
 
 #include <algorithm>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -187,4 +187,4 @@ const std::map<int, int>* PayBook::Workshop(const QString& staff, int month) con
     return found == workshop_.end() ? nullptr : &found->second;
 }
 
-} // namespace Host::Sample
+} // namespace Sample

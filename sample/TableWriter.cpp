@@ -1,8 +1,8 @@
-#include "TableWriter.h"
+#include "sample/TableWriter.h"
 
 #include <TradeForms/Connection.h>
 
-namespace Host {
+namespace Sample {
 
 using TradeForms::CursorType;
 using TradeForms::LockType;
@@ -51,4 +51,4 @@ void TableWriter::flush()
     pending_ = 0;
 }
 
-} // namespace Host
+} // namespace Sample

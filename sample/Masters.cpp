@@ -1,16 +1,16 @@
-#include "PayBook.h"
-#include "SampleFacts.h"
-#include "SampleNames.h"
-#include "SampleParts.h"
-#include "SampleRandom.h"
-#include "TableWriter.h"
+#include "sample/Facts.h"
+#include "sample/Names.h"
+#include "sample/Parts.h"
+#include "sample/PayBook.h"
+#include "sample/Random.h"
+#include "sample/TableWriter.h"
 
 #include <TradeForms/Connection.h>
 
 #include <algorithm>
 #include <tuple>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -98,7 +98,7 @@ std::vector<StaffGroup> furtherStaff(const Extent& extent)
     return further;
 }
 
-StaffMember hire(const StaffGroup& group, int turn, SampleRandom& random)
+StaffMember hire(const StaffGroup& group, int turn, Random& random)
 {
     const bool franchise = group.Role == Post::FranchiseHolder;
     const bool hasLoan = !franchise && random.Percent(20);
@@ -114,7 +114,7 @@ StaffMember hire(const StaffGroup& group, int turn, SampleRandom& random)
 }
 
 /// Draws what the person is lent and what cheques he gets, in each half year.
-void lend(StaffMember& person, int days, SampleRandom& random)
+void lend(StaffMember& person, int days, Random& random)
 {
     constexpr int halfYear = 181;
     for (int day = 0; day + halfYear <= days; day += halfYear) {
@@ -131,7 +131,7 @@ void lend(StaffMember& person, int days, SampleRandom& random)
 
 std::vector<StaffMember> writeStaff(const Setting& setting)
 {
-    SampleRandom random(1001);
+    Random random(1001);
     TableWriter staff(setting.Connection, "Staff",
                       {"StaffID", "Name", "FName", "Address", "Designation", "BranchCode",
                        "FieldWorker", "Frenchiser", "Machenic", "BasicSalary", "Advance", "GPFund",
@@ -262,7 +262,7 @@ std::vector<StaffMember> WriteMasters(const Setting& setting)
 
 void WriteWorkshop(const Setting& setting, PayBook& earned)
 {
-    SampleRandom random(1002);
+    Random random(1002);
     TableWriter headers(setting.Connection, "WorkShopPartsHeader",
                         {"VoucherID", "VoucherDate", "StaffID", "TotalAmount"});
     TableWriter bodies(setting.Connection, "WorkShopPartsBody",
@@ -292,4 +292,4 @@ void WriteWorkshop(const Setting& setting, PayBook& earned)
     bodies.Finish();
 }
 
-} // namespace Host::Sample
+} // namespace Sample

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "SampleFacts.h"
+#include "sample/Facts.h"
 
 #include <vector>
 
-namespace Host::Sample {
+namespace Sample {
 
 /// How large the company is, which its number of accounts settles.
 ///
@@ -60,4 +60,4 @@ inline constexpr int FurtherDrivers = 50001;
 inline constexpr int FurtherFranchises = 60001;
 inline constexpr int FurtherMechanicIds = 70001;
 
-} // namespace Host::Sample
+} // namespace Sample

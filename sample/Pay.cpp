@@ -1,12 +1,12 @@
-#include "PayBook.h"
-#include "SampleParts.h"
-#include "SampleRandom.h"
-#include "TableWriter.h"
+#include "sample/Parts.h"
+#include "sample/PayBook.h"
+#include "sample/Random.h"
+#include "sample/TableWriter.h"
 
 #include <algorithm>
 #include <numeric>
 
-namespace Host::Sample {
+namespace Sample {
 
 namespace {
 
@@ -203,7 +203,7 @@ private:
 
     const Setting& setting_;
     const PayBook& earned_;
-    SampleRandom random_{6001};
+    Random random_{6001};
     TableWriter salaries_;
     TableWriter franchiseHeaders_;
     TableWriter franchiseLines_;
@@ -214,7 +214,7 @@ private:
 /// What came in from an area in a month is shared after some of it was let off and spent.
 void writePartnership(const Setting& setting, const PayBook& earned)
 {
-    SampleRandom random(6002);
+    Random random(6002);
     TableWriter headers(setting.Connection, "PartnershipProfitHeader",
                         {"VoucherID", "AreaCode", "Month"});
     TableWriter lines(setting.Connection, "PartnershipProfitBody",
@@ -247,4 +247,4 @@ void WritePay(const Setting& setting, const std::vector<StaffMember>& staff, con
     writePartnership(setting, earned);
 }
 
-} // namespace Host::Sample
+} // namespace Sample
