@@ -257,7 +257,7 @@ Txt* queryField(SearchWindow& window, const SearchDeclaration& description)
 void keyToList(State& state, const SearchDeclaration& description, bool ours)
 {
     Desk desk(description);
-    if (&description == &SchCustomer)
+    if (&description == &SchCustomer())
         desk.Dialog().SetParaIn("ParaInAreaCode", Company::Largest().Area);
     desk.Open();
     const QByteArray statement = desk.RawStatement();
@@ -399,7 +399,7 @@ void memoryOfWholeList(State& state, const SearchDeclaration& description, bool 
     for (auto _ : state) {
         if (ours) {
             {
-                Desk fonts(SchBranch); // what the first window of all needs
+                Desk fonts(SchBranch()); // what the first window of all needs
                 fonts.Dialog().SetParaIn("ParaInBranchCode", utf8("0"));
                 fonts.Open();
             }
@@ -477,18 +477,18 @@ void page(State& state, const SearchDeclaration& description, bool ours)
 const bool registered = [] {
     if (Bench::CompanySizes().empty())
         return false;
-    registerTimed("customers of an area, emptied field", keyToList, SchCustomer, 5);
-    registerTimed("customers of an area, a letter", letterToList, SchCustomer, 5);
+    registerTimed("customers of an area, emptied field", keyToList, SchCustomer(), 5);
+    registerTimed("customers of an area, a letter", letterToList, SchCustomer(), 5);
     for (const SearchDeclaration* list :
-         {&SchGatePass, &SchInsCustomer, &SchPartnershipProfit, &SchRecoveryVoucher,
-          &SchRecoveryVoucherDetail, &SchConcessionVoucher, &SchReturnVoucher, &SchWorkerParts,
-          &SchConvertArea})
+         {&SchGatePass(), &SchInsCustomer(), &SchPartnershipProfit(), &SchRecoveryVoucher(),
+          &SchRecoveryVoucherDetail(), &SchConcessionVoucher(), &SchReturnVoucher(),
+          &SchWorkerParts(), &SchConvertArea()})
         registerTimed(std::string(list->Name) + ", default range", keyToList, *list, 3);
-    registerTimed("customers of all areas", wholeList, SchCustomer, 1);
-    registerTimed("longest wait of a letter meanwhile", typingInWholeList, SchCustomer, 1);
-    registerTimed("memory of the customers of all areas", memoryOfWholeList, SchCustomer, 1);
-    registerTimed("jump in a list of 100,000", jump, SchCustomer, 10);
-    registerTimed("a page further, all areas against one", page, SchCustomer, 20);
+    registerTimed("customers of all areas", wholeList, SchCustomer(), 1);
+    registerTimed("longest wait of a letter meanwhile", typingInWholeList, SchCustomer(), 1);
+    registerTimed("memory of the customers of all areas", memoryOfWholeList, SchCustomer(), 1);
+    registerTimed("jump in a list of 100,000", jump, SchCustomer(), 10);
+    registerTimed("a page further, all areas against one", page, SchCustomer(), 20);
     return true;
 }();
 

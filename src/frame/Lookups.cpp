@@ -41,7 +41,7 @@ LookupDeclaration ofBranch(LookupDeclaration declaration, const char* find)
 
 LookupDeclaration Staff(const CodeField& field, const char* filter, const char* find)
 {
-    LookupDeclaration staff = declarationOf(field, "Name", SchStaff, "ParaOutStaffID", find);
+    LookupDeclaration staff = declarationOf(field, "Name", SchStaff(), "ParaOutStaffID", find);
     staff.ParaIn = "ParaInStr";
     staff.ParaInValue = [filter] { return QString::fromUtf8(filter); };
     return staff;
@@ -62,7 +62,7 @@ LookupDeclaration Receiving(const CodeField& field)
 LookupDeclaration Area(const CodeField& field, const char* find)
 {
     LookupDeclaration area =
-        ofBranch(declarationOf(field, "AreaName", SchArea, "ParaOutAID", find), find);
+        ofBranch(declarationOf(field, "AreaName", SchArea(), "ParaOutAID", find), find);
     area.OnLeaving = LookupDeclaration::Casing::Proper;
     return area;
 }
@@ -70,7 +70,7 @@ LookupDeclaration Area(const CodeField& field, const char* find)
 LookupDeclaration Branch(const CodeField& field, const char* find)
 {
     LookupDeclaration branch =
-        ofBranch(declarationOf(field, "BranchName", SchBranch, "ParaOutBranchCode", find), find);
+        ofBranch(declarationOf(field, "BranchName", SchBranch(), "ParaOutBranchCode", find), find);
     branch.MissEmptiesCode = true;
     branch.ChangeMarksEdited = false;
     return branch;
@@ -78,7 +78,7 @@ LookupDeclaration Branch(const CodeField& field, const char* find)
 
 LookupDeclaration Product(const CodeField& field, const char* find)
 {
-    LookupDeclaration product = declarationOf(field, "ProductName", SchProduct, "ParaOutPID", find);
+    LookupDeclaration product = declarationOf(field, "ProductName", SchProduct(), "ParaOutPID", find);
     product.MissEmptiesCode = true;
     product.ChangeMarksEdited = false;
     return product;
@@ -87,7 +87,7 @@ LookupDeclaration Product(const CodeField& field, const char* find)
 LookupDeclaration Account(const CodeField& field)
 {
     LookupDeclaration account =
-        declarationOf(field, "AccountName", SchAccounts, "ParaOutAccountNo",
+        declarationOf(field, "AccountName", SchAccounts(), "ParaOutAccountNo",
                       "select * from vuAccounts where AccountNo = '{code}'");
     account.TrustsName = true;
     return account;

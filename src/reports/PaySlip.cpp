@@ -11,9 +11,14 @@ namespace {
 
 using namespace ReportPieces;
 
-const QString totalOfList = QStringLiteral("TotalAmount");
 constexpr double lineHeight = 80;
 constexpr double gapBetween = 60;
+
+/// The name of the list's total among the totals of the report.
+QString totalOfList()
+{
+    return QStringLiteral("TotalAmount");
+}
 
 QString utf8(const char* text)
 {
@@ -152,14 +157,14 @@ QList<Line> PayWithList(const Caption& list)
 {
     return {ColumnLine("BasicSalary", {"بنیادی تنخواہ", "Basic pay"}),
             Line{"ListTotal", list,
-                 ofRow([](const ReportValues& values) { return values.Total(totalOfList); })},
+                 ofRow([](const ReportValues& values) { return values.Total(totalOfList()); })},
             ColumnLine("Other", {"دیگر", "Other"})};
 }
 
 double TotalWithList(const ReportValues& values)
 {
     return values.Number(QStringLiteral("BasicSalary")) - values.Number(QStringLiteral("Advance")) -
-           values.Number(QStringLiteral("Less")) + values.Total(totalOfList) +
+           values.Number(QStringLiteral("Less")) + values.Total(totalOfList()) +
            values.Number(QStringLiteral("Other"));
 }
 

@@ -18,8 +18,8 @@ constexpr int urduSize = 37;
 constexpr int latinSize = 33;
 constexpr int smallSize = 23;
 
-const QColor muted(0x55, 0x5d, 0x69);
-const QColor hairline(0xc4, 0xc9, 0xd1);
+constexpr QColor muted(0x55, 0x5d, 0x69);
+constexpr QColor hairline(0xc4, 0xc9, 0xd1);
 
 QString utf8(const char* text)
 {

@@ -4,39 +4,41 @@
 
 #include <QList>
 
+// Each declaration is built when it is first asked for, and stays at the same address.
+
 namespace TradeForms {
 
 // Code lists
-extern const SearchDeclaration SchArea;
-extern const SearchDeclaration SchBranch;
-extern const SearchDeclaration SchProduct;
-extern const SearchDeclaration SchStaff;
-extern const SearchDeclaration SchAccounts;
-extern const SearchDeclaration SchParts;
-extern const SearchDeclaration SchParty;
-extern const SearchDeclaration SchSector;
-extern const SearchDeclaration SchCustomer;
+const SearchDeclaration& SchArea();
+const SearchDeclaration& SchBranch();
+const SearchDeclaration& SchProduct();
+const SearchDeclaration& SchStaff();
+const SearchDeclaration& SchAccounts();
+const SearchDeclaration& SchParts();
+const SearchDeclaration& SchParty();
+const SearchDeclaration& SchSector();
+const SearchDeclaration& SchCustomer();
 
 // Voucher lists
-extern const SearchDeclaration SchGatePass;
-extern const SearchDeclaration SchInsCustomer;
-extern const SearchDeclaration SchRecoveryVoucher;
-extern const SearchDeclaration SchRecoveryVoucherDetail;
-extern const SearchDeclaration SchConcessionVoucher;
-extern const SearchDeclaration SchReturnVoucher;
-extern const SearchDeclaration SchWorkerParts;
-extern const SearchDeclaration SchPartnershipProfit;
-extern const SearchDeclaration SchConvertArea;
+const SearchDeclaration& SchGatePass();
+const SearchDeclaration& SchInsCustomer();
+const SearchDeclaration& SchRecoveryVoucher();
+const SearchDeclaration& SchRecoveryVoucherDetail();
+const SearchDeclaration& SchConcessionVoucher();
+const SearchDeclaration& SchReturnVoucher();
+const SearchDeclaration& SchWorkerParts();
+const SearchDeclaration& SchPartnershipProfit();
+const SearchDeclaration& SchConvertArea();
 
 // Salary lists
-extern const SearchDeclaration SchSalary;
-extern const SearchDeclaration SchFrenchiserSalary;
-extern const SearchDeclaration SchWorkShopSalary;
+const SearchDeclaration& SchSalary();
+const SearchDeclaration& SchFrenchiserSalary();
+const SearchDeclaration& SchWorkShopSalary();
 
 // Stock lists
-extern const SearchDeclaration SchStockIn;
-extern const SearchDeclaration SchStockOut;
-extern const SearchDeclaration SchStockInDetail;
+const SearchDeclaration& SchStockIn();
+const SearchDeclaration& SchStockOut();
+const SearchDeclaration& SchStockInDetail();
 
 /// All of them, in this order.
 const QList<const SearchDeclaration*>& AllSearchDialogs();

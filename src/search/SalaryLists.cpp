@@ -50,25 +50,38 @@ SearchDeclaration salaryListWithRows(const char* name, const Caption& title, con
 
 } // namespace
 
-const SearchDeclaration SchSalary =
-    salaryList("SchSalary", {"تنخواہ تلاش کریں", "Find salary"},
-               " Select s.*, f.name, f.FName, designation, SalaryMonth ,"
-               " s.BasicSalary+Salecomm+saleprize+ordercomm+orderprize+reccomm+recprize+supplycomm"
-               "+s.other-s.GPFund-s.KFFund-RecLoan-less as total"
-               " FROM salaries s inner join staff f on s.StaffID = f.StaffID"
-               " WHERE SalaryMonth >='{DtpFrom}' and SalaryMonth < '{MonthAfterDtpTo}'"
-               "{NameClause}{StaffClause}",
-               {{"ID", "StaffID", Captions::Code, 90},
-                {"Name", "Name", Captions::Name, 160, Column::Urdu, true},
-                {"FName", "FName", Captions::FatherName, 160, Column::Urdu, true},
-                {"Date", "SalaryMonth", Captions::Month, 100, Column::Month},
-                {"Designation", "Designation", Captions::Post, 190, Column::Urdu},
-                {"Total", "Total", Captions::Total, 110, Column::Number}});
+const SearchDeclaration& SchSalary()
+{
+    static const SearchDeclaration declaration = salaryList(
+        "SchSalary", {"تنخواہ تلاش کریں", "Find salary"},
+        " Select s.*, f.name, f.FName, designation, SalaryMonth ,"
+        " s.BasicSalary+Salecomm+saleprize+ordercomm+orderprize+reccomm+recprize+supplycomm"
+        "+s.other-s.GPFund-s.KFFund-RecLoan-less as total"
+        " FROM salaries s inner join staff f on s.StaffID = f.StaffID"
+        " WHERE SalaryMonth >='{DtpFrom}' and SalaryMonth < '{MonthAfterDtpTo}'"
+        "{NameClause}{StaffClause}",
+        {{"ID", "StaffID", Captions::Code, 90},
+         {"Name", "Name", Captions::Name, 160, Column::Urdu, true},
+         {"FName", "FName", Captions::FatherName, 160, Column::Urdu, true},
+         {"Date", "SalaryMonth", Captions::Month, 100, Column::Month},
+         {"Designation", "Designation", Captions::Post, 190, Column::Urdu},
+         {"Total", "Total", Captions::Total, 110, Column::Number}});
+    return declaration;
+}
 
-const SearchDeclaration SchFrenchiserSalary = salaryListWithRows(
-    "SchFrenchiserSalary", {"فرنچائزر کی تنخواہ تلاش کریں", "Find franchise salary"}, "Frenchiser");
+const SearchDeclaration& SchFrenchiserSalary()
+{
+    static const SearchDeclaration declaration =
+        salaryListWithRows("SchFrenchiserSalary",
+                           {"فرنچائزر کی تنخواہ تلاش کریں", "Find franchise salary"}, "Frenchiser");
+    return declaration;
+}
 
-const SearchDeclaration SchWorkShopSalary = salaryListWithRows(
-    "SchWorkShopSalary", {"ورکشاپ کی تنخواہ تلاش کریں", "Find workshop salary"}, "WorkShop");
+const SearchDeclaration& SchWorkShopSalary()
+{
+    static const SearchDeclaration declaration = salaryListWithRows(
+        "SchWorkShopSalary", {"ورکشاپ کی تنخواہ تلاش کریں", "Find workshop salary"}, "WorkShop");
+    return declaration;
+}
 
 } // namespace TradeForms

@@ -34,7 +34,7 @@ VoucherDeclaration gatePass()
         .Header = "select * from GatePassHeader where GatePassID={id}",
         .Delete = {"Delete from GatePassBody where GatePassID = {id}",
                    "Delete from GatePassHeader where GatePassID = {id}"},
-        .Vouchers = &SchGatePass,
+        .Vouchers = &SchGatePass(),
         .ChosenVoucher = "ParaOutGatePassID",
         .IdTaken = QStringLiteral("This Gate Pass ID already exists. A new Gate Psss ID. has been "
                                   "generated. Please try again"),

@@ -23,7 +23,7 @@ VoucherDeclaration stockInDetail()
         .Header = "select * from StockInDetailHeader where StockID={id}",
         .Delete = {"Delete from StockInDetailBody where StockID = {id}",
                    "Delete from StockInDetailHeader where StockID = {id}"},
-        .Vouchers = &SchStockInDetail,
+        .Vouchers = &SchStockInDetail(),
     };
 }
 

@@ -17,7 +17,7 @@ FrmStockIn::FrmStockIn()
                       .Header = "select * from StockInHeader where StockID={id}",
                       .Delete = {"Delete from StockInBody where StockID = {id}",
                                  "Delete from StockInHeader where StockID = {id}"},
-                      .Vouchers = &SchStockIn},
+                      .Vouchers = &SchStockIn()},
           .Body = "Select * from StockInBody where StockID={id}",
           .Display = "select pr.ProductName,sib.* from StockInBody sib"
                      " join Products pr on sib.ProductID=pr.ProductID where StockID={id}",
@@ -39,7 +39,7 @@ FrmStockOut::FrmStockOut()
                       .Header = "select * from StockOutHeader where StockID={id}",
                       .Delete = {"Delete from StockOutBody where StockID = {id}",
                                  "Delete from StockOutHeader where StockID = {id}"},
-                      .Vouchers = &SchStockOut},
+                      .Vouchers = &SchStockOut()},
           .Body = "Select * from StockOutBody where StockID={id}",
           .Display = "select pr.ProductName,sib.* from StockOutBody sib"
                      " join Products pr on sib.ProductID=pr.ProductID where StockID={id}",

@@ -49,23 +49,23 @@ protected:
 
 TEST_F(CodeListsTest, AreasJumpByTheBeginningOfTheirCodeAndName)
 {
-    ExpectJumps(SchArea, {{"TxtID", "ra", "Raja"},
-                          {"TxtID", "x", "Lahore"},
-                          {"TxtName", "راجہ", "Raja"},
-                          {"TxtName", "جنگ", "Lahore"}}); // within a name: no match
+    ExpectJumps(SchArea(), {{"TxtID", "ra", "Raja"},
+                            {"TxtID", "x", "Lahore"},
+                            {"TxtName", "راجہ", "Raja"},
+                            {"TxtName", "جنگ", "Lahore"}}); // within a name: no match
 }
 
 TEST_F(CodeListsTest, AllAreasAreListedForBranchZeroAndOtherwiseTheBranchsOwn)
 {
-    Look(SchArea,
+    Look(SchArea(),
          [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("Kot Raja Lahore")); });
-    GiveBranch(SchArea, "2");
-    Look(SchArea, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("Lahore")); });
+    GiveBranch(SchArea(), "2");
+    Look(SchArea(), [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("Lahore")); });
 }
 
 TEST_F(CodeListsTest, ABranchCodeThatIsMissingFailsTheReadInsteadOfListingAll)
 {
-    for (const SearchDeclaration* declaration : {&SchArea, &SchBranch}) {
+    for (const SearchDeclaration* declaration : {&SchArea(), &SchBranch()}) {
         GiveBranch(*declaration, "");
         boxes.Expect({s("Incorrect syntax near '='."), MsgIcon::Stop, s("Error occured")});
         Look(*declaration, [](SearchWindow& window) { EXPECT_EQ(window.List().RowCount(), 0); });
@@ -75,18 +75,18 @@ TEST_F(CodeListsTest, ABranchCodeThatIsMissingFailsTheReadInsteadOfListingAll)
 TEST_F(CodeListsTest, BranchesJumpByTheirWholeCodeAndTheBeginningOfTheirName)
 {
     company.Run("insert into Branches values (21, 'رائے ونڈ')");
-    ExpectJumps(SchBranch, {{"TxtID", "2", "2"},
-                            {"TxtID", "21", "21"},
-                            {"TxtID", "9", "21"},
-                            {"TxtName", "پتو", "3"},
-                            {"TxtName", "ونڈ", "21"},
-                            {"TxtName", "ہور", "21"}});
+    ExpectJumps(SchBranch(), {{"TxtID", "2", "2"},
+                              {"TxtID", "21", "21"},
+                              {"TxtID", "9", "21"},
+                              {"TxtName", "پتو", "3"},
+                              {"TxtName", "ونڈ", "21"},
+                              {"TxtName", "ہور", "21"}});
 }
 
 TEST_F(CodeListsTest, ABranchOfficeSeesItsOwnBranchAlone)
 {
-    GiveBranch(SchBranch, "3");
-    Look(SchBranch, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("3")); });
+    GiveBranch(SchBranch(), "3");
+    Look(SchBranch(), [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("3")); });
 }
 
 // Products
@@ -95,15 +95,16 @@ TEST_F(CodeListsTest, ProductsShowTheirStockOfAllBranchesAndJumpByTheBeginningOf
 {
     company.Run("delete from StockOutBody; delete from GatePassBody;"
                 "delete from StockInBody where StockID > 2");
-    Look(SchProduct,
+    Look(SchProduct(),
          [](SearchWindow& window) { EXPECT_EQ(Column(window, "Stock"), s("25 14 30 8")); });
-    ExpectJumps(SchProduct, {{"TxtID", "2", "210"}, {"TxtID", "23", "233"}, {"TxtID", "3", "233"}});
+    ExpectJumps(SchProduct(),
+                {{"TxtID", "2", "210"}, {"TxtID", "23", "233"}, {"TxtID", "3", "233"}});
 }
 
 TEST_F(CodeListsTest, ProductsAreReadAgainByAnyPartOfTheirName)
 {
     Look(
-        SchProduct,
+        SchProduct(),
         [](SearchWindow& window) {
             TypeInto(window, "TxtName", s("سائیکل"));
             EXPECT_EQ(Column(window, "ID"), s("101 104"));
@@ -118,14 +119,14 @@ TEST_F(CodeListsTest, ProductsAreReadAgainByAnyPartOfTheirName)
 
 TEST_F(CodeListsTest, StaffJumpByTheBeginningOfTheirCode)
 {
-    ExpectJumps(SchStaff,
+    ExpectJumps(SchStaff(),
                 {{"TxtID", "31", "3107"}, {"TxtID", "3108", "3108"}, {"TxtID", "1", "5002"}});
 }
 
 TEST_F(CodeListsTest, StaffWithAFranchiseClauseListsFranchiseHoldersAndItLandsBehindTheName)
 {
-    SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
-    Look(SchStaff, [](SearchWindow& window) {
+    SearchDialog::Shared(SchStaff()).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
+    Look(SchStaff(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "ID"), s("4001"));
         TypeInto(window, "TxtName", s("طارق"));
         EXPECT_EQ(Column(window, "ID"), s("4001"));
@@ -148,8 +149,8 @@ TEST_F(CodeListsTest, StaffTakesEachOfTheClausesThatFormsGiveIt)
         {"", "2014 2015 3107 3108 4001 5001 5002"},
     };
     for (const auto& [clause, listed] : clauses) {
-        SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", s(clause));
-        Look(SchStaff, [&, text = listed, given = clause](SearchWindow& window) {
+        SearchDialog::Shared(SchStaff()).SetParaIn("ParaInStr", s(clause));
+        Look(SchStaff(), [&, text = listed, given = clause](SearchWindow& window) {
             EXPECT_EQ(Column(window, "ID"), s(text));
             EXPECT_TRUE(window.ListStatement().endsWith(s("  where 1=1") + s(given)));
         });
@@ -159,7 +160,7 @@ TEST_F(CodeListsTest, StaffTakesEachOfTheClausesThatFormsGiveIt)
 TEST_F(CodeListsTest, StaffOfABranchThatIsGoneAreMissing)
 {
     company.Run("delete from Branches where BranchCode = 3");
-    Look(SchStaff, [](SearchWindow& window) {
+    Look(SchStaff(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "ID"), s("2014 2015 3107 3108 5001 5002"));
         EXPECT_EQ(Current(window, "Branch"), s("قصور"));
     });
@@ -169,45 +170,45 @@ TEST_F(CodeListsTest, StaffOfABranchThatIsGoneAreMissing)
 
 TEST_F(CodeListsTest, AccountsJumpByTheBeginningOfTheirNumberAndAnyPartOfTheirName)
 {
-    ExpectJumps(SchAccounts, {{"TxtID", "7", "7"},
-                              {"TxtID", "12", "12"},
-                              {"TxtID", "9", "12"},
-                              {"TxtName", "ٹریڈرز", "7"},
-                              {"TxtName", "x", "12"}});
+    ExpectJumps(SchAccounts(), {{"TxtID", "7", "7"},
+                                {"TxtID", "12", "12"},
+                                {"TxtID", "9", "12"},
+                                {"TxtName", "ٹریڈرز", "7"},
+                                {"TxtName", "x", "12"}});
 }
 
 TEST_F(CodeListsTest, PartsJumpByTheirWholeNumberAndTheBeginningOfTheirName)
 {
-    ExpectJumps(SchParts, {{"TxtID", "12", "12"},
-                           {"TxtID", "1", "13"}, // no part has this number
-                           {"TxtName", "بریک", "12"},
-                           {"TxtName", "شو", "13"}});
-    Look(SchParts,
+    ExpectJumps(SchParts(), {{"TxtID", "12", "12"},
+                             {"TxtID", "1", "13"}, // no part has this number
+                             {"TxtName", "بریک", "12"},
+                             {"TxtName", "شو", "13"}});
+    Look(SchParts(),
          [](SearchWindow& window) { EXPECT_EQ(Column(window, "Rate"), s("850 420.5 2900")); });
 }
 
 TEST_F(CodeListsTest, PartiesJumpByTheBeginningOfTheirCodeAndAnyPartOfTheirName)
 {
     company.Run("insert into Parties values ('Q7', 'نیو الیکٹرونکس سنٹر')");
-    ExpectJumps(SchParty, {{"TxtID", "p2", "P2"},
-                           {"TxtID", "2", "Q7"},
-                           {"TxtName", "الیکٹرونکس", "P2"},
-                           {"TxtName", "سنٹر", "Q7"}});
+    ExpectJumps(SchParty(), {{"TxtID", "p2", "P2"},
+                             {"TxtID", "2", "Q7"},
+                             {"TxtName", "الیکٹرونکس", "P2"},
+                             {"TxtName", "سنٹر", "Q7"}});
 }
 
 TEST_F(CodeListsTest, SectorsJumpByTheBeginningOfTheirNumberAndName)
 {
     company.Run("insert into Sectors values (21, 'مرکز')");
-    ExpectJumps(SchSector, {{"TxtID", "2", "2"},
-                            {"TxtID", "21", "21"},
-                            {"TxtID", "9", "21"},
-                            {"TxtName", "سیکٹر ب", "2"},
-                            {"TxtName", "ب", "21"}});
+    ExpectJumps(SchSector(), {{"TxtID", "2", "2"},
+                              {"TxtID", "21", "21"},
+                              {"TxtID", "9", "21"},
+                              {"TxtName", "سیکٹر ب", "2"},
+                              {"TxtName", "ب", "21"}});
 }
 
 TEST_F(CodeListsTest, ALetterWhereANumberIsComparedFailsAndTheDialogStays)
 {
-    for (const SearchDeclaration* declaration : {&SchBranch, &SchParts}) {
+    for (const SearchDeclaration* declaration : {&SchBranch(), &SchParts()}) {
         boxes.Expect({s("Incorrect syntax near 'x'."), MsgIcon::Stop, s("Error occured")});
         Look(*declaration, [](SearchWindow& window) {
             TypeInto(window, "TxtID", s("x"));
@@ -222,8 +223,8 @@ TEST_F(CodeListsTest, ALetterWhereANumberIsComparedFailsAndTheDialogStays)
 TEST_F(CodeListsTest, CustomersOfNoAreaAreAllAccountsOfAllAreas)
 {
     for (const char* area : {"", "  "}) {
-        SearchDialog::Shared(SchCustomer).SetParaIn("ParaInAreaCode", s(area));
-        Look(SchCustomer, [](SearchWindow& window) {
+        SearchDialog::Shared(SchCustomer()).SetParaIn("ParaInAreaCode", s(area));
+        Look(SchCustomer(), [](SearchWindow& window) {
             EXPECT_EQ(Column(window, "AreaCode"), s("Kot Kot Kot Raja Gone"));
         });
     }
@@ -231,19 +232,20 @@ TEST_F(CodeListsTest, CustomersOfNoAreaAreAllAccountsOfAllAreas)
 
 TEST_F(CodeListsTest, CustomersOfAnAreaAreItsOwnWhateverItsCase)
 {
-    SearchDialog::Shared(SchCustomer).SetParaIn("ParaInAreaCode", s("kOT"));
-    Look(SchCustomer, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("11 12 13")); });
+    SearchDialog::Shared(SchCustomer()).SetParaIn("ParaInAreaCode", s("kOT"));
+    Look(SchCustomer(),
+         [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("11 12 13")); });
 }
 
 TEST_F(CodeListsTest, CustomersJumpByTheWholeCardNumberOnly)
 {
-    ExpectJumps(SchCustomer, {{"TxtID", "12", "12"}, {"TxtID", "13", "13"}, {"TxtID", "1", "7"}});
+    ExpectJumps(SchCustomer(), {{"TxtID", "12", "12"}, {"TxtID", "13", "13"}, {"TxtID", "1", "7"}});
 }
 
 TEST_F(CodeListsTest, CustomersAreReadAgainByAnyPartOfNameAndFathersName)
 {
     Look(
-        SchCustomer,
+        SchCustomer(),
         [](SearchWindow& window) {
             TypeInto(window, "TxtName", s("احمد"));
             EXPECT_EQ(Column(window, "ID"), s("11 12 13 12"));
@@ -257,7 +259,7 @@ TEST_F(CodeListsTest, CustomersAreReadAgainByAnyPartOfNameAndFathersName)
 
 TEST_F(CodeListsTest, CustomersAreGivenByCardAndArea)
 {
-    SearchDialog& dialog = Show(SchCustomer, [](SearchWindow& window) {
+    SearchDialog& dialog = Show(SchCustomer(), [](SearchWindow& window) {
         TypeInto(window, "TxtFName", s("یوسف"));
         Press(window, Qt::Key_Return);
     });
@@ -270,7 +272,7 @@ TEST_F(CodeListsTest, LblBalanceIsEmptyAtFirstAndTellsOfEachRowThatBecomesCurren
     company.Run("delete from ConvertArea; delete from ConcessionBody; delete from ReturnBody;"
                 "delete from RecoveryBody where VoucherID > 1");
     Look(
-        SchCustomer,
+        SchCustomer(),
         [](SearchWindow& window) {
             EXPECT_EQ(window.LblBalance()->Text(), QString());
             Press(window, Qt::Key_Down);
@@ -285,7 +287,7 @@ TEST_F(CodeListsTest, LblBalanceIsEmptyAtFirstAndTellsOfEachRowThatBecomesCurren
             TypeInto(window, "TxtName", s("zzz"));
             EXPECT_EQ(window.LblBalance()->Text(), QString());
         });
-    Look(SchArea, [](SearchWindow& window) { EXPECT_EQ(window.LblBalance(), nullptr); });
+    Look(SchArea(), [](SearchWindow& window) { EXPECT_EQ(window.LblBalance(), nullptr); });
 }
 
 TEST_F(CodeListsTest, AHundredThousandCustomersAreListedAndJumpedIn)
@@ -293,8 +295,8 @@ TEST_F(CodeListsTest, AHundredThousandCustomersAreListedAndJumpedIn)
     company.Run("with recursive n(i) as (select 1 union all select i + 1 from n where i < 100000)"
                 " insert into InsCustomerHeader (InsCustomerID, AreaCode, CardNo, Name)"
                 " select 'Lahore ' || i, 'Lahore', i, 'N' || i from n");
-    SearchDialog::Shared(SchCustomer).SetParaIn("ParaInAreaCode", s("Lahore"));
-    SearchDialog& dialog = Show(SchCustomer, [](SearchWindow& window) {
+    SearchDialog::Shared(SchCustomer()).SetParaIn("ParaInAreaCode", s("Lahore"));
+    SearchDialog& dialog = Show(SchCustomer(), [](SearchWindow& window) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 100000; }, 60000));
         TypeInto(window, "TxtID", s("99999"));
         EXPECT_EQ(Current(window, "Name"), s("N99999"));
@@ -309,17 +311,17 @@ TEST_F(CodeListsTest, AHundredThousandCustomersAreListedAndJumpedIn)
 TEST_F(CodeListsTest, TheLoadEmptiesTheFirstResultOfCustomersImgExitNoneAndBtnCloseBoth)
 {
     SearchDialog& dialog =
-        Show(SchCustomer, [](SearchWindow& window) { Press(window, Qt::Key_Return); });
+        Show(SchCustomer(), [](SearchWindow& window) { Press(window, Qt::Key_Return); });
     const QString area = dialog.ParaOut("ParaOutAreaCode").toString();
     EXPECT_EQ(dialog.ParaOut("ParaOutCID").toString(), s("11"));
     EXPECT_EQ(area, s("Kot"));
-    Show(SchCustomer, [&](SearchWindow& window) {
+    Show(SchCustomer(), [&](SearchWindow& window) {
         EXPECT_TRUE(dialog.ParaOut("ParaOutCID").toString().isEmpty());
         EXPECT_EQ(dialog.ParaOut("ParaOutAreaCode").toString(), area);
         Click(window, window.Title().ImgExit());
     });
     EXPECT_EQ(dialog.ParaOut("ParaOutAreaCode").toString(), area);
-    Show(SchCustomer, [](SearchWindow& window) { Click(window, window.BtnClose()); });
+    Show(SchCustomer(), [](SearchWindow& window) { Click(window, window.BtnClose()); });
     EXPECT_TRUE(dialog.ParaOut("ParaOutAreaCode").toString().isEmpty());
 }
 

@@ -45,47 +45,48 @@ DELETE FROM StockOutHeader; DELETE FROM StockInDetailHeader;
 const QList<Dialog>& dialogs()
 {
     static const QList<Dialog> all{
-        {&SchArea, "ID", "Kot Raja Lahore", "Kot", "delete from Areas where AreaCode <> 'Kot'"},
-        {&SchBranch, "ID", "1 2 3", "1", "delete from Branches where BranchCode <> 1"},
-        {&SchProduct, "ID", "101 104 210 233", "101",
+        {&SchArea(), "ID", "Kot Raja Lahore", "Kot", "delete from Areas where AreaCode <> 'Kot'"},
+        {&SchBranch(), "ID", "1 2 3", "1", "delete from Branches where BranchCode <> 1"},
+        {&SchProduct(), "ID", "101 104 210 233", "101",
          "delete from Products where ProductID <> '101'"},
-        {&SchStaff, "ID", "2014 2015 3107 3108 4001 5001 5002", "2014",
+        {&SchStaff(), "ID", "2014 2015 3107 3108 4001 5001 5002", "2014",
          "delete from Staff where StaffID <> '2014'"},
-        {&SchAccounts, "ID", "1 7 12", "1", "delete from Accounts where AccountNo <> '1'"},
-        {&SchParts, "ID", "11 12 13", "11", "delete from Parts where PartID <> 11"},
-        {&SchParty, "ID", "P1 P2", "P1", "delete from Parties where PartyCode <> 'P1'"},
-        {&SchSector, "ID", "1 2 3", "1", "delete from Sectors where SectorID <> 1"},
-        {&SchCustomer, "ID", "11 12 13 12 7", "11|Kot",
+        {&SchAccounts(), "ID", "1 7 12", "1", "delete from Accounts where AccountNo <> '1'"},
+        {&SchParts(), "ID", "11 12 13", "11", "delete from Parts where PartID <> 11"},
+        {&SchParty(), "ID", "P1 P2", "P1", "delete from Parties where PartyCode <> 'P1'"},
+        {&SchSector(), "ID", "1 2 3", "1", "delete from Sectors where SectorID <> 1"},
+        {&SchCustomer(), "ID", "11 12 13 12 7", "11|Kot",
          "delete from InsCustomerHeader where InsCustomerID <> 'Kot 11'"},
-        {&SchGatePass, "ID", "1 2", "1", "delete from GatePassHeader where GatePassID <> 1",
+        {&SchGatePass(), "ID", "1 2", "1", "delete from GatePassHeader where GatePassID <> 1",
          "TxtFilter"},
-        {&SchInsCustomer, "CusID", "Kot 11 Kot 12 Raja 12", "Kot 11",
+        {&SchInsCustomer(), "CusID", "Kot 11 Kot 12 Raja 12", "Kot 11",
          "delete from InsCustomerHeader where InsCustomerID <> 'Kot 11'", "TxtFilter"},
-        {&SchRecoveryVoucher, "ID", "1 2", "1", "delete from RecoveryHeader where VoucherID <> 1",
+        {&SchRecoveryVoucher(), "ID", "1 2", "1", "delete from RecoveryHeader where VoucherID <> 1",
          "TxtFilter"},
-        {&SchRecoveryVoucherDetail, "Receipt", "501 502 503", "1|Kot 11",
+        {&SchRecoveryVoucherDetail(), "Receipt", "501 502 503", "1|Kot 11",
          "delete from RecoveryBody where ReceiptNo <> 501"},
-        {&SchConcessionVoucher, "ID", "1 2", "1",
+        {&SchConcessionVoucher(), "ID", "1 2", "1",
          "delete from ConcessionHeader where VoucherID <> 1", "TxtFilter"},
-        {&SchReturnVoucher, "ID", "1 2", "1", "delete from ReturnHeader where VoucherID <> 1",
+        {&SchReturnVoucher(), "ID", "1 2", "1", "delete from ReturnHeader where VoucherID <> 1",
          "TxtFilter"},
-        {&SchWorkerParts, "ID", "1 2", "1", "delete from WorkShopPartsHeader where VoucherID <> 1",
-         "TxtFilter"},
-        {&SchPartnershipProfit, "ID", "1 2", "1",
+        {&SchWorkerParts(), "ID", "1 2", "1",
+         "delete from WorkShopPartsHeader where VoucherID <> 1", "TxtFilter"},
+        {&SchPartnershipProfit(), "ID", "1 2", "1",
          "delete from PartnershipProfitHeader where VoucherID <> 1", "TxtFilter"},
-        {&SchConvertArea, "PrevCardNo", "11 12", "Kot|11",
+        {&SchConvertArea(), "PrevCardNo", "11 12", "Kot|11",
          "delete from ConvertArea where FromInsCustomerID <> 'Kot 11'", "TxtPrevCardNo"},
-        {&SchSalary, "ID", "2014", "2014|{month}", "delete from Salaries where StaffID <> '2014'"},
-        {&SchFrenchiserSalary, "ID", "4001", "4001|{month}",
+        {&SchSalary(), "ID", "2014", "2014|{month}",
+         "delete from Salaries where StaffID <> '2014'"},
+        {&SchFrenchiserSalary(), "ID", "4001", "4001|{month}",
          "delete from FrenchiserSalaryHeader where BasicSalary = 1"},
-        {&SchWorkShopSalary, "ID", "3108", "3108|{month}",
+        {&SchWorkShopSalary(), "ID", "3108", "3108|{month}",
          "delete from WorkShopSalaryHeader where BasicSalary = 1"},
-        {&SchStockIn, "ID", "11 12", "11", "delete from StockInHeader where StockID <> 11",
+        {&SchStockIn(), "ID", "11 12", "11", "delete from StockInHeader where StockID <> 11",
          "TxtFilter"},
-        {&SchStockOut, "ID", "11 12", "11", "delete from StockOutHeader where StockID <> 11",
+        {&SchStockOut(), "ID", "11 12", "11", "delete from StockOutHeader where StockID <> 11",
          "TxtFilter"},
-        {&SchStockInDetail, "ID", "1 2", "1", "delete from StockInDetailHeader where StockID <> 1",
-         "TxtFilter"},
+        {&SchStockInDetail(), "ID", "1 2", "1",
+         "delete from StockInDetailHeader where StockID <> 1", "TxtFilter"},
     };
     return all;
 }
@@ -140,11 +141,11 @@ std::string nameOf(const ::testing::TestParamInfo<Dialog>& tested)
 QList<Dialog> oneOfEachKind()
 {
     const QList<const SearchDeclaration*> chosen{
-        &SchCustomer,              // a code list: a balance below it, two results, a filter on F12
-        &SchRecoveryVoucherDetail, // a voucher list: a jump, queries, a count, two results
-        &SchPartnershipProfit,     // its pickers keep to whole months
-        &SchSalary,                // no field that jumps
-        &SchStockIn,               // a second list, and a field that waits for BtnFilter
+        &SchCustomer(), // a code list: a balance below it, two results, a filter on F12
+        &SchRecoveryVoucherDetail(), // a voucher list: a jump, queries, a count, two results
+        &SchPartnershipProfit(),     // its pickers keep to whole months
+        &SchSalary(),                // no field that jumps
+        &SchStockIn(),               // a second list, and a field that waits for BtnFilter
     };
     QList<Dialog> kinds;
     std::copy_if(dialogs().begin(), dialogs().end(), std::back_inserter(kinds),
@@ -164,7 +165,7 @@ TEST(TheCatalogue, ListsEveryDialogThatIsDeclaredUnderItsOwnName)
 {
     QFile header(QStringLiteral(SOURCE_DIR "/src/search/Catalogue.h"));
     ASSERT_TRUE(header.open(QIODevice::ReadOnly));
-    static const QRegularExpression pattern(s("extern\\s+const\\s+SearchDeclaration\\s+(\\w+)"));
+    static const QRegularExpression pattern(s("const\\s+SearchDeclaration&\\s+(Sch\\w+)\\(\\);"));
     QStringList declared;
     for (auto found = pattern.globalMatch(QString::fromUtf8(header.readAll())); found.hasNext();)
         declared << found.next().captured(1);
@@ -193,7 +194,7 @@ TEST_P(EveryDialog, ComesUpWithItsRowsAndTheFirstOneMarked)
             EXPECT_TRUE(window.IsActive(window.NarrowingField(firstField())));
             EXPECT_EQ(window.Title().StateText(), s("rows %1").arg(window.List().RowCount()));
             EXPECT_EQ(window.windowTitle(),
-                      &is() == &SchSector ? s("Search") : s(is().Title.English));
+                      &is() == &SchSector() ? s("Search") : s(is().Title.English));
         });
 }
 
@@ -217,7 +218,7 @@ TEST_P(EveryDialog, MinimisesButForGatePasses)
         is(),
         [this](SearchWindow& window) {
             Click(window, window.Title().ImgMin());
-            EXPECT_EQ(window.isMinimized(), &is() != &SchGatePass);
+            EXPECT_EQ(window.isMinimized(), &is() != &SchGatePass());
             window.showNormal();
         });
 }
@@ -367,7 +368,7 @@ TEST_P(DialogOfEachKind, GoesIntoTheListOnDownAndBackWithATypedCharacter)
 
 TEST_P(EveryDialog, ReadsAgainOnF12WhereItIsAKeyOfBtnFilterOnly)
 {
-    const bool isKey = &is() == &SchCustomer || &is() == &SchInsCustomer;
+    const bool isKey = &is() == &SchCustomer() || &is() == &SchInsCustomer();
     Look(is(), [&](SearchWindow& window) {
         company.Run(emptyAll);
         const int before = window.List().RowCount();
@@ -383,10 +384,10 @@ TEST_P(EveryDialog, HasBtnFilterWhereAFieldWaitsForIt)
             return field.Kind == SearchField::Type::OnFilter;
         });
     Look(is(), [&](SearchWindow& window) {
-        EXPECT_EQ(window.BtnFilter() != nullptr, waits || &is() == &SchCustomer);
+        EXPECT_EQ(window.BtnFilter() != nullptr, waits || &is() == &SchCustomer());
         if (window.BtnFilter()) {
             EXPECT_EQ(window.BtnFilter()->toolTip(),
-                      &is() == &SchInsCustomer ? s("Shortcut Key is F12") : QString());
+                      &is() == &SchInsCustomer() ? s("Shortcut Key is F12") : QString());
             company.Run(emptyAll);
             Click(window, *window.BtnFilter());
             EXPECT_EQ(window.List().RowCount(), 0);
@@ -405,9 +406,9 @@ TEST_P(EveryDialog, ReadsAgainWhenAPickerChangesButForAccounts)
             company.Run(emptyAll);
             const int before = window.List().RowCount();
             window.DtpFrom()->SetValue(QDate(2001, 2, 1));
-            EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer ? before : 0);
+            EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer() ? before : 0);
             window.DtpTo()->SetValue(QDate(2001, 2, 1));
-            EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer ? before : 0);
+            EXPECT_EQ(window.List().RowCount(), &is() == &SchInsCustomer() ? before : 0);
         });
 }
 
@@ -423,7 +424,7 @@ TEST_P(DialogOfEachKind, LeavesDownInAPickerToThePicker)
                 window.SetFocus(*picker);
                 Press(window, Qt::Key_Down);
                 EXPECT_TRUE(window.IsActive(*picker));
-                if (&is() != &SchPartnershipProfit) // which keeps to whole months
+                if (&is() != &SchPartnershipProfit()) // which keeps to whole months
                     EXPECT_LT(picker->Value(), QDate(2026, 3, 15));
             }
         });

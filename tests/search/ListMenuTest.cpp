@@ -31,7 +31,7 @@ protected:
     ListMenuTest()
     {
         HostContext::objCN = company.Connect();
-        SearchDialog::Shared(SchBranch).SetParaIn("ParaInBranchCode", s("0"));
+        SearchDialog::Shared(SchBranch()).SetParaIn("ParaInBranchCode", s("0"));
         owner.show();
         QGuiApplication::clipboard()->setText(s("before"));
     }
@@ -108,7 +108,7 @@ protected:
 TEST_F(ListMenuTest, CtrlCInTheListCopiesTheMarkedRow)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Press(window, Qt::Key_C, Qt::ControlModifier);
@@ -124,7 +124,7 @@ TEST_F(ListMenuTest, CtrlCInTheListCopiesTheMarkedRow)
 TEST_F(ListMenuTest, CtrlCInAFieldCopiesTheField)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             Type(window, s("2"));
             Press(window, Qt::Key_A, Qt::ControlModifier);
@@ -136,7 +136,7 @@ TEST_F(ListMenuTest, CtrlCInAFieldCopiesTheField)
 TEST_F(ListMenuTest, CtrlCInAnEmptyListCopiesNothing)
 {
     show(
-        SchGatePass,
+        SchGatePass(),
         [](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Press(window, Qt::Key_C, Qt::ControlModifier);
@@ -147,7 +147,7 @@ TEST_F(ListMenuTest, CtrlCInAnEmptyListCopiesNothing)
 TEST_F(ListMenuTest, TheMenuKeyBringsTheMenuAndEnterDoesWhatItsFirstRowSays)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Press(window, Qt::Key_Menu);
@@ -162,7 +162,7 @@ TEST_F(ListMenuTest, TheMenuKeyBringsTheMenuAndEnterDoesWhatItsFirstRowSays)
 TEST_F(ListMenuTest, EscLeavesTheMenuAndNotTheDialog)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Press(window, Qt::Key_Menu);
@@ -177,7 +177,7 @@ TEST_F(ListMenuTest, EscLeavesTheMenuAndNotTheDialog)
 TEST_F(ListMenuTest, TheRightButtonMarksTheRowUnderItAlone)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             ClickRow(window, window.List(), 2, Qt::RightButton);
             EXPECT_EQ(window.List().Row(), 2);
@@ -190,7 +190,7 @@ TEST_F(ListMenuTest, TheRightButtonMarksTheRowUnderItAlone)
 TEST_F(ListMenuTest, TheWholeListIsCopiedWithItsTitles)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             ClickRow(window, window.List(), 1, Qt::RightButton);
             choose("mniCopyList");
@@ -201,7 +201,7 @@ TEST_F(ListMenuTest, TheWholeListIsCopiedWithItsTitles)
 TEST_F(ListMenuTest, AnEmptyListOffersNoRowAndIsSavedAsItsTitles)
 {
     files.Expect(s("csv"), pathOf("list.csv"));
-    show(SchGatePass, [this](SearchWindow& window) {
+    show(SchGatePass(), [this](SearchWindow& window) {
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_Menu);
         ASSERT_TRUE(menu());
@@ -216,7 +216,7 @@ TEST_F(ListMenuTest, AnEmptyListOffersNoRowAndIsSavedAsItsTitles)
 TEST_F(ListMenuTest, SavedAsCsvTheListIsAsItStands)
 {
     files.Expect(s("csv"), pathOf("list.csv"));
-    show(SchStaff, [this](SearchWindow& window) {
+    show(SchStaff(), [this](SearchWindow& window) {
         window.NarrowingField("TxtName").SetText(s("طارق"));
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_F10, Qt::ShiftModifier);
@@ -232,7 +232,7 @@ TEST_F(ListMenuTest, SavedAsCsvTheListIsAsItStands)
 TEST_F(ListMenuTest, SavedAsXlsxTheStockIsANumberAndTheCodeAText)
 {
     files.Expect(s("xlsx"), pathOf("list.xlsx"));
-    show(SchProduct, [this](SearchWindow& window) {
+    show(SchProduct(), [this](SearchWindow& window) {
         ClickRow(window, window.List(), 0, Qt::RightButton);
         choose("mniSaveXlsx");
         const Xlsx sheet(pathOf("list.xlsx"));
@@ -247,7 +247,7 @@ TEST_F(ListMenuTest, SavedAsXlsxTheStockIsANumberAndTheCodeAText)
 TEST_F(ListMenuTest, WithoutAnAnswerNothingIsSaved)
 {
     files.Expect(s("csv"), QString());
-    show(SchBranch, [this](SearchWindow& window) {
+    show(SchBranch(), [this](SearchWindow& window) {
         ClickRow(window, window.List(), 0, Qt::RightButton);
         choose("mniSaveCsv");
         EXPECT_TRUE(QDir(folder.path()).isEmpty());
@@ -258,7 +258,7 @@ TEST_F(ListMenuTest, WhatCannotBeSavedIsToldInTheErrorBox)
 {
     files.Expect(s("csv"), pathOf("no/such/list.csv"));
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
-    show(SchBranch, [](SearchWindow& window) {
+    show(SchBranch(), [](SearchWindow& window) {
         ClickRow(window, window.List(), 0, Qt::RightButton);
         choose("mniSaveCsv");
         EXPECT_TRUE(window.isVisible());
@@ -269,7 +269,7 @@ TEST_F(ListMenuTest, EscInTheProgressWindowStopsALongExportAndTheDialogGoesOn)
 {
     addBranches(200'000);
     files.Expect(s("csv"), pathOf("list.csv"));
-    show(SchBranch, [this](SearchWindow& window) {
+    show(SchBranch(), [this](SearchWindow& window) {
         chooseAndEscape(window, "mniSaveCsv");
         EXPECT_TRUE(QDir(folder.path()).isEmpty());
         EXPECT_TRUE(window.isVisible());
@@ -282,7 +282,7 @@ TEST_F(ListMenuTest, EscInTheProgressWindowStopsALongCopyAndTheClipboardKeepsWha
 {
     addBranches(200'000);
     QGuiApplication::clipboard()->setText(s("before"));
-    show(SchBranch, [](SearchWindow& window) {
+    show(SchBranch(), [](SearchWindow& window) {
         chooseAndEscape(window, "mniCopyList");
         EXPECT_EQ(clipboard(), s("before"));
     });
@@ -301,7 +301,7 @@ TEST_F(ListMenuTest, AShortExportNeedsNoProgressWindow)
 TEST_F(ListMenuTest, TheRealQuestionProposesANameAndTakesTheTypedOne)
 {
     const Modal::SavePresenter seam = Modal::SetSavePresenter({});
-    show(SchBranch, [this](SearchWindow& window) {
+    show(SchBranch(), [this](SearchWindow& window) {
         ClickRow(window, window.List(), 0, Qt::RightButton);
         QTimer answer;
         QObject::connect(&answer, &QTimer::timeout, &answer, [&] {

@@ -28,7 +28,8 @@ protected:
         });
     }
 
-    const QList<const SearchDeclaration*> all{&SchSalary, &SchFrenchiserSalary, &SchWorkShopSalary};
+    const QList<const SearchDeclaration*> all{&SchSalary(), &SchFrenchiserSalary(),
+                                              &SchWorkShopSalary()};
 };
 
 } // namespace
@@ -53,7 +54,7 @@ TEST_F(SalaryListsTest, ListWholeMonthsFromTheFirstUpToTheOneAfterTheLast)
         LookAtTwoMonths(
             *declaration,
             [&](SearchWindow& window) {
-                const char* column = declaration == &SchSalary ? "Date" : "Month";
+                const char* column = declaration == &SchSalary() ? "Date" : "Month";
                 QStringList months = Column(window, column).split(u' ');
                 months.sort();
                 QStringList expected{shown(month), shown(month.addMonths(-1))};
@@ -71,18 +72,18 @@ TEST_F(SalaryListsTest, ASalaryOnTheLastDayOfTheLastMonthIsListed)
 {
     company.Run(s("update Salaries set SalaryMonth = '%1' where StaffID = '2014'")
                     .arg(month.addMonths(1).addDays(-1).toString(Qt::ISODate)));
-    LookAtTwoMonths(SchSalary,
+    LookAtTwoMonths(SchSalary(),
                     [](SearchWindow& window) { EXPECT_EQ(window.List().RowCount(), 2); });
     company.Run(s("update Salaries set SalaryMonth = '%1' where StaffID = '2014'")
                     .arg(month.addMonths(1).toString(Qt::ISODate)));
-    LookAtTwoMonths(SchSalary,
+    LookAtTwoMonths(SchSalary(),
                     [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("5001")); });
 }
 
 TEST_F(SalaryListsTest, MonthsAreReadAgainAsTheyAreTypedOrStepped)
 {
     Look(
-        SchSalary,
+        SchSalary(),
         [](SearchWindow& window) {
             window.SetFocus(*window.DtpTo());
             Type(window, s("mar"));
@@ -105,7 +106,7 @@ TEST_F(SalaryListsTest, ShowTheSumOfEachSalary)
         texts.sort();
         return texts.join(u' ');
     };
-    LookAtTwoMonths(SchSalary, [&](SearchWindow& window) {
+    LookAtTwoMonths(SchSalary(), [&](SearchWindow& window) {
         // 15000 and 28 of commissions and prizes and 30 other, less 200, 100, 50 and 8.
         EXPECT_EQ(totals(window), s("14700 24400"));
         TypeInto(window, "TxtID", s("2014"));
@@ -114,19 +115,19 @@ TEST_F(SalaryListsTest, ShowTheSumOfEachSalary)
         EXPECT_EQ(Current(window, "Designation"), s("ڈرائیور"));
     });
     LookAtTwoMonths(
-        SchFrenchiserSalary,
+        SchFrenchiserSalary(),
         [&](SearchWindow& window) {
             // 1400 of rows and 10000 and 7, less 20, 10, 5 and 2; and a month without rows.
             EXPECT_EQ(totals(window), s("10000 11370"));
             EXPECT_EQ(Current(window, "Name"), s("طارق محمود"));
         });
-    LookAtTwoMonths(SchWorkShopSalary,
+    LookAtTwoMonths(SchWorkShopSalary(),
                     [&](SearchWindow& window) { EXPECT_EQ(totals(window), s("12800 14071")); });
 }
 
 TEST_F(SalaryListsTest, AreReadAgainByAnyPartOfTheNameAndTheWholeCode)
 {
-    LookAtTwoMonths(SchSalary, [](SearchWindow& window) {
+    LookAtTwoMonths(SchSalary(), [](SearchWindow& window) {
         TypeInto(window, "TxtName", s("نذیر"));
         EXPECT_EQ(Column(window, "ID"), s("5001"));
         TypeInto(window, "TxtID", s("2014"));
@@ -136,13 +137,13 @@ TEST_F(SalaryListsTest, AreReadAgainByAnyPartOfTheNameAndTheWholeCode)
         TypeInto(window, "TxtID", s("201"));
         EXPECT_EQ(window.List().RowCount(), 0);
     });
-    LookAtTwoMonths(SchFrenchiserSalary, [](SearchWindow& window) {
+    LookAtTwoMonths(SchFrenchiserSalary(), [](SearchWindow& window) {
         TypeInto(window, "TxtName", s("محمود"));
         EXPECT_EQ(window.List().RowCount(), 2);
         TypeInto(window, "TxtID", s("3108"));
         EXPECT_EQ(window.List().RowCount(), 0);
     });
-    LookAtTwoMonths(SchWorkShopSalary, [](SearchWindow& window) {
+    LookAtTwoMonths(SchWorkShopSalary(), [](SearchWindow& window) {
         TypeInto(window, "TxtID", s("3108"));
         EXPECT_EQ(window.List().RowCount(), 2);
     });
@@ -151,7 +152,7 @@ TEST_F(SalaryListsTest, AreReadAgainByAnyPartOfTheNameAndTheWholeCode)
 TEST_F(SalaryListsTest, ACharacterTypedInTheListReadsByCode)
 {
     LookAtTwoMonths(
-        SchSalary,
+        SchSalary(),
         [](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Type(window, s("5"));
@@ -165,8 +166,8 @@ TEST_F(SalaryListsTest, ACharacterTypedInTheListReadsByCode)
 TEST_F(SalaryListsTest, GiveThePersonAndTheMonth)
 {
     for (const auto& [declaration, staff] :
-         {std::pair(&SchSalary, "5001"), std::pair(&SchFrenchiserSalary, "4001"),
-          std::pair(&SchWorkShopSalary, "3108")}) {
+         {std::pair(&SchSalary(), "5001"), std::pair(&SchFrenchiserSalary(), "4001"),
+          std::pair(&SchWorkShopSalary(), "3108")}) {
         SearchDialog& dialog = Show(*declaration, [&](SearchWindow& window) {
             window.DtpFrom()->SetValue(month.addMonths(-1));
             window.DtpTo()->SetValue(month.addMonths(-1));
@@ -184,7 +185,7 @@ TEST_F(SalaryListsTest, AHundredThousandSalariesAreListed)
                   " select i + 1 from n where i < 100000)"
                   " insert into Salaries (StaffID, SalaryMonth, BasicSalary)"
                   " select '5001', date('2000-01-01', '+' || i || ' days'), i from n"));
-    Look(SchSalary, [](SearchWindow& window) {
+    Look(SchSalary(), [](SearchWindow& window) {
         window.DtpFrom()->SetValue(QDate(2000, 1, 1));
         window.DtpTo()->SetValue(QDate(2400, 1, 1));
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 100000; }, 60000));

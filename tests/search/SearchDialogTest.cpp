@@ -26,7 +26,7 @@ protected:
     SearchDialogTest()
     {
         HostContext::objCN = company.Connect();
-        for (const SearchDeclaration* declaration : {&SchArea, &SchBranch})
+        for (const SearchDeclaration* declaration : {&SchArea(), &SchBranch()})
             SearchDialog::Shared(*declaration).SetParaIn("ParaInBranchCode", s("0"));
         owner.resize(200, 100);
         owner.show();
@@ -76,7 +76,7 @@ protected:
 
 TEST_F(SearchDialogTest, EnterInAnEmptyListDoesNothingAndEscReturnsTheEmptyResult)
 {
-    SearchDialog& dialog = show(SchGatePass, [](SearchWindow& window) {
+    SearchDialog& dialog = show(SchGatePass(), [](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(), 0);
         Press(window, Qt::Key_Return);
         EXPECT_TRUE(window.isVisible());
@@ -88,7 +88,7 @@ TEST_F(SearchDialogTest, EnterInAnEmptyListDoesNothingAndEscReturnsTheEmptyResul
 
 TEST_F(SearchDialogTest, EnterInTxtIDSelectsTheRowThatTheJumpReachedNotTheTextTyped)
 {
-    SearchDialog& dialog = show(SchStaff, [](SearchWindow& window) {
+    SearchDialog& dialog = show(SchStaff(), [](SearchWindow& window) {
         Type(window, s("310"));
         EXPECT_EQ(cell(window, window.List().Row(), "ID").left(3), s("310"));
         Press(window, Qt::Key_Return);
@@ -100,7 +100,7 @@ TEST_F(SearchDialogTest, EnterInTxtIDSelectsTheRowThatTheJumpReachedNotTheTextTy
 TEST_F(SearchDialogTest, AJumpWithNoMatchStandsOnTheLastRowAndEnterSelectsIt)
 {
     QString last;
-    SearchDialog& dialog = show(SchStaff, [&last](SearchWindow& window) {
+    SearchDialog& dialog = show(SchStaff(), [&last](SearchWindow& window) {
         Type(window, s("zzz"));
         const int rows = window.List().RowCount();
         EXPECT_EQ(window.List().Row(), rows - 1);
@@ -115,7 +115,7 @@ TEST_F(SearchDialogTest, AJumpWithNoMatchStandsOnTheLastRowAndEnterSelectsIt)
 TEST_F(SearchDialogTest, AJumpWithEmptiedTextGoesToTheFirstRow)
 {
     show(
-        SchStaff,
+        SchStaff(),
         [](SearchWindow& window) {
             Type(window, s("zzz"));
             EXPECT_NE(window.List().Row(), 0);
@@ -130,7 +130,7 @@ TEST_F(SearchDialogTest, AJumpWithEmptiedTextGoesToTheFirstRow)
 TEST_F(SearchDialogTest, BlanksAloneJumpToTheFirstRow)
 {
     show(
-        SchArea,
+        SchArea(),
         [](SearchWindow& window) {
             ASSERT_GT(window.List().RowCount(), 1);
             Press(window, Qt::Key_Down);
@@ -146,7 +146,7 @@ TEST_F(SearchDialogTest, ASixteenBitResultCannotCarryAnIdAbove32767)
 {
     addPass(32768, s("Kot"), s("'2014'"), s("null"));
     boxes.Expect({s("Overflow"), MsgIcon::Stop, s("Error occured")});
-    SearchDialog& dialog = show(SchGatePass, [](SearchWindow& window) {
+    SearchDialog& dialog = show(SchGatePass(), [](SearchWindow& window) {
         Press(window, Qt::Key_Return);
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(window.List().RowCount(), 1);
@@ -159,39 +159,39 @@ TEST_F(SearchDialogTest, AnIdOf32767IsCarried)
 {
     addPass(32767, s("Kot"), s("'2014'"), s("null"));
     SearchDialog& dialog =
-        show(SchGatePass, [](SearchWindow& window) { Press(window, Qt::Key_Return); });
+        show(SchGatePass(), [](SearchWindow& window) { Press(window, Qt::Key_Return); });
     EXPECT_EQ(dialog.ParaOut("ParaOutGatePassID").toInt(), 32767);
 }
 
 TEST_F(SearchDialogTest, BtnCloseEmptiesAnEarlierResult)
 {
     SearchDialog& dialog =
-        show(SchBranch, [](SearchWindow& window) { Press(window, Qt::Key_Return); });
+        show(SchBranch(), [](SearchWindow& window) { Press(window, Qt::Key_Return); });
     EXPECT_FALSE(dialog.ParaOut("ParaOutBranchCode").toString().isEmpty());
-    show(SchBranch, [](SearchWindow& window) { Click(window, window.BtnClose()); });
+    show(SchBranch(), [](SearchWindow& window) { Click(window, window.BtnClose()); });
     EXPECT_TRUE(dialog.ParaOut("ParaOutBranchCode").toString().isEmpty());
 }
 
 TEST_F(SearchDialogTest, ImgExitAndTheSystemCloseWithoutAResult)
 {
     SearchDialog& dialog =
-        show(SchBranch, [](SearchWindow& window) { Click(window, window.Title().ImgExit()); });
+        show(SchBranch(), [](SearchWindow& window) { Click(window, window.Title().ImgExit()); });
     EXPECT_TRUE(dialog.ParaOut("ParaOutBranchCode").toString().isEmpty());
-    show(SchBranch, [](SearchWindow& window) { window.close(); });
+    show(SchBranch(), [](SearchWindow& window) { window.close(); });
     EXPECT_TRUE(dialog.ParaOut("ParaOutBranchCode").toString().isEmpty());
 }
 
 TEST_F(SearchDialogTest, SchAreaListsAllAreasForBranchZero)
 {
-    SearchDialog& dialog = SearchDialog::Shared(SchArea);
+    SearchDialog& dialog = SearchDialog::Shared(SchArea());
     dialog.SetParaIn("ParaInBranchCode", s("0"));
-    show(SchArea, [this](SearchWindow& window) {
+    show(SchArea(), [this](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(),
                   company.Scalar(s("select count(*) from Areas")).toInt());
         Press(window, Qt::Key_Escape);
     });
     dialog.SetParaIn("ParaInBranchCode", s("2"));
-    show(SchArea, [](SearchWindow& window) {
+    show(SchArea(), [](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(), 1);
         EXPECT_EQ(first(window, "ID"), s("Lahore"));
         Press(window, Qt::Key_Escape);
@@ -200,46 +200,46 @@ TEST_F(SearchDialogTest, SchAreaListsAllAreasForBranchZero)
 
 TEST_F(SearchDialogTest, ParaInKeepsItsValueFromCallToCall)
 {
-    SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
+    SearchDialog::Shared(SchStaff()).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
     for (int i = 0; i < 2; ++i) {
         show(
-            SchStaff,
+            SchStaff(),
             [](SearchWindow& window) {
                 EXPECT_EQ(window.List().RowCount(), 1);
                 EXPECT_EQ(first(window, "ID"), s("4001"));
                 Press(window, Qt::Key_Escape);
             });
     }
-    SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", QString());
+    SearchDialog::Shared(SchStaff()).SetParaIn("ParaInStr", QString());
 }
 
 TEST_F(SearchDialogTest, TheStaffClauseLandsAfterTheNameClause)
 {
-    SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
-    show(SchStaff, [](SearchWindow& window) {
+    SearchDialog::Shared(SchStaff()).SetParaIn("ParaInStr", s(" and Frenchiser=1"));
+    show(SchStaff(), [](SearchWindow& window) {
         window.NarrowingField("TxtName").SetText(s("احمد"));
         EXPECT_TRUE(window.ListStatement().endsWith(
             s("  where 1=1 and Name like '%احمد%' and Frenchiser=1")))
             << qPrintable(window.ListStatement());
         Press(window, Qt::Key_Escape);
     });
-    SearchDialog::Shared(SchStaff).SetParaIn("ParaInStr", QString());
+    SearchDialog::Shared(SchStaff()).SetParaIn("ParaInStr", QString());
 }
 
 TEST_F(SearchDialogTest, AnUnknownParaNameIsAnError)
 {
-    EXPECT_THROW(SearchDialog::Shared(SchStaff).SetParaIn("ParaInX", 1), std::out_of_range);
-    EXPECT_THROW(SearchDialog::Shared(SchStaff).ParaOut("ParaOutX"), std::out_of_range);
+    EXPECT_THROW(SearchDialog::Shared(SchStaff()).SetParaIn("ParaInX", 1), std::out_of_range);
+    EXPECT_THROW(SearchDialog::Shared(SchStaff()).ParaOut("ParaOutX"), std::out_of_range);
 }
 
 TEST_F(SearchDialogTest, EveryShowingIsAFreshLoad)
 {
-    show(SchProduct, [](SearchWindow& window) {
+    show(SchProduct(), [](SearchWindow& window) {
         window.NarrowingField("TxtName").SetText(s("واشنگ"));
         EXPECT_EQ(window.List().RowCount(), 1);
         Press(window, Qt::Key_Escape);
     });
-    show(SchProduct, [](SearchWindow& window) {
+    show(SchProduct(), [](SearchWindow& window) {
         EXPECT_TRUE(window.NarrowingField("TxtName").Text().isEmpty());
         EXPECT_EQ(window.List().RowCount(), 4);
         Press(window, Qt::Key_Escape);
@@ -249,7 +249,7 @@ TEST_F(SearchDialogTest, EveryShowingIsAFreshLoad)
 TEST_F(SearchDialogTest, DownInTheFirstFieldGoesIntoTheListAndATypedCharacterBack)
 {
     show(
-        SchStaff,
+        SchStaff(),
         [](SearchWindow& window) {
             Txt& id = window.NarrowingField("TxtID");
             Type(window, s("2"));
@@ -270,7 +270,7 @@ TEST_F(SearchDialogTest, OnlyLettersAndDigitsTypedInTheListGoIntoTheField)
 {
     const auto isTaken = [this](QChar typed) {
         bool taken = false;
-        show(SchStaff, [&](SearchWindow& window) {
+        show(SchStaff(), [&](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Type(window, QString(typed));
             Txt& field = window.NarrowingField("TxtID");
@@ -292,7 +292,7 @@ TEST_F(SearchDialogTest, OnlyLettersAndDigitsTypedInTheListGoIntoTheField)
 TEST_F(SearchDialogTest, AKeyWithoutACharacterInTheListDoesNothingSpecial)
 {
     show(
-        SchStaff,
+        SchStaff(),
         [](SearchWindow& window) {
             Press(window, Qt::Key_Down);
             Press(window, Qt::Key_F5);
@@ -305,7 +305,7 @@ TEST_F(SearchDialogTest, AKeyWithoutACharacterInTheListDoesNothingSpecial)
 TEST_F(SearchDialogTest, DownInAnotherFieldStays)
 {
     show(
-        SchStaff,
+        SchStaff(),
         [](SearchWindow& window) {
             Txt& name = window.NarrowingField("TxtName");
             window.SetFocus(name);
@@ -320,7 +320,7 @@ TEST_F(SearchDialogTest, DownInAnotherFieldStays)
 TEST_F(SearchDialogTest, ArrowsMoveTheMarkedRowAndEnterTakesIt)
 {
     QString second;
-    SearchDialog& dialog = show(SchBranch, [&second](SearchWindow& window) {
+    SearchDialog& dialog = show(SchBranch(), [&second](SearchWindow& window) {
         Press(window, Qt::Key_Down);
         Press(window, Qt::Key_Down);
         second = cell(window, 1, "ID");
@@ -332,7 +332,7 @@ TEST_F(SearchDialogTest, ArrowsMoveTheMarkedRowAndEnterTakesIt)
 TEST_F(SearchDialogTest, DoubleClickSelects)
 {
     QString third;
-    SearchDialog& dialog = show(SchBranch, [&third](SearchWindow& window) {
+    SearchDialog& dialog = show(SchBranch(), [&third](SearchWindow& window) {
         third = cell(window, 2, "ID");
         DoubleClickRow(window, window.List(), 2);
         EXPECT_FALSE(window.isVisible());
@@ -342,7 +342,7 @@ TEST_F(SearchDialogTest, DoubleClickSelects)
 
 TEST_F(SearchDialogTest, DoubleClickBelowTheRowsSelectsTheMarkedOne)
 {
-    SearchDialog& dialog = show(SchBranch, [](SearchWindow& window) {
+    SearchDialog& dialog = show(SchBranch(), [](SearchWindow& window) {
         Type(window, s("2"));
         DoubleClick(window, window.List());
         EXPECT_FALSE(window.isVisible());
@@ -353,7 +353,7 @@ TEST_F(SearchDialogTest, DoubleClickBelowTheRowsSelectsTheMarkedOne)
 TEST_F(SearchDialogTest, DoubleClickInAnEmptyListDoesNothing)
 {
     show(
-        SchGatePass,
+        SchGatePass(),
         [](SearchWindow& window) {
             DoubleClick(window, window.List());
             EXPECT_TRUE(window.isVisible());
@@ -364,7 +364,7 @@ TEST_F(SearchDialogTest, DoubleClickInAnEmptyListDoesNothing)
 TEST_F(SearchDialogTest, BtnSelectSelects)
 {
     SearchDialog& dialog =
-        show(SchBranch, [](SearchWindow& window) { Click(window, window.BtnSelect()); });
+        show(SchBranch(), [](SearchWindow& window) { Click(window, window.BtnSelect()); });
     EXPECT_EQ(dialog.ParaOut("ParaOutBranchCode").toString(), s("1"));
 }
 
@@ -372,7 +372,7 @@ TEST_F(SearchDialogTest, AQuoteFailsTheReadAndKeepsTheListForTheNextKey)
 {
     boxes.Expect({s("Unclosed quotation mark after the character string '''."), MsgIcon::Stop,
                   s("Error occured")});
-    show(SchStaff, [](SearchWindow& window) {
+    show(SchStaff(), [](SearchWindow& window) {
         const int rows = window.List().RowCount();
         window.SetFocus(window.NarrowingField("TxtName"));
         Type(window, s("'"));
@@ -386,7 +386,7 @@ TEST_F(SearchDialogTest, AQuoteFailsTheReadAndKeepsTheListForTheNextKey)
 TEST_F(SearchDialogTest, ALetterInANumberJumpFailsAndTheDialogStays)
 {
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
-    show(SchBranch, [](SearchWindow& window) {
+    show(SchBranch(), [](SearchWindow& window) {
         Type(window, s("x"));
         EXPECT_TRUE(window.isVisible());
         EXPECT_EQ(window.List().RowCount(), 3);
@@ -397,7 +397,7 @@ TEST_F(SearchDialogTest, ALetterInANumberJumpFailsAndTheDialogStays)
 TEST_F(SearchDialogTest, NamesJumpByPrefixInAreasAndBranches)
 {
     show(
-        SchBranch,
+        SchBranch(),
         [](SearchWindow& window) {
             window.NarrowingField("TxtName").SetText(s("لا"));
             EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("2"));
@@ -413,7 +413,7 @@ TEST_F(SearchDialogTest, GatePassesShowTheLastThirtyDaysAndTheirSums)
     addPass(1, s("Kot"), s("'2014'"), s("'3107'"), today.addDays(-31));
     addPass(2, s("Kot"), s("'2014'"), s("'3107'"), today.addDays(-30));
     addPass(3, s("Raja"), s("null"), s("null"), today);
-    show(SchGatePass, [today](SearchWindow& window) {
+    show(SchGatePass(), [today](SearchWindow& window) {
         EXPECT_EQ(window.DtpFrom()->Value(), today.addDays(-30));
         EXPECT_EQ(window.DtpTo()->Value(), today);
         ASSERT_EQ(window.List().RowCount(), 2);
@@ -440,7 +440,7 @@ TEST_F(SearchDialogTest, GatePassFieldsQueryAgainEachInItsPlace)
 {
     addPass(1, s("Kot"), s("'2014'"), s("'3107'"));
     addPass(2, s("Raja"), s("'2015'"), s("null"));
-    show(SchGatePass, [](SearchWindow& window) {
+    show(SchGatePass(), [](SearchWindow& window) {
         window.NarrowingField("TxtAreaCode").SetText(s("raja"));
         EXPECT_EQ(window.List().RowCount(), 1);
         EXPECT_EQ(first(window, "ID"), s("2"));
@@ -461,7 +461,7 @@ TEST_F(SearchDialogTest, AVoucherWithoutRowsIsMissingFromTheList)
     addPass(1, s("Kot"), s("'2014'"), s("null"));
     addPass(2, s("Kot"), s("'2014'"), s("null"));
     company.Run(s("delete from GatePassBody where GatePassID = 1"));
-    show(SchGatePass, [](SearchWindow& window) {
+    show(SchGatePass(), [](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(), 1);
         EXPECT_EQ(first(window, "ID"), s("2"));
         Press(window, Qt::Key_Escape);
@@ -472,7 +472,7 @@ TEST_F(SearchDialogTest, GatePassesJumpByNumber)
 {
     for (const int id : {1, 5, 12})
         addPass(id, s("Kot"), s("'2014'"), s("null"));
-    show(SchGatePass, [](SearchWindow& window) {
+    show(SchGatePass(), [](SearchWindow& window) {
         Type(window, s("5"));
         EXPECT_EQ(cell(window, window.List().Row(), "ID"), s("5"));
         Press(window, Qt::Key_Escape);
@@ -482,7 +482,7 @@ TEST_F(SearchDialogTest, GatePassesJumpByNumber)
 TEST_F(SearchDialogTest, ProductsShowTheStockOfAllBranches)
 {
     show(
-        SchProduct,
+        SchProduct(),
         [](SearchWindow& window) {
             Type(window, s("101"));
             EXPECT_EQ(cell(window, window.List().Row(), "Stock"), s("25"));
@@ -494,7 +494,7 @@ TEST_F(SearchDialogTest, AFailureInTheLoadLeavesADialogWithAnEmptyList)
 {
     company.Run(s("alter table Branches rename to BranchesGone"));
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
-    show(SchBranch, [](SearchWindow& window) {
+    show(SchBranch(), [](SearchWindow& window) {
         EXPECT_EQ(window.List().RowCount(), 0);
         Press(window, Qt::Key_Return);
         EXPECT_TRUE(window.isVisible());
@@ -507,7 +507,7 @@ TEST_F(SearchDialogTest, ALongListIsShownWholeAndJumpsAtOnce)
     company.Run(s("with recursive n(i) as (select 1 union all select i + 1 from n"
                   " where i < 100000) insert into Branches (BranchCode, BranchName)"
                   " select 10 + i, 'B' || i from n"));
-    show(SchBranch, [](SearchWindow& window) {
+    show(SchBranch(), [](SearchWindow& window) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 100003; }, 60'000));
         Type(window, s("100010"));
         EXPECT_EQ(cell(window, window.List().Row(), "Name"), s("B100000"));

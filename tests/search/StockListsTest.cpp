@@ -12,7 +12,7 @@ namespace {
 
 class StockListsTest : public SearchDesk {
 protected:
-    const QList<const SearchDeclaration*> all{&SchStockIn, &SchStockOut, &SchStockInDetail};
+    const QList<const SearchDeclaration*> all{&SchStockIn(), &SchStockOut(), &SchStockInDetail()};
 };
 
 } // namespace
@@ -33,17 +33,17 @@ TEST_F(StockListsTest, ComeUpWithTheLastThirtyDays)
 
 TEST_F(StockListsTest, ShowWhoseAndHowMuchTheyAre)
 {
-    Look(SchStockIn, [](SearchWindow& window) {
+    Look(SchStockIn(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "AccountName"), s("حاجی ٹریڈرز "));
         EXPECT_EQ(Column(window, "BranchName"), s("قصور لاہور"));
         EXPECT_EQ(Column(window, "TotalItems"), s("5 1"));
     });
-    Look(SchStockOut, [](SearchWindow& window) {
+    Look(SchStockOut(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "AccountName"), s("لاہور موٹرز "));
         EXPECT_EQ(Column(window, "BranchName"), s("قصور پتوکی"));
         EXPECT_EQ(Column(window, "TotalItems"), s("1 3"));
     });
-    Look(SchStockInDetail, [](SearchWindow& window) {
+    Look(SchStockInDetail(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "ReceivingName"), s("غلام رسول "));
         EXPECT_EQ(Column(window, "TotalItems"), s("2 1"));
     });
@@ -51,7 +51,7 @@ TEST_F(StockListsTest, ShowWhoseAndHowMuchTheyAre)
 
 TEST_F(StockListsTest, ShowTheLinesOfEachRowThatBecomesCurrent)
 {
-    Look(SchStockIn, [](SearchWindow& window) {
+    Look(SchStockIn(), [](SearchWindow& window) {
         Grid& lines = *window.GridDetail();
         EXPECT_EQ(Column(lines, "ProductName"), s("موٹر سائیکل 125 سی سی واشنگ مشین"));
         EXPECT_EQ(Column(lines, "Qty"), s("2 3"));
@@ -61,13 +61,13 @@ TEST_F(StockListsTest, ShowTheLinesOfEachRowThatBecomesCurrent)
         TypeInto(window, "TxtFilter", s("11")); // a jump is a change of row, too
         EXPECT_EQ(Column(lines, "Qty"), s("2 3"));
     });
-    Look(SchStockOut, [](SearchWindow& window) {
+    Look(SchStockOut(), [](SearchWindow& window) {
         EXPECT_EQ(Column(*window.GridDetail(), "Qty"), s("1"));
         ClickRow(window, window.List(), 1);
         EXPECT_EQ(Column(*window.GridDetail(), "Qty"), s("1 2"));
     });
     Look(
-        SchStockInDetail,
+        SchStockInDetail(),
         [](SearchWindow& window) {
             Grid& lines = *window.GridDetail();
             EXPECT_EQ(Column(lines, "ChasisNo"), s("CH-10021 CH-10022"));
@@ -76,13 +76,13 @@ TEST_F(StockListsTest, ShowTheLinesOfEachRowThatBecomesCurrent)
             EXPECT_EQ(Column(lines, "ProductName"), s("موٹر سائیکل 70 سی سی"));
             EXPECT_EQ(Column(lines, "EngineNo"), s("EN-5531"));
         });
-    Look(SchGatePass, [](SearchWindow& window) { EXPECT_EQ(window.GridDetail(), nullptr); });
+    Look(SchGatePass(), [](SearchWindow& window) { EXPECT_EQ(window.GridDetail(), nullptr); });
 }
 
 TEST_F(StockListsTest, ShowTheLinesAfterEachReadAndNoneForAnEmptyList)
 {
     Look(
-        SchStockIn,
+        SchStockIn(),
         [](SearchWindow& window) {
             TypeInto(window, "TxtBranchCode", s("2"));
             EXPECT_EQ(Column(*window.GridDetail(), "ProductName"), s("موٹر سائیکل 70 سی سی"));
@@ -96,7 +96,7 @@ TEST_F(StockListsTest, ShowTheLinesAfterEachReadAndNoneForAnEmptyList)
 
 TEST_F(StockListsTest, KeysInTheLinesMoveThereAndEnterStillTakesTheDocument)
 {
-    SearchDialog& dialog = Show(SchStockIn, [](SearchWindow& window) {
+    SearchDialog& dialog = Show(SchStockIn(), [](SearchWindow& window) {
         window.SetFocus(*window.GridDetail());
         Press(window, Qt::Key_Down);
         EXPECT_EQ(window.GridDetail()->Row(), 1);
@@ -109,7 +109,7 @@ TEST_F(StockListsTest, KeysInTheLinesMoveThereAndEnterStillTakesTheDocument)
 TEST_F(StockListsTest, WhereTheLinesCannotBeReadTheDialogStays)
 {
     Look(
-        SchStockInDetail,
+        SchStockInDetail(),
         [this](SearchWindow& window) {
             company.Run("alter table StockInDetailBody rename to Gone");
             boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
@@ -122,7 +122,7 @@ TEST_F(StockListsTest, WhereTheLinesCannotBeReadTheDialogStays)
 
 TEST_F(StockListsTest, AreReadAgainByBranchAtOnce)
 {
-    for (const SearchDeclaration* declaration : {&SchStockIn, &SchStockOut}) {
+    for (const SearchDeclaration* declaration : {&SchStockIn(), &SchStockOut()}) {
         Look(
             *declaration,
             [&](SearchWindow& window) {
@@ -139,9 +139,9 @@ TEST_F(StockListsTest, AProductNameTakesEffectAtTheNextRead)
         const char* Product;
         const char* All;
         const char* Found;
-    } cases[] = {{&SchStockIn, "واشنگ", "11 12", "11"},
-                 {&SchStockOut, "125", "11 12", "12"},
-                 {&SchStockInDetail, "70", "1 2", "2"}};
+    } cases[] = {{&SchStockIn(), "واشنگ", "11 12", "11"},
+                 {&SchStockOut(), "125", "11 12", "12"},
+                 {&SchStockInDetail(), "70", "1 2", "2"}};
     for (const auto& [declaration, product, listed, found] : cases) {
         SCOPED_TRACE(declaration->Name);
         Look(*declaration, [&, text = product, before = listed, after = found,
@@ -156,7 +156,8 @@ TEST_F(StockListsTest, AProductNameTakesEffectAtTheNextRead)
             window.DtpTo()->SetValue(window.DtpTo()->Value().addDays(1)); // a read, too
             EXPECT_EQ(Column(window, "ID"), s(before));
             TypeInto(window, "TxtProductName", s(text));
-            TypeInto(window, dialog == &SchStockInDetail ? "TxtEngineNo" : "TxtBranchCode", s("9"));
+            TypeInto(window, dialog == &SchStockInDetail() ? "TxtEngineNo" : "TxtBranchCode",
+                     s("9"));
             EXPECT_EQ(window.List().RowCount(), 0);
             EXPECT_TRUE(Read(window, s(" and ProductName like '%") + s(text) + s("%'")));
         });
@@ -166,7 +167,7 @@ TEST_F(StockListsTest, AProductNameTakesEffectAtTheNextRead)
 TEST_F(StockListsTest, NumberedStockIsReadAgainByTheWholeEngineOrChassisNumber)
 {
     Look(
-        SchStockInDetail,
+        SchStockInDetail(),
         [](SearchWindow& window) {
             TypeInto(window, "TxtEngineNo", s("en-5531"));
             EXPECT_EQ(Column(window, "ID"), s("2"));
@@ -200,10 +201,12 @@ TEST_F(StockListsTest, JumpByNumber)
 TEST_F(StockListsTest, CarryNumbersUpTo32767)
 {
     const QList<std::pair<const SearchDeclaration*, const char*>> tables{
-        {&SchStockIn, "StockIn"}, {&SchStockOut, "StockOut"}, {&SchStockInDetail, "StockInDetail"}};
+        {&SchStockIn(), "StockIn"},
+        {&SchStockOut(), "StockOut"},
+        {&SchStockInDetail(), "StockInDetail"}};
     for (const auto& [declaration, table] : tables) {
         SCOPED_TRACE(table);
-        int number = declaration == &SchStockInDetail ? 2 : 12;
+        int number = declaration == &SchStockInDetail() ? 2 : 12;
         for (const int next : {32767, 32768}) {
             company.Run(s("update %1Header set StockID = %2 where StockID = %3;"
                           "update %1Body set StockID = %2 where StockID = %3")
@@ -234,7 +237,7 @@ TEST_F(StockListsTest, AHundredThousandDocumentsAreListedWithTheLinesOfTheCurren
                   "insert into StockInDetailBody select StockID, '101', 'E' || StockID, 'C'"
                   " from StockInDetailHeader where StockID >= 1000")
                     .arg(today.toString(Qt::ISODate)));
-    Look(SchStockInDetail, [](SearchWindow& window) {
+    Look(SchStockInDetail(), [](SearchWindow& window) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 100002; }, 60000));
         TypeInto(window, "TxtFilter", s("100999"));
         EXPECT_EQ(Current(window, "ID"), s("100999"));

@@ -71,7 +71,7 @@ protected:
                              const char* body, const char* key, const char* paraOut)
     {
         SCOPED_TRACE(declaration.Name);
-        const bool narrow = &declaration != &SchRecoveryVoucher; // the one that is wider
+        const bool narrow = &declaration != &SchRecoveryVoucher(); // the one that is wider
         int number = 2;
         for (const int next : {32767, 32768}) {
             company.Run(s("update %1 set %3 = %4 where %3 = %5;"
@@ -103,38 +103,38 @@ protected:
 
 TEST_F(VoucherListsTest, ComeUpWithTheirDefaultRanges)
 {
-    ExpectRange(SchGatePass, today.addDays(-30), today);
-    ExpectRange(SchInsCustomer, today.addDays(-90), today);
-    ExpectRange(SchRecoveryVoucher, month, today);
-    ExpectRange(SchRecoveryVoucherDetail, today.addDays(-60), today);
-    ExpectRange(SchConcessionVoucher, today.addDays(-30), today);
-    ExpectRange(SchReturnVoucher, today.addDays(-30), today);
-    ExpectRange(SchWorkerParts, month, today);
-    ExpectRange(SchPartnershipProfit, month, month.addMonths(1).addDays(-1));
-    ExpectRange(SchConvertArea, today.addDays(-180), today);
+    ExpectRange(SchGatePass(), today.addDays(-30), today);
+    ExpectRange(SchInsCustomer(), today.addDays(-90), today);
+    ExpectRange(SchRecoveryVoucher(), month, today);
+    ExpectRange(SchRecoveryVoucherDetail(), today.addDays(-60), today);
+    ExpectRange(SchConcessionVoucher(), today.addDays(-30), today);
+    ExpectRange(SchReturnVoucher(), today.addDays(-30), today);
+    ExpectRange(SchWorkerParts(), month, today);
+    ExpectRange(SchPartnershipProfit(), month, month.addMonths(1).addDays(-1));
+    ExpectRange(SchConvertArea(), today.addDays(-180), today);
 }
 
 TEST_F(VoucherListsTest, JumpByNumber)
 {
     for (const SearchDeclaration* declaration :
-         {&SchGatePass, &SchRecoveryVoucher, &SchConcessionVoucher, &SchReturnVoucher,
-          &SchWorkerParts, &SchPartnershipProfit})
+         {&SchGatePass(), &SchRecoveryVoucher(), &SchConcessionVoucher(), &SchReturnVoucher(),
+          &SchWorkerParts(), &SchPartnershipProfit()})
         ExpectJumpByNumber(*declaration);
 }
 
 TEST_F(VoucherListsTest, CarryNumbersAsFarAsTheirResultIsWide)
 {
-    ExpectNumberCarried(SchGatePass, "GatePassHeader", "GatePassBody", "GatePassID",
+    ExpectNumberCarried(SchGatePass(), "GatePassHeader", "GatePassBody", "GatePassID",
                         "ParaOutGatePassID");
-    ExpectNumberCarried(SchRecoveryVoucher, "RecoveryHeader", "RecoveryBody", "VoucherID",
+    ExpectNumberCarried(SchRecoveryVoucher(), "RecoveryHeader", "RecoveryBody", "VoucherID",
                         "ParaOutVoucherID");
-    ExpectNumberCarried(SchConcessionVoucher, "ConcessionHeader", "ConcessionBody", "VoucherID",
+    ExpectNumberCarried(SchConcessionVoucher(), "ConcessionHeader", "ConcessionBody", "VoucherID",
                         "ParaOutVoucherID");
-    ExpectNumberCarried(SchReturnVoucher, "ReturnHeader", "ReturnBody", "VoucherID",
+    ExpectNumberCarried(SchReturnVoucher(), "ReturnHeader", "ReturnBody", "VoucherID",
                         "ParaOutVoucherID");
-    ExpectNumberCarried(SchWorkerParts, "WorkShopPartsHeader", "WorkShopPartsBody", "VoucherID",
+    ExpectNumberCarried(SchWorkerParts(), "WorkShopPartsHeader", "WorkShopPartsBody", "VoucherID",
                         "ParaOutVoucherID");
-    ExpectNumberCarried(SchPartnershipProfit, "PartnershipProfitHeader", "PartnershipProfitBody",
+    ExpectNumberCarried(SchPartnershipProfit(), "PartnershipProfitHeader", "PartnershipProfitBody",
                         "VoucherID", "ParaOutVoucherID");
 }
 
@@ -142,8 +142,8 @@ TEST_F(VoucherListsTest, AVoucherWithoutRowsIsMissing)
 {
     // Number 4 of each, which stands within the range.
     for (const SearchDeclaration* declaration :
-         {&SchGatePass, &SchRecoveryVoucher, &SchConcessionVoucher, &SchReturnVoucher,
-          &SchWorkerParts}) {
+         {&SchGatePass(), &SchRecoveryVoucher(), &SchConcessionVoucher(), &SchReturnVoucher(),
+          &SchWorkerParts()}) {
         SCOPED_TRACE(declaration->Name);
         Look(*declaration, [](SearchWindow& window) { EXPECT_EQ(Column(window, "ID"), s("1 2")); });
     }
@@ -152,7 +152,7 @@ TEST_F(VoucherListsTest, AVoucherWithoutRowsIsMissing)
 TEST_F(VoucherListsTest, ADateTypedIntoAPickerReadsTheListAgain)
 {
     Look(
-        SchGatePass,
+        SchGatePass(),
         [this](SearchWindow& window) {
             window.SetFocus(*window.DtpFrom());
             Press(window, Qt::Key_Home);
@@ -165,7 +165,7 @@ TEST_F(VoucherListsTest, ADateTypedIntoAPickerReadsTheListAgain)
 
 TEST_F(VoucherListsTest, EnterWithADateTypedInPartTakesTheRowThatIsMarkedOnTheScreen)
 {
-    SearchDialog& dialog = Show(SchGatePass, [](SearchWindow& window) {
+    SearchDialog& dialog = Show(SchGatePass(), [](SearchWindow& window) {
         window.SetFocus(*window.DtpTo());
         Press(window, Qt::Key_End);
         Type(window, s("20"));
@@ -180,7 +180,7 @@ TEST_F(VoucherListsTest, EnterWithADateTypedInPartTakesTheRowThatIsMarkedOnTheSc
 TEST_F(VoucherListsTest, GatePassesShowTheirSumsAndNames)
 {
     Look(
-        SchGatePass,
+        SchGatePass(),
         [](SearchWindow& window) {
             EXPECT_EQ(Column(window, "Date"), Shown(-30) + u' ' + Shown(0));
             EXPECT_EQ(Column(window, "Driver"), s("محمد اسلم عبدالرشید"));
@@ -194,10 +194,10 @@ TEST_F(VoucherListsTest, GatePassesShowTheirSumsAndNames)
 
 TEST_F(VoucherListsTest, GatePassesAreReadAgainByAreaDriverAndReceiver)
 {
-    ExpectQueries(SchGatePass, {{"TxtAreaCode", "raja", "2"},
-                                {"TxtAreaCode", "raj", ""},
-                                {"TxtDriverName", "رشید", "2"},
-                                {"TxtReceiving", "رسول", "1"}});
+    ExpectQueries(SchGatePass(), {{"TxtAreaCode", "raja", "2"},
+                                  {"TxtAreaCode", "raj", ""},
+                                  {"TxtDriverName", "رشید", "2"},
+                                  {"TxtReceiving", "رسول", "1"}});
 }
 
 // Instalment accounts
@@ -206,7 +206,7 @@ TEST_F(VoucherListsTest, AccountsAreNotReadAgainUntilBtnFilterOrF12)
 {
     for (const bool byKey : {false, true}) {
         Look(
-            SchInsCustomer,
+            SchInsCustomer(),
             [byKey](SearchWindow& window) {
                 const QString all = s("Kot 11 Kot 12 Raja 12");
                 TypeInto(window, "TxtName", s("حسن"));
@@ -229,7 +229,7 @@ TEST_F(VoucherListsTest, AccountsAreNotReadAgainUntilBtnFilterOrF12)
 TEST_F(VoucherListsTest, AccountsAreNarrowedByEachField)
 {
     Look(
-        SchInsCustomer,
+        SchInsCustomer(),
         [](SearchWindow& window) {
             const struct {
                 const char* Field;
@@ -253,7 +253,7 @@ TEST_F(VoucherListsTest, AccountsAreNarrowedByEachField)
 TEST_F(VoucherListsTest, AYearTypedInPartCountsWhenF12Reads)
 {
     Look(
-        SchInsCustomer,
+        SchInsCustomer(),
         [](SearchWindow& window) {
             window.SetFocus(*window.DtpFrom());
             Type(window, s("010199"));
@@ -266,7 +266,7 @@ TEST_F(VoucherListsTest, AYearTypedInPartCountsWhenF12Reads)
 TEST_F(VoucherListsTest, AccountsJumpByTheBeginningOfTheirCard)
 {
     Look(
-        SchInsCustomer,
+        SchInsCustomer(),
         [](SearchWindow& window) {
             TypeInto(window, "TxtFilter", s("12"));
             EXPECT_EQ(Current(window, "CusID"), s("Kot 12"));
@@ -283,7 +283,7 @@ TEST_F(VoucherListsTest, AccountsJumpByTheBeginningOfTheirCard)
 TEST_F(VoucherListsTest, AccountsShowWhatWasSoldAndBelongToAnAreaThatIsKnown)
 {
     Look(
-        SchInsCustomer,
+        SchInsCustomer(),
         [](SearchWindow& window) {
             EXPECT_EQ(Column(window, "CusID"), s("Kot 11 Kot 12 Raja 12")); // not Gone 7
             EXPECT_EQ(Column(window, "ID"), s("11 12 12"));
@@ -302,7 +302,7 @@ TEST_F(VoucherListsTest, AccountsShowWhatWasSoldAndBelongToAnAreaThatIsKnown)
 TEST_F(VoucherListsTest, AnAccountWithoutRowsCountsNoItems)
 {
     company.Run("delete from InsCustomerBody where InsCustomerID = 'Kot 12'");
-    Look(SchInsCustomer,
+    Look(SchInsCustomer(),
          [](SearchWindow& window) { EXPECT_EQ(Column(window, "TotalItems"), s("1 0 1")); });
 }
 
@@ -310,9 +310,9 @@ TEST_F(VoucherListsTest, AnAccountWithoutRowsCountsNoItems)
 
 TEST_F(VoucherListsTest, RecoveriesAreReadAgainByAreaAndStaff)
 {
-    ExpectQueries(SchRecoveryVoucher,
+    ExpectQueries(SchRecoveryVoucher(),
                   {{"TxtAreaCode", "raja", "2"}, {"TxtStaffName", "رسول", "1"}});
-    Look(SchRecoveryVoucher, [](SearchWindow& window) {
+    Look(SchRecoveryVoucher(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "TotalAmount"), s("7500.5 4000"));
         EXPECT_EQ(Column(window, "Staff"), s("غلام رسول "));
     });
@@ -320,7 +320,7 @@ TEST_F(VoucherListsTest, RecoveriesAreReadAgainByAreaAndStaff)
 
 TEST_F(VoucherListsTest, ReceiptsAreReadAgainByVoucherAreaAndName)
 {
-    ExpectQueries(SchRecoveryVoucherDetail,
+    ExpectQueries(SchRecoveryVoucherDetail(),
                   {{"TxtFilter", "1", "501 502"},
                    {"TxtFilter", "4", ""},
                    {"TxtAreaCode", "Raja", "503"},
@@ -331,7 +331,7 @@ TEST_F(VoucherListsTest, ReceiptsAreReadAgainByVoucherAreaAndName)
 TEST_F(VoucherListsTest, ReceiptsAreCountedAfterEachRead)
 {
     Look(
-        SchRecoveryVoucherDetail,
+        SchRecoveryVoucherDetail(),
         [](SearchWindow& window) {
             EXPECT_EQ(window.LblTotalCards()->Text(), s("3"));
             TypeInto(window, "TxtFilter", s("1"));
@@ -339,14 +339,14 @@ TEST_F(VoucherListsTest, ReceiptsAreCountedAfterEachRead)
             TypeInto(window, "TxtFilter", s("14"));
             EXPECT_EQ(window.LblTotalCards()->Text(), s("0"));
         });
-    Look(SchRecoveryVoucher,
+    Look(SchRecoveryVoucher(),
          [](SearchWindow& window) { EXPECT_EQ(window.LblTotalCards(), nullptr); });
 }
 
 TEST_F(VoucherListsTest, ReceiptsJumpByTheWholeCardAndTakeATypedCharacterThere)
 {
     Look(
-        SchRecoveryVoucherDetail,
+        SchRecoveryVoucherDetail(),
         [](SearchWindow& window) {
             TypeInto(window, "TxtID", s("12"));
             EXPECT_EQ(Current(window, "Receipt"), s("502"));
@@ -364,7 +364,7 @@ TEST_F(VoucherListsTest, AReceiptIsGivenByItsVoucherAndAccount)
 {
     company.Run("update RecoveryHeader set VoucherID = 70000 where VoucherID = 2;"
                 "update RecoveryBody set VoucherID = 70000 where VoucherID = 2");
-    SearchDialog& dialog = Show(SchRecoveryVoucherDetail, [](SearchWindow& window) {
+    SearchDialog& dialog = Show(SchRecoveryVoucherDetail(), [](SearchWindow& window) {
         TypeInto(window, "TxtFilter", s("70000"));
         Press(window, Qt::Key_Return);
     });
@@ -377,7 +377,7 @@ TEST_F(VoucherListsTest, AHundredThousandReceiptsAreListedAndJumpedIn)
     company.Run("with recursive n(i) as (select 1 union all select i + 1 from n where i < 100000)"
                 " insert into RecoveryBody (VoucherID, InsCustomerID, CardNo, ReceiptNo, Amount)"
                 " select 2, 'Raja 12', 'C' || i, i, 1 from n");
-    SearchDialog& dialog = Show(SchRecoveryVoucherDetail, [](SearchWindow& window) {
+    SearchDialog& dialog = Show(SchRecoveryVoucherDetail(), [](SearchWindow& window) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().RowCount() == 100003; }, 60000));
         EXPECT_EQ(window.LblTotalCards()->Text(), s("100003"));
         TypeInto(window, "TxtID", s("C99999"));
@@ -391,14 +391,14 @@ TEST_F(VoucherListsTest, AHundredThousandReceiptsAreListedAndJumpedIn)
 
 TEST_F(VoucherListsTest, ConcessionsAndReturnsShowTheirSumsAndAreReadAgainByArea)
 {
-    for (const SearchDeclaration* declaration : {&SchConcessionVoucher, &SchReturnVoucher}) {
+    for (const SearchDeclaration* declaration : {&SchConcessionVoucher(), &SchReturnVoucher()}) {
         SCOPED_TRACE(declaration->Name);
         ExpectQueries(*declaration, {{"TxtAreaCode", "raja", "2"}, {"TxtAreaCode", "x", ""}});
         Look(*declaration, [&](SearchWindow& window) {
             EXPECT_EQ(Column(window, "Date"), Shown(-30) + u' ' + Shown(0));
             EXPECT_EQ(Column(window, "AreaName"), s("کوٹ رادھا کشن راجہ جنگ"));
             EXPECT_EQ(Column(window, "TotalAmount"),
-                      declaration == &SchReturnVoucher ? s("9000 12000") : s("750.5 300"));
+                      declaration == &SchReturnVoucher() ? s("9000 12000") : s("750.5 300"));
         });
     }
 }
@@ -407,10 +407,10 @@ TEST_F(VoucherListsTest, ConcessionsAndReturnsShowTheirSumsAndAreReadAgainByArea
 
 TEST_F(VoucherListsTest, PartsVouchersAreReadAgainByNameAndCode)
 {
-    ExpectQueries(SchWorkerParts, {{"TxtStaffName", "شریف", "1"},
-                                   {"TxtID", "10", "1"}, // any part of 3108
-                                   {"TxtID", "7", ""}});
-    Look(SchWorkerParts, [](SearchWindow& window) {
+    ExpectQueries(SchWorkerParts(), {{"TxtStaffName", "شریف", "1"},
+                                     {"TxtID", "10", "1"}, // any part of 3108
+                                     {"TxtID", "7", ""}});
+    Look(SchWorkerParts(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "StaffID"), s("3108 "));
         EXPECT_EQ(Column(window, "StaffName"), s("محمد شریف "));
         EXPECT_EQ(Column(window, "TotalAmount"), s("1270.5 2900"));
@@ -425,18 +425,18 @@ TEST_F(VoucherListsTest, PartsVouchersAreReadAgainByNameAndCode)
 
 TEST_F(VoucherListsTest, ProfitsAreIncomeLessDeductionsLessExpense)
 {
-    Look(SchPartnershipProfit, [this](SearchWindow& window) {
+    Look(SchPartnershipProfit(), [this](SearchWindow& window) {
         EXPECT_EQ(Column(window, "Profit"), s("74499.5 -1500"));
         const QString shown = QLocale(QLocale::English).toString(month, s("MMM-yyyy"));
         EXPECT_EQ(Column(window, "Month"), shown + u' ' + shown);
     });
-    ExpectQueries(SchPartnershipProfit, {{"TxtAreaCode", "raja", "2"}});
+    ExpectQueries(SchPartnershipProfit(), {{"TxtAreaCode", "raja", "2"}});
 }
 
 TEST_F(VoucherListsTest, ProfitsAreReadForWholeMonthsWhateverDaysAreChosen)
 {
     Look(
-        SchPartnershipProfit,
+        SchPartnershipProfit(),
         [](SearchWindow& window) {
             window.DtpFrom()->SetValue(QDate(2024, 1, 17));
             EXPECT_EQ(window.DtpFrom()->Value(), QDate(2024, 1, 1));
@@ -455,7 +455,7 @@ TEST_F(VoucherListsTest, ProfitsAreReadWhileADateIsTypedWhichBecomesAWholeMonthW
 {
     for (const char* format : {"dd/MM/yyyy", "ddMMyyyy"}) {
         Look(
-            SchPartnershipProfit,
+            SchPartnershipProfit(),
             [&](SearchWindow& window) {
                 const QDate typed = month.addDays(-1);
                 window.SetFocus(*window.DtpFrom());
@@ -476,7 +476,7 @@ TEST_F(VoucherListsTest, ProfitsAreReadWhileADateIsTypedWhichBecomesAWholeMonthW
 TEST_F(VoucherListsTest, ProfitsShowTheWholeMonthAtOnceWhereADateIsChangedByArrow)
 {
     Look(
-        SchPartnershipProfit,
+        SchPartnershipProfit(),
         [](SearchWindow& window) {
             window.DtpTo()->SetValue(QDate(2024, 2, 10));
             window.SetFocus(*window.DtpTo());
@@ -491,7 +491,7 @@ TEST_F(VoucherListsTest, ProfitsShowTheWholeMonthAtOnceWhereADateIsChangedByArro
 
 TEST_F(VoucherListsTest, ConvertedAccountsAreReadAgainByEachField)
 {
-    ExpectQueries(SchConvertArea,
+    ExpectQueries(SchConvertArea(),
                   {{"TxtPrevCardNo", "1", "11 12"}, // any part
                    {"TxtPrevCardNo", "12", "12"},
                    {"TxtPrevAreaCode", "kot", "11"},
@@ -504,7 +504,7 @@ TEST_F(VoucherListsTest, AConvertedAccountIsTakenApartAtItsFirstBlank)
 {
     company.Run(s("update ConvertArea set ToInsCustomerID = 'Raja 9 A' where FromInsCustomerID ="
                   " 'Kot 11'"));
-    Look(SchConvertArea, [](SearchWindow& window) {
+    Look(SchConvertArea(), [](SearchWindow& window) {
         EXPECT_EQ(Column(window, "PrevAreaCode"), s("Kot Raja"));
         EXPECT_EQ(Column(window, "NewAreaCode"), s("Raja Lahore"));
         EXPECT_EQ(Column(window, "NewCardNo"), s("9 A 44"));
@@ -517,7 +517,7 @@ TEST_F(VoucherListsTest, AConvertedAccountIsTakenApartAtItsFirstBlank)
 
 TEST_F(VoucherListsTest, ACharacterTypedInConvertedAccountsNarrowsByPreviousCard)
 {
-    SearchDialog& dialog = Show(SchConvertArea, [](SearchWindow& window) {
+    SearchDialog& dialog = Show(SchConvertArea(), [](SearchWindow& window) {
         Press(window, Qt::Key_Down);
         Type(window, s("1"));
         Type(window, s("2"));

@@ -147,18 +147,18 @@ protected:
     };
     static QList<Field> fields()
     {
-        return {{SchArea, "TxtID", Way::Jump},
-                {SchArea, "TxtName", Way::Jump},
-                {SchBranch, "TxtID", Way::NumberJump},
-                {SchBranch, "TxtName", Way::Jump},
-                {SchProduct, "TxtID", Way::Jump},
-                {SchProduct, "TxtName", Way::QueryAgain},
-                {SchStaff, "TxtID", Way::Jump},
-                {SchStaff, "TxtName", Way::QueryAgain},
-                {SchGatePass, "TxtFilter", Way::NumberJump},
-                {SchGatePass, "TxtAreaCode", Way::QueryAgain},
-                {SchGatePass, "TxtDriverName", Way::QueryAgain},
-                {SchGatePass, "TxtReceiving", Way::QueryAgain}};
+        return {{SchArea(), "TxtID", Way::Jump},
+                {SchArea(), "TxtName", Way::Jump},
+                {SchBranch(), "TxtID", Way::NumberJump},
+                {SchBranch(), "TxtName", Way::Jump},
+                {SchProduct(), "TxtID", Way::Jump},
+                {SchProduct(), "TxtName", Way::QueryAgain},
+                {SchStaff(), "TxtID", Way::Jump},
+                {SchStaff(), "TxtName", Way::QueryAgain},
+                {SchGatePass(), "TxtFilter", Way::NumberJump},
+                {SchGatePass(), "TxtAreaCode", Way::QueryAgain},
+                {SchGatePass(), "TxtDriverName", Way::QueryAgain},
+                {SchGatePass(), "TxtReceiving", Way::QueryAgain}};
     }
 
     void SetUp() override
