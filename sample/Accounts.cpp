@@ -5,6 +5,7 @@
 #include "sample/PayBook.h"
 #include "sample/Random.h"
 #include "sample/TableWriter.h"
+#include "sample/Utf8.h"
 
 #include <TradeForms/Connection.h>
 
@@ -14,11 +15,6 @@
 namespace Sample {
 
 namespace {
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// Who stands on an account, and how it came.
 struct Roles {

@@ -3,6 +3,7 @@
 #include "sample/Parts.h"
 #include "sample/PayBook.h"
 #include "sample/TableWriter.h"
+#include "sample/Utf8.h"
 
 #include <TradeForms/Connection.h>
 
@@ -15,7 +16,7 @@ namespace {
 void writeCompanyInfo(const Setting& setting)
 {
     TableWriter info(setting.Connection, "CompanyInfo", {"NameUrdu", "LogoFile"});
-    info.Row({QString::fromUtf8("المدینہ ٹریڈرز قصور"), QString()});
+    info.Row({utf8("المدینہ ٹریڈرز قصور"), QString()});
     info.Finish();
 }
 

@@ -1,4 +1,5 @@
 #include "sample/Extent.h"
+#include "sample/Utf8.h"
 
 #include <algorithm>
 
@@ -21,7 +22,7 @@ Area furtherArea(int index)
     const std::span<const Branch> branches = Branches();
     const int village = index + 13;
     return {QStringLiteral("Ch%1").arg(village),
-            QString::fromUtf8("چک نمبر %1").arg(village),
+            utf8("چک نمبر %1").arg(village),
             branches[std::size_t(index) % branches.size()].Code,
             QString::number(FurtherManagers + index),
             QString::number(FurtherSecretaries + index),

@@ -1,4 +1,5 @@
 #include "sample/Facts.h"
+#include "sample/Utf8.h"
 
 #include <vector>
 
@@ -115,10 +116,8 @@ std::span<const Area> HomeAreas()
     static const std::vector<Area> made = [] {
         std::vector<Area> list;
         for (const AreaFact& fact : areas)
-            list.push_back({QString::fromUtf8(fact.Code), QString::fromUtf8(fact.Name),
-                            fact.BranchCode, QString::fromUtf8(fact.Manager),
-                            QString::fromUtf8(fact.Secretary), QString::fromUtf8(fact.Collector),
-                            QString(), QString()});
+            list.push_back({utf8(fact.Code), utf8(fact.Name), fact.BranchCode, utf8(fact.Manager),
+                            utf8(fact.Secretary), utf8(fact.Collector), QString(), QString()});
         return list;
     }();
     return made;

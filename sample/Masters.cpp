@@ -4,6 +4,7 @@
 #include "sample/PayBook.h"
 #include "sample/Random.h"
 #include "sample/TableWriter.h"
+#include "sample/Utf8.h"
 
 #include <TradeForms/Connection.h>
 
@@ -41,11 +42,6 @@ constexpr const char* partyNames[] = {
     "حاجی محمد شریف اینڈ سنز", "چوہدری برادرز", "میاں الیکٹرک سٹور", "ملک آٹوز", "رحمت ٹریڈرز",
     "بسم اللہ الیکٹرونکس",     "المکہ موٹرز",   "نیو قصور فرنیچر",
 };
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 void writeBranchesAndAreas(const Setting& setting)
 {

@@ -1,4 +1,5 @@
 #include "sample/Names.h"
+#include "sample/Utf8.h"
 
 namespace Sample {
 
@@ -60,7 +61,7 @@ QString digits(Random& random, int count)
 
 QString pick(Random& random, const auto& list)
 {
-    return QString::fromUtf8(random.Pick(list));
+    return utf8(random.Pick(list));
 }
 
 } // namespace
@@ -85,22 +86,18 @@ QString HomeAddress(Random& random)
 {
     switch (random.Below(3)) {
     case 0:
-        return QString::fromUtf8("چک نمبر %1").arg(random.Between(2, 96));
+        return utf8("چک نمبر %1").arg(random.Between(2, 96));
     case 1:
-        return QString::fromUtf8("گلی نمبر %1، %2")
-            .arg(random.Between(1, 14))
-            .arg(pick(random, quarters));
+        return utf8("گلی نمبر %1، %2").arg(random.Between(1, 14)).arg(pick(random, quarters));
     default:
-        return QString::fromUtf8("مکان نمبر %1، %2")
-            .arg(random.Between(1, 480))
-            .arg(pick(random, quarters));
+        return utf8("مکان نمبر %1، %2").arg(random.Between(1, 480)).arg(pick(random, quarters));
     }
 }
 
 QString JobAddress(Random& random)
 {
     const QString job = pick(random, jobs);
-    return job + QString::fromUtf8("، ") + pick(random, cities);
+    return job + utf8("، ") + pick(random, cities);
 }
 
 QString City(Random& random)

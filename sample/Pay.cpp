@@ -2,6 +2,7 @@
 #include "sample/PayBook.h"
 #include "sample/Random.h"
 #include "sample/TableWriter.h"
+#include "sample/Utf8.h"
 
 #include <algorithm>
 #include <numeric>
@@ -173,8 +174,8 @@ private:
                 continue;
             const int commission = RatesOf(Products()[product]).*rate;
             const int amount = pieces[product] * commission;
-            franchiseLines_.Row({id, first, QString::fromUtf8(Products()[product].Id),
-                                 QString::fromUtf8(type), commission, pieces[product], amount});
+            franchiseLines_.Row({id, first, utf8(Products()[product].Id), utf8(type), commission,
+                                 pieces[product], amount});
             total += amount;
         }
         return total;

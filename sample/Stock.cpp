@@ -3,6 +3,7 @@
 #include "sample/PayBook.h"
 #include "sample/Random.h"
 #include "sample/TableWriter.h"
+#include "sample/Utf8.h"
 
 #include <TradeForms/Connection.h>
 
@@ -82,8 +83,7 @@ private:
         std::vector<Quantity> all;
         for (std::size_t i = 0; i < Products().size(); ++i)
             all.push_back({i, trade_ * (2 * Products()[i].Demand + 4)});
-        receive(0, branch, QString::fromUtf8(OpeningAccount), QString::fromUtf8("ابتدائی سٹاک"),
-                all);
+        receive(0, branch, utf8(OpeningAccount), utf8("ابتدائی سٹاک"), all);
     }
 
     /// Fills up each product of which there is little.
@@ -98,8 +98,7 @@ private:
         }
         if (!scarce.empty()) {
             const int supplier = FirstSupplier + random_.Below(Suppliers);
-            receive(day, branch, QString::number(supplier), QString::fromUtf8("نئی خریداری"),
-                    scarce);
+            receive(day, branch, QString::number(supplier), utf8("نئی خریداری"), scarce);
         }
     }
 
@@ -111,8 +110,8 @@ private:
         inHeaders_.Row({lastIn_, setting_.Day(day), Branches()[branch].Code, account, note});
         for (const auto& [product, pieces] : quantities) {
             const Product& fact = Products()[product];
-            inBodies_.Row({lastIn_, QString::fromUtf8(fact.Id), pieces, fact.PurchaseRate,
-                           pieces * fact.PurchaseRate});
+            inBodies_.Row(
+                {lastIn_, utf8(fact.Id), pieces, fact.PurchaseRate, pieces * fact.PurchaseRate});
             stock_[branch][product] += pieces;
         }
     }
@@ -138,7 +137,7 @@ private:
             const int out = std::min(held, random_.Between(1, fact.Numbered ? 2 : 4));
             const int backOld = random_.Percent(10) ? 1 : 0;
             const int backNew = random_.Percent(12) ? random_.Between(1, out) : 0;
-            passBodies_.Row({lastPass_, QString::fromUtf8(fact.Id), out, backOld, backNew});
+            passBodies_.Row({lastPass_, utf8(fact.Id), out, backOld, backNew});
             held += backNew - out;
             pieces += out;
         }
@@ -184,9 +183,9 @@ private:
         const int supplier = FirstSupplier + random_.Below(Suppliers);
         ++lastOut_;
         outHeaders_.Row({lastOut_, setting_.Day(day), Branches()[branch].Code,
-                         QString::number(supplier), QString::fromUtf8("خراب مال واپس")});
-        outBodies_.Row({lastOut_, QString::fromUtf8(fact.Id), quantity, fact.PurchaseRate,
-                        quantity * fact.PurchaseRate});
+                         QString::number(supplier), utf8("خراب مال واپس")});
+        outBodies_.Row(
+            {lastOut_, utf8(fact.Id), quantity, fact.PurchaseRate, quantity * fact.PurchaseRate});
         held -= quantity;
     }
 
@@ -236,12 +235,12 @@ void writeNumberedUnits(const Setting& setting)
     int stockId = 0;
     int serial = 100000;
     for (int day = 4; day < setting.Extent.Days(); day += 11) {
-        headers.Row({++stockId, setting.Day(day), QString::number(FirstStoreKeeper),
-                     QString::fromUtf8("نئی گاڑیاں")});
+        headers.Row(
+            {++stockId, setting.Day(day), QString::number(FirstStoreKeeper), utf8("نئی گاڑیاں")});
         for (int units = setting.Extent.Trade() * random.Between(4, 8); units > 0; --units) {
             ++serial;
-            bodies.Row({stockId, QString::fromUtf8(random.Pick(numbered)->Id),
-                        QStringLiteral("E%1").arg(serial), QStringLiteral("C%1").arg(serial)});
+            bodies.Row({stockId, utf8(random.Pick(numbered)->Id), QStringLiteral("E%1").arg(serial),
+                        QStringLiteral("C%1").arg(serial)});
         }
     }
     headers.Finish();

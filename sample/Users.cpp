@@ -1,6 +1,7 @@
 #include "sample/Company.h"
 #include "sample/Parts.h"
 #include "sample/TableWriter.h"
+#include "sample/Utf8.h"
 
 #include <TradeForms/Connection.h>
 
@@ -80,10 +81,10 @@ void WriteUsers(const Setting& setting, const PasswordHash& hash)
     for (const UserFact& user : users) {
         const QVariant from = firstDate(user.Dates, setting.LastDay);
         const QVariant to = user.Dates == Window::Closed ? from : QVariant();
-        rows.Row({user.Number, from, to, QString::fromUtf8(user.Name), hash(Password()),
-                  user.Administrator, user.AllowPostedEdit, QString::fromUtf8(user.BranchCode)});
+        rows.Row({user.Number, from, to, utf8(user.Name), hash(Password()), user.Administrator,
+                  user.AllowPostedEdit, utf8(user.BranchCode)});
         for (const char* screen : allScreens)
-            rights.Row({user.Number, QString::fromUtf8(screen), user.CanModify, user.CanDelete});
+            rights.Row({user.Number, utf8(screen), user.CanModify, user.CanDelete});
     }
     rows.Finish();
     rights.Finish();
