@@ -94,20 +94,6 @@ QString move(const QString& database, const QString& place, const OnProgress& on
     return text;
 }
 
-QWidget* captionFor(const QString& urdu, const QString& english, QWidget* parent)
-{
-    auto* caption = new QWidget(parent);
-    auto* column = new QVBoxLayout(caption);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(Look::UrduLabel(urdu, Look::Urdu(), caption));
-    auto* latin = new QLabel(english, caption);
-    latin->setFont(Look::SmallLatin());
-    latin->setStyleSheet(QStringLiteral("color: %1").arg(Look::MutedText().name()));
-    column->addWidget(latin);
-    return caption;
-}
-
 } // namespace
 
 CareTask BackupTask(const QString& database)
@@ -217,7 +203,7 @@ void CareWindow::build()
     grid->setContentsMargins(20, 14, 20, 4);
     grid->setHorizontalSpacing(16);
     grid->setVerticalSpacing(10);
-    grid->addWidget(captionFor(task_.PlaceUrdu, task_.PlaceEnglish, this), 0, 0);
+    grid->addWidget(Look::FieldCaption(task_.PlaceUrdu, task_.PlaceEnglish, this), 0, 0);
     grid->addLayout(place, 0, 1);
     grid->addWidget(explanation, 1, 0, 1, 2);
     grid->addWidget(bar_, 2, 0, 1, 2);

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QVBoxLayout>
 
 namespace Host {
 
@@ -36,42 +37,42 @@ QFont latinFont(int points)
 
 QColor Accent()
 {
-    return QColor(0x0b, 0x6e, 0x66);
+    return QColor(0x0c, 0x6e, 0x66);
 }
 
 QColor AccentText()
 {
-    return Qt::white;
+    return QColor(0xff, 0xff, 0xff);
 }
 
 QColor Background()
 {
-    return QColor(0xf4, 0xf5, 0xfa);
+    return QColor(0xf4, 0xf6, 0xfa);
 }
 
 QColor GroupBackground()
 {
-    return QColor(0xe2, 0xf1, 0xf0);
+    return QColor(0xe2, 0xf0, 0xef);
 }
 
 QColor FocusBackground()
 {
-    return QColor(0xff, 0xfc, 0xee);
+    return QColor(0xff, 0xfd, 0xf0);
 }
 
 QColor Border()
 {
-    return QColor(0xc9, 0xcf, 0xda);
+    return QColor(0xc9, 0xd1, 0xdd);
 }
 
 QColor Text()
 {
-    return QColor(0x1d, 0x24, 0x30);
+    return QColor(0x1a, 0x20, 0x2c);
 }
 
 QColor MutedText()
 {
-    return QColor(0x5b, 0x66, 0x76);
+    return QColor(0x5b, 0x66, 0x78);
 }
 
 QColor Warning()
@@ -129,6 +130,20 @@ QLabel* UrduLabel(const QString& text, const QFont& font, QWidget* parent)
     label->setFont(font);
     label->setMinimumHeight(QFontMetrics(font).height());
     return label;
+}
+
+QWidget* FieldCaption(const QString& urdu, const QString& english, QWidget* parent)
+{
+    auto* caption = new QWidget(parent);
+    auto* column = new QVBoxLayout(caption);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(UrduLabel(urdu, Urdu(), caption));
+    auto* latin = new QLabel(english, caption);
+    latin->setFont(SmallLatin());
+    latin->setStyleSheet(QStringLiteral("color: %1").arg(MutedText().name()));
+    column->addWidget(latin);
+    return caption;
 }
 
 } // namespace Look

@@ -7,7 +7,7 @@
 class QLabel;
 
 // The look of this host's own windows: one palette, one scale of type, and the few pieces of
-// which they are made. The library's forms bring their own look.
+// which they are made. The library's forms bring their own look; the colours are the same.
 
 namespace Host::Look {
 
@@ -19,7 +19,7 @@ QColor FocusBackground();
 QColor Border();
 QColor Text();
 QColor MutedText();
-QColor Warning();
+QColor Warning(); ///< text that tells of a failure: darker than the frames of the library's fields
 
 QFont Latin();
 QFont SmallLatin();
@@ -31,6 +31,8 @@ void Dress(QWidget* window);
 
 /// A label in the Urdu face, high enough for it.
 QLabel* UrduLabel(const QString& text, const QFont& font, QWidget* parent);
+/// The caption of a field: Urdu, with the English term small below it.
+QWidget* FieldCaption(const QString& urdu, const QString& english, QWidget* parent);
 
 } // namespace Host::Look
 

@@ -22,20 +22,6 @@ QString loginCaption()
     return QStringLiteral("Log in Enter");
 }
 
-QWidget* captionFor(const char* urdu, const QString& english, QWidget* parent)
-{
-    auto* caption = new QWidget(parent);
-    auto* column = new QVBoxLayout(caption);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(Look::UrduLabel(QString::fromUtf8(urdu), Look::Urdu(), caption));
-    auto* latin = new QLabel(english, caption);
-    latin->setFont(Look::SmallLatin());
-    latin->setStyleSheet(QStringLiteral("color: %1").arg(Look::MutedText().name()));
-    column->addWidget(latin);
-    return caption;
-}
-
 QLineEdit* newField(const QString& name, const QString& accessibleName, QWidget* parent)
 {
     auto* field = new QLineEdit(parent);
@@ -94,9 +80,12 @@ void LoginWindow::build(const QString& companyName, const QString& database)
     fields->setContentsMargins(20, 14, 20, 4);
     fields->setHorizontalSpacing(16);
     fields->setVerticalSpacing(8);
-    fields->addWidget(captionFor("صارف کا نام", QStringLiteral("User name"), this), 0, 0);
+    fields->addWidget(
+        Look::FieldCaption(QString::fromUtf8("صارف کا نام"), QStringLiteral("User name"), this), 0,
+        0);
     fields->addWidget(txtUserName_, 0, 1);
-    fields->addWidget(captionFor("پاس ورڈ", QStringLiteral("Password"), this), 1, 0);
+    fields->addWidget(
+        Look::FieldCaption(QString::fromUtf8("پاس ورڈ"), QStringLiteral("Password"), this), 1, 0);
     fields->addWidget(txtPassword_, 1, 1);
     fields->addWidget(lblMessageUrdu_, 2, 0, 1, 2);
     fields->addWidget(lblMessage_, 3, 0, 1, 2);
