@@ -169,6 +169,18 @@ QColor Warning()
 {
     return QColor(0xc2, 0x5e, 0x0a);
 }
+QColor PageSurround()
+{
+    return BarBackground().darker(112);
+}
+QColor Hit()
+{
+    return QColor(0xff, 0xee, 0xa0);
+}
+QColor CurrentHit()
+{
+    return QColor(0xff, 0xb3, 0x4d);
+}
 
 QFont LatinFont()
 {

@@ -1,5 +1,6 @@
 #include "reports/CrpGatePassDetail.h"
 
+#include "controls/Utf8.h"
 #include "reports/ReportPieces.h"
 
 namespace TradeForms {
@@ -11,16 +12,14 @@ using namespace ReportPieces;
 /// Supply, sale or order, by the flags of the pass.
 QVariant kindOfMovement(const ReportValues& values)
 {
-    const auto marked = [&values](const char* flag) {
-        return values.Column(QString::fromUtf8(flag)).toBool();
-    };
+    const auto marked = [&values](const char* flag) { return values.Column(utf8(flag)).toBool(); };
     QStringList kinds;
     if (marked("Supply"))
-        kinds.append(QString::fromUtf8("سپلائی · Supply"));
+        kinds.append(utf8("سپلائی · Supply"));
     if (marked("Sale"))
-        kinds.append(QString::fromUtf8("سیل · Sale"));
+        kinds.append(utf8("سیل · Sale"));
     if (marked("Order"))
-        kinds.append(QString::fromUtf8("آرڈر · Order"));
+        kinds.append(utf8("آرڈر · Order"));
     return kinds.join(QStringLiteral("، "));
 }
 

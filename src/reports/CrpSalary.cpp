@@ -1,5 +1,6 @@
 #include "reports/CrpSalary.h"
 
+#include "controls/Utf8.h"
 #include "reports/PaySlip.h"
 
 namespace TradeForms {
@@ -9,9 +10,7 @@ namespace {
 /// In the order of the screen: doubles are added one after another.
 double totalOf(const ReportValues& values)
 {
-    const auto amount = [&values](const char* column) {
-        return values.Number(QString::fromUtf8(column));
-    };
+    const auto amount = [&values](const char* column) { return values.Number(utf8(column)); };
     return amount("BasicSalary") - amount("Advance") - amount("Less") + amount("RecComm") +
            amount("RecPrize") + amount("SaleComm") + amount("SalePrize") + amount("OrderComm") +
            amount("OrderPrize") + amount("SupplyComm") + amount("Other");

@@ -1,6 +1,8 @@
 #include "reports/PaySlip.h"
 
+#include "controls/Utf8.h"
 #include "data/Numbers.h"
+#include "reports/Paper.h"
 #include "reports/ReportText.h"
 
 #include <algorithm>
@@ -18,11 +20,6 @@ constexpr double gapBetween = 60;
 QString totalOfList()
 {
     return QStringLiteral("TotalAmount");
-}
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
 }
 
 /// A formula that is empty where there is no row to compute it from.
@@ -61,15 +58,15 @@ void addLine(ReportSection& section, const Line& line, double left, double width
     const QFont::Weight weight = strong ? QFont::Bold : QFont::Normal;
     const QByteArray name(line.Name);
     const QRectF label(left + amountWidth, top, width - amountWidth, 50);
-    ReportObject urdu =
-        Text("Lbl" + name, label, ReportText::Urdu(36, weight), utf8(line.Label.Urdu));
+    ReportObject urdu = Text("Lbl" + name, label, ReportText::Urdu(Paper::SlipUrduSize, weight),
+                             utf8(line.Label.Urdu));
     ReportObject english = Text("LblEnglish" + name, label.translated(0, 48).adjusted(0, 0, 0, -22),
-                                ReportText::Latin(22), utf8(line.Label.English));
+                                ReportText::Latin(Paper::SlipSmallSize), utf8(line.Label.English));
     english.Direction = Qt::LeftToRight;
-    english.Color = QColor(0x55, 0x5d, 0x69);
-    ReportObject amount =
-        Field("Fld" + name, QRectF(left, top, amountWidth, 50), ReportText::Latin(33, weight),
-              Formula(line.Amount), ValueFormat::Amount);
+    english.Color = Paper::Muted;
+    ReportObject amount = Field("Fld" + name, QRectF(left, top, amountWidth, 50),
+                                ReportText::Latin(Paper::LatinSize, weight), Formula(line.Amount),
+                                ValueFormat::Amount);
     amount.Direction = Qt::LeftToRight;
     section.Objects += {urdu, english, amount};
 }
@@ -79,12 +76,12 @@ double addColumn(ReportSection& section, const Caption& heading, const QList<Lin
                  const Line& sum, qsizetype rows, double left, double width, double top)
 {
     ReportObject urdu = Text("TxtHeading", QRectF(left, top, width, 56),
-                             ReportText::Urdu(37, QFont::Bold), utf8(heading.Urdu));
+                             ReportText::Urdu(Paper::UrduSize, QFont::Bold), utf8(heading.Urdu));
     ReportObject english = Text("TxtHeadingEnglish", QRectF(left, top, width, 56),
-                                ReportText::Latin(24), utf8(heading.English));
+                                ReportText::Latin(Paper::SlipHeadingSize), utf8(heading.English));
     english.Direction = Qt::LeftToRight;
     english.Alignment = Qt::AlignLeft;
-    english.Color = QColor(0x55, 0x5d, 0x69);
+    english.Color = Paper::Muted;
     section.Objects += {urdu, english, HLine(top + 62, left, left + width)};
     double y = top + 72;
     for (const Line& line : lines) {
@@ -124,7 +121,7 @@ ReportSection payAndDeductions(const Declaration& slip, double width)
     box.Place = QRectF(0, end + 16, width, boxHeight);
     box.Radius = 16;
     box.LineWidth = 3;
-    box.FillColor = 0xf4f2f0;
+    box.FillColor = Paper::TotalsGround;
     section.Objects.append(box);
     constexpr double pad = 24;
     const double top = end + 28;

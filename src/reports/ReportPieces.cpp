@@ -1,6 +1,8 @@
 #include "reports/ReportPieces.h"
 
+#include "controls/Utf8.h"
 #include "data/Numbers.h"
+#include "reports/Paper.h"
 #include "reports/ReportText.h"
 
 #include <QPainter>
@@ -11,40 +13,25 @@ namespace TradeForms::ReportPieces {
 
 namespace {
 
-// Sizes of type
-constexpr int companySize = 66;
-constexpr int titleSize = 46;
-constexpr int urduSize = 37;
-constexpr int latinSize = 33;
-constexpr int smallSize = 23;
-
-constexpr QColor muted(0x55, 0x5d, 0x69);
-constexpr QColor hairline(0xc4, 0xc9, 0xd1);
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 QFont urdu()
 {
-    return ReportText::Urdu(urduSize);
+    return ReportText::Urdu(Paper::UrduSize);
 }
 QFont urduBold()
 {
-    return ReportText::Urdu(urduSize, QFont::Bold);
+    return ReportText::Urdu(Paper::UrduSize, QFont::Bold);
 }
 QFont latin()
 {
-    return ReportText::Latin(latinSize);
+    return ReportText::Latin(Paper::LatinSize);
 }
 QFont latinBold()
 {
-    return ReportText::Latin(latinSize, QFont::Bold);
+    return ReportText::Latin(Paper::LatinSize, QFont::Bold);
 }
 QFont small()
 {
-    return ReportText::Latin(smallSize);
+    return ReportText::Latin(Paper::SmallSize);
 }
 
 ReportObject english(const char* name, const QRectF& place, const QFont& font, const QString& text)
@@ -63,11 +50,11 @@ QImage defaultLogo()
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF frame = QRectF(QPointF(), QSizeF(size)).adjusted(8, 8, -8, -8);
-    painter.setPen(QPen(muted, 10));
+    painter.setPen(QPen(Paper::Muted, 10));
     painter.drawRoundedRect(frame, 40, 40);
     // Three strips that rise, as a growing stock would.
     painter.setPen(Qt::NoPen);
-    painter.setBrush(muted);
+    painter.setBrush(Paper::Muted);
     constexpr int strips = 3;
     constexpr double stripWidth = 54;
     for (int strip = 0; strip < strips; ++strip) {
@@ -189,18 +176,20 @@ ReportSection Header(const Caption& title, const QList<Caption>& copies, double 
     logo.DefaultPicture = defaultLogo();
 
     ReportObject company = Text("TxtNameUrdu", QRectF(sides, 0, width - 2 * sides, logoSide),
-                                ReportText::Urdu(companySize, QFont::Bold), QString());
+                                ReportText::Urdu(Paper::CompanySize, QFont::Bold), QString());
     company.Alignment = Qt::AlignHCenter;
 
-    ReportObject urduTitle = Text("TxtTitleUrdu", QRectF(0, 0, sides, 68),
-                                  ReportText::Urdu(titleSize, QFont::Bold), utf8(title.Urdu));
+    ReportObject urduTitle =
+        Text("TxtTitleUrdu", QRectF(0, 0, sides, 68),
+             ReportText::Urdu(Paper::TitleSize, QFont::Bold), utf8(title.Urdu));
     urduTitle.Alignment = Qt::AlignLeft;
-    ReportObject englishTitle = english("TxtTitleEnglish", QRectF(0, 66, sides, 36),
-                                        ReportText::Latin(27), utf8(title.English));
+    ReportObject englishTitle =
+        english("TxtTitleEnglish", QRectF(0, 66, sides, 36),
+                ReportText::Latin(Paper::TitleLatinSize), utf8(title.English));
     englishTitle.Alignment = Qt::AlignLeft;
-    englishTitle.Color = muted;
-    ReportObject copy = Field("FldCopy", QRectF(15, 112, sides - 30, 48), ReportText::Urdu(29),
-                              Formula(copyName(copies)));
+    englishTitle.Color = Paper::Muted;
+    ReportObject copy = Field("FldCopy", QRectF(15, 112, sides - 30, 48),
+                              ReportText::Urdu(Paper::CopySize), Formula(copyName(copies)));
     copy.Alignment = Qt::AlignLeft;
     copy.Framed = true;
 
@@ -222,11 +211,12 @@ ReportSection Continuation(const Caption& title, const ReportSource::Formula& ke
     };
     ReportObject urduTitle = Field("FldTitleAgainUrdu", QRectF(width / 2, 0, width / 2, 56),
                                    urduBold(), Formula(titled(utf8(title.Urdu))));
-    ReportObject englishTitle = Field("FldTitleAgainEnglish", QRectF(0, 0, width / 2, 56),
-                                      ReportText::Latin(27), Formula(titled(utf8(title.English))));
+    ReportObject englishTitle =
+        Field("FldTitleAgainEnglish", QRectF(0, 0, width / 2, 56),
+              ReportText::Latin(Paper::TitleLatinSize), Formula(titled(utf8(title.English))));
     englishTitle.Alignment = Qt::AlignLeft;
     englishTitle.Direction = Qt::LeftToRight;
-    englishTitle.Color = muted;
+    englishTitle.Color = Paper::Muted;
     section.Objects = {urduTitle, englishTitle};
     return section;
 }
@@ -252,7 +242,7 @@ ReportSection Signatures(const QList<Caption>& signers, double width)
             english("TxtSignerEnglish", QRectF(left, line + 54, lineWidth, 30), small(),
                     utf8(signers.at(signer).English));
         englishName.Alignment = Qt::AlignHCenter;
-        englishName.Color = muted;
+        englishName.Color = Paper::Muted;
         section.Objects += {HLine(line, left, left + lineWidth), urduName, englishName};
     }
     return section;
@@ -266,14 +256,15 @@ ReportSection Footer(double width)
     const auto pageText = [](const char* text) {
         return ReportSource{ReportSource::From::PageText, utf8(text), {}};
     };
-    ReportObject urduPage = Field("FldPageUrdu", QRectF(width / 2, 8, width / 2, 42),
-                                  ReportText::Urdu(26), pageText("صفحہ {Page} از {Pages}"));
+    ReportObject urduPage =
+        Field("FldPageUrdu", QRectF(width / 2, 8, width / 2, 42),
+              ReportText::Urdu(Paper::FooterUrduSize), pageText("صفحہ {Page} از {Pages}"));
     ReportObject englishPage =
         Field("FldPage", QRectF(0, 8, width / 2, 42), small(),
               pageText("Page {Page} of {Pages} · printed {Printed} · user {User}"));
     englishPage.Alignment = Qt::AlignLeft;
     englishPage.Direction = Qt::LeftToRight;
-    urduPage.Color = englishPage.Color = muted;
+    urduPage.Color = englishPage.Color = Paper::Muted;
     section.Objects = {urduPage, englishPage};
     return section;
 }
@@ -307,7 +298,7 @@ ReportSection Fields(const char* name, const QList<LabelledField>& fields, int i
         ReportObject englishLabel =
             english("LblEnglish" + objectName, QRectF(right - label, top + 50, label, 30), small(),
                     utf8(field.Label.English));
-        urduLabel.Color = englishLabel.Color = muted;
+        urduLabel.Color = englishLabel.Color = Paper::Muted;
         ReportObject value =
             Field("Fld" + objectName, QRectF(right - step + gap, top, step - label - 2 * gap, 54),
                   field.Urdu ? urduBold() : latinBold(), field.Source, field.Format);
@@ -333,7 +324,7 @@ ReportSection ListHeads(const QList<ListColumn>& columns, double width)
                                      urdu(), utf8(column.Head.Urdu));
         ReportObject englishHead =
             english("HeadEnglish" + name, QRectF(column.Left, 56, column.Width, 30), small(), own);
-        urduHead.Color = englishHead.Color = muted;
+        urduHead.Color = englishHead.Color = Paper::Muted;
         section.Objects += {urduHead, englishHead};
     }
     section.Objects.append(HLine(94, 0, width));
@@ -349,7 +340,7 @@ ReportSection ListRow(const QList<ListColumn>& columns, double width)
         section.Objects.append(
             cell(column, QByteArray("Fld") + column.Column, 2, height - 4, Column(column.Column)));
     ReportObject rule = HLine(height, 0, width, 1);
-    rule.Color = hairline;
+    rule.Color = Paper::Hairline;
     section.Objects.append(rule);
     return section;
 }
@@ -376,7 +367,7 @@ ReportSection ListTotals(const QList<ListColumn>& columns, double width)
     ReportObject englishCaption =
         english("TxtTotalEnglish", QRectF(width - 300, 4, 190, height - 8), small(),
                 QStringLiteral("Total"));
-    englishCaption.Color = muted;
+    englishCaption.Color = Paper::Muted;
     section.Objects += {caption, englishCaption, HLine(height, 0, width)};
     return section;
 }

@@ -22,16 +22,6 @@ const int kZoomSteps[] = {25, 33, 50, 67, 75, 93, 100, 125, 150, 200, 300, 400};
 const int kWheelStep = 120;
 const qreal kSameLine = 12; ///< between base lines of one line of words, in tenths of a millimetre
 
-QColor ground()
-{
-    return Look::BarBackground().darker(112);
-}
-
-QColor hitColor(bool current)
-{
-    return current ? QColor(0xff, 0xb3, 0x4d) : QColor(0xff, 0xee, 0xa0);
-}
-
 int kibOf(const QSize& pixels)
 {
     return int(qint64(pixels.width()) * pixels.height() * 4 / 1024);
@@ -325,17 +315,17 @@ void ReportView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(viewport());
     const QRect seen = event->rect();
-    painter.fillRect(seen, ground());
+    painter.fillRect(seen, Look::PageSurround());
     if (PageCount() == 0)
         return;
     const int last = indexAt(verticalScrollBar()->value() + seen.bottom());
     for (int index = indexAt(verticalScrollBar()->value() + seen.top()); index <= last; ++index) {
         const QRect place = PageRect(index + 1);
         if (place.adjusted(-1, -1, 3, 3).intersects(seen)) {
-            painter.fillRect(place.translated(2, 2), ground().darker(125));
+            painter.fillRect(place.translated(2, 2), Look::PageSurround().darker(125));
             paintPage(painter, index);
             paintHits(painter, index);
-            painter.setPen(ground().darker(140));
+            painter.setPen(Look::PageSurround().darker(140));
             painter.drawRect(place.adjusted(-1, -1, 0, 0));
         }
     }
@@ -388,7 +378,7 @@ void ReportView::paintHits(QPainter& painter, int index)
          it != hits_.end() && it->Page == index; ++it) {
         for (const QRectF& line : it->Rects) {
             painter.fillRect(onView(index, line).adjusted(-2, -1, 2, 1),
-                             hitColor(it - hits_.begin() == hit_));
+                             it - hits_.begin() == hit_ ? Look::CurrentHit() : Look::Hit());
         }
     }
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);

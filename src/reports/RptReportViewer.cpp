@@ -1,8 +1,11 @@
 #include "reports/RptReportViewer.h"
 
+#include "controls/Caption.h"
+#include "controls/FileDialog.h"
+#include "controls/Hourglass.h"
 #include "controls/Look.h"
-#include "controls/ModalScope.h"
 #include "controls/MsgBox.h"
+#include "controls/Utf8.h"
 #include "data/Failure.h"
 #include "reports/PrintPort.h"
 #include "reports/SharedForm.h"
@@ -11,11 +14,10 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QDir>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QSizeGrip>
-#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -23,35 +25,22 @@ namespace TradeForms {
 
 namespace {
 
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 QString notFound()
 {
     return QStringLiteral("not found");
 }
 
-/// The screen's mouse pointer is the hourglass as long as this lives.
-class Hourglass {
-public:
-    Hourglass() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Hourglass() { QApplication::restoreOverrideCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
-
-JeweledButton& button(QWidget* form, const char* name, const char* urdu, const char* english,
-                      const char* shortcut, JeweledButton::Kind kind = JeweledButton::Kind::Plain)
+JeweledButton& button(QWidget* form, const char* name, const Caption& caption, const char* shortcut,
+                      JeweledButton::Kind kind = JeweledButton::Kind::Plain)
 {
-    return *new JeweledButton(utf8(name), utf8(urdu), utf8(english), utf8(shortcut), kind, form);
+    return *new JeweledButton(utf8(name), utf8(caption.Urdu), utf8(caption.English), utf8(shortcut),
+                              kind, form);
 }
 
 /// A small button that shows a sign only.
 JeweledButton& sign(QWidget* form, const char* name, const char* shown, const char* accessibleName)
 {
-    auto& small = button(form, name, shown, "", "", JeweledButton::Kind::Small);
+    auto& small = button(form, name, {shown, ""}, "", JeweledButton::Kind::Small);
     small.SetName(utf8(name), utf8(accessibleName));
     return small;
 }
@@ -61,17 +50,6 @@ Label& note(QWidget* form, const char* name)
     auto& label = *new Label(utf8(name), {}, form);
     label.SetForeColor(Look::MutedText());
     return label;
-}
-
-QString askForPdfFile(QWidget* owner, const QString& suggested)
-{
-    QFileDialog dialog(owner, QStringLiteral("Save as PDF"), QFileInfo(suggested).absolutePath(),
-                       QStringLiteral("PDF (*.pdf)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.selectFile(QFileInfo(suggested).fileName());
-    const Modal::Scope scope;
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 } // namespace
@@ -84,11 +62,10 @@ RptReportViewer::RptReportViewer()
       TxtPage(*new Txt(QStringLiteral("TxtPage"), QStringLiteral("Page number"), this)),
       LblPages(note(this, "LblPages")), BtnZoomOut(sign(this, "BtnZoomOut", "−", "Zoom out")),
       BtnZoomIn(sign(this, "BtnZoomIn", "+", "Zoom in")), LblZoom(note(this, "LblZoom")),
-      BtnFitWidth(button(this, "BtnFitWidth", "پوری چوڑائی", "Fit width", "Ctrl+2")),
-      BtnPrint(button(this, "BtnPrint", "پرنٹ", "Print", "Ctrl+P", JeweledButton::Kind::Primary)),
-      BtnSavePdf(button(this, "BtnSavePdf", "محفوظ", "Save as PDF", "Ctrl+S")),
-      BtnClose(button(this, "BtnClose", "بند", "Close", "Esc")), LblNote(note(this, "LblNote")),
-      AskForFile(askForPdfFile)
+      BtnFitWidth(button(this, "BtnFitWidth", {"پوری چوڑائی", "Fit width"}, "Ctrl+2")),
+      BtnPrint(button(this, "BtnPrint", {"پرنٹ", "Print"}, "Ctrl+P", JeweledButton::Kind::Primary)),
+      BtnSavePdf(button(this, "BtnSavePdf", {"محفوظ", "Save as PDF"}, "Ctrl+S")),
+      BtnClose(button(this, "BtnClose", {"بند", "Close"}, "Esc")), LblNote(note(this, "LblNote"))
 {
     setObjectName(QStringLiteral("RptReportViewer"));
     SetWindowCaption(QStringLiteral("Previewing Report"));
@@ -114,10 +91,7 @@ QWidget* RptReportViewer::composeTools()
     row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
     row->setSpacing(Look::Space() / 2);
 
-    const auto caption = [](const char* urdu, const char* english) {
-        return new CaptionLabel(utf8(urdu), utf8(english));
-    };
-    row->addWidget(caption("تلاش", "Search Ctrl+F"));
+    row->addWidget(MakeCaption("تلاش", "Search Ctrl+F"));
     TxtSearch.setMinimumWidth(100);
     row->addWidget(&TxtSearch, 1);
     row->addWidget(&BtnPreviousHit);
@@ -126,7 +100,7 @@ QWidget* RptReportViewer::composeTools()
     row->addWidget(&LblHits);
     row->addSpacing(Look::Space());
 
-    row->addWidget(caption("صفحہ", "Page Ctrl+G"));
+    row->addWidget(MakeCaption("صفحہ", "Page Ctrl+G"));
     TxtPage.SetMasked(true);
     TxtPage.setFixedWidth(50);
     row->addWidget(&TxtPage);
@@ -289,8 +263,10 @@ void RptReportViewer::print()
 void RptReportViewer::savePdf()
 {
     LblNote.SetText(QString());
-    const QDir documents(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    const QString file = AskForFile(this, documents.filePath(job_.Title + QStringLiteral(".pdf")));
+    const QString file = AskWhereToSave(this, {.Title = QStringLiteral("Save as PDF"),
+                                               .Name = QFileInfo(job_.Title).fileName(),
+                                               .Kind = QStringLiteral("PDF"),
+                                               .Suffix = QStringLiteral("pdf")});
     if (file.isEmpty())
         return;
     const Hourglass hourglass;

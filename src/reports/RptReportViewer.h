@@ -10,7 +10,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <memory>
 
 namespace TradeForms {
@@ -50,10 +49,6 @@ public:
     JeweledButton& BtnSavePdf;
     JeweledButton& BtnClose;
     Label& LblNote; ///< what the last button has done
-
-    /// Asks the user for the file to write; empty where there is none. Gets the window and a
-    /// suggested path. Tests put their own answer in its place.
-    std::function<QString(QWidget* owner, const QString& suggested)> AskForFile;
 
     static constexpr int kFirstZoom = 93;
 

@@ -1,6 +1,7 @@
 #include "reports/SchPrint.h"
 
 #include "controls/Look.h"
+#include "controls/Utf8.h"
 #include "reports/SharedForm.h"
 
 #include <QBoxLayout>
@@ -11,11 +12,6 @@
 namespace TradeForms {
 
 namespace {
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 OptionButton& option(QWidget* form, const char* name, const char* english)
 {
@@ -33,10 +29,10 @@ SchPrint::SchPrint()
                                    JeweledButton::Kind::Primary, this)),
       BtnClose(*new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"), QStringLiteral("Close"),
                                   QStringLiteral("Esc"), JeweledButton::Kind::Plain, this)),
-      choices_{choice(Option1, "1", "پہلی کاپی", "Copy One"),
-               choice(Option2, "2", "دوسری کاپی", "Copy Two"),
-               choice(Option3, "3", "تیسری کاپی", "Copy Three"),
-               choice(Option4, "B", "تمام کاپیاں", "All Copies")}
+      choices_{choice(Option1, "1", {"پہلی کاپی", "Copy One"}),
+               choice(Option2, "2", {"دوسری کاپی", "Copy Two"}),
+               choice(Option3, "3", {"تیسری کاپی", "Copy Three"}),
+               choice(Option4, "B", {"تمام کاپیاں", "All Copies"})}
 {
     setObjectName(QStringLiteral("SchPrint"));
     SetWindowCaption(QStringLiteral("Print"));
@@ -52,11 +48,10 @@ SchPrint& SchPrint::Shared()
     return SharedForm<SchPrint>();
 }
 
-SchPrint::Choice SchPrint::choice(OptionButton& option, const char* code, const char* urdu,
-                                  const char* english)
+SchPrint::Choice SchPrint::choice(OptionButton& option, const char* code, const Caption& caption)
 {
-    return {option, utf8(code), *new Label({}, utf8(urdu), this),
-            *new Label({}, utf8(english), this)};
+    return {option, utf8(code), *new Label({}, utf8(caption.Urdu), this),
+            *new Label({}, utf8(caption.English), this)};
 }
 
 void SchPrint::compose()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/Buttons.h"
+#include "controls/Caption.h"
 #include "controls/Form.h"
 #include "controls/Pieces.h"
 
@@ -57,7 +58,7 @@ private:
         Label& English;
     };
 
-    Choice choice(OptionButton& option, const char* code, const char* urdu, const char* english);
+    Choice choice(OptionButton& option, const char* code, const Caption& caption);
     void compose();
     void addRow(QGridLayout& grid, const Choice& choice);
     void attach();

@@ -1,5 +1,6 @@
 #include "search/BoundRows.h"
 
+#include "controls/Utf8.h"
 #include "data/Numbers.h"
 
 #include <QLocale>
@@ -13,7 +14,7 @@ void BoundRows::Take(Recordset rows)
     rows_ = std::move(rows);
     fieldOfColumn_.clear();
     for (const SearchColumn& column : columns_)
-        fieldOfColumn_.push_back(rows_.FieldIndex(QString::fromUtf8(column.Field)));
+        fieldOfColumn_.push_back(rows_.FieldIndex(utf8(column.Field)));
 }
 
 void BoundRows::Drop()

@@ -4,6 +4,7 @@
 #include "controls/Form.h"
 #include "controls/Look.h"
 #include "controls/Progress.h"
+#include "controls/Utf8.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -12,15 +13,6 @@
 #include <utility>
 
 namespace TradeForms {
-
-namespace {
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
-} // namespace
 
 ListMenu::ListMenu(Form& form, std::function<ExportList()> list, std::function<int()> currentRow)
     : form_(form), list_(std::move(list)), currentRow_(std::move(currentRow))

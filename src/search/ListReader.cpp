@@ -1,6 +1,7 @@
 #include "search/ListReader.h"
 
 #include "controls/Form.h"
+#include "controls/Hourglass.h"
 #include "host/HostContext.h"
 
 #include <QGuiApplication>
@@ -18,15 +19,6 @@ constexpr int timeOfPiece = 12;        ///< milliseconds in which no key is hear
 constexpr int typingPause = 200;       ///< milliseconds; keys that follow each other come sooner
 constexpr int pauseOfState = 100;      ///< milliseconds between two words about the state
 constexpr qint64 longWork = 5'000'000; ///< a good tenth of a second
-
-/// While it lives the mouse says that the program does not listen.
-class Hourglass {
-public:
-    Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
-    Hourglass(const Hourglass&) = delete;
-    Hourglass& operator=(const Hourglass&) = delete;
-};
 
 } // namespace
 

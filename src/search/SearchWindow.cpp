@@ -2,6 +2,7 @@
 
 #include "controls/Look.h"
 #include "controls/MsgBox.h"
+#include "controls/Utf8.h"
 #include "data/Connection.h"
 #include "data/Numbers.h"
 #include "host/HostContext.h"
@@ -18,11 +19,6 @@
 namespace TradeForms {
 
 namespace {
-
-QString utf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// A list of these columns, which begins at the reader's right hand.
 Grid* listOf(const char* name, const QList<SearchColumn>& columns)
@@ -137,9 +133,8 @@ QWidget* SearchWindow::composeFields()
         dtpTo_ = new DTPicker(QStringLiteral("DtpTo"), QStringLiteral("To date"));
         for (DTPicker* picker : {dtpFrom_, dtpTo_})
             picker->SetCustomFormat(utf8(declaration_.Dates.Format));
-        row->addWidget(
-            Stacked(new CaptionLabel(utf8("تاریخ سے"), QStringLiteral("From")), dtpFrom_));
-        row->addWidget(Stacked(new CaptionLabel(utf8("تاریخ تک"), QStringLiteral("To")), dtpTo_));
+        row->addWidget(Stacked(MakeCaption("تاریخ سے", "From"), dtpFrom_));
+        row->addWidget(Stacked(MakeCaption("تاریخ تک", "To"), dtpTo_));
     }
     if (declaration_.BtnFilter) {
         btnFilter_ =

@@ -1,6 +1,7 @@
 // The report window: load, zoom, pages, search, printing, saving, and what replaces what.
 
 #include "reports/RptReportViewer.h"
+#include "controls/FileDialog.h"
 #include "controls/MsgBox.h"
 #include "data/Failure.h"
 #include "reports/PrintPort.h"
@@ -549,32 +550,36 @@ TEST_F(RptReportViewerTest, SaveWritesThePdfThatTheUserNames)
     show(sample);
     const QTemporaryDir folder;
     const QString file = folder.filePath(s("kept.pdf"));
-    QString suggested;
-    const auto real = It().AskForFile;
-    It().AskForFile = [&](QWidget* owner, const QString& name) {
-        EXPECT_EQ(owner, &It());
-        suggested = name;
-        return file;
-    };
+    SaveQuestion asked;
+    const QWidget* asker = nullptr;
+    QString answer = file;
+    const Modal::SavePresenter before =
+        Modal::SetSavePresenter([&](QWidget* owner, const SaveQuestion& question) {
+            asker = owner;
+            asked = question;
+            return answer;
+        });
     ctrl(Qt::Key_S);
-    EXPECT_TRUE(suggested.endsWith(s("/Sample.pdf"))) << qPrintable(suggested);
+    EXPECT_EQ(asker, &It());
+    EXPECT_EQ(asked.Title, s("Save as PDF"));
+    EXPECT_EQ(asked.Name, s("Sample"));
+    EXPECT_EQ(asked.Kind, s("PDF"));
+    EXPECT_EQ(asked.Suffix, s("pdf"));
     EXPECT_EQ(PdfInfo(file, s("Pages")).toInt(), View().PageCount());
     EXPECT_TRUE(TextOfPdf(file).contains(s("P00060")));
     EXPECT_EQ(It().LblNote.Text(), QDir::toNativeSeparators(file));
 
     // No file named, nothing saved.
-    It().AskForFile = [](QWidget*, const QString&) { return QString(); };
+    answer.clear();
     Click(It(), It().BtnSavePdf);
     EXPECT_TRUE(It().LblNote.Text().isEmpty());
 
     // A file that cannot be written is told.
-    It().AskForFile = [&folder](QWidget*, const QString&) {
-        return folder.filePath(s("no/such/folder/kept.pdf"));
-    };
+    answer = folder.filePath(s("no/such/folder/kept.pdf"));
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
     Click(It(), It().BtnSavePdf);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-    It().AskForFile = real;
+    Modal::SetSavePresenter(before);
 }
 
 // ---- The report's colours
