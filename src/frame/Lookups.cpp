@@ -78,7 +78,8 @@ LookupDeclaration Branch(const CodeField& field, const char* find)
 
 LookupDeclaration Product(const CodeField& field, const char* find)
 {
-    LookupDeclaration product = declarationOf(field, "ProductName", SchProduct(), "ParaOutPID", find);
+    LookupDeclaration product =
+        declarationOf(field, "ProductName", SchProduct(), "ParaOutPID", find);
     product.MissEmptiesCode = true;
     product.ChangeMarksEdited = false;
     return product;

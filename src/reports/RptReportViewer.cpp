@@ -91,7 +91,7 @@ QWidget* RptReportViewer::composeTools()
     row->setContentsMargins(2 * Look::Space(), Look::Space(), 2 * Look::Space(), Look::Space());
     row->setSpacing(Look::Space() / 2);
 
-    row->addWidget(MakeCaption("تلاش", "Search Ctrl+F"));
+    row->addWidget(new CaptionLabel(Caption{"تلاش", "Search Ctrl+F"}));
     TxtSearch.setMinimumWidth(100);
     row->addWidget(&TxtSearch, 1);
     row->addWidget(&BtnPreviousHit);
@@ -100,7 +100,7 @@ QWidget* RptReportViewer::composeTools()
     row->addWidget(&LblHits);
     row->addSpacing(Look::Space());
 
-    row->addWidget(MakeCaption("صفحہ", "Page Ctrl+G"));
+    row->addWidget(new CaptionLabel(Caption{"صفحہ", "Page Ctrl+G"}));
     TxtPage.SetMasked(true);
     TxtPage.setFixedWidth(50);
     row->addWidget(&TxtPage);

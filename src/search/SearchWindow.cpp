@@ -133,8 +133,8 @@ QWidget* SearchWindow::composeFields()
         dtpTo_ = new DTPicker(QStringLiteral("DtpTo"), QStringLiteral("To date"));
         for (DTPicker* picker : {dtpFrom_, dtpTo_})
             picker->SetCustomFormat(utf8(declaration_.Dates.Format));
-        row->addWidget(Stacked(MakeCaption("تاریخ سے", "From"), dtpFrom_));
-        row->addWidget(Stacked(MakeCaption("تاریخ تک", "To"), dtpTo_));
+        row->addWidget(Stacked({"تاریخ سے", "From"}, dtpFrom_));
+        row->addWidget(Stacked({"تاریخ تک", "To"}, dtpTo_));
     }
     if (declaration_.BtnFilter) {
         btnFilter_ =
