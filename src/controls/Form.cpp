@@ -297,6 +297,22 @@ void Form::SetTabOrderOf(const QList<Control*>& order)
         d->tabOrder.append(&control->Widget());
 }
 
+void Form::ShowPage(QWidget& page, const QList<QWidget*>& pages)
+{
+    page.show();
+    const Control* active = ActiveControl();
+    const bool isOnAnother = std::any_of(pages.begin(), pages.end(), [&](const QWidget* other) {
+        return other != &page && active && other->isAncestorOf(&active->Widget());
+    });
+    if (isOnAnother) {
+        for (Control* stop : d->TabStops())
+            if (page.isAncestorOf(&stop->Widget()) && stop->HasTabStop() && ResetFocus(*stop))
+                break;
+    }
+    for (QWidget* other : pages)
+        other->setVisible(other == &page);
+}
+
 QList<Control*> Form::Controls() const
 {
     QList<Control*> controls;
@@ -319,6 +335,11 @@ void Form::ShowModeless(bool deleteOnClose)
     d->deleteOnClose = deleteOnClose;
     setWindowModality(Qt::NonModal);
     ShowOver(parentWidget() ? parentWidget()->window() : QApplication::activeWindow());
+}
+
+bool Form::IsUp() const
+{
+    return isVisible() && !d->unloaded;
 }
 
 void Form::ShowOver(const QWidget* window)

@@ -67,6 +67,12 @@ public:
     /// The order in which Tab walks: just these, in this order.
     void SetTabOrderOf(const QList<Control*>& order);
 
+    /// Shows one of several parts that lie in one place and hides the others. Where the focus
+    /// stands on one of those, it goes to the first tab stop of the part that is shown, without
+    /// asking the control that it leaves: a program that turns the page has dealt with it. (Hidden
+    /// first, that control would lose the focus to whatever stands next.)
+    void ShowPage(QWidget& page, const QList<QWidget*>& pages);
+
     /// All controls of the form, in the order of their creation.
     QList<Control*> Controls() const;
 
@@ -75,6 +81,8 @@ public:
 
     /// Shows the window on its own; it deletes itself when it is closed, if asked to.
     void ShowModeless(bool deleteOnClose = true);
+    /// Whether the window has been shown and not been closed or hidden since; minimised, it is up.
+    bool IsUp() const;
     /// Shows the window in the middle of another one, or of the screen where that is null.
     void ShowOver(const QWidget* window);
     /// Shows the window modally over the owner and returns when it is unloaded.

@@ -156,7 +156,11 @@ public:
         column->setSpacing(0);
         column->addWidget(strip);
         column->addLayout(words);
-        column->addWidget(ButtonBar(Buttons(), {}));
+        const QList<JeweledButton*> buttons = Buttons();
+        column->addWidget(ButtonBar(buttons, {}));
+        // The first of the order has the focus when the box comes up.
+        if (message.Default == MsgAnswer::No && buttons.size() == 2)
+            SetTabOrderOf({buttons.last(), buttons.first()});
     }
 
     MsgAnswer Answer() const { return answer_; }
@@ -209,8 +213,8 @@ private:
     JeweledButton* Button(MsgAnswer answer, const QString& name, const QString& urdu,
                           const QString& english, const QString& shortcut)
     {
-        const auto kind =
-            answer == MsgAnswer::No ? JeweledButton::Kind::Plain : JeweledButton::Kind::Primary;
+        const bool isDefault = answer == MsgAnswer::Ok || answer == message_.Default;
+        const auto kind = isDefault ? JeweledButton::Kind::Primary : JeweledButton::Kind::Plain;
         auto* button = new JeweledButton(name, urdu, english, shortcut, kind, this);
         button->OnClick += [this, answer] { Choose(answer); };
         return button;

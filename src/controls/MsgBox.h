@@ -21,6 +21,7 @@ struct Message {
     MsgIcon Icon = MsgIcon::None;
     QString Title;
     MsgButtons Buttons = MsgButtons::Ok;
+    MsgAnswer Default = MsgAnswer::Yes; ///< of Yes and No: what Enter answers
 };
 
 /// Shows a message box over a window and waits for the answer. Esc answers No, or Ok where that

@@ -88,6 +88,13 @@ double InRange(double number)
     return number;
 }
 
+double NumberOf(const QVariant& value)
+{
+    if (value.isNull())
+        throw Failure(QStringLiteral("Invalid use of Null"));
+    return value.toDouble();
+}
+
 QString GeneralFormat(double number)
 {
     if (!std::isfinite(number))

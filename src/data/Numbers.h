@@ -18,6 +18,10 @@ double Val(QStringView text);
 /// A number that was worked out, as it is. Raises OverflowFailure where it is beyond a double.
 double InRange(double number);
 
+/// A number of the database that has to be there. Raises Failure, "Invalid use of Null", for a
+/// null, which must not count as 0 where it stands for a rate that nobody has set.
+double NumberOf(const QVariant& value);
+
 /// A number in general format: up to 15 significant digits, no trailing zeros, no separators,
 /// and no exponent below 1E+15.
 QString GeneralFormat(double number);

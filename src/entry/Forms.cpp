@@ -2,6 +2,7 @@
 
 #include "data/Failure.h"
 #include "data/Numbers.h"
+#include "entry/Windows.h"
 #include "host/HostContext.h"
 #include "host/UserSecurity.h"
 #include "stock/FrmGatePass.h"
@@ -12,23 +13,11 @@ namespace TradeForms {
 
 namespace {
 
-/// A new window on each call. It owns itself from here on.
-template <class NewForm> void show(std::unique_ptr<NewForm> form)
-{
-    form->FormLoad();
-    form.release()->ShowModeless();
-}
-
-template <class NewForm> void showNew()
-{
-    show(std::make_unique<NewForm>());
-}
-
-template <class StockForm> void showNew(bool showPrice)
+template <class StockForm> void showStock(bool showPrice)
 {
     auto form = std::make_unique<StockForm>();
     form->ParaInShowPrice = showPrice;
-    show(std::move(form));
+    ShowForm(std::move(form));
 }
 
 [[noreturn]] void notBuiltYet(const char* form)
@@ -72,7 +61,7 @@ void Forms::ConvertAreaForm()
 
 void Forms::GatePassForm()
 {
-    showNew<FrmGatePass>();
+    ShowNew<FrmGatePass>();
 }
 
 void Forms::InstallmentCustomerForm()
@@ -97,27 +86,27 @@ void Forms::SalaryForm()
 
 void Forms::StockInForm()
 {
-    showNew<FrmStockIn>(false);
+    showStock<FrmStockIn>(false);
 }
 
 void Forms::StockInDetailForm()
 {
-    showNew<FrmStockInDetail>();
+    ShowNew<FrmStockInDetail>();
 }
 
 void Forms::StockInPriceForm()
 {
-    showNew<FrmStockIn>(true);
+    showStock<FrmStockIn>(true);
 }
 
 void Forms::StockOutForm()
 {
-    showNew<FrmStockOut>(false);
+    showStock<FrmStockOut>(false);
 }
 
 void Forms::StockOutPriceForm()
 {
-    showNew<FrmStockOut>(true);
+    showStock<FrmStockOut>(true);
 }
 
 void Forms::WorkerPartsForm()

@@ -86,7 +86,7 @@ void DetailGrid::attach()
     grid_.OnDoubleClick += [this] { GridChosen(); };
     grid_.OnRightPress += [this](const QPoint& position) { ShowRowMenu(position); };
     grid_.OnBeforeDelete += [this] {
-        addToTotal(-amountOf(grid_.Row()));
+        showTotal(totalWith(-amountOf(grid_.Row())));
         form_.SetFormState(VoucherForm::State::Edited);
     };
 }
@@ -152,7 +152,7 @@ void DetailGrid::LoadDetail()
         const int row = grid_.AddRow();
         for (const DetailColumn& column : std::as_const(declaration_.Columns))
             grid_.SetCell(row, column.Column.Name, TextOf(shown.Value(column.Field)));
-        addToTotal(amountOf(row));
+        showTotal(totalWith(amountOf(row)));
     }
     appendBlankRow();
     grid_.SetRedraw(true);
@@ -165,10 +165,16 @@ double DetailGrid::amountOf(int row) const
     return declaration_.Total ? Val(grid_.Cell(row, kAmountColumn)) : 0;
 }
 
-void DetailGrid::addToTotal(double amount) const
+QString DetailGrid::totalWith(double amount) const
 {
-    if (Txt* total = declaration_.Total)
-        total->SetText(GeneralFormat(InRange(Val(total->Text()) + amount)));
+    const Txt* total = declaration_.Total;
+    return total ? GeneralFormat(InRange(Val(total->Text()) + amount)) : QString();
+}
+
+void DetailGrid::showTotal(const QString& total) const
+{
+    if (declaration_.Total)
+        declaration_.Total->SetText(total);
 }
 
 // ---- Which row is which
@@ -246,6 +252,7 @@ bool DetailGrid::AddDetailRow()
     if (declaration_.OnAccepted)
         declaration_.OnAccepted();
     const bool isNew = IsRowAdd && !found;
+    const QString total = totalWith(IsRowAdd ? amount : amount - amountOf(grid_.Row()));
     // The blank row, wherever a click has put the current one meanwhile.
     if (IsRowAdd)
         grid_.MoveLast();
@@ -254,7 +261,7 @@ bool DetailGrid::AddDetailRow()
         BodyRecordset.Fields(declaration_.IdColumn).SetValue(rowsId_);
     }
     grid_.SetRedraw(false);
-    addToTotal(IsRowAdd ? amount : amount - amountOf(grid_.Row()));
+    showTotal(total);
     for (qsizetype at = 0; at < fromCode_.size(); ++at) {
         const DetailColumn& column = *fromCode_[at];
         if (column.IsKey() && !isNew)

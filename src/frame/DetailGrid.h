@@ -165,8 +165,10 @@ private:
     bool isEntryOf(int row) const;
     bool isFilled() const;
     bool refusedTwice();
-    void addToTotal(double amount) const;
     double amountOf(int row) const;
+    /// What the total comes to with an amount more. Raises OverflowFailure.
+    QString totalWith(double amount) const;
+    void showTotal(const QString& total) const;
     void ended(const RowEnd& end);
     /// Puts the voucher's key, and what else the form copies from the header, into each row.
     void stampId();

@@ -60,6 +60,11 @@ QVariant SearchDialog::ParaOut(const char* name) const
     return paraOut_.value(named(declaration_.Results, name).Name);
 }
 
+QDate SearchDialog::ParaOutDate(const char* name) const
+{
+    return QDate::fromString(ParaOut(name).toString(), QStringLiteral("dd/MM/yyyy"));
+}
+
 void SearchDialog::EmptyParaOut(const SearchResult& result)
 {
     paraOut_[result.Name] =

@@ -3,6 +3,7 @@
 #include "data/Recordset.h"
 #include "search/SearchDeclaration.h"
 
+#include <QDate>
 #include <QHash>
 #include <QString>
 #include <QVariant>
@@ -35,6 +36,10 @@ public:
     /// A result: the empty text or 0 where nothing was chosen. Results are text, or whole
     /// numbers. Raises std::out_of_range for an unknown name.
     QVariant ParaOut(const char* name) const;
+    /// A text result that holds a date, day first as lists show it; invalid where nothing was
+    /// chosen. To be bound to a statement as a date: as the text that it is, it would be read month
+    /// first.
+    QDate ParaOutDate(const char* name) const;
 
 private:
     friend class SearchWindow;

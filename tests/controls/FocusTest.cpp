@@ -470,4 +470,57 @@ TEST_F(FocusTest, VisibleMeansShownOnItsForm)
     EXPECT_FALSE(other.A.IsVisible());
 }
 
+/// A form of two pages, one upon the other, and a field outside of them.
+class PagesTest : public ::testing::Test {
+protected:
+    PagesTest()
+    {
+        auto* lines = new QVBoxLayout(&form);
+        for (QWidget* page : {first, second})
+            lines->addWidget(page);
+        lines->addWidget(&outside);
+        (new QVBoxLayout(first))->addWidget(&name);
+        auto* other = new QVBoxLayout(second);
+        other->addWidget(&closed);
+        other->addWidget(&price);
+        closed.SetTabStop(false);
+        form.SetTabOrderOf({&name, &closed, &price, &outside});
+        name.OnValidate += [this](bool& cancel) { cancel = ++asked > 0; };
+        name.OnLostFocus += [this] { ++left; };
+        form.ShowPage(*first, {first, second});
+        Activate(form);
+    }
+
+    Form form;
+    QWidget* first = new QWidget(&form);
+    QWidget* second = new QWidget(&form);
+    Txt& name = *new Txt(s("TxtName"));
+    Txt& closed = *new Txt(s("TxtClosed"));
+    Txt& price = *new Txt(s("TxtPrice"));
+    Txt& outside = *new Txt(s("TxtOutside"));
+    int asked = 0;
+    int left = 0;
+};
+
+TEST_F(PagesTest, TurningThePageTakesTheFocusAlongWithoutAsking)
+{
+    ASSERT_TRUE(form.IsActive(name));
+    form.ShowPage(*second, {first, second});
+    EXPECT_TRUE(form.IsActive(price));
+    EXPECT_TRUE(price.hasFocus());
+    EXPECT_FALSE(name.IsVisible());
+    EXPECT_TRUE(price.IsVisible());
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(left, 0);
+}
+
+TEST_F(PagesTest, AFocusElsewhereStays)
+{
+    form.ResetFocus(outside);
+    form.ShowPage(*second, {first, second});
+    EXPECT_TRUE(form.IsActive(outside));
+    form.ShowPage(*second, {first, second});
+    EXPECT_TRUE(form.IsActive(outside));
+}
+
 } // namespace TradeForms

@@ -50,6 +50,20 @@ TEST(MsgBoxTest, KeysAnswerAQuestion)
     EXPECT_EQ(answeredBy(kQuestion, Qt::Key_Space), MsgAnswer::Yes);
 }
 
+TEST(MsgBoxTest, EnterAnswersNoWhereThatIsTheDefault)
+{
+    Message careful = kQuestion;
+    careful.Default = MsgAnswer::No;
+    EXPECT_EQ(answeredBy(careful, Qt::Key_Return), MsgAnswer::No);
+    EXPECT_EQ(answeredBy(careful, Qt::Key_Y), MsgAnswer::Yes);
+    EXPECT_EQ(answered(careful,
+                       [](Form& box) {
+                           Press(box, Qt::Key_Tab);
+                           Press(box, Qt::Key_Return);
+                       }),
+              MsgAnswer::Yes);
+}
+
 TEST(MsgBoxTest, EnterAnswersTheButtonThatHasTheFocus)
 {
     for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Left, Qt::Key_Right}) {

@@ -3,6 +3,7 @@
 #include "data/Connection.h"
 #include "data/Failure.h"
 #include "data/Recordset.h"
+#include "entry/Windows.h"
 #include "host/HostContext.h"
 #include "reports/CrpGatePassDetail.h"
 #include "reports/Document.h"
@@ -238,6 +239,22 @@ TEST_F(FormsTest, StockFormsOpenWithPricesOrWithoutAsTheirMethodSays)
     }
     forms.StockInDetailForm();
     EXPECT_EQ(windows<FrmStockInDetail>().size(), 1);
+}
+
+TEST_F(FormsTest, ASharedWindowComesBackAsItStoodAndANewOneAfterItWasClosed)
+{
+    FrmGatePass* first = ShowShared<FrmGatePass>();
+    first->DtpDate.SetValue(QDate(2020, 1, 31));
+    first->Minimize();
+    EXPECT_EQ(ShowShared<FrmGatePass>(), first);
+    EXPECT_FALSE(first->isMinimized());
+    EXPECT_EQ(open().size(), 1);
+    EXPECT_EQ(first->DtpDate.Value(), QDate(2020, 1, 31));
+    first->Unload();
+    const FrmGatePass* second = ShowShared<FrmGatePass>(); // while the first is still going
+    EXPECT_NE(second, first);
+    EXPECT_TRUE(second->isVisible());
+    EXPECT_NE(second->DtpDate.Value(), QDate(2020, 1, 31));
 }
 
 TEST_F(FormsTest, MethodsWhoseFormsDoNotExistFailToTheHost)

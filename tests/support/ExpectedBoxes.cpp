@@ -15,11 +15,13 @@ namespace {
 
 std::string told(const Message& message)
 {
+    const QString buttons = message.Buttons == MsgButtons::Ok   ? QStringLiteral("Ok")
+                            : message.Default == MsgAnswer::Yes ? QStringLiteral("Yes/No")
+                                                                : QStringLiteral("yes/No by Enter");
     return QStringLiteral("\"%1\", icon %2, title \"%3\", %4")
         .arg(message.Text)
         .arg(int(message.Icon))
-        .arg(message.Title,
-             message.Buttons == MsgButtons::Ok ? QStringLiteral("Ok") : QStringLiteral("Yes/No"))
+        .arg(message.Title, buttons)
         .toStdString();
 }
 
@@ -28,7 +30,7 @@ bool matches(const Message& expected, const Message& box)
 {
     const bool text = expected.Text.isEmpty() ? !box.Text.isEmpty() : expected.Text == box.Text;
     return text && expected.Icon == box.Icon && expected.Title == box.Title &&
-           expected.Buttons == box.Buttons;
+           expected.Buttons == box.Buttons && expected.Default == box.Default;
 }
 
 MsgAnswer safeAnswer(const Message& message)
