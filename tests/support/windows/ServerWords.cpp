@@ -66,7 +66,7 @@ private:
 
     bool isLiteral(std::size_t at) const
     {
-        return at < tokens_.size() && tokens_[at].What == Token::Kind::Literal;
+        return at < tokens_.size() && tokens_[at].Kind == Token::Type::Literal;
     }
 
     std::size_t find(std::string_view word) const
@@ -99,7 +99,7 @@ private:
                 out += ' ';
             if (isUnicodeSign(at))
                 continue;
-            if (token.What == Token::Kind::Literal)
+            if (token.Kind == Token::Type::Literal)
                 out += storedLiteral(token.Text);
             else if (isJoin(at))
                 out += "||";
