@@ -92,7 +92,7 @@ const TradeForms::Dialect& Connection::Dialect() const
 void Connection::report(const ProviderFailure& failure)
 {
     errors_.errors_.append({failure.Number(), failure.Description()});
-    engine_->Settle();
+    engine_->UndoIfRolledBack();
 }
 
 } // namespace TradeForms

@@ -73,7 +73,7 @@ QStringList Engine::TableNames()
     throw ProviderFailure(QStringLiteral("This database does not tell its tables."));
 }
 
-void Engine::BeginReading()
+void Engine::BeginReadTransaction()
 {
     throw ProviderFailure(QStringLiteral("This database cannot be read as at one moment."));
 }
@@ -82,7 +82,7 @@ void Engine::BeginTrans()
 {
     if (InTransaction())
         throw ProviderFailure(QStringLiteral("A transaction is open already."));
-    Settle();
+    UndoIfRolledBack();
     isBegun_ = false;
     beginNative();
     isBegun_ = true;
@@ -97,7 +97,7 @@ void Engine::CommitTrans()
                                              "error. Nothing of it was saved."));
     commitNative();
     isBegun_ = false;
-    undos_.clear();
+    undoActions_.clear();
 }
 
 void Engine::RollbackTrans()
@@ -110,7 +110,7 @@ void Engine::RollbackTrans()
     undo();
 }
 
-void Engine::Settle()
+void Engine::UndoIfRolledBack()
 {
     if (isBegun_ && !isNativeOpen())
         undo();
@@ -137,12 +137,12 @@ void Engine::Atomically(const std::function<void()>& work)
 void Engine::OnRollback(std::function<void()> undo)
 {
     if (InTransaction())
-        undos_.push_back(std::move(undo));
+        undoActions_.push_back(std::move(undo));
 }
 
 void Engine::undo()
 {
-    const auto undos = std::exchange(undos_, {});
+    const auto undos = std::exchange(undoActions_, {});
     for (auto undo = undos.rbegin(); undo != undos.rend(); ++undo)
         (*undo)();
 }

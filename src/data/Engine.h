@@ -87,14 +87,14 @@ public:
     /// Whether a result's rows are to be written back, which takes to know where they come from.
     enum class Purpose { Read, Write };
 
-    using Begin = std::function<void(const std::shared_ptr<const ResultMetadata>& columns)>;
-    using Each = std::function<void(std::string_view row)>;
+    using OnColumns = std::function<void(const std::shared_ptr<const ResultMetadata>& columns)>;
+    using OnRow = std::function<void(std::string_view row)>;
 
     /// Runs one statement in the server's dialect and hands its rows over as they are read,
     /// keeping none: `begin` once with the columns, then `each` with the encoded cells of a row,
     /// which live until it returns. Neither is called where the statement gives no rows at all.
     /// What they raise ends the reading. Nothing else may be run here meanwhile.
-    virtual void Scan(const QString& statement, const Begin& begin, const Each& each,
+    virtual void Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
                       Purpose purpose = Purpose::Read) = 0;
 
     /// A query that is read a row at a time, each when it is asked for. Null where this database
@@ -118,10 +118,10 @@ public:
     /// itself, from their rows or for its own ends, is left out.
     virtual QStringList TableNames();
 
-    /// Until EndReading whatever is read is as it stood at one moment, and nothing is written.
-    /// Outside of a transaction.
-    virtual void BeginReading();
-    virtual void EndReading() noexcept {}
+    /// Until EndReadTransaction whatever is read is as it stood at one moment, and nothing is
+    /// written. Outside of a transaction.
+    virtual void BeginReadTransaction();
+    virtual void EndReadTransaction() noexcept {}
 
     void BeginTrans();
     void CommitTrans();
@@ -130,7 +130,7 @@ public:
     bool InTransaction() const { return isBegun_ && isNativeOpen(); }
     /// After an operation that failed: where the database has undone the transaction by itself,
     /// what was to be done then is done at once, before the user goes on.
-    void Settle();
+    void UndoIfRolledBack();
 
     /// Prepares an empty database for being filled with a great many rows; see Connection.
     virtual void BeginLoad() {}
@@ -157,14 +157,14 @@ private:
     void undo();
 
     bool isBegun_ = false;
-    std::vector<std::function<void()>> undos_;
+    std::vector<std::function<void()>> undoActions_;
 };
 
 /// Reads as at one moment while it lives.
 class ReadTransaction {
 public:
-    explicit ReadTransaction(Engine& engine) : engine_(engine) { engine_.BeginReading(); }
-    ~ReadTransaction() { engine_.EndReading(); }
+    explicit ReadTransaction(Engine& engine) : engine_(engine) { engine_.BeginReadTransaction(); }
+    ~ReadTransaction() { engine_.EndReadTransaction(); }
     ReadTransaction(const ReadTransaction&) = delete;
     ReadTransaction& operator=(const ReadTransaction&) = delete;
 

@@ -143,7 +143,7 @@ Recordset::Rows::Edit& Recordset::Rows::makeEdit(int row)
 bool Recordset::Rows::isDeleted(int row) const
 {
     const Edit* edit = editOf(row);
-    return edit && (edit->Mark == State::Deleted || edit->Mark == State::Gone);
+    return edit && (edit->State == EditState::Deleted || edit->State == EditState::Removed);
 }
 
 const char* Recordset::Rows::bytes(int row) const
@@ -159,7 +159,7 @@ const char* Recordset::Rows::bytes(int row) const
 const char* Recordset::Rows::originalBytes(int row) const
 {
     const Edit* edit = editOf(row);
-    if (edit && edit->Mark == State::Clean && !edit->Row.empty())
+    if (edit && edit->State == EditState::Clean && !edit->Row.empty())
         return edit->Row.data();
     return edit && !edit->Original.empty() ? edit->Original.data() : snapshot_->Row(row);
 }
@@ -212,7 +212,7 @@ QVariant Recordset::Rows::OriginalValue(int field) const
     requireField(field);
     const int row = rowAt(position_);
     const Edit* edit = editOf(row);
-    if (edit && edit->Mark == State::Added)
+    if (edit && edit->State == EditState::Added)
         return QVariant();
     return ValueOf(CellAt(originalBytes(row), field), Columns().At(field).Kind);
 }
@@ -243,7 +243,7 @@ void Recordset::Rows::AddNew()
     Update();
     const int row = totalRows();
     Edit& edit = makeEdit(row);
-    edit.Mark = State::Added;
+    edit.State = EditState::Added;
     edit.Row = BlankRow(Columns().Count());
     pending_ =
         Pending{row, edit.Row, std::vector<bool>(std::size_t(Columns().Count())), true, position_};
@@ -257,17 +257,17 @@ void Recordset::Rows::Update()
     if (!pending_)
         return;
     if (lock_ == LockType::BatchOptimistic)
-        markPending();
+        stagePending();
     else
         writePending();
     pending_.reset();
 }
 
-void Recordset::Rows::markPending()
+void Recordset::Rows::stagePending()
 {
     Edit& edit = makeEdit(pending_->Row);
-    if (edit.Mark == State::Clean) {
-        edit.Mark = State::Modified;
+    if (edit.State == EditState::Clean) {
+        edit.State = EditState::Modified;
         edit.Original = std::move(edit.Row);
     }
     edit.Row = std::move(pending_->Bytes);
@@ -322,13 +322,13 @@ void Recordset::Rows::Delete()
         write({{RowChange::Type::Delete, originalBytes(row), nullptr, nullptr}});
 
     // What was added and is deleted before the batch never reaches the table.
-    const bool isGone =
-        lock_ != LockType::BatchOptimistic || (editOf(row) && editOf(row)->Mark == State::Added);
+    const bool isRemoved = lock_ != LockType::BatchOptimistic ||
+                           (editOf(row) && editOf(row)->State == EditState::Added);
     std::vector<int>& visible = explicitVisible();
     Edit& edit = makeEdit(row);
-    if (edit.Mark == State::Clean)
+    if (edit.State == EditState::Clean)
         edit.Original = edit.Row;
-    edit.Mark = isGone ? State::Gone : State::Deleted;
+    edit.State = isRemoved ? EditState::Removed : EditState::Deleted;
     visible.erase(visible.begin() + position_);
     isOnDeleted_ = true;
 }
@@ -348,15 +348,15 @@ std::vector<std::string> Recordset::Rows::write(const std::vector<RowChange>& ch
 RowChange Recordset::Rows::changeOf(int row) const
 {
     const Edit& edit = *editOf(row);
-    switch (edit.Mark) {
-    case State::Added:
+    switch (edit.State) {
+    case EditState::Added:
         return {RowChange::Type::Insert, nullptr, edit.Row.data(), &edit.Touched};
-    case State::Modified:
+    case EditState::Modified:
         return {RowChange::Type::Update, originalBytes(row), edit.Row.data(), &edit.Touched};
-    case State::Deleted:
+    case EditState::Deleted:
         return {RowChange::Type::Delete, originalBytes(row), nullptr, nullptr};
-    case State::Clean:
-    case State::Gone:
+    case EditState::Clean:
+    case EditState::Removed:
         break;
     }
     Q_UNREACHABLE();
@@ -367,8 +367,8 @@ Recordset::Rows::Edit Recordset::Rows::written(int row, std::string stored) cons
 {
     const Edit& edit = *editOf(row);
     Edit result;
-    if (edit.Mark == State::Deleted)
-        result.Mark = State::Gone;
+    if (edit.State == EditState::Deleted)
+        result.State = EditState::Removed;
     else
         result.Row = stored.empty() ? edit.Row : std::move(stored);
     return result;
@@ -383,16 +383,16 @@ void Recordset::Rows::UpdateBatch()
     std::vector<int> rows;
     std::vector<RowChange> changes;
     // A key that one row gives up may be taken by the next.
-    for (const State mark : {State::Deleted, State::Modified, State::Added}) {
+    for (const EditState state : {EditState::Deleted, EditState::Modified, EditState::Added}) {
         for (int row = 0; row < int(edits_.size()); ++row) {
-            if (edits_[std::size_t(row)] && edits_[std::size_t(row)]->Mark == mark) {
+            if (edits_[std::size_t(row)] && edits_[std::size_t(row)]->State == state) {
                 rows.push_back(row);
                 changes.push_back(changeOf(row));
             }
         }
     }
     std::vector<std::string> stored = write(changes);
-    std::vector<Marked> before;
+    std::vector<SavedEdit> before;
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const int row = rows[index];
         Edit after = written(row, std::move(stored[index]));
@@ -407,20 +407,20 @@ void Recordset::Rows::UpdateBatch()
         });
 }
 
-void Recordset::Rows::restore(const std::vector<Marked>& edits)
+void Recordset::Rows::restore(const std::vector<SavedEdit>& edits)
 {
-    for (const Marked& edit : edits)
-        *edits_[std::size_t(edit.Row)] = edit.Was;
+    for (const SavedEdit& edit : edits)
+        *edits_[std::size_t(edit.Row)] = edit.Before;
 }
 
 void Recordset::Rows::CancelBatch()
 {
     CancelUpdate();
     for (const std::unique_ptr<Edit>& edit : edits_) {
-        if (!edit || edit->Mark == State::Clean || edit->Mark == State::Gone)
+        if (!edit || edit->State == EditState::Clean || edit->State == EditState::Removed)
             continue;
-        const bool wasAdded = edit->Mark == State::Added;
-        edit->Mark = wasAdded ? State::Gone : State::Clean;
+        const bool wasAdded = edit->State == EditState::Added;
+        edit->State = wasAdded ? EditState::Removed : EditState::Clean;
         edit->Row = std::exchange(edit->Original, {});
         edit->Touched.clear();
     }
@@ -430,12 +430,12 @@ void Recordset::Rows::CancelBatch()
 
 bool Recordset::Rows::HasPendingChanges() const
 {
-    return pending_ ||
-           std::any_of(
-               edits_.begin(), edits_.end(),
-               [](const std::unique_ptr<Edit>& edit) {
-                   return edit && edit->Mark != State::Clean && edit->Mark != State::Gone;
-               });
+    return pending_ || std::any_of(
+                           edits_.begin(), edits_.end(),
+                           [](const std::unique_ptr<Edit>& edit) {
+                               return edit && edit->State != EditState::Clean &&
+                                      edit->State != EditState::Removed;
+                           });
 }
 
 /// Works out anew which rows are visible.
@@ -444,7 +444,7 @@ void Recordset::Rows::refilter()
     visible_.reset();
     const bool hasDeleted =
         std::any_of(edits_.begin(), edits_.end(), [](const std::unique_ptr<Edit>& edit) {
-            return edit && (edit->Mark == State::Deleted || edit->Mark == State::Gone);
+            return edit && (edit->State == EditState::Deleted || edit->State == EditState::Removed);
         });
     if (!filter_ && !hasDeleted)
         return;

@@ -52,11 +52,11 @@ public:
     void Find(const Statement& criterion);
 
 private:
-    enum class State { Clean, Added, Modified, Deleted, Gone };
+    enum class EditState { Clean, Added, Modified, Deleted, Removed };
 
     /// What was done to one row.
     struct Edit {
-        State Mark = State::Clean;
+        EditState State = EditState::Clean;
         std::string Row;           ///< its present bytes; empty where they are the snapshot's
         std::string Original;      ///< as last written to the table; empty likewise
         std::vector<bool> Touched; ///< columns that were set since
@@ -72,9 +72,9 @@ private:
     };
 
     /// A row's edit as a batch found it.
-    struct Marked {
+    struct SavedEdit {
         int Row;
-        Edit Was;
+        Edit Before;
     };
 
     bool isOnRecord() const;
@@ -95,12 +95,12 @@ private:
     void moveTo(int position);
     std::vector<int>& explicitVisible();
 
-    void markPending();
+    void stagePending();
     void writePending();
     std::vector<std::string> write(const std::vector<RowChange>& changes);
     RowChange changeOf(int row) const;
     Edit written(int row, std::string stored) const;
-    void restore(const std::vector<Marked>& edits);
+    void restore(const std::vector<SavedEdit>& edits);
 
     std::shared_ptr<const Snapshot> snapshot_;
     LockType lock_;

@@ -10,7 +10,7 @@ namespace TradeForms {
 namespace {
 
 /// The table that every column comes from, each field of it once.
-QString commonTable(const std::vector<Column>& columns)
+QString baseTableOf(const std::vector<Column>& columns)
 {
     const QString table = columns.empty() ? QString() : columns.front().Table;
     for (auto column = columns.begin(); column != columns.end(); ++column) {
@@ -36,7 +36,7 @@ bool isSameAsciiName(const QString& name, std::string_view wanted)
 } // namespace
 
 ResultMetadata::ResultMetadata(std::vector<Column> columns)
-    : columns_(std::move(columns)), baseTable_(commonTable(columns_))
+    : columns_(std::move(columns)), baseTable_(baseTableOf(columns_))
 {
 }
 

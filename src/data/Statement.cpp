@@ -21,7 +21,7 @@ bool isNamePart(QChar letter)
 }
 
 /// Length of the place {name} that stands at this position, 0 where none does.
-qsizetype placeLength(const QString& text, qsizetype at)
+qsizetype placeholderLength(const QString& text, qsizetype at)
 {
     if (text[at] != u'{' || at + 1 >= text.size() || !isNameStart(text[at + 1]))
         return 0;
@@ -119,7 +119,7 @@ Statement::Statement(const QString& text)
     for (qsizetype at = 0; at < text.size();) {
         if (text[at] == u'\'')
             quoted = !quoted;
-        const qsizetype length = placeLength(text, at);
+        const qsizetype length = placeholderLength(text, at);
         if (length == 0) {
             ++at;
             continue;
@@ -136,7 +136,7 @@ Statement& Statement::Bind(const char* name, const QVariant& value)
 {
     const QLatin1String wanted(name);
     for (Piece& piece : pieces_) {
-        if (piece.IsPlace && piece.Text == wanted) {
+        if (piece.IsPlaceholder && piece.Text == wanted) {
             piece.Value = value;
             piece.Bound = true;
         }
@@ -150,7 +150,7 @@ Statement& Statement::Splice(const char* name, const Statement& clause)
     QList<Piece> spliced;
     spliced.reserve(pieces_.size() + clause.pieces_.size());
     for (const Piece& piece : std::as_const(pieces_))
-        if (piece.IsPlace && piece.Text == wanted)
+        if (piece.IsPlaceholder && piece.Text == wanted)
             spliced += clause.pieces_;
         else
             spliced += piece;
@@ -162,7 +162,7 @@ QString Statement::Text(const Dialect& dialect) const
 {
     QString text;
     for (const Piece& piece : pieces_) {
-        if (!piece.IsPlace) {
+        if (!piece.IsPlaceholder) {
             text += piece.Text;
             continue;
         }

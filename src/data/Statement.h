@@ -48,7 +48,7 @@ public:
 private:
     struct Piece {
         QString Text; // literal text, or the place's name
-        bool IsPlace = false;
+        bool IsPlaceholder = false;
         bool Quoted = false;
         bool Bound = false;
         QVariant Value;

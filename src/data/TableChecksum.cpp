@@ -10,7 +10,7 @@ namespace TradeForms {
 
 namespace {
 
-constexpr int perWhole = 10'000;
+constexpr int unitsPerWhole = 10'000;
 
 bool isNumber(const Cell& cell)
 {
@@ -18,11 +18,11 @@ bool isNumber(const Cell& cell)
 }
 
 /// Whether a number has decimals beyond the fourth. What the last bits of a double add is none.
-bool isFiner(const Cell& cell)
+bool isTooPrecise(const Cell& cell)
 {
     if (cell.Kind != Cell::Type::Real)
         return false;
-    const double scaled = cell.Real * perWhole;
+    const double scaled = cell.Real * unitsPerWhole;
     const double rest = std::abs(scaled - std::nearbyint(scaled));
     constexpr double noise = 1e-11;
     return rest > std::max(1e-6, std::abs(scaled) * noise);
@@ -47,12 +47,13 @@ AmountSum AmountSum::Of(const Cell& number)
         amount.whole_ = number.Integer;
         return amount;
     }
-    const double scaled = number.Real * perWhole;
+    const double scaled = number.Real * unitsPerWhole;
     const double nearest = std::nearbyint(scaled);
     if (std::abs(scaled) < 1e15 && std::abs(scaled - nearest) < 0.25) {
         const auto tenThousandths = qint64(nearest);
-        amount.tenThousandths_ = int((tenThousandths % perWhole + perWhole) % perWhole);
-        amount.whole_ = (tenThousandths - amount.tenThousandths_) / perWhole;
+        amount.tenThousandths_ =
+            int((tenThousandths % unitsPerWhole + unitsPerWhole) % unitsPerWhole);
+        amount.whole_ = (tenThousandths - amount.tenThousandths_) / unitsPerWhole;
         return amount;
     }
     // Near the middle between two it is rounded as whoever sends it writes its digits.
@@ -63,7 +64,7 @@ AmountSum AmountSum::Of(const Cell& number)
         amount.whole_ = -amount.whole_;
         if (amount.tenThousandths_ > 0) {
             --amount.whole_;
-            amount.tenThousandths_ = perWhole - amount.tenThousandths_;
+            amount.tenThousandths_ = unitsPerWhole - amount.tenThousandths_;
         }
     }
     return amount;
@@ -72,8 +73,8 @@ AmountSum AmountSum::Of(const Cell& number)
 void AmountSum::Add(const AmountSum& other)
 {
     tenThousandths_ += other.tenThousandths_;
-    const int carry = tenThousandths_ / perWhole;
-    tenThousandths_ %= perWhole;
+    const int carry = tenThousandths_ / unitsPerWhole;
+    tenThousandths_ %= unitsPerWhole;
     // No company owes that much; if one did, the sums would still tell differences.
     whole_ = qint64(quint64(whole_) + quint64(other.whole_) + quint64(carry));
 }
@@ -84,7 +85,7 @@ QString AmountSum::Text() const
     const bool borrows = isNegative && tenThousandths_ > 0;
     const quint64 whole =
         isNegative ? quint64(0) - quint64(whole_) - (borrows ? 1 : 0) : quint64(whole_);
-    const int rest = borrows ? perWhole - tenThousandths_ : tenThousandths_;
+    const int rest = borrows ? unitsPerWhole - tenThousandths_ : tenThousandths_;
     return (isNegative ? QStringLiteral("-") : QString()) + QString::number(whole) + u'.' +
            QString::number(rest).rightJustified(4, u'0');
 }
@@ -122,7 +123,7 @@ void TableChecksum::add(ColumnChecksum& column, const Cell& cell)
     column.CheckSum += qHashMulti(0, amount.Whole(), amount.TenThousandths());
     if (column.IsAmount) {
         column.Sum.Add(amount);
-        column.Finer += isFiner(cell);
+        column.TooPrecise += isTooPrecise(cell);
     }
 }
 
@@ -160,12 +161,13 @@ QList<TransferDifference> TableChecksum::RoundedIn(const TableChecksum& target,
     for (std::size_t index = 0; index < columns_.size(); ++index) {
         const ColumnChecksum& here = columns_[index];
         const ColumnChecksum& there = target.columns_[index];
-        if (here.Finer != there.Finer)
-            rounded.append({table,
-                            here.Name,
-                            {},
-                            QStringLiteral("%1 amounts of more than four decimals").arg(here.Finer),
-                            QStringLiteral("%1").arg(there.Finer)});
+        if (here.TooPrecise != there.TooPrecise)
+            rounded.append(
+                {table,
+                 here.Name,
+                 {},
+                 QStringLiteral("%1 amounts of more than four decimals").arg(here.TooPrecise),
+                 QStringLiteral("%1").arg(there.TooPrecise)});
     }
     return rounded;
 }

@@ -50,7 +50,7 @@ private:
         qint64 Nulls = 0;
         quint64 CheckSum = 0;
         AmountSum Sum;
-        qint64 Finer = 0; ///< amounts with more than four decimals
+        qint64 TooPrecise = 0; ///< amounts with more than four decimals
     };
 
     static void add(ColumnChecksum& column, const Cell& cell);

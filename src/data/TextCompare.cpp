@@ -18,7 +18,7 @@ bool isContinuation(char byte)
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-unsigned char foldedAscii(char byte)
+unsigned char foldAscii(char byte)
 {
     const auto letter = static_cast<unsigned char>(byte);
     return letter >= 'A' && letter <= 'Z' ? (unsigned char)(letter + ('a' - 'A')) : letter;
@@ -26,7 +26,7 @@ unsigned char foldedAscii(char byte)
 
 /// The character at this place; the place moves behind it. A byte that is no UTF-8 stands for
 /// itself.
-char32_t readLetter(std::string_view text, std::size_t& at)
+char32_t readCodePoint(std::string_view text, std::size_t& at)
 {
     const auto lead = static_cast<unsigned char>(text[at++]);
     if (lead < 0xC2)
@@ -38,18 +38,18 @@ char32_t readLetter(std::string_view text, std::size_t& at)
     return letter;
 }
 
-char32_t folded(char32_t letter)
+char32_t foldCase(char32_t letter)
 {
-    return letter < 0x80 ? foldedAscii(char(letter)) : QChar::toCaseFolded(letter);
+    return letter < 0x80 ? foldAscii(char(letter)) : QChar::toCaseFolded(letter);
 }
 
 char32_t readFolded(std::string_view text, std::size_t& at)
 {
-    return isAscii(text[at]) ? char32_t(foldedAscii(text[at++])) : folded(readLetter(text, at));
+    return isAscii(text[at]) ? char32_t(foldAscii(text[at++])) : foldCase(readCodePoint(text, at));
 }
 
 /// From the first place on where the texts are not plain ASCII.
-int compareLetters(std::string_view first, std::string_view second, std::size_t at)
+int compareCodePoints(std::string_view first, std::string_view second, std::size_t at)
 {
     std::size_t secondAt = at;
     while (at < first.size() && secondAt < second.size()) {
@@ -70,8 +70,8 @@ int CompareText(std::string_view first, std::string_view second)
     const std::size_t common = std::min(first.size(), second.size());
     for (std::size_t at = 0; at < common; ++at) {
         if (!isAscii(first[at]) || !isAscii(second[at]))
-            return compareLetters(first, second, at);
-        const int difference = int(foldedAscii(first[at])) - int(foldedAscii(second[at]));
+            return compareCodePoints(first, second, at);
+        const int difference = int(foldAscii(first[at])) - int(foldAscii(second[at]));
         if (difference != 0)
             return difference;
     }
@@ -103,15 +103,15 @@ LikePattern LikePattern::Sql(std::string_view pattern, char32_t escape)
             at = compiled.addClass(pattern, at + 1);
             continue;
         }
-        char32_t letter = readLetter(pattern, at);
+        char32_t letter = readCodePoint(pattern, at);
         Element element;
         if (escape != 0 && letter == escape && at < pattern.size())
-            letter = readLetter(pattern, at);
+            letter = readCodePoint(pattern, at);
         else if (letter == U'%')
-            element.Kind = Element::Type::AnyRun;
+            element.Kind = Element::Type::AnyString;
         else if (letter == U'_')
-            element.Kind = Element::Type::AnyLetter;
-        element.Letter = folded(letter);
+            element.Kind = Element::Type::AnyCharacter;
+        element.CodePoint = foldCase(letter);
         compiled.elements_.push_back(std::move(element));
     }
     return compiled;
@@ -121,11 +121,11 @@ LikePattern LikePattern::Criterion(std::string_view pattern)
 {
     LikePattern compiled;
     for (std::size_t at = 0; at < pattern.size();) {
-        const char32_t letter = readLetter(pattern, at);
+        const char32_t letter = readCodePoint(pattern, at);
         Element element;
         if (letter == U'%' || letter == U'*')
-            element.Kind = Element::Type::AnyRun;
-        element.Letter = folded(letter);
+            element.Kind = Element::Type::AnyString;
+        element.CodePoint = foldCase(letter);
         compiled.elements_.push_back(std::move(element));
     }
     return compiled;
@@ -147,11 +147,11 @@ std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
             ++at;
             break;
         }
-        const char32_t first = folded(readLetter(pattern, at));
+        const char32_t first = foldCase(readCodePoint(pattern, at));
         char32_t last = first;
         if (at + 1 < pattern.size() && pattern[at] == '-' && pattern[at + 1] != ']') {
             ++at;
-            last = folded(readLetter(pattern, at));
+            last = foldCase(readCodePoint(pattern, at));
         }
         element.Ranges.push_back({first, last});
     }
@@ -164,9 +164,9 @@ std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
 bool LikePattern::fits(const Element& element, char32_t letter)
 {
     switch (element.Kind) {
-    case Element::Type::Letter:
-        return element.Letter == letter;
-    case Element::Type::AnyLetter:
+    case Element::Type::Character:
+        return element.CodePoint == letter;
+    case Element::Type::AnyCharacter:
         return true;
     case Element::Type::Class: {
         const bool isIn =
@@ -175,7 +175,7 @@ bool LikePattern::fits(const Element& element, char32_t letter)
             });
         return isIn != element.IsNegated;
     }
-    case Element::Type::AnyRun:
+    case Element::Type::AnyString:
     case Element::Type::Never:
         return false;
     }
@@ -193,7 +193,7 @@ bool LikePattern::matchesFrom(std::size_t element, std::string_view text) const
         if (element == elements_.size()) {
             if (WithoutTrailingBlanks(text.substr(at)).empty())
                 return true;
-        } else if (elements_[element].Kind == Element::Type::AnyRun) {
+        } else if (elements_[element].Kind == Element::Type::AnyString) {
             runElement = ++element;
             runAt = at;
             if (runElement == elements_.size())
@@ -209,7 +209,7 @@ bool LikePattern::matchesFrom(std::size_t element, std::string_view text) const
         }
         if (runElement == none || runAt >= text.size())
             return false;
-        readLetter(text, runAt);
+        readCodePoint(text, runAt);
         at = runAt;
         element = runElement;
     }
@@ -222,7 +222,7 @@ bool LikePattern::Matches(std::string_view text) const
 
 int LikePattern::IndexIn(std::string_view text) const
 {
-    if (elements_.empty() || elements_.front().Kind != Element::Type::AnyRun)
+    if (elements_.empty() || elements_.front().Kind != Element::Type::AnyString)
         return Matches(text) ? 1 : 0;
     int character = 1;
     for (std::size_t at = 0; at <= text.size(); ++character) {
@@ -230,7 +230,7 @@ int LikePattern::IndexIn(std::string_view text) const
             return character;
         if (at == text.size())
             break;
-        readLetter(text, at);
+        readCodePoint(text, at);
     }
     return 0;
 }

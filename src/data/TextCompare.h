@@ -46,10 +46,10 @@ private:
         char32_t Last;
     };
     struct Element {
-        enum class Type : std::uint8_t { Letter, AnyLetter, AnyRun, Class, Never };
-        Type Kind = Type::Letter;
+        enum class Type : std::uint8_t { Character, AnyCharacter, AnyString, Class, Never };
+        Type Kind = Type::Character;
         bool IsNegated = false;
-        char32_t Letter = 0;
+        char32_t CodePoint = 0;
         std::vector<Range> Ranges;
     };
 

@@ -15,7 +15,7 @@ bool isBlank(char letter)
 }
 
 /// Letters of other scripts are letters of a name as well.
-bool isNameLetter(char letter)
+bool isNameCharacter(char letter)
 {
     return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
            IsDigit(letter) || letter == '_' || letter == '@' || letter == '#' || letter == '$' ||
@@ -30,7 +30,7 @@ public:
     {
         std::vector<Token> tokens;
         tokens.reserve(text_.size() / 4 + 4);
-        while (skipBetween()) {
+        while (skipBlanksAndComments()) {
             const std::size_t start = at_;
             const Token::Type kind = readOne();
             tokens.push_back({kind, text_.substr(start, at_ - start)});
@@ -42,7 +42,7 @@ private:
     bool startsWith(std::string_view sign) const { return text_.substr(at_, sign.size()) == sign; }
 
     /// Moves over blanks and comments; false at the end of the text.
-    bool skipBetween()
+    bool skipBlanksAndComments()
     {
         while (at_ < text_.size())
             if (isBlank(text_[at_]))
@@ -70,11 +70,11 @@ private:
         const char letter = text_[at_];
         switch (letter) {
         case '\'':
-            skipDoubling('\'');
+            skipQuoted('\'');
             return Token::Type::Literal;
         case '"':
         case '`':
-            skipDoubling(letter);
+            skipQuoted(letter);
             return Token::Type::Quoted;
         case '[':
             skipTo("]", 1, QStringLiteral("A name in brackets is not closed."));
@@ -84,11 +84,11 @@ private:
         }
         if (IsDigit(letter) || (letter == '.' && at_ + 1 < text_.size() && IsDigit(text_[at_ + 1])))
             return readNumber();
-        if (!isNameLetter(letter)) {
+        if (!isNameCharacter(letter)) {
             ++at_;
-            return Token::Type::Sign;
+            return Token::Type::Symbol;
         }
-        while (at_ < text_.size() && isNameLetter(text_[at_]))
+        while (at_ < text_.size() && isNameCharacter(text_[at_]))
             ++at_;
         return Token::Type::Word;
     }
@@ -96,14 +96,14 @@ private:
     Token::Type readNumber()
     {
         while (at_ < text_.size() &&
-               (isNameLetter(text_[at_]) || text_[at_] == '.' ||
+               (isNameCharacter(text_[at_]) || text_[at_] == '.' ||
                 ((text_[at_] == '+' || text_[at_] == '-') && AsciiLower(text_[at_ - 1]) == 'e')))
             ++at_;
         return Token::Type::Number;
     }
 
     /// Moves behind a text that ends at a quote which is not doubled.
-    void skipDoubling(char quote)
+    void skipQuoted(char quote)
     {
         const std::size_t start = at_ + 1;
         for (std::size_t from = start;;) {
@@ -166,8 +166,8 @@ std::vector<Token> ReadTokens(std::string_view text)
 std::string_view DropEnd(std::string_view text, std::vector<Token>& tokens)
 {
     const auto end = std::find_if(
-        tokens.begin(), tokens.end(), [](const Token& token) { return token.IsSign(';'); });
-    if (std::any_of(end, tokens.end(), [](const Token& token) { return !token.IsSign(';'); }))
+        tokens.begin(), tokens.end(), [](const Token& token) { return token.IsSymbol(';'); });
+    if (std::any_of(end, tokens.end(), [](const Token& token) { return !token.IsSymbol(';'); }))
         RaiseSecondStatement();
     if (end != tokens.end())
         text = text.substr(0, std::size_t(end->Text.data() - text.data()));

@@ -15,13 +15,13 @@ struct Token {
         Number,
         Literal, ///< a text with its quotes
         Quoted,  ///< a name in brackets, double quotes or backticks
-        Sign     ///< one sign: an operator's letter, a parenthesis, a comma, a semicolon
+        Symbol   ///< one sign: an operator's letter, a parenthesis, a comma, a semicolon
     };
 
-    Type Kind = Type::Sign;
+    Type Kind = Type::Symbol;
     std::string_view Text;
 
-    bool IsSign(char sign) const { return Kind == Type::Sign && Text.front() == sign; }
+    bool IsSymbol(char sign) const { return Kind == Type::Symbol && Text.front() == sign; }
     /// Whether it is this word, given in lower case.
     bool IsWord(std::string_view word) const;
     /// Whether it is one of these words, given in lower case.

@@ -19,14 +19,14 @@ namespace TradeForms {
 namespace {
 
 /// Between two questions whether to go on.
-constexpr qint64 rowsAtATime = 1000;
+constexpr qint64 rowsPerReport = 1000;
 /// Accounts whose balances are asked of the target in one statement.
-constexpr qsizetype accountsAtATime = 500;
+constexpr qsizetype accountsPerStatement = 500;
 /// Balances that differ and are listed.
-constexpr qsizetype listedBalances = 20;
+constexpr qsizetype maxListedBalances = 20;
 
 /// A table of the company, as it stands on both sides: the source's columns in their order.
-struct CarriedTable {
+struct TransferTable {
     QString Name;
     std::shared_ptr<const ResultMetadata> Source;
     std::shared_ptr<const ResultMetadata> Target;
@@ -84,7 +84,7 @@ void ignoreColumns(const std::shared_ptr<const ResultMetadata>&) {}
 enum class TargetKind { Present, NewFile };
 
 /// Ends a reading that has shown what there was to show.
-struct Enough {};
+struct StopReading {};
 
 /// One company on its way into another database.
 class Transfer {
@@ -96,12 +96,12 @@ public:
 
     TransferReport Run(TargetKind target)
     {
-        const ReadTransaction moment(from_);
+        const ReadTransaction transaction(from_);
         plan();
         std::vector<TableChecksum> copied;
         if (!options_.VerifyOnly)
             copied = copyAll(target);
-        const ReadTransaction targetMoment(to_);
+        const ReadTransaction targetTransaction(to_);
         compare(copied);
         return report_;
     }
@@ -111,22 +111,22 @@ private:
     void requireEmpty();
     void empty(const QStringList& tables);
     std::vector<TableChecksum> copyAll(TargetKind target);
-    TableChecksum copy(const CarriedTable& table);
+    TableChecksum copy(const TransferTable& table);
 
-    using Side = std::shared_ptr<const ResultMetadata> CarriedTable::*;
-    TableChecksum checksumOf(Engine& engine, const CarriedTable& table, Side here, Side there);
+    using Side = std::shared_ptr<const ResultMetadata> TransferTable::*;
+    TableChecksum checksumOf(Engine& engine, const TransferTable& table, Side here, Side there);
     void compare(const std::vector<TableChecksum>& copied);
     void compareBalances();
     using Balances = QHash<QString, QString>; ///< by account
     void compareWithTarget(const Balances& expected);
 
     /// Reads a table's rows from one side.
-    void read(Engine& engine, const CarriedTable& table, Stage stage, const Engine::Each& each);
+    void read(Engine& engine, const TransferTable& table, Stage stage, const Engine::OnRow& each);
 
     Engine& from_;
     Engine& to_;
     const TransferOptions& options_;
-    std::vector<CarriedTable> tables_;
+    std::vector<TransferTable> tables_;
     TransferReport report_;
 };
 
@@ -143,10 +143,10 @@ void Transfer::plan()
             missing.append(name);
             continue;
         }
-        CarriedTable table{name,
-                           metadataOf(from_, QStringLiteral("select * from ") + bracketed(name)),
-                           metadataOf(to_, QStringLiteral("select * from ") + bracketed(name)),
-                           countOf(from_, name)};
+        TransferTable table{name,
+                            metadataOf(from_, QStringLiteral("select * from ") + bracketed(name)),
+                            metadataOf(to_, QStringLiteral("select * from ") + bracketed(name)),
+                            countOf(from_, name)};
         QStringList columns;
         for (int index = 0; index < table.Source->Count(); ++index) {
             const QString& column = table.Source->At(index).Name;
@@ -169,7 +169,7 @@ void Transfer::requireEmpty()
 {
     QStringList full;
     QStringList names;
-    for (const CarriedTable& table : tables_) {
+    for (const TransferTable& table : tables_) {
         if (const qint64 rows = countOf(to_, table.Name); rows > 0) {
             names.append(table.Name);
             full.append(QStringLiteral("%1 (%2 rows)").arg(table.Name).arg(rows));
@@ -191,21 +191,21 @@ void Transfer::empty(const QStringList& tables)
     });
 }
 
-void Transfer::read(Engine& engine, const CarriedTable& table, Stage stage,
-                    const Engine::Each& each)
+void Transfer::read(Engine& engine, const TransferTable& table, Stage stage,
+                    const Engine::OnRow& each)
 {
     qint64 done = 0;
     const auto tell = [&] { Tell(options_.Tell, {stage, table.Name, done, table.Rows}); };
     tell();
     engine.Scan(selectFrom(table.Name, *table.Source), ignoreColumns, [&](std::string_view row) {
         each(row);
-        if (++done % rowsAtATime == 0)
+        if (++done % rowsPerReport == 0)
             tell();
     });
 }
 
 /// Copies a table in one transaction; what was read is what the copy has to prove to be.
-TableChecksum Transfer::copy(const CarriedTable& table)
+TableChecksum Transfer::copy(const TransferTable& table)
 {
     TableChecksum checksum(*table.Source, *table.Target);
     try {
@@ -230,7 +230,8 @@ TableChecksum Transfer::copy(const CarriedTable& table)
     return checksum;
 }
 
-TableChecksum Transfer::checksumOf(Engine& engine, const CarriedTable& table, Side here, Side there)
+TableChecksum Transfer::checksumOf(Engine& engine, const TransferTable& table, Side here,
+                                   Side there)
 {
     TableChecksum checksum(*(table.*here), *(table.*there));
     read(engine, table, Stage::Comparing, [&](std::string_view row) { checksum.Add(row); });
@@ -243,7 +244,7 @@ std::vector<TableChecksum> Transfer::copyAll(TargetKind target)
     if (target == TargetKind::NewFile)
         to_.BeginLoad();
     std::vector<TableChecksum> checksums;
-    for (const CarriedTable& table : tables_)
+    for (const TransferTable& table : tables_)
         checksums.push_back(copy(table));
     if (target == TargetKind::NewFile)
         to_.EndLoad([this](int done, int steps) {
@@ -256,12 +257,13 @@ std::vector<TableChecksum> Transfer::copyAll(TargetKind target)
 void Transfer::compare(const std::vector<TableChecksum>& copied)
 {
     for (std::size_t index = 0; index < tables_.size(); ++index) {
-        const CarriedTable& table = tables_[index];
+        const TransferTable& table = tables_[index];
         const TableChecksum source =
-            copied.empty() ? checksumOf(from_, table, &CarriedTable::Source, &CarriedTable::Target)
-                           : copied[index];
+            copied.empty()
+                ? checksumOf(from_, table, &TransferTable::Source, &TransferTable::Target)
+                : copied[index];
         const TableChecksum target =
-            checksumOf(to_, table, &CarriedTable::Target, &CarriedTable::Source);
+            checksumOf(to_, table, &TransferTable::Target, &TransferTable::Source);
         report_.Differences = source.Compare(target, table.Name);
         if (!report_.Differences.isEmpty())
             return;
@@ -275,7 +277,7 @@ void Transfer::compare(const std::vector<TableChecksum>& copied)
 /// a time: what order a database keeps its accounts in is its own matter.
 void Transfer::compareBalances()
 {
-    const auto header = std::ranges::find_if(tables_, [](const CarriedTable& table) {
+    const auto header = std::ranges::find_if(tables_, [](const TransferTable& table) {
         return IsSameName(table.Name, u"InsCustomerHeader");
     });
     const qint64 all = header == tables_.end() ? 0 : header->Rows;
@@ -284,7 +286,7 @@ void Transfer::compareBalances()
         Tell(options_.Tell, {Stage::Balances, {}, report_.Accounts, all});
         compareWithTarget(expected);
         if (!report_.IsProven())
-            throw Enough();
+            throw StopReading();
         report_.Accounts += expected.size();
         expected.clear();
     };
@@ -292,11 +294,11 @@ void Transfer::compareBalances()
         from_.Scan(balancesOf(), ignoreColumns, [&](std::string_view row) {
             expected.insert(FromUtf8(CellAt(row.data(), 0).Bytes),
                             balanceText(CellAt(row.data(), 1)));
-            if (expected.size() == accountsAtATime)
+            if (expected.size() == accountsPerStatement)
                 compareExpected();
         });
         compareExpected();
-    } catch (const Enough&) {
+    } catch (const StopReading&) {
     }
 }
 
@@ -315,7 +317,7 @@ void Transfer::compareWithTarget(const Balances& expected)
              });
     for (auto here = expected.cbegin(); here != expected.cend(); ++here) {
         const QString there = found.value(here.key(), QStringLiteral("no such account"));
-        if (here.value() != there && report_.Differences.size() < listedBalances)
+        if (here.value() != there && report_.Differences.size() < maxListedBalances)
             report_.Differences.append({{}, {}, here.key(), here.value(), there});
     }
     std::ranges::sort(report_.Differences, {}, &TransferDifference::Account);
@@ -386,7 +388,7 @@ TransferReport TransferCompany(const QString& from, const QString& to,
     const TransferReport report =
         transfer(*source, *createFor(*source, part.Path()), options, TargetKind::NewFile);
     if (report.IsProven())
-        part.TakePlace();
+        part.MoveToTarget();
     return report;
 }
 

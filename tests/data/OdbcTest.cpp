@@ -446,11 +446,11 @@ TEST(SqlServerWords, SetASessionUp)
 TEST(SqlServerWords, ReadAsAtOneMomentAndGoBackToTheUsualLevel)
 {
     const SqlServer server;
-    ASSERT_EQ(server.BeforeReading().size(), 1);
-    EXPECT_TRUE(server.BeforeReading().constFirst().endsWith(
+    ASSERT_EQ(server.BeforeReadTransaction().size(), 1);
+    EXPECT_TRUE(server.BeforeReadTransaction().constFirst().endsWith(
         QStringLiteral("snapshot_isolation_state = 1) set transaction isolation level snapshot "
                        "else set transaction isolation level serializable")));
-    EXPECT_EQ(server.AfterReading(),
+    EXPECT_EQ(server.AfterReadTransaction(),
               QStringList{QStringLiteral("set transaction isolation level read committed")});
 }
 
@@ -462,9 +462,9 @@ TEST(SqlServerWords, TakeGivenNumbersWhereTheServerNumbersAColumnItself)
     const std::string where =
         "if exists (select * from sys.identity_columns where object_id = "
         "object_id(N'dbo.\"InsCustomerBody\"') and name in (N'serialno', N'It''s')) ";
-    EXPECT_EQ(server.TakeGivenNumbers(table, columns).toStdString(),
+    EXPECT_EQ(server.EnableIdentityInsert(table, columns).toStdString(),
               where + "set identity_insert dbo.\"InsCustomerBody\" on");
-    EXPECT_EQ(server.GiveNumbersAgain(table, columns).toStdString(),
+    EXPECT_EQ(server.DisableIdentityInsert(table, columns).toStdString(),
               where + "set identity_insert dbo.\"InsCustomerBody\" off");
 }
 
@@ -472,9 +472,9 @@ TEST(SqlServerWords, LeaveOutTheTablesThatAreNotTheCompanys)
 {
     const SqlServer server;
     for (const char* table : {"SchemaVersion", "schemaversion", "StockLevels", "sysdiagrams"})
-        EXPECT_TRUE(server.IsOwnTable(QLatin1String(table))) << table;
+        EXPECT_TRUE(server.IsSystemTable(QLatin1String(table))) << table;
     for (const char* table : {"Staff", "Versions", "sqlite_schema"})
-        EXPECT_FALSE(server.IsOwnTable(QLatin1String(table))) << table;
+        EXPECT_FALSE(server.IsSystemTable(QLatin1String(table))) << table;
 }
 
 TEST(SqlServerWords, WriteDatesInTheFormThatNoSettingMisreads)

@@ -13,7 +13,7 @@ namespace {
 
 class Scanning : public tests::OnEngine {
 protected:
-    void scan(const char* statement, const Engine::Each& each)
+    void scan(const char* statement, const Engine::OnRow& each)
     {
         engine_.Scan(
             QString::fromUtf8(statement),

@@ -80,7 +80,7 @@ private:
     /// A name without its schema.
     QString takeName()
     {
-        if (tokens_[at_].IsWord("dbo") && tokens_[at_ + 1].IsSign('.'))
+        if (tokens_[at_].IsWord("dbo") && tokens_[at_ + 1].IsSymbol('.'))
             at_ += 2;
         return nameOf(tokens_[at_++]);
     }
@@ -89,8 +89,8 @@ private:
     QStringList takeList()
     {
         QStringList names;
-        for (++at_; !tokens_[at_].IsSign(')'); ++at_)
-            if (!tokens_[at_].IsSign(','))
+        for (++at_; !tokens_[at_].IsSymbol(')'); ++at_)
+            if (!tokens_[at_].IsSymbol(','))
                 names.append(nameOf(tokens_[at_]));
         ++at_;
         return names;
@@ -108,7 +108,7 @@ private:
                 table.Columns.append(name + u' ' + embeddedType(nameOf(tokens_[at_++])));
                 skipToEndOfColumn(table, name);
             }
-            if (tokens_[at_++].IsSign(')'))
+            if (tokens_[at_++].IsSymbol(')'))
                 return;
         }
     }
@@ -118,9 +118,9 @@ private:
     {
         int depth = 0;
         for (;; ++at_) {
-            if (depth == 0 && (tokens_[at_].IsSign(',') || tokens_[at_].IsSign(')')))
+            if (depth == 0 && (tokens_[at_].IsSymbol(',') || tokens_[at_].IsSymbol(')')))
                 return;
-            depth += int(tokens_[at_].IsSign('(')) - int(tokens_[at_].IsSign(')'));
+            depth += int(tokens_[at_].IsSymbol('(')) - int(tokens_[at_].IsSymbol(')'));
             if (tokens_[at_].IsWord("primary"))
                 table.Key.append(name);
         }

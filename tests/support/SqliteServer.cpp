@@ -37,9 +37,9 @@ QString SqliteServer::VersionQuery() const
                           "and (select application_id from pragma_application_id) = 1415857773");
 }
 
-bool SqliteServer::IsOwnTable(const QString& table) const
+bool SqliteServer::IsSystemTable(const QString& table) const
 {
-    return table.startsWith(QLatin1String("sqlite_")) || Server::IsOwnTable(table);
+    return table.startsWith(QLatin1String("sqlite_")) || Server::IsSystemTable(table);
 }
 
 /// A statement that writes takes the lock when it begins, also where it finds nothing to write.
@@ -48,17 +48,17 @@ QString SqliteServer::TakeLock() const
     return QStringLiteral("delete from InstallmentBalances where 1=0");
 }
 
-QString SqliteServer::SetMark() const
+QString SqliteServer::SetSavepoint() const
 {
     return QStringLiteral("savepoint mark");
 }
 
-QStringList SqliteServer::ReleaseMark() const
+QStringList SqliteServer::ReleaseSavepoint() const
 {
     return {QStringLiteral("release mark")};
 }
 
-QStringList SqliteServer::RollbackToMark() const
+QStringList SqliteServer::RollbackToSavepoint() const
 {
     return {QStringLiteral("rollback to mark"), QStringLiteral("release mark")};
 }
@@ -98,31 +98,31 @@ Server::Condition SqliteServer::IsExactly(const ServerColumn& column) const
 }
 
 QString SqliteServer::UpdateStatement(const QString& table, const QString& settings,
-                                      const QString& where, bool isOfOneRow) const
+                                      const QString& where, bool isSingleRow) const
 {
     return QStringLiteral("update %1 set %2 where %3")
-        .arg(table, settings, isOfOneRow ? oneRow(table, where) : where);
+        .arg(table, settings, isSingleRow ? oneRow(table, where) : where);
 }
 
 QString SqliteServer::DeleteStatement(const QString& table, const QString& where,
-                                      bool isOfOneRow) const
+                                      bool isSingleRow) const
 {
     return QStringLiteral("delete from %1 where %2")
-        .arg(table, isOfOneRow ? oneRow(table, where) : where);
+        .arg(table, isSingleRow ? oneRow(table, where) : where);
 }
 
 Server::Insertion SqliteServer::InsertStatement(const QString& table, const QString& columns,
                                                 const QString& values,
-                                                const QStringList& given) const
+                                                const QStringList& returned) const
 {
     Insertion insertion;
     insertion.Text =
         columns.isEmpty()
             ? QStringLiteral("insert into %1 default values").arg(table)
             : QStringLiteral("insert into %1 (%2) values (%3)").arg(table, columns, values);
-    if (!given.isEmpty())
+    if (!returned.isEmpty())
         insertion.ReadBack = QStringLiteral("select %1 from %2 where rowid = last_insert_rowid()")
-                                 .arg(given.join(QLatin1String(", ")), table);
+                                 .arg(returned.join(QLatin1String(", ")), table);
     return insertion;
 }
 

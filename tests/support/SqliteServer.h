@@ -12,11 +12,11 @@ public:
 
     QStringList Settings() const override;
     QString VersionQuery() const override;
-    bool IsOwnTable(const QString& table) const override;
+    bool IsSystemTable(const QString& table) const override;
     QString TakeLock() const override;
-    QString SetMark() const override;
-    QStringList ReleaseMark() const override;
-    QStringList RollbackToMark() const override;
+    QString SetSavepoint() const override;
+    QStringList ReleaseSavepoint() const override;
+    QStringList RollbackToSavepoint() const override;
     bool IsTransactionOpen(TradeForms::OdbcLink& link) const override;
     bool IsLockError(int number) const override;
     bool TypesExpressions() const override { return false; }
@@ -24,11 +24,11 @@ public:
     Condition Equals(const TradeForms::ServerColumn& column) const override;
     Condition IsExactly(const TradeForms::ServerColumn& column) const override;
     QString UpdateStatement(const QString& table, const QString& settings, const QString& where,
-                            bool isOfOneRow) const override;
+                            bool isSingleRow) const override;
     QString DeleteStatement(const QString& table, const QString& where,
-                            bool isOfOneRow) const override;
+                            bool isSingleRow) const override;
     Insertion InsertStatement(const QString& table, const QString& columns, const QString& values,
-                              const QStringList& given) const override;
+                              const QStringList& returned) const override;
 };
 
 } // namespace tests

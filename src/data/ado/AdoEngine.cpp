@@ -68,7 +68,7 @@ AdoEngine::AdoEngine(const Dispatch& connection)
 
 AdoEngine::~AdoEngine() = default;
 
-void AdoEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
+void AdoEngine::Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
                      Purpose purpose)
 {
     requireOneStatement(statement);
@@ -78,7 +78,7 @@ void AdoEngine::Scan(const QString& statement, const Begin& begin, const Each& e
     link_.Guarded([&] {
         HostRows rows(result);
         const auto metadata = metadataOf(rows.Columns(), statement, purpose);
-        rows.TakeFor(*metadata);
+        rows.SetKinds(*metadata);
         begin(metadata);
         while (const auto row = rows.Next())
             each(*row);
@@ -95,7 +95,7 @@ std::unique_ptr<Cursor> AdoEngine::OpenCursor(const QString& statement)
     return link_.Guarded([&] {
         auto rows = std::make_unique<HostRows>(result);
         auto metadata = metadataOf(rows->Columns(), statement, Purpose::Read);
-        rows->TakeFor(*metadata);
+        rows->SetKinds(*metadata);
         return std::make_unique<AdoCursor>(link_, std::move(rows), std::move(metadata));
     });
 }
@@ -155,12 +155,12 @@ void AdoEngine::beginNative()
 
 void AdoEngine::setSavepoint()
 {
-    link_.Run(TransactSql::SetMark());
+    link_.Run(TransactSql::SetSavepoint());
 }
 
 void AdoEngine::rollbackToSavepoint()
 {
-    link_.Run(TransactSql::RollbackToMark());
+    link_.Run(TransactSql::RollbackToSavepoint());
 }
 
 } // namespace TradeForms

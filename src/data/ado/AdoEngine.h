@@ -16,7 +16,7 @@ public:
     explicit AdoEngine(const Dispatch& connection);
     ~AdoEngine() override;
 
-    void Scan(const QString& statement, const Begin& begin, const Each& each,
+    void Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<Cursor> OpenCursor(const QString& statement) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const ResultMetadata> metadata) override;

@@ -14,8 +14,8 @@ namespace TradeForms {
 namespace {
 
 // Long enough that the way to the server counts for little, short enough to be read at once.
-constexpr int mostStatements = 128;
-constexpr qsizetype mostLetters = 64 * 1024;
+constexpr int maxBatchStatements = 128;
+constexpr qsizetype maxBatchLength = 64 * 1024;
 
 } // namespace
 
@@ -61,13 +61,13 @@ QString AdoRowWriter::search(const char* original) const
 }
 
 /// Of rows that are alike in everything any one will do.
-bool AdoRowWriter::findsOneOfMany() const
+bool AdoRowWriter::mayFindDuplicates() const
 {
     return known_ && known_->Keys.isEmpty() && metadata_->Count() == int(known_->Fields.size());
 }
 
 /// What was left out the table fills in: defaults and numbers of its own.
-bool AdoRowWriter::givesBack(const std::vector<bool>& touched) const
+bool AdoRowWriter::returnsRow(const std::vector<bool>& touched) const
 {
     return std::find(touched.begin(), touched.end(), false) != touched.end();
 }
@@ -84,7 +84,7 @@ QString AdoRowWriter::insertStatement(const char* row, const std::vector<bool>& 
         values.append(literal(index, cell));
     }
     return TransactSql::InsertStatement(table_, chosen.join(u", "_s), values.join(u", "_s),
-                                        givesBack(touched) ? names_ : QStringList());
+                                        returnsRow(touched) ? names_ : QStringList());
 }
 
 QString AdoRowWriter::updateStatement(const char* original, const char* row,
@@ -97,12 +97,12 @@ QString AdoRowWriter::updateStatement(const char* original, const char* row,
             settings.append(names_[index] + QLatin1String(" = ") + literal(index, cell));
     }
     return TransactSql::UpdateStatement(table_, settings.join(u", "_s), search(original),
-                                        findsOneOfMany());
+                                        mayFindDuplicates());
 }
 
 QString AdoRowWriter::deleteStatement(const char* original) const
 {
-    return TransactSql::DeleteStatement(table_, search(original), findsOneOfMany());
+    return TransactSql::DeleteStatement(table_, search(original), mayFindDuplicates());
 }
 
 /// A session may have been told not to count.
@@ -113,7 +113,7 @@ qint64 AdoRowWriter::changedBy(const QString& statement)
     return changed >= 0 ? changed : engine_.Link().ReadNumber(QStringLiteral("select @@rowcount"));
 }
 
-std::string AdoRowWriter::rowGivenBy(const QString& statement)
+std::string AdoRowWriter::rowReturnedBy(const QString& statement)
 {
     std::string given;
     const Dispatch result = engine_.Link().Run(statement);
@@ -121,7 +121,7 @@ std::string AdoRowWriter::rowGivenBy(const QString& statement)
         return given;
     engine_.Link().Guarded([&] {
         HostRows rows(result);
-        rows.TakeFor(*metadata_);
+        rows.SetKinds(*metadata_);
         if (const auto row = rows.Next())
             given = *row;
     });
@@ -131,8 +131,8 @@ std::string AdoRowWriter::rowGivenBy(const QString& statement)
 std::string AdoRowWriter::Insert(const char* row, const std::vector<bool>& touched)
 {
     const QString statement = insertStatement(row, touched);
-    if (givesBack(touched))
-        return rowGivenBy(statement);
+    if (returnsRow(touched))
+        return rowReturnedBy(statement);
     engine_.Link().Run(statement);
     return {};
 }
@@ -173,14 +173,14 @@ std::vector<std::string> AdoRowWriter::Write(const std::vector<RowChange>& chang
     };
     for (std::size_t index = 0; index < changes.size(); ++index) {
         const RowChange& change = changes[index];
-        if (change.Kind == RowChange::Type::Insert && givesBack(*change.Touched)) {
+        if (change.Kind == RowChange::Type::Insert && returnsRow(*change.Touched)) {
             send();
             stored[index] = Insert(change.Row, *change.Touched);
             continue;
         }
         waiting.append(statementFor(change));
         letters += waiting.last().size();
-        if (waiting.size() == mostStatements || letters > mostLetters)
+        if (waiting.size() == maxBatchStatements || letters > maxBatchLength)
             send();
     }
     send();

@@ -28,10 +28,10 @@ private:
                             const std::vector<bool>& touched) const;
     QString deleteStatement(const char* original) const;
     QString statementFor(const RowChange& change) const;
-    bool givesBack(const std::vector<bool>& touched) const;
-    bool findsOneOfMany() const;
+    bool returnsRow(const std::vector<bool>& touched) const;
+    bool mayFindDuplicates() const;
     qint64 changedBy(const QString& statement);
-    std::string rowGivenBy(const QString& statement);
+    std::string rowReturnedBy(const QString& statement);
     void runAtOnce(const QStringList& statements);
 
     AdoEngine& engine_;

@@ -10,13 +10,12 @@ namespace TradeForms {
 namespace {
 
 /// Of a column of which no one tells, amounts have so many.
-constexpr int customaryDecimals = 4;
+constexpr int defaultScale = 4;
 
 QString number(double real, const HostColumn& column)
 {
     if (column.IsDecimal())
-        return QString::number(real, 'f',
-                               column.Decimals < 0 ? customaryDecimals : column.Decimals);
+        return QString::number(real, 'f', column.Scale < 0 ? defaultScale : column.Scale);
     // With its exponent it is no decimal, which the server would have to convert.
     return QString::number(real, 'e', QLocale::FloatingPointShortest);
 }

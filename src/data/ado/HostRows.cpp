@@ -52,7 +52,7 @@ constexpr int dateLength = 10;
 constexpr int shortestMoment = 19;
 constexpr int longestMoment = 27;
 
-constexpr int valuesOfBlock = 4096;
+constexpr int valuesPerBlock = 4096;
 
 ULONGLONG magnitudeOf(LONGLONG number)
 {
@@ -105,7 +105,7 @@ Cell cellOfDecimal(const DECIMAL& number)
 }
 
 /// Days since the end of 1899; of a negative number the fraction counts forward all the same.
-Moment momentOf(double days)
+Timestamp timestampOf(double days)
 {
     constexpr qint64 dayOfMilliseconds = 24 * 60 * 60 * 1000;
     qint64 whole = qint64(days);
@@ -116,17 +116,17 @@ Moment momentOf(double days)
         ++whole;
     }
     static const QDate beginning(1899, 12, 30);
-    Moment moment;
-    beginning.addDays(whole).getDate(&moment.Year, &moment.Month, &moment.Day);
+    Timestamp timestamp;
+    beginning.addDays(whole).getDate(&timestamp.Year, &timestamp.Month, &timestamp.Day);
     const int seconds = int(rest / 1000);
-    moment.Hour = seconds / 3600;
-    moment.Minute = seconds / 60 % 60;
-    moment.Second = seconds % 60;
-    return moment;
+    timestamp.Hour = seconds / 3600;
+    timestamp.Minute = seconds / 60 % 60;
+    timestamp.Second = seconds % 60;
+    return timestamp;
 }
 
 /// A host's object may have neither of what tells more of a column than its type.
-int numberIfThere(const Dispatch& field, const char* member, int otherwise)
+int optionalNumber(const Dispatch& field, const char* member, int otherwise)
 {
     try {
         return field.Get(member).ToInt32();
@@ -141,11 +141,11 @@ HostColumn describe(const Dispatch& field)
     column.Name = field.Get("Name").ToString();
     column.Type = field.Get("Type").ToInt32();
     if (column.IsUnicode())
-        column.Size = numberIfThere(field, "DefinedSize", 0);
+        column.Size = optionalNumber(field, "DefinedSize", 0);
     if (column.Type == HostType::Currency)
-        column.Decimals = 4;
+        column.Scale = 4;
     else if (column.IsDecimal())
-        column.Decimals = numberIfThere(field, "NumericScale", -1);
+        column.Scale = optionalNumber(field, "NumericScale", -1);
     return column;
 }
 
@@ -276,7 +276,7 @@ HostRows::~HostRows()
     }
 }
 
-void HostRows::TakeFor(const ResultMetadata& metadata)
+void HostRows::SetKinds(const ResultMetadata& metadata)
 {
     for (std::size_t column = 0; column < kinds_.size(); ++column)
         kinds_[column] = metadata.At(int(column)).Kind;
@@ -287,7 +287,7 @@ bool HostRows::fetch()
     block_.reset();
     if (columns_.empty() || rows_.Get("EOF").ToBool())
         return false;
-    const qint32 count = std::max(1, valuesOfBlock / qint32(columns_.size()));
+    const qint32 count = std::max(1, valuesPerBlock / qint32(columns_.size()));
     block_ = std::make_unique<Block>(rows_.Call("GetRows", count), columns_.size());
     return true;
 }
@@ -367,11 +367,11 @@ void HostRows::append(const VARIANT& value, std::size_t column)
 
 void HostRows::appendMoment(double days, ColumnKind kind)
 {
-    const Moment moment = momentOf(days);
+    const Timestamp timestamp = timestampOf(days);
     if (kind == ColumnKind::Date)
-        AppendDate(row_, moment);
+        AppendDate(row_, timestamp);
     else
-        AppendDateTime(row_, moment);
+        AppendDateTime(row_, timestamp);
 }
 
 /// An older provider gives dates as texts, with decimals of the second behind the time.

@@ -15,9 +15,9 @@ namespace TradeForms {
 /// What the connection's objects tell of a column.
 struct HostColumn {
     QString Name;
-    int Type = 0;      ///< in their numbers
-    int Size = 0;      ///< letters or bytes at most, 0 where it is not told
-    int Decimals = -1; ///< of a decimal; -1 where it is not told
+    int Type = 0;   ///< in their numbers
+    int Size = 0;   ///< letters or bytes at most, 0 where it is not told
+    int Scale = -1; ///< of a decimal; -1 where it is not told
 
     /// What it holds, as far as its type tells.
     ColumnKind Kind() const;
@@ -38,7 +38,7 @@ public:
 
     const std::vector<HostColumn>& Columns() const { return columns_; }
     /// As what the columns' values are to be stored; at first as their types tell.
-    void TakeFor(const ResultMetadata& metadata);
+    void SetKinds(const ResultMetadata& metadata);
 
     /// The next row's encoded cells, which live until the next call; none after the last row.
     std::optional<std::string_view> Next();

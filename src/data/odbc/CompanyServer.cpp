@@ -11,7 +11,7 @@ namespace {
 qint64 versionOf(OdbcEngine& engine)
 {
     try {
-        return engine.Link().ReadNumber(engine.Words().VersionQuery());
+        return engine.Link().ReadNumber(engine.DatabaseServer().VersionQuery());
     } catch (const ProviderFailure&) {
         if (engine.Link().IsLost())
             throw;

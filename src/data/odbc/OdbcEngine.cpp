@@ -15,7 +15,7 @@ namespace TradeForms {
 
 namespace {
 
-constexpr int keptStatements = 64;
+constexpr int preparedStatementLimit = 64;
 
 /// A number, which some drivers give as text in what they tell of tables.
 int numberOf(const Cell& cell)
@@ -24,23 +24,23 @@ int numberOf(const Cell& cell)
 }
 
 /// Columns of what drivers tell, by their places.
-namespace Told {
+namespace CatalogueColumn {
 constexpr int Table = 2;
 constexpr int Column = 3;
 constexpr int Type = 4;
 constexpr int Size = 6;
-constexpr int Decimals = 8;
+constexpr int Scale = 8;
 constexpr int Nullable = 10;
 constexpr int IndexName = 5;
 constexpr int IndexColumn = 8;
 constexpr int IndexCondition = 12;
-} // namespace Told
+} // namespace CatalogueColumn
 
 } // namespace
 
 OdbcEngine::OdbcEngine(const QString& connectionString)
     : link_(connectionString), server_(Server::Named(link_.Info(SQL_DBMS_NAME))),
-      prepared_(keptStatements)
+      prepared_(preparedStatementLimit)
 {
     link_.SetLockErrors([this](int number) { return server_->IsLockError(number); });
     run(server_->Settings());
@@ -54,7 +54,7 @@ void OdbcEngine::run(const QStringList& statements)
         link_.Run(statement);
 }
 
-void OdbcEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
+void OdbcEngine::Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
                       Purpose purpose)
 {
     const QByteArray bytes = statement.toUtf8();
@@ -103,25 +103,25 @@ std::unique_ptr<RowWriter> OdbcEngine::LoaderFor(std::shared_ptr<const ResultMet
     return std::make_unique<OdbcLoader>(*this, metadata);
 }
 
-void OdbcEngine::BeginReading()
+void OdbcEngine::BeginReadTransaction()
 {
-    run(server_->BeforeReading());
+    run(server_->BeforeReadTransaction());
     link_.SetAutocommit(false);
     isOpen_ = true;
     try {
         // The first reading is what fixes the moment.
         link_.ReadNumber(server_->VersionQuery());
     } catch (...) {
-        EndReading();
+        EndReadTransaction();
         throw;
     }
 }
 
-void OdbcEngine::EndReading() noexcept
+void OdbcEngine::EndReadTransaction() noexcept
 {
     try {
         rollbackNative();
-        run(server_->AfterReading());
+        run(server_->AfterReadTransaction());
     } catch (const ProviderFailure&) {
         // The connection is gone, and its transaction with it; the next statement will say so.
     }
@@ -140,14 +140,14 @@ void OdbcEngine::beginNative()
 }
 
 /// Each statement is a transaction of its own again.
-void OdbcEngine::endedBelow()
+void OdbcEngine::resumeAutocommit()
 {
     isOpen_ = false;
     try {
         link_.SetAutocommit(true);
     } catch (const ProviderFailure&) {
         // Whatever was done next would be lost in a transaction that no one ends.
-        link_.GiveUp();
+        link_.MarkLost();
     }
 }
 
@@ -160,7 +160,7 @@ void OdbcEngine::commitNative()
             throw;
         throw ProviderFailure(LostInCommitText(failure.Description()), failure.Number());
     }
-    endedBelow();
+    resumeAutocommit();
 }
 
 /// A server undoes the transaction of a session that broke off by itself.
@@ -172,27 +172,27 @@ void OdbcEngine::rollbackNative()
         if (!link_.IsLost())
             throw;
     }
-    endedBelow();
+    resumeAutocommit();
 }
 
 void OdbcEngine::setSavepoint()
 {
-    Guarded([&] { link_.Run(server_->SetMark()); });
+    Guarded([&] { link_.Run(server_->SetSavepoint()); });
 }
 
 void OdbcEngine::releaseSavepoint()
 {
-    Guarded([&] { run(server_->ReleaseMark()); });
+    Guarded([&] { run(server_->ReleaseSavepoint()); });
 }
 
 void OdbcEngine::rollbackToSavepoint()
 {
-    Guarded([&] { run(server_->RollbackToMark()); });
+    Guarded([&] { run(server_->RollbackToSavepoint()); });
 }
 
 /// A server may undo the transaction when a statement fails, as it does to one of two that wait
 /// for each other. What is done next must not begin a new one unseen.
-void OdbcEngine::noteFailure()
+void OdbcEngine::checkTransaction()
 {
     if (!isNativeOpen())
         return;
@@ -257,8 +257,8 @@ QStringList OdbcEngine::TableNames()
                 handle);
     QStringList names;
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
-        const QString name = FromUtf8(CellAt(row.data(), Told::Table).Bytes);
-        if (!server_->IsOwnTable(name))
+        const QString name = FromUtf8(CellAt(row.data(), CatalogueColumn::Table).Bytes);
+        if (!server_->IsSystemTable(name))
             names.append(name);
     });
     names.sort(Qt::CaseInsensitive);
@@ -277,11 +277,12 @@ void OdbcEngine::readColumns(const QString& name, ServerTable& table)
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
         const auto cell = [&](int place) { return CellAt(row.data(), place); };
         // A line under is any letter here.
-        if (!IsSameName(FromUtf8(cell(Told::Table).Bytes), name))
+        if (!IsSameName(FromUtf8(cell(CatalogueColumn::Table).Bytes), name))
             return;
-        table.Columns.push_back({FromUtf8(cell(Told::Column).Bytes), numberOf(cell(Told::Type)),
-                                 numberOf(cell(Told::Size)), numberOf(cell(Told::Decimals)),
-                                 numberOf(cell(Told::Nullable)) != SQL_NO_NULLS});
+        table.Columns.push_back(
+            {FromUtf8(cell(CatalogueColumn::Column).Bytes), numberOf(cell(CatalogueColumn::Type)),
+             numberOf(cell(CatalogueColumn::Size)), numberOf(cell(CatalogueColumn::Scale)),
+             numberOf(cell(CatalogueColumn::Nullable)) != SQL_NO_NULLS});
     });
 }
 
@@ -295,7 +296,7 @@ void OdbcEngine::readPrimaryKey(const QString& name, ServerTable& table)
                                 wanted.Length),
                 handle);
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
-        table.Keys.append(FromUtf8(CellAt(row.data(), Told::Column).Bytes));
+        table.Keys.append(FromUtf8(CellAt(row.data(), CatalogueColumn::Column).Bytes));
     });
 }
 
@@ -313,9 +314,10 @@ void OdbcEngine::readUniqueIndex(const QString& name, ServerTable& table)
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
         const auto cell = [&](int place) { return CellAt(row.data(), place); };
         // One row tells of the table itself, and an index may hold but some of the rows.
-        if (!cell(Told::IndexName).IsNull() && cell(Told::IndexCondition).IsNull())
-            indexes[FromUtf8(cell(Told::IndexName).Bytes)].append(
-                FromUtf8(cell(Told::IndexColumn).Bytes));
+        if (!cell(CatalogueColumn::IndexName).IsNull() &&
+            cell(CatalogueColumn::IndexCondition).IsNull())
+            indexes[FromUtf8(cell(CatalogueColumn::IndexName).Bytes)].append(
+                FromUtf8(cell(CatalogueColumn::IndexColumn).Bytes));
     });
     const auto isNeverNull = [&](const QString& column) {
         const ServerColumn* found = table.Find(column);

@@ -18,17 +18,17 @@ public:
     explicit OdbcEngine(const QString& connectionString);
     ~OdbcEngine() override;
 
-    void Scan(const QString& statement, const Begin& begin, const Each& each,
+    void Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const ResultMetadata> metadata) override;
     std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const ResultMetadata> metadata) override;
     const TradeForms::Dialect& Dialect() const override { return server_->Dialect(); }
 
     QStringList TableNames() override;
-    void BeginReading() override;
-    void EndReading() noexcept override;
+    void BeginReadTransaction() override;
+    void EndReadTransaction() noexcept override;
 
-    const Server& Words() const { return *server_; }
+    const Server& DatabaseServer() const { return *server_; }
     OdbcLink& Link() { return link_; }
 
     /// A statement with question marks for its values, prepared once and kept for the next time.
@@ -46,7 +46,7 @@ public:
         try {
             return operation();
         } catch (const ProviderFailure&) {
-            noteFailure();
+            checkTransaction();
             throw;
         }
     }
@@ -65,8 +65,8 @@ private:
     void rollbackToSavepoint() override;
 
     void run(const QStringList& statements);
-    void endedBelow();
-    void noteFailure();
+    void resumeAutocommit();
+    void checkTransaction();
     std::shared_ptr<const ResultMetadata>
     metadataOf(std::vector<Column> columns, const QString& statement, Purpose purpose) const;
     void readColumns(const QString& name, ServerTable& table);

@@ -12,7 +12,7 @@ namespace TradeForms {
 
 namespace {
 
-constexpr int longestMessage = 4096;
+constexpr int maxMessageLength = 4096;
 
 /// Drivers put their own names in front, each in brackets.
 QString withoutDriverNames(QString text)
@@ -24,38 +24,39 @@ QString withoutDriverNames(QString text)
 
 } // namespace
 
-OdbcLink::Report OdbcLink::readReport(SQLSMALLINT type, SQLHANDLE handle)
+OdbcLink::Diagnostics OdbcLink::readDiagnostics(SQLSMALLINT type, SQLHANDLE handle)
 {
-    Report report;
+    Diagnostics diagnostics;
     QStringList texts;
     for (SQLSMALLINT record = 1;; ++record) {
         std::array<SQLWCHAR, SQL_SQLSTATE_SIZE + 1> state{};
-        std::array<SQLWCHAR, longestMessage> message{};
+        std::array<SQLWCHAR, maxMessageLength> message{};
         SQLINTEGER number = 0;
         SQLSMALLINT length = 0;
         if (!SQL_SUCCEEDED(SQLGetDiagRecW(type, handle, record, state.data(), &number,
                                           message.data(), SQLSMALLINT(message.size()), &length)))
             break;
         if (record == 1) {
-            report.State = FromOdbcText(state.data(), SQL_SQLSTATE_SIZE);
-            report.Number = number;
+            diagnostics.State = FromOdbcText(state.data(), SQL_SQLSTATE_SIZE);
+            diagnostics.Number = number;
         }
         const QString text = withoutDriverNames(
-            FromOdbcText(message.data(), std::min<qsizetype>(length, longestMessage - 1)));
+            FromOdbcText(message.data(), std::min<qsizetype>(length, maxMessageLength - 1)));
         if (!text.isEmpty() && !texts.contains(text))
             texts.append(text);
     }
-    report.Text = texts.isEmpty() ? QStringLiteral("The database reported a failure and gave no "
-                                                   "reason.")
-                                  : texts.join(u'\n');
-    return report;
+    diagnostics.Text = texts.isEmpty()
+                           ? QStringLiteral("The database reported a failure and gave no "
+                                            "reason.")
+                           : texts.join(u'\n');
+    return diagnostics;
 }
 
-QString OdbcLink::textFor(const Report& report) const
+QString OdbcLink::textFor(const Diagnostics& diagnostics) const
 {
-    const bool isInUse =
-        report.State == QLatin1String("40001") || (isLockError_ && isLockError_(report.Number));
-    return isInUse ? InUseText(report.Text) : report.Text;
+    const bool isInUse = diagnostics.State == QLatin1String("40001") ||
+                         (isLockError_ && isLockError_(diagnostics.Number));
+    return isInUse ? InUseText(diagnostics.Text) : diagnostics.Text;
 }
 
 OdbcLink::OdbcLink(const QString& connectionString) : environment_(SQL_NULL_HANDLE)
@@ -68,9 +69,10 @@ OdbcLink::OdbcLink(const QString& connectionString) : environment_(SQL_NULL_HAND
                                                SQLSMALLINT(connectionString.size()), nullptr, 0,
                                                &length, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) {
-        const Report report = readReport(SQL_HANDLE_DBC, session_.Get());
+        const Diagnostics diagnostics = readDiagnostics(SQL_HANDLE_DBC, session_.Get());
         throw ProviderFailure(
-            QStringLiteral("The database could not be opened: %1").arg(report.Text), report.Number);
+            QStringLiteral("The database could not be opened: %1").arg(diagnostics.Text),
+            diagnostics.Number);
     }
 }
 
@@ -107,11 +109,12 @@ bool OdbcLink::check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle)
 
 void OdbcLink::raise(SQLSMALLINT type, SQLHANDLE handle)
 {
-    const Report report = readReport(type, handle);
-    if (report.State.startsWith(QLatin1String("08")) || report.State == QLatin1String("HYT01") ||
-        isDead())
+    const Diagnostics diagnostics = readDiagnostics(type, handle);
+    if (diagnostics.State.startsWith(QLatin1String("08")) ||
+        diagnostics.State == QLatin1String("HYT01") || isDead())
         isLost_ = true;
-    throw ProviderFailure(isLost_ ? LostText(report.Text) : textFor(report), report.Number);
+    throw ProviderFailure(isLost_ ? LostText(diagnostics.Text) : textFor(diagnostics),
+                          diagnostics.Number);
 }
 
 bool OdbcLink::isDead()

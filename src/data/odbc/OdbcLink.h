@@ -46,20 +46,20 @@ public:
     /// Whether the connection broke off. Nothing can be done with it any more.
     bool IsLost() const { return isLost_; }
     /// Takes the connection for lost: it is in a state in which it must not be used.
-    void GiveUp() { isLost_ = true; }
+    void MarkLost() { isLost_ = true; }
 
 private:
     /// What was reported of one call.
-    struct Report {
+    struct Diagnostics {
         QString State; ///< SQLSTATE of the first record, five characters
         int Number = 0;
         QString Text;
     };
 
-    static Report readReport(SQLSMALLINT type, SQLHANDLE handle);
+    static Diagnostics readDiagnostics(SQLSMALLINT type, SQLHANDLE handle);
     bool check(SQLRETURN result, SQLSMALLINT type, SQLHANDLE handle);
     [[noreturn]] void raise(SQLSMALLINT type, SQLHANDLE handle);
-    QString textFor(const Report& report) const;
+    QString textFor(const Diagnostics& diagnostics) const;
     bool isDead();
 
     OdbcEnvironment environment_;

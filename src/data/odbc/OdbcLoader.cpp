@@ -19,19 +19,20 @@ OdbcLoader::OdbcLoader(OdbcEngine& engine, const std::shared_ptr<const ResultMet
 {
     const QString& table = metadata->BaseTable();
     const QStringList fields = fieldsOf(*metadata);
-    const QString takeNumbers = engine.Words().TakeGivenNumbers(table, fields);
-    if (takeNumbers.isEmpty())
+    const QString enableIdentityInsert =
+        engine.DatabaseServer().EnableIdentityInsert(table, fields);
+    if (enableIdentityInsert.isEmpty())
         return;
-    engine.Guarded([&] { engine.Link().Run(takeNumbers); });
-    giveNumbersAgain_ = engine.Words().GiveNumbersAgain(table, fields);
+    engine.Guarded([&] { engine.Link().Run(enableIdentityInsert); });
+    disableIdentityInsert_ = engine.DatabaseServer().DisableIdentityInsert(table, fields);
 }
 
 OdbcLoader::~OdbcLoader()
 {
-    if (giveNumbersAgain_.isEmpty())
+    if (disableIdentityInsert_.isEmpty())
         return;
     try {
-        engine_.Link().Run(giveNumbersAgain_);
+        engine_.Link().Run(disableIdentityInsert_);
     } catch (const ProviderFailure&) {
         // The connection is gone, and the setting with it.
     }

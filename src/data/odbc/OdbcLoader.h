@@ -14,7 +14,7 @@ public:
 
 private:
     OdbcEngine& engine_;
-    QString giveNumbersAgain_;
+    QString disableIdentityInsert_;
 };
 
 } // namespace TradeForms

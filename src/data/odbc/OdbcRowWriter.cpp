@@ -52,15 +52,15 @@ qint64 rowsChangedBy(OdbcEngine& engine, const QString& text, Parameters& values
     return rows;
 }
 
-std::string rowGivenBy(OdbcEngine& engine, const QString& text, Parameters& values)
+std::string rowReturnedBy(OdbcEngine& engine, const QString& text, Parameters& values)
 {
-    std::string given;
+    std::string returned;
     execute(engine, text, values, [&](OdbcLink& link, const OdbcStatement& statement) {
-        ResultReader(link, engine.Words(), statement).Read([&](std::string_view row) {
-            given = row;
+        ResultReader(link, engine.DatabaseServer(), statement).Read([&](std::string_view row) {
+            returned = row;
         });
     });
-    return given;
+    return returned;
 }
 
 } // namespace
@@ -81,22 +81,22 @@ const ServerColumn& OdbcRowWriter::serverColumn(int index) const
 }
 
 /// Of rows that are alike in everything any one will do.
-bool OdbcRowWriter::findsOneOfMany() const
+bool OdbcRowWriter::mayFindDuplicates() const
 {
     return columns_.Keys.isEmpty() && metadata_->Count() == int(columns_.Columns.size());
 }
 
-const OdbcRowWriter::Search& OdbcRowWriter::searchFor(const char* original)
+const OdbcRowWriter::RowCondition& OdbcRowWriter::conditionFor(const char* original)
 {
     const int count = metadata_->Count();
     std::vector<bool> nulls;
     const char* at = original;
     for (int index = 0; index < count; ++index)
         nulls.push_back(ReadCell(at).IsNull());
-    if (nulls == search_.Nulls)
-        return search_;
+    if (nulls == condition_.Nulls)
+        return condition_;
 
-    search_ = {nulls, {}, {}};
+    condition_ = {nulls, {}, {}};
     QStringList conditions;
     for (int index = 0; index < count; ++index) {
         const ServerColumn& column = serverColumn(index);
@@ -105,14 +105,14 @@ const OdbcRowWriter::Search& OdbcRowWriter::searchFor(const char* original)
             continue;
         }
         // A key is compared as the table compares it, which an index serves.
-        const Server::Condition condition = columns_.IsKey(column.Name)
-                                                ? engine_.Words().Equals(column)
-                                                : engine_.Words().IsExactly(column);
-        conditions.append(condition.Text);
-        search_.Columns.insert(search_.Columns.end(), std::size_t(condition.Values), index);
+        const Server::Condition equality = columns_.IsKey(column.Name)
+                                               ? engine_.DatabaseServer().Equals(column)
+                                               : engine_.DatabaseServer().IsExactly(column);
+        conditions.append(equality.Text);
+        condition_.Columns.insert(condition_.Columns.end(), std::size_t(equality.Values), index);
     }
-    search_.Text = conditions.join(QLatin1String(" and "));
-    return search_;
+    condition_.Text = conditions.join(QLatin1String(" and "));
+    return condition_;
 }
 
 std::string OdbcRowWriter::Insert(const char* row, const std::vector<bool>& touched)
@@ -133,22 +133,22 @@ std::string OdbcRowWriter::Insert(const char* row, const std::vector<bool>& touc
         values.Add(cell, column);
     }
     // What was left out the table fills in: defaults and numbers of its own.
-    const QStringList given = chosen.size() == all.size() ? QStringList() : all;
-    const Server::Insertion insertion =
-        engine_.Words().InsertStatement(table_, chosen.join(u", "_s), marks.join(u", "_s), given);
-    if (given.isEmpty() || !insertion.ReadBack.isEmpty())
+    const QStringList returned = chosen.size() == all.size() ? QStringList() : all;
+    const Server::Insertion insertion = engine_.DatabaseServer().InsertStatement(
+        table_, chosen.join(u", "_s), marks.join(u", "_s), returned);
+    if (returned.isEmpty() || !insertion.ReadBack.isEmpty())
         rowsChangedBy(engine_, insertion.Text, values);
     else
-        return rowGivenBy(engine_, insertion.Text, values);
+        return rowReturnedBy(engine_, insertion.Text, values);
     Parameters none;
     return insertion.ReadBack.isEmpty() ? std::string()
-                                        : rowGivenBy(engine_, insertion.ReadBack, none);
+                                        : rowReturnedBy(engine_, insertion.ReadBack, none);
 }
 
 qint64 OdbcRowWriter::Update(const char* original, const char* row,
                              const std::vector<bool>& touched)
 {
-    const Search& search = searchFor(original);
+    const RowCondition& condition = conditionFor(original);
     QStringList settings;
     Parameters values;
     for (int index = 0; index < metadata_->Count(); ++index) {
@@ -159,22 +159,24 @@ qint64 OdbcRowWriter::Update(const char* original, const char* row,
         settings.append(QuotedName(column.Name) + QLatin1String(" = ?"));
         values.Add(cell, column);
     }
-    for (const int index : search.Columns)
+    for (const int index : condition.Columns)
         values.Add(CellAt(original, index), serverColumn(index));
     return rowsChangedBy(engine_,
-                         engine_.Words().UpdateStatement(table_, settings.join(u", "_s),
-                                                         search.Text, findsOneOfMany()),
+                         engine_.DatabaseServer().UpdateStatement(
+                             table_, settings.join(u", "_s), condition.Text, mayFindDuplicates()),
                          values);
 }
 
 qint64 OdbcRowWriter::Delete(const char* original)
 {
-    const Search& search = searchFor(original);
+    const RowCondition& condition = conditionFor(original);
     Parameters values;
-    for (const int index : search.Columns)
+    for (const int index : condition.Columns)
         values.Add(CellAt(original, index), serverColumn(index));
     return rowsChangedBy(
-        engine_, engine_.Words().DeleteStatement(table_, search.Text, findsOneOfMany()), values);
+        engine_,
+        engine_.DatabaseServer().DeleteStatement(table_, condition.Text, mayFindDuplicates()),
+        values);
 }
 
 } // namespace TradeForms

@@ -15,21 +15,21 @@ public:
 
 private:
     /// What finds a row: each value stands as often as the condition takes it, a null not at all.
-    struct Search {
+    struct RowCondition {
         std::vector<bool> Nulls; ///< for which it was made
         QString Text;
         std::vector<int> Columns; ///< whose values it takes, in their order
     };
 
     const ServerColumn& serverColumn(int index) const;
-    const Search& searchFor(const char* original);
-    bool findsOneOfMany() const;
+    const RowCondition& conditionFor(const char* original);
+    bool mayFindDuplicates() const;
 
     OdbcEngine& engine_;
     std::shared_ptr<const ResultMetadata> metadata_;
     QString table_;
     const ServerTable& columns_;
-    Search search_;
+    RowCondition condition_;
 };
 
 } // namespace TradeForms

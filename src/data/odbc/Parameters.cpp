@@ -9,7 +9,7 @@ namespace TradeForms {
 
 namespace {
 
-constexpr SQLULEN longestShortText = 4000; // letters
+constexpr SQLULEN maxVarcharLength = 4000; // letters
 
 bool isBinary(const ServerColumn& column)
 {
@@ -27,7 +27,7 @@ bool isMoment(const ServerColumn& column)
     return column.Type == SQL_TYPE_DATE || column.Type == SQL_TYPE_TIMESTAMP;
 }
 
-bool fitsShort(qint64 number)
+bool fitsInt32(qint64 number)
 {
     using Limits = std::numeric_limits<SQLINTEGER>;
     return number >= Limits::min() && number <= Limits::max();
@@ -53,13 +53,13 @@ Parameters::Value Parameters::numberFor(const Cell& cell, const ServerColumn& co
     const bool isInteger = cell.Kind == Cell::Type::Integer;
     if (isDecimal(column)) {
         value.Bytes = isInteger ? QByteArray::number(qlonglong(cell.Integer))
-                                : QByteArray::number(cell.Real, 'f', column.Decimals);
+                                : QByteArray::number(cell.Real, 'f', column.Scale);
         value.Size = SQLULEN(value.Bytes.size());
         value.Length = SQLLEN(value.Bytes.size());
     } else if (isInteger) {
         value.Type = SQL_C_SBIGINT;
         // Of the column's own width, as far as it fits: a wider one may keep an index out.
-        value.SqlType = fitsShort(cell.Integer) ? SQL_INTEGER : SQL_BIGINT;
+        value.SqlType = fitsInt32(cell.Integer) ? SQL_INTEGER : SQL_BIGINT;
         value.Size = 0;
         value.Integer = cell.Integer;
         value.Length = sizeof value.Integer;
@@ -85,9 +85,9 @@ Parameters::Value Parameters::textFor(const Cell& cell, const ServerColumn& colu
         value.Bytes = QByteArray(reinterpret_cast<const char*>(text.utf16()),
                                  text.size() * qsizetype(sizeof(char16_t)));
         // One size for all that fit, so that the server keeps one plan.
-        value.Size = std::clamp<SQLULEN>(SQLULEN(column.Size), 1, longestShortText);
+        value.Size = std::clamp<SQLULEN>(SQLULEN(column.Size), 1, maxVarcharLength);
         value.Size = std::max(value.Size, SQLULEN(text.size()));
-        value.SqlType = value.Size <= longestShortText ? SQL_WVARCHAR : SQL_WLONGVARCHAR;
+        value.SqlType = value.Size <= maxVarcharLength ? SQL_WVARCHAR : SQL_WLONGVARCHAR;
     }
     value.Length = SQLLEN(value.Bytes.size());
     return value;

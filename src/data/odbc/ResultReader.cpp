@@ -11,12 +11,12 @@ namespace TradeForms {
 namespace {
 
 // What SQL Server's drivers call its own types.
-constexpr SQLSMALLINT momentWithOffset = -155;
+constexpr SQLSMALLINT dateTimeOffset = -155;
 
-constexpr qint64 longestBounded = 4000;        // letters
-constexpr std::size_t blockBytes = 512 * 1024; // held by the rows that are fetched at once
-constexpr std::size_t mostRows = 512;
-constexpr std::size_t pieceBytes = 16 * 1024; // of a long value
+constexpr qint64 maxBoundLength = 4000;           // letters
+constexpr std::size_t maxBlockBytes = 512 * 1024; // held by the rows that are fetched at once
+constexpr std::size_t maxBlockRows = 512;
+constexpr std::size_t chunkBytes = 16 * 1024; // of a long value
 
 ColumnKind kindOf(SQLSMALLINT sqlType)
 {
@@ -37,7 +37,7 @@ ColumnKind kindOf(SQLSMALLINT sqlType)
     case SQL_TYPE_DATE:
         return ColumnKind::Date;
     case SQL_TYPE_TIMESTAMP:
-    case momentWithOffset:
+    case dateTimeOffset:
         return ColumnKind::DateTime;
     case SQL_BINARY:
     case SQL_VARBINARY:
@@ -118,8 +118,8 @@ ResultReader::Buffer ResultReader::bufferFor(int column)
     const bool isSized = buffer.Type == SQL_C_WCHAR || buffer.Type == SQL_C_BINARY;
     const qint64 length = isSized ? numberAttribute(column, SQL_DESC_LENGTH) : 0;
     // What an expression gives may be longer than what its first row does.
-    buffer.IsBounded = !isSized || (buffer.IsTyped && length > 0 && length <= longestBounded);
-    buffer.Width = buffer.IsBounded ? widthOf(buffer.Type, std::size_t(length)) : pieceBytes;
+    buffer.IsBounded = !isSized || (buffer.IsTyped && length > 0 && length <= maxBoundLength);
+    buffer.Width = buffer.IsBounded ? widthOf(buffer.Type, std::size_t(length)) : chunkBytes;
     return buffer;
 }
 
@@ -182,8 +182,8 @@ void ResultReader::prepareBlocks()
         std::size_t rowBytes = 0;
         for (const Buffer& buffer : columns_)
             rowBytes += buffer.Width + sizeof(SQLLEN);
-        blockSize_ =
-            std::clamp(blockBytes / std::max<std::size_t>(rowBytes, 1), std::size_t(1), mostRows);
+        blockSize_ = std::clamp(maxBlockBytes / std::max<std::size_t>(rowBytes, 1), std::size_t(1),
+                                maxBlockRows);
     }
     for (Buffer& buffer : columns_) {
         buffer.Values.resize(buffer.Width * blockSize_);
@@ -191,8 +191,8 @@ void ResultReader::prepareBlocks()
     }
     if (!isBounded())
         return;
-    states_.resize(blockSize_);
-    setBlock(blockSize_, &fetched_, states_.data());
+    rowStatus_.resize(blockSize_);
+    setBlock(blockSize_, &fetched_, rowStatus_.data());
     for (std::size_t column = 0; column < columns_.size(); ++column) {
         Buffer& buffer = columns_[column];
         link_.Check(SQLBindCol(statement_.Get(), SQLUSMALLINT(column + 1), buffer.Type,
@@ -207,12 +207,12 @@ std::size_t ResultReader::fetch()
     fetched_ = 1;
     if (!link_.Check(SQLFetch(statement_.Get()), statement_))
         return 0;
-    if (states_.empty()) {
+    if (rowStatus_.empty()) {
         getColumns();
         return 1;
     }
-    const auto end = states_.begin() + qsizetype(fetched_);
-    if (std::find(states_.begin(), end, SQL_ROW_ERROR) != end)
+    const auto end = rowStatus_.begin() + qsizetype(fetched_);
+    if (std::find(rowStatus_.begin(), end, SQL_ROW_ERROR) != end)
         link_.Check(SQL_ERROR, statement_);
     return fetched_;
 }
@@ -227,17 +227,17 @@ void ResultReader::getColumns()
                                    buffer.Lengths.data()),
                         statement_);
         else
-            getLong(column, buffer);
+            getLongData(column, buffer);
     }
 }
 
 /// Reads a value of any length piece by piece; a text's piece ends in a zero, which is taken off.
-void ResultReader::getLong(int column, Buffer& buffer)
+void ResultReader::getLongData(int column, Buffer& buffer)
 {
     const std::size_t end = buffer.Type == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;
     std::size_t length = 0;
     while (true) {
-        buffer.Values.resize(std::max(buffer.Values.size(), length + pieceBytes));
+        buffer.Values.resize(std::max(buffer.Values.size(), length + chunkBytes));
         const std::size_t room = buffer.Values.size() - length;
         SQLLEN left = 0;
         const bool isThere =
@@ -259,7 +259,7 @@ void ResultReader::getLong(int column, Buffer& buffer)
     buffer.Lengths[0] = SQLLEN(length);
 }
 
-void ResultReader::Read(const Engine::Each& each)
+void ResultReader::Read(const Engine::OnRow& each)
 {
     prepareBlocks();
     while (const std::size_t rows = fetch()) {

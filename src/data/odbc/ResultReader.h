@@ -18,7 +18,7 @@ public:
     /// The columns, with the tables they come from where they are wanted and the driver knows.
     std::vector<Column> Describe(Engine::Purpose purpose);
     /// Hands over every row.
-    void Read(const Engine::Each& each);
+    void Read(const Engine::OnRow& each);
 
 private:
     /// One column's values, of as many rows as are fetched at once.
@@ -41,7 +41,7 @@ private:
     void setBlock(std::size_t rows, SQLULEN* fetched, SQLUSMALLINT* states);
     std::size_t fetch();
     void getColumns();
-    void getLong(int column, Buffer& buffer);
+    void getLongData(int column, Buffer& buffer);
     void append(const Buffer& buffer, std::size_t row);
 
     OdbcLink& link_;
@@ -50,7 +50,7 @@ private:
     std::vector<Buffer> columns_;
     std::size_t blockSize_ = 1;
     SQLULEN fetched_ = 0;
-    std::vector<SQLUSMALLINT> states_;
+    std::vector<SQLUSMALLINT> rowStatus_;
     TextAppender texts_;
     std::string row_; // being read
 };

@@ -35,7 +35,7 @@ bool ServerTable::IsKey(const QString& name) const
 
 Server::~Server() = default;
 
-bool Server::IsOwnTable(const QString& table) const
+bool Server::IsSystemTable(const QString& table) const
 {
     return IsSameName(table, u"SchemaVersion") || IsSameName(table, u"StockLevels");
 }

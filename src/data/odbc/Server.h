@@ -21,7 +21,7 @@ struct ServerColumn {
     QString Name;
     int Type = 0; ///< SQL_VARCHAR and the like
     int Size = 0; ///< letters or digits; 0 without a limit
-    int Decimals = 0;
+    int Scale = 0;
     bool IsNullable = true;
 };
 
@@ -59,10 +59,10 @@ public:
 
     /// A statement with which a transaction begins and which takes the company's write lock.
     virtual QString TakeLock() const = 0;
-    virtual QString SetMark() const = 0;
+    virtual QString SetSavepoint() const = 0;
     /// Empty where marks go by themselves.
-    virtual QStringList ReleaseMark() const = 0;
-    virtual QStringList RollbackToMark() const = 0;
+    virtual QStringList ReleaseSavepoint() const = 0;
+    virtual QStringList RollbackToSavepoint() const = 0;
     /// Whether the transaction that was begun is open still, asked after a failure: a server
     /// may have undone it by itself.
     virtual bool IsTransactionOpen(OdbcLink& link) const = 0;
@@ -70,15 +70,21 @@ public:
     virtual bool IsLockError(int number) const { return IsLockNumber(number); }
 
     /// Statements before and after a transaction that reads as at one moment.
-    virtual QStringList BeforeReading() const { return {}; }
-    virtual QStringList AfterReading() const { return {}; }
+    virtual QStringList BeforeReadTransaction() const { return {}; }
+    virtual QStringList AfterReadTransaction() const { return {}; }
     /// A statement after which rows of a table are added with the numbers that the server gives
     /// otherwise, if such a number is among the columns; and one after which they are not. Empty
     /// where a row may have such a number at any time.
-    virtual QString TakeGivenNumbers(const QString&, const QStringList&) const { return QString(); }
-    virtual QString GiveNumbersAgain(const QString&, const QStringList&) const { return QString(); }
+    virtual QString EnableIdentityInsert(const QString&, const QStringList&) const
+    {
+        return QString();
+    }
+    virtual QString DisableIdentityInsert(const QString&, const QStringList&) const
+    {
+        return QString();
+    }
     /// Whether a table is no part of the company: the database keeps it up by itself.
-    virtual bool IsOwnTable(const QString& table) const;
+    virtual bool IsSystemTable(const QString& table) const;
 
     /// Whether a column that comes from no table is of the type that the driver tells. Where it
     /// is not, each value tells its own.
@@ -99,9 +105,9 @@ public:
     virtual Condition IsExactly(const ServerColumn& column) const = 0;
 
     virtual QString UpdateStatement(const QString& table, const QString& settings,
-                                    const QString& where, bool isOfOneRow) const = 0;
+                                    const QString& where, bool isSingleRow) const = 0;
     virtual QString DeleteStatement(const QString& table, const QString& where,
-                                    bool isOfOneRow) const = 0;
+                                    bool isSingleRow) const = 0;
     /// Adds a row and gives the columns of the row as the table then holds it. Where one
     /// statement cannot do both, `readBack` is the second.
     struct Insertion {
@@ -109,7 +115,7 @@ public:
         QString ReadBack;
     };
     virtual Insertion InsertStatement(const QString& table, const QString& columns,
-                                      const QString& values, const QStringList& given) const = 0;
+                                      const QString& values, const QStringList& returned) const = 0;
 
 protected:
     explicit Server(TradeForms::Dialect dialect) : dialect_(std::move(dialect)) {}

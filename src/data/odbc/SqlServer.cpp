@@ -22,7 +22,7 @@ QString castParameter(const ServerColumn& column)
         return QStringLiteral("cast(? as nvarchar(max))");
     case SQL_DECIMAL:
     case SQL_NUMERIC:
-        return QStringLiteral("cast(? as decimal(%1, %2))").arg(column.Size).arg(column.Decimals);
+        return QStringLiteral("cast(? as decimal(%1, %2))").arg(column.Size).arg(column.Scale);
     default:
         return QStringLiteral("?");
     }
@@ -77,7 +77,7 @@ QString SqlServer::VersionQuery() const
 }
 
 /// Where the database keeps no older versions of rows, whoever writes has to wait.
-QStringList SqlServer::BeforeReading() const
+QStringList SqlServer::BeforeReadTransaction() const
 {
     return {QStringLiteral("if exists (select * from sys.databases where database_id = db_id() and "
                            "snapshot_isolation_state = 1) "
@@ -85,25 +85,25 @@ QStringList SqlServer::BeforeReading() const
                            "else set transaction isolation level serializable")};
 }
 
-QStringList SqlServer::AfterReading() const
+QStringList SqlServer::AfterReadTransaction() const
 {
     return {QStringLiteral("set transaction isolation level read committed")};
 }
 
-QString SqlServer::TakeGivenNumbers(const QString& table, const QStringList& columns) const
+QString SqlServer::EnableIdentityInsert(const QString& table, const QStringList& columns) const
 {
     return setIdentityInsert(table, columns, QStringLiteral("on"));
 }
 
-QString SqlServer::GiveNumbersAgain(const QString& table, const QStringList& columns) const
+QString SqlServer::DisableIdentityInsert(const QString& table, const QStringList& columns) const
 {
     return setIdentityInsert(table, columns, QStringLiteral("off"));
 }
 
 /// What its tools for diagrams leave in a database.
-bool SqlServer::IsOwnTable(const QString& table) const
+bool SqlServer::IsSystemTable(const QString& table) const
 {
-    return table == QLatin1String("sysdiagrams") || Server::IsOwnTable(table);
+    return table == QLatin1String("sysdiagrams") || Server::IsSystemTable(table);
 }
 
 QString SqlServer::TakeLock() const
@@ -111,14 +111,14 @@ QString SqlServer::TakeLock() const
     return TransactSql::TakeLock();
 }
 
-QString SqlServer::SetMark() const
+QString SqlServer::SetSavepoint() const
 {
-    return TransactSql::SetMark();
+    return TransactSql::SetSavepoint();
 }
 
-QStringList SqlServer::RollbackToMark() const
+QStringList SqlServer::RollbackToSavepoint() const
 {
-    return {TransactSql::RollbackToMark()};
+    return {TransactSql::RollbackToSavepoint()};
 }
 
 bool SqlServer::IsTransactionOpen(OdbcLink& link) const
@@ -147,21 +147,22 @@ Server::Condition SqlServer::IsExactly(const ServerColumn& column) const
 }
 
 QString SqlServer::UpdateStatement(const QString& table, const QString& settings,
-                                   const QString& where, bool isOfOneRow) const
+                                   const QString& where, bool isSingleRow) const
 {
-    return TransactSql::UpdateStatement(table, settings, where, isOfOneRow);
+    return TransactSql::UpdateStatement(table, settings, where, isSingleRow);
 }
 
 QString SqlServer::DeleteStatement(const QString& table, const QString& where,
-                                   bool isOfOneRow) const
+                                   bool isSingleRow) const
 {
-    return TransactSql::DeleteStatement(table, where, isOfOneRow);
+    return TransactSql::DeleteStatement(table, where, isSingleRow);
 }
 
 Server::Insertion SqlServer::InsertStatement(const QString& table, const QString& columns,
-                                             const QString& values, const QStringList& given) const
+                                             const QString& values,
+                                             const QStringList& returned) const
 {
-    return {TransactSql::InsertStatement(table, columns, values, given), {}};
+    return {TransactSql::InsertStatement(table, columns, values, returned), {}};
 }
 
 } // namespace TradeForms

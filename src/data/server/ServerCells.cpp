@@ -15,22 +15,22 @@ void put(char*& at, int number, int digits)
     at += digits;
 }
 
-void putDate(char*& at, const Moment& moment)
+void putDate(char*& at, const Timestamp& timestamp)
 {
-    put(at, moment.Year, 4);
+    put(at, timestamp.Year, 4);
     *at++ = '-';
-    put(at, moment.Month, 2);
+    put(at, timestamp.Month, 2);
     *at++ = '-';
-    put(at, moment.Day, 2);
+    put(at, timestamp.Day, 2);
 }
 
-void putTime(char*& at, const Moment& moment)
+void putTime(char*& at, const Timestamp& timestamp)
 {
-    put(at, moment.Hour, 2);
+    put(at, timestamp.Hour, 2);
     *at++ = ':';
-    put(at, moment.Minute, 2);
+    put(at, timestamp.Minute, 2);
     *at++ = ':';
-    put(at, moment.Second, 2);
+    put(at, timestamp.Second, 2);
 }
 
 } // namespace
@@ -60,21 +60,21 @@ Cell CellOfNumber(double number)
     return Cell::FromReal(number);
 }
 
-void AppendDate(std::string& row, const Moment& moment)
+void AppendDate(std::string& row, const Timestamp& timestamp)
 {
     std::array<char, 10> text{};
     char* at = text.data();
-    putDate(at, moment);
+    putDate(at, timestamp);
     AppendCell(row, Cell::FromText({text.data(), text.size()}));
 }
 
-void AppendDateTime(std::string& row, const Moment& moment)
+void AppendDateTime(std::string& row, const Timestamp& timestamp)
 {
     std::array<char, 19> text{};
     char* at = text.data();
-    putDate(at, moment);
+    putDate(at, timestamp);
     *at++ = ' ';
-    putTime(at, moment);
+    putTime(at, timestamp);
     AppendCell(row, Cell::FromText({text.data(), text.size()}));
 }
 

@@ -17,8 +17,8 @@ Cell CellOfDecimal(std::string_view digits);
 /// A number of a column of numbers: a whole one is stored as such.
 Cell CellOfNumber(double number);
 
-/// A moment by the calendar and the clock.
-struct Moment {
+/// A timestamp by the calendar and the clock.
+struct Timestamp {
     int Year = 0;
     int Month = 0;
     int Day = 0;
@@ -28,8 +28,8 @@ struct Moment {
 };
 
 /// Appends the cell of a date, or of a date and its time.
-void AppendDate(std::string& row, const Moment& moment);
-void AppendDateTime(std::string& row, const Moment& moment);
+void AppendDate(std::string& row, const Timestamp& timestamp);
+void AppendDateTime(std::string& row, const Timestamp& timestamp);
 
 /// Appends the cells of texts; keeps what it needs for it from one to the next.
 class TextAppender {

@@ -19,7 +19,7 @@ public:
         if (!takeWord("select") || !takeColumns() || !takeWord("from"))
             return {};
         std::string_view table = takeName();
-        while (takeSign('.'))
+        while (takeSymbol('.'))
             table = takeName();
         takeAlias();
         return isPlainTail() ? table : std::string_view();
@@ -35,9 +35,9 @@ private:
         return isIt;
     }
 
-    bool takeSign(char sign)
+    bool takeSymbol(char sign)
     {
-        const bool isIt = !isAtEnd() && tokens_[at_].IsSign(sign);
+        const bool isIt = !isAtEnd() && tokens_[at_].IsSymbol(sign);
         at_ += isIt;
         return isIt;
     }
@@ -62,12 +62,12 @@ private:
     bool takeColumns()
     {
         do {
-            bool isColumn = takeSign('*') || !takeName().empty();
-            while (isColumn && takeSign('.'))
-                isColumn = takeSign('*') || !takeName().empty();
+            bool isColumn = takeSymbol('*') || !takeName().empty();
+            while (isColumn && takeSymbol('.'))
+                isColumn = takeSymbol('*') || !takeName().empty();
             if (!isColumn)
                 return false;
-        } while (takeSign(','));
+        } while (takeSymbol(','));
         return true;
     }
 
@@ -86,7 +86,7 @@ private:
             return false;
         int depth = 0;
         for (std::size_t at = at_; at < tokens_.size(); ++at) {
-            depth += int(tokens_[at].IsSign('(')) - int(tokens_[at].IsSign(')'));
+            depth += int(tokens_[at].IsSymbol('(')) - int(tokens_[at].IsSymbol(')'));
             if (depth == 0 &&
                 tokens_[at].IsOneOf({"group", "having", "union", "except", "intersect", "for"}))
                 return false;
@@ -104,7 +104,7 @@ QString TableOfSimpleQuery(const QString& statement)
 {
     const QByteArray text = statement.toUtf8();
     std::vector<Token> tokens = ReadTokens(ViewOf(text));
-    if (!tokens.empty() && tokens.back().IsSign(';'))
+    if (!tokens.empty() && tokens.back().IsSymbol(';'))
         tokens.pop_back();
     std::string_view table = QueryReader(tokens).Table();
     if (!table.empty() && (table.front() == '[' || table.front() == '"' || table.front() == '`'))

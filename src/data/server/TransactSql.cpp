@@ -25,9 +25,9 @@ bool isBeginning(const Token& token)
         [&](std::string_view word) { return token.IsWord(word); });
 }
 
-QString top(bool isOfOneRow)
+QString top(bool isSingleRow)
 {
-    return isOfOneRow ? QStringLiteral("top (1) ") : QString();
+    return isSingleRow ? QStringLiteral("top (1) ") : QString();
 }
 
 QString literal(QString text, const QString& prefix)
@@ -71,8 +71,8 @@ void TransactSql::RequireOneStatement(const std::vector<Token>& tokens)
     int depth = 0;
     for (std::size_t at = 1; at < tokens.size(); ++at) {
         const Token& token = tokens[at];
-        depth += int(token.IsSign('(')) - int(token.IsSign(')'));
-        const bool isPartOfName = tokens[at - 1].IsSign('.') || tokens[at - 1].IsWord("as");
+        depth += int(token.IsSymbol('(')) - int(token.IsSymbol(')'));
+        const bool isPartOfName = tokens[at - 1].IsSymbol('.') || tokens[at - 1].IsWord("as");
         const bool isInsertsSource =
             at > 1 && tokens.front().IsWord("insert") && token.IsOneOf({"exec", "execute"});
         if (depth == 0 && !isPartOfName && !isInsertsSource && isBeginning(token))
@@ -85,12 +85,12 @@ QString TransactSql::TakeLock()
     return QStringLiteral("select Version from dbo.SchemaVersion with (updlock, holdlock)");
 }
 
-QString TransactSql::SetMark()
+QString TransactSql::SetSavepoint()
 {
     return QStringLiteral("save transaction mark");
 }
 
-QString TransactSql::RollbackToMark()
+QString TransactSql::RollbackToSavepoint()
 {
     return QStringLiteral("rollback transaction mark");
 }
@@ -101,23 +101,23 @@ QString TransactSql::CountTransactions()
 }
 
 QString TransactSql::UpdateStatement(const QString& table, const QString& settings,
-                                     const QString& where, bool isOfOneRow)
+                                     const QString& where, bool isSingleRow)
 {
-    return QStringLiteral("update ") + top(isOfOneRow) + table + QLatin1String(" set ") + settings +
-           QLatin1String(" where ") + where;
+    return QStringLiteral("update ") + top(isSingleRow) + table + QLatin1String(" set ") +
+           settings + QLatin1String(" where ") + where;
 }
 
-QString TransactSql::DeleteStatement(const QString& table, const QString& where, bool isOfOneRow)
+QString TransactSql::DeleteStatement(const QString& table, const QString& where, bool isSingleRow)
 {
-    return QStringLiteral("delete ") + top(isOfOneRow) + QLatin1String("from ") + table +
+    return QStringLiteral("delete ") + top(isSingleRow) + QLatin1String("from ") + table +
            QLatin1String(" where ") + where;
 }
 
 QString TransactSql::InsertStatement(const QString& table, const QString& columns,
-                                     const QString& values, const QStringList& given)
+                                     const QString& values, const QStringList& returned)
 {
     QStringList inserted;
-    for (const QString& column : given)
+    for (const QString& column : returned)
         inserted.append(QStringLiteral("inserted.") + column);
     const QString output = inserted.isEmpty()
                                ? QString()

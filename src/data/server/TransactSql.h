@@ -31,8 +31,8 @@ void RequireOneStatement(const std::vector<Token>& tokens);
 /// Takes the company's write lock within a transaction. Two who begin one wait for each other
 /// here, and those who only read do not wait.
 QString TakeLock();
-QString SetMark();
-QString RollbackToMark();
+QString SetSavepoint();
+QString RollbackToSavepoint();
 /// How many transactions are open.
 QString CountTransactions();
 
@@ -40,11 +40,11 @@ QString CountTransactions();
 // everything, one of them is written.
 
 QString UpdateStatement(const QString& table, const QString& settings, const QString& where,
-                        bool isOfOneRow);
-QString DeleteStatement(const QString& table, const QString& where, bool isOfOneRow);
+                        bool isSingleRow);
+QString DeleteStatement(const QString& table, const QString& where, bool isSingleRow);
 /// Adds a row, and gives the columns that are wanted of it as the table then holds them.
 QString InsertStatement(const QString& table, const QString& columns, const QString& values,
-                        const QStringList& given);
+                        const QStringList& returned);
 
 } // namespace TransactSql
 

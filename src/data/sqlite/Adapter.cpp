@@ -96,15 +96,15 @@ private:
         QByteArray Alias;    ///< of the item, given in front of it
     };
 
-    bool isSignAt(std::size_t index, char sign) const
+    bool isSymbolAt(std::size_t index, char sign) const
     {
-        return index < tokens_.size() && tokens_[index].IsSign(sign);
+        return index < tokens_.size() && tokens_[index].IsSymbol(sign);
     }
 
     AdaptedStatement::Call readCall()
     {
         std::size_t at = 1;
-        if (at < tokens_.size() && tokens_[at].IsWord("dbo") && isSignAt(at + 1, '.'))
+        if (at < tokens_.size() && tokens_[at].IsWord("dbo") && isSymbolAt(at + 1, '.'))
             at += 2;
         if (at >= tokens_.size() || tokens_[at].Kind != Token::Type::Word)
             raiseSyntax(tokens_.front().Text);
@@ -112,7 +112,7 @@ private:
         call.Name = ToBytes(tokens_[at].Text);
         for (++at; at < tokens_.size(); ++at) {
             if (!call.Arguments.isEmpty()) {
-                if (!isSignAt(at, ',') || at + 1 >= tokens_.size())
+                if (!isSymbolAt(at, ',') || at + 1 >= tokens_.size())
                     raiseSyntax(tokens_[at].Text);
                 ++at;
             }
@@ -124,7 +124,7 @@ private:
     QByteArray readArgument(std::size_t& at)
     {
         QByteArray sign;
-        if (isSignAt(at, '-') && at + 1 < tokens_.size()) {
+        if (isSymbolAt(at, '-') && at + 1 < tokens_.size()) {
             sign = "-";
             ++at;
         }
@@ -183,8 +183,8 @@ private:
         if (levels_.back().InSelectList && rewriteSelectItem(at))
             return;
         switch (token.Kind) {
-        case Token::Type::Sign:
-            return rewriteSign(at);
+        case Token::Type::Symbol:
+            return rewriteSymbol(at);
         case Token::Type::Word:
             return rewriteWord(at);
         case Token::Type::Literal:
@@ -201,10 +201,10 @@ private:
     {
         Level& level = levels_.back();
         const Token& token = tokens_[at];
-        if (token.IsSign(',')) {
+        if (token.IsSymbol(',')) {
             putAlias();
             level.AtItem = true;
-        } else if (token.IsSign(')')) {
+        } else if (token.IsSymbol(')')) {
             putAlias();
         } else if (token.IsOneOf({"from", "into", "where", "group", "having", "order", "union",
                                   "except", "intersect"})) {
@@ -212,7 +212,7 @@ private:
             level.InSelectList = false;
         } else if (level.AtItem && !token.IsOneOf({"distinct", "all"})) {
             level.AtItem = false;
-            if (isSignAt(at + 1, '=')) {
+            if (isSymbolAt(at + 1, '=')) {
                 copyTo(token.Text.data());
                 level.Alias = aliasOf(token);
                 ++at;
@@ -230,7 +230,7 @@ private:
         return ToBytes(token.Text);
     }
 
-    void rewriteSign(std::size_t at)
+    void rewriteSymbol(std::size_t at)
     {
         const Token& token = tokens_[at];
         copy(token);
@@ -264,7 +264,7 @@ private:
     {
         put(suffix);
         const std::size_t next = parenthesis + 1;
-        if (!suffix.empty() && next < tokens_.size() && tokens_[next].Kind != Token::Type::Sign &&
+        if (!suffix.empty() && next < tokens_.size() && tokens_[next].Kind != Token::Type::Symbol &&
             tokens_[next].Text.data() == copied_)
             put(" ");
     }
@@ -273,9 +273,9 @@ private:
     {
         const Token& token = tokens_[at];
         Level& level = levels_.back();
-        if (token.IsWord("dbo") && isSignAt(at + 1, '.')) {
+        if (token.IsWord("dbo") && isSymbolAt(at + 1, '.')) {
             // What stood apart must not meet: it might begin a comment, or make two literals one.
-            const bool isApart = at == 0 || isSignAt(at - 1, '(') || isSignAt(at - 1, ',');
+            const bool isApart = at == 0 || isSymbolAt(at - 1, '(') || isSymbolAt(at - 1, ',');
             replace(token, isApart || *(token.Text.data() - 1) == ' ' ? "" : " ");
             replace(tokens_[++at], "");
         } else if (token.IsWord("select")) {
@@ -284,10 +284,10 @@ private:
             copy(token);
         } else if (isCallOf("dateadd", level) && level.Argument == 0) {
             replaceByLiteral(at);
-        } else if (isSignAt(at + 1, '(') && !(at > 0 && tokens_[at - 1].IsWord("into")) &&
+        } else if (isSymbolAt(at + 1, '(') && !(at > 0 && tokens_[at - 1].IsWord("into")) &&
                    functionNamed(token)) {
             nextCall_ = functionNamed(token);
-            noteDateArgument(level);
+            checkDateArgument(level);
             rewriteCall(token, level);
         } else if (token.IsWord("where")) {
             copy(token);
@@ -328,13 +328,13 @@ private:
     /// condition of its own; 0 where it is not.
     std::size_t endOfDateRange(std::size_t name) const
     {
-        if (isSignAt(name + 1, '.'))
+        if (isSymbolAt(name + 1, '.'))
             name += 2;
         const std::size_t end = name + 5;
         const bool isRange = end <= tokens_.size() && isName(tokens_[name]) &&
                              tokens_[name + 1].IsWord("between") && isDate(tokens_[name + 2]) &&
                              tokens_[name + 3].IsWord("and") && isDate(tokens_[name + 4]);
-        const bool isWhole = end >= tokens_.size() || tokens_[end].IsSign(')') ||
+        const bool isWhole = end >= tokens_.size() || tokens_[end].IsSymbol(')') ||
                              tokens_[end].IsOneOf({"and", "or", "group", "order"});
         return isRange && isWhole ? end : 0;
     }
@@ -382,17 +382,17 @@ private:
         return level.Call && level.Call->Name == name;
     }
 
-    void noteDateArgument(Level& level)
+    void checkDateArgument(Level& level)
     {
         const bool isDate = nextCall_->Name == "dateadd" || nextCall_->Name == "getdate";
         if (isDate && isCallOf("isnull", level) && level.Argument == 0)
-            level.Call = &dateInstead;
+            level.Call = &isnullOfDate;
     }
 
     /// A text that stands in for a date which is null is a date.
     void rewriteLiteral(const Token& token)
     {
-        if (levels_.back().Call == &dateInstead) {
+        if (levels_.back().Call == &isnullOfDate) {
             const QDateTime moment = momentIn(token);
             if (moment.isValid()) {
                 const bool hasTime = contentOf(token.Text).size() > 10;
@@ -403,7 +403,7 @@ private:
         copy(token);
     }
 
-    static constexpr Function dateInstead{"isnull", "ifnull", asText};
+    static constexpr Function isnullOfDate{"isnull", "ifnull", asText};
 
     std::string_view text_;
     std::vector<Token> tokens_;

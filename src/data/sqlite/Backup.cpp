@@ -21,7 +21,7 @@ namespace {
 /// Who works in a company holds it all day; there is no sense in waiting long.
 constexpr std::chrono::milliseconds briefWait{1000};
 
-QString stamp(const QDateTime& moment)
+QString timestamp(const QDateTime& moment)
 {
     return moment.toString(QStringLiteral("yyyyMMdd-HHmmss"));
 }
@@ -39,7 +39,7 @@ void requireOtherFile(const QString& company, const QString& target)
 VerifiedCompany verify(const QString& file, const OnProgress& onProgress)
 {
     const auto engine = OpenCompanyToRead(file);
-    const ReadTransaction moment(*engine);
+    const ReadTransaction transaction(*engine);
     CheckDatabase(*engine, file, onProgress);
     return {QFileInfo(file).absoluteFilePath(), QFileInfo(file).size(),
             CountRows(*engine, onProgress)};
@@ -47,7 +47,7 @@ VerifiedCompany verify(const QString& file, const OnProgress& onProgress)
 
 /// Holds a company so that nobody else has it open; null where there is none to hold, or none
 /// that could be opened. Raises Failure where somebody has it open.
-std::unique_ptr<SqliteEngine> holdAlone(const QString& file)
+std::unique_ptr<SqliteEngine> lockExclusively(const QString& file)
 {
     if (!QFileInfo::exists(file))
         return nullptr;
@@ -72,7 +72,7 @@ std::unique_ptr<SqliteEngine> holdAlone(const QString& file)
 
 /// Ends what keeps others out of a file that is about to be replaced. Elsewhere than on Windows
 /// that goes on until the new one stands there.
-void letReplace([[maybe_unused]] std::unique_ptr<SqliteEngine>& held)
+void releaseForReplace([[maybe_unused]] std::unique_ptr<SqliteEngine>& held)
 {
 #ifdef Q_OS_WIN
     // An open file cannot be replaced there, which keeps others out as well.
@@ -86,9 +86,9 @@ VerifiedCompany copyVerified(SqliteEngine& source, PartFile& part, const OnProgr
     const QString name = QString::fromUtf8(sqlite3_db_filename(source.Raw(), "main"));
     QList<TableCount> counts;
     {
-        const ReadTransaction moment(source);
-        part.RequireRoom(ReadInteger(source.Raw(), "PRAGMA page_count") *
-                         ReadInteger(source.Raw(), "PRAGMA page_size"));
+        const ReadTransaction transaction(source);
+        part.RequireSpace(ReadInteger(source.Raw(), "PRAGMA page_count") *
+                          ReadInteger(source.Raw(), "PRAGMA page_size"));
         counts = CountRows(source, onProgress);
         CopyDatabase(source, part.Path(), onProgress);
     }
@@ -106,40 +106,40 @@ VerifiedCompany copyVerified(SqliteEngine& source, PartFile& part, const OnProgr
 /// The company that has to make room: it gets another name, and gets its own back where it is
 /// not to be replaced after all. Its log goes with it, where it could not be brought in: beside
 /// another company it would be taken for that one's.
-class SetAside {
+class FormerCompany {
 public:
-    explicit SetAside(const QString& file) : file_(file), former_(freeName(file))
+    explicit FormerCompany(const QString& file) : file_(file), former_(freeName(file))
     {
         moveLogs(file_, former_);
         hasCompany_ = QFileInfo::exists(file_);
         if (!hasCompany_)
             return;
-        if (!giveSecondName())
+        if (!createHardLink())
             MoveOver(file_, former_);
     }
-    ~SetAside()
+    ~FormerCompany()
     {
-        if (isFinal_)
+        if (isKept_)
             return;
         try {
-            putBack();
+            restore();
         } catch (const Failure&) {
             // It is there still, under its other name; the failure that led here is on its way.
         }
     }
-    SetAside(const SetAside&) = delete;
-    SetAside& operator=(const SetAside&) = delete;
+    FormerCompany(const FormerCompany&) = delete;
+    FormerCompany& operator=(const FormerCompany&) = delete;
 
     /// Empty where no company stood there.
     QString Former() const { return hasCompany_ ? former_ : QString(); }
-    void MakeFinal() { isFinal_ = true; }
+    void Keep() { isKept_ = true; }
 
 private:
     static QString freeName(const QString& file)
     {
         const QFileInfo info(file);
         const QString stem = info.completeBaseName() + QStringLiteral("-before-restore-") +
-                             stamp(QDateTime::currentDateTime());
+                             timestamp(QDateTime::currentDateTime());
         const QString suffix = info.suffix().isEmpty() ? QString() : u'.' + info.suffix();
         QString name = info.dir().filePath(stem + suffix);
         for (int copy = 2; QFileInfo::exists(name); ++copy)
@@ -155,7 +155,7 @@ private:
     }
 
     /// Where the disk knows second names, the company is at no moment without its own.
-    bool giveSecondName() const
+    bool createHardLink() const
     {
 #ifdef Q_OS_WIN
         // Nobody who has it open keeps it from getting one there, only from losing one.
@@ -168,7 +168,7 @@ private:
 #endif
     }
 
-    void putBack()
+    void restore()
     {
         if (hasCompany_ && IsSameFile(file_, former_)) {
             QFile::remove(former_);
@@ -183,7 +183,7 @@ private:
     QString file_;
     QString former_;
     bool hasCompany_ = false;
-    bool isFinal_ = false;
+    bool isKept_ = false;
 };
 
 /// The restored company as a workstation opens it, which brings an older one up to date and may
@@ -207,10 +207,10 @@ QString backupStem(const QString& company)
     return QFileInfo(company).completeBaseName() + QStringLiteral("-backup-");
 }
 
-bool isStamp(const QString& text)
+bool isTimestamp(const QString& text)
 {
     const QDateTime moment = QDateTime::fromString(text, QStringLiteral("yyyyMMdd-HHmmss"));
-    return moment.isValid() && stamp(moment) == text;
+    return moment.isValid() && timestamp(moment) == text;
 }
 
 } // namespace
@@ -229,13 +229,13 @@ VerifiedCompany BackUpCompany(const QString& company, const QString& target, Exi
     const auto source = OpenCompanyToRead(company);
     requireOtherFile(company, target);
     PartFile part(target, existing);
-    auto former = holdAlone(part.Place());
+    auto former = lockExclusively(part.Place());
     // With a log, those who save do not wait for those who read.
     if (sqlite3_db_readonly(source->Raw(), "main") == 0)
         RunScript(source->Raw(), "PRAGMA journal_mode = WAL");
     VerifiedCompany copy = copyVerified(*source, part, onProgress);
-    letReplace(former);
-    part.TakePlace();
+    releaseForReplace(former);
+    part.MoveToTarget();
     copy.File = part.Place();
     return copy;
 }
@@ -252,19 +252,19 @@ RestoredCompany RestoreCompany(const QString& backup, const QString& company,
     requireOtherFile(backup, company);
     PartFile part(company, Existing::Replace);
     const QString& place = part.Place();
-    auto former = holdAlone(place);
+    auto former = lockExclusively(place);
     const VerifiedCompany copy = copyVerified(*OpenCompanyToRead(backup), part, onProgress);
-    letReplace(former);
-    SetAside aside(place);
-    part.TakePlace();
+    releaseForReplace(former);
+    FormerCompany aside(place);
+    part.MoveToTarget();
     RestoredCompany restored{verifyInPlace(place, copy.Tables), aside.Former()};
-    aside.MakeFinal();
+    aside.Keep();
     return restored;
 }
 
 QString BackupName(const QString& company, const QDateTime& moment)
 {
-    return backupStem(company) + stamp(moment) + QStringLiteral(".db");
+    return backupStem(company) + timestamp(moment) + QStringLiteral(".db");
 }
 
 QStringList RemoveOlderBackups(const QString& folder, const QString& company, int keep)
@@ -278,11 +278,11 @@ QStringList RemoveOlderBackups(const QString& folder, const QString& company, in
         if (!name.startsWith(stem))
             continue;
         const QString rest = name.mid(stem.size());
-        if (rest.endsWith(ending) && isStamp(rest.chopped(ending.size())))
+        if (rest.endsWith(ending) && isTimestamp(rest.chopped(ending.size())))
             backups.append(name);
         else if (rest.endsWith(PartFile::NameFor(ending)) &&
-                 isStamp(rest.chopped(PartFile::NameFor(ending).size())))
-            PartFile::RemoveLeftOver(dir.filePath(name));
+                 isTimestamp(rest.chopped(PartFile::NameFor(ending).size())))
+            PartFile::RemoveLeftover(dir.filePath(name));
     }
     const QStringList removed = backups.mid(0, std::max<qsizetype>(0, backups.size() - keep));
     for (const QString& name : removed) {

@@ -29,7 +29,7 @@ BulkLoad::BulkLoad(sqlite3* handle) : handle_(handle)
 {
     requireEmpty();
     RunScript(handle_, loadSettings);
-    putAside();
+    dropIndexesAndTriggers();
 }
 
 void BulkLoad::requireEmpty() const
@@ -46,7 +46,7 @@ void BulkLoad::requireEmpty() const
 }
 
 /// Indexes that belong to a key stay: they have no definition of their own.
-void BulkLoad::putAside()
+void BulkLoad::dropIndexesAndTriggers()
 {
     const QByteArray kept = " FROM sqlite_master WHERE type IN ('index', 'trigger')"
                             " AND sql IS NOT NULL ORDER BY type, tbl_name, name";

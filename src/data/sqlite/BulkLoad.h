@@ -25,7 +25,7 @@ public:
 
 private:
     void requireEmpty() const;
-    void putAside();
+    void dropIndexesAndTriggers();
 
     sqlite3* handle_;
     QList<QByteArray> definitions_; ///< of the indexes and triggers that were put aside

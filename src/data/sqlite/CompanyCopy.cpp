@@ -13,10 +13,10 @@ namespace TradeForms {
 namespace {
 
 /// Of 4 KiB each: some milliseconds' work, so that a user's wish to stop is soon heard.
-constexpr int pagesAtATime = 1024;
+constexpr int pagesPerStep = 1024;
 /// Of SQLite's machine, between two questions whether to go on.
-constexpr int instructionsAtATime = 20'000;
-constexpr int listedDamages = 10;
+constexpr int instructionsPerCheck = 20'000;
+constexpr int maxListedErrors = 10;
 
 struct FinishBackup {
     void operator()(sqlite3_backup* backup) const { sqlite3_backup_finish(backup); }
@@ -24,22 +24,22 @@ struct FinishBackup {
 using Backup = std::unique_ptr<sqlite3_backup, FinishBackup>;
 
 /// Asks now and then, while one statement runs, whether to go on.
-class StatementWatch {
+class CancelCheck {
 public:
-    StatementWatch(sqlite3* handle, const OnProgress& onProgress, WorkProgress progress)
+    CancelCheck(sqlite3* handle, const OnProgress& onProgress, WorkProgress progress)
         : handle_(handle), onProgress_(onProgress), progress_(std::move(progress))
     {
         if (onProgress_)
-            sqlite3_progress_handler(handle_, instructionsAtATime, ask, this);
+            sqlite3_progress_handler(handle_, instructionsPerCheck, ask, this);
     }
-    ~StatementWatch() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
-    StatementWatch(const StatementWatch&) = delete;
-    StatementWatch& operator=(const StatementWatch&) = delete;
+    ~CancelCheck() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
+    CancelCheck(const CancelCheck&) = delete;
+    CancelCheck& operator=(const CancelCheck&) = delete;
 
 private:
     static int ask(void* self)
     {
-        const auto& watch = *static_cast<StatementWatch*>(self);
+        const auto& watch = *static_cast<CancelCheck*>(self);
         return watch.onProgress_(watch.progress_) ? 0 : 1;
     }
 
@@ -48,8 +48,8 @@ private:
     WorkProgress progress_;
 };
 
-/// Runs work that a StatementWatch may stop.
-template <class Work> auto stoppable(Work work)
+/// Runs work that a CancelCheck may stop.
+template <class Work> auto cancellable(Work work)
 {
     try {
         return work();
@@ -99,7 +99,7 @@ void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onP
         RaiseSqlite(to.get());
     int result = SQLITE_OK;
     while (result == SQLITE_OK) {
-        result = sqlite3_backup_step(backup.get(), pagesAtATime);
+        result = sqlite3_backup_step(backup.get(), pagesPerStep);
         const int all = sqlite3_backup_pagecount(backup.get());
         Tell(onProgress, {Stage::Copying, {}, all - sqlite3_backup_remaining(backup.get()), all});
     }
@@ -114,12 +114,12 @@ void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& 
 {
     const WorkProgress progress{Stage::Checking, {}, 0, 0};
     Tell(onProgress, progress);
-    const StatementWatch watch(engine.Raw(), onProgress, progress);
+    const CancelCheck watch(engine.Raw(), onProgress, progress);
     QStringList damages;
-    stoppable([&] {
+    cancellable([&] {
         const PreparedStatement check = Prepare(engine.Raw(),
                                                 QByteArrayLiteral("PRAGMA integrity_check(") +
-                                                    QByteArray::number(listedDamages) + ')',
+                                                    QByteArray::number(maxListedErrors) + ')',
                                                 false);
         while (Step(check.get())) {
             const std::string_view line = ReadColumn(check.get(), 0).Bytes;
@@ -141,9 +141,9 @@ QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress)
     for (const QString& table : tables) {
         const WorkProgress progress{Stage::Counting, table, counts.size(), tables.size()};
         Tell(onProgress, progress);
-        const StatementWatch watch(engine.Raw(), onProgress, progress);
+        const CancelCheck watch(engine.Raw(), onProgress, progress);
         const QByteArray query = "SELECT count(*) FROM " + QuotedIdentifier(table);
-        counts.append({table, stoppable([&] { return ReadInteger(engine.Raw(), query); })});
+        counts.append({table, cancellable([&] { return ReadInteger(engine.Raw(), query); })});
     }
     return counts;
 }

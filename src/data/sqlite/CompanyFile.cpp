@@ -77,7 +77,7 @@ QByteArray definitionOf(sqlite3* handle, const SchemaObject& object)
 
 /// Makes what an older company lacks, and anew what is defined otherwise by now. Tables that are
 /// there keep their rows and columns, and whatever a host has added stays.
-void makeObjects(sqlite3* handle)
+void createSchemaObjects(sqlite3* handle)
 {
     for (const SchemaObject& object : SchemaObjectsOf(SchemaInMemory().get())) {
         if (object.Name.startsWith("sqlite"))
@@ -93,7 +93,7 @@ void makeObjects(sqlite3* handle)
 
 /// Brings a company of an older version up to date, all or nothing. Of two who open it at once
 /// the second finds it done.
-void bringUpToDate(SqliteEngine& engine, const QString& file)
+void upgrade(SqliteEngine& engine, const QString& file)
 {
     sqlite3* handle = engine.Raw();
     const auto isOld = [&] { return ReadInteger(handle, "PRAGMA user_version") < schemaVersion; };
@@ -102,7 +102,7 @@ void bringUpToDate(SqliteEngine& engine, const QString& file)
     engine.Atomically([&] {
         if (!isOld())
             return;
-        makeObjects(handle);
+        createSchemaObjects(handle);
         RequireCompanySchema(handle, QDir::toNativeSeparators(file));
         FillStockLevels(handle);
         MarkAsCompany(handle);
@@ -131,7 +131,7 @@ std::unique_ptr<Engine> create(const QString& file, const QByteArray& script)
         RaiseFileFailure(QStringLiteral("'%1' could not be created."), path, SQLITE_CANTOPEN);
 
     try {
-        auto engine = OpenFile(path, customaryLockWait);
+        auto engine = OpenFile(path, defaultLockWait);
         ConfigureCompany(engine->Raw());
         engine->Atomically([&] { RunScript(engine->Raw(), script.constData()); });
         return engine;
@@ -191,7 +191,7 @@ std::unique_ptr<Engine> OpenCompanyFile(const QString& file, std::chrono::millis
         requireWholePages(engine->Raw(), info);
     requireWritable(engine->Raw(), path);
     ConfigureCompany(engine->Raw());
-    bringUpToDate(*engine, path);
+    upgrade(*engine, path);
     return engine;
 }
 

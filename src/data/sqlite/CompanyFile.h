@@ -15,17 +15,17 @@ namespace TradeForms {
 class SqliteEngine;
 
 /// How long another process that holds a lock is waited for.
-constexpr std::chrono::milliseconds customaryLockWait{5000};
+constexpr std::chrono::milliseconds defaultLockWait{5000};
 
 /// Opens a company file. Raises ProviderFailure with words for the user where it is missing, no
 /// company, of a newer version, read-only or cannot be opened.
 std::unique_ptr<Engine> OpenCompanyFile(const QString& file,
-                                        std::chrono::milliseconds lockWait = customaryLockWait);
+                                        std::chrono::milliseconds lockWait = defaultLockWait);
 
 /// Opens a file as OpenCompanyFile does, but only to read it: it may be read-only, and is left in
 /// the form in which it is.
 std::unique_ptr<SqliteEngine>
-OpenCompanyToRead(const QString& file, std::chrono::milliseconds lockWait = customaryLockWait);
+OpenCompanyToRead(const QString& file, std::chrono::milliseconds lockWait = defaultLockWait);
 
 /// Opens a file without asking what is in it. Raises ProviderFailure.
 std::unique_ptr<SqliteEngine> OpenFile(const QString& file, std::chrono::milliseconds lockWait);

@@ -183,19 +183,19 @@ struct Definition {
     int Flags;
 };
 
-constexpr int sameEachTime = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+constexpr int deterministic = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 
 constexpr Definition definitions[] = {
-    {"like", 2, like, sameEachTime},
-    {"like", 3, like, sameEachTime},
-    {"tf_patindex", 2, patindex, sameEachTime},
-    {"tf_left", 2, left, sameEachTime},
-    {"tf_right", 2, right, sameEachTime},
-    {"tf_len", 1, len, sameEachTime},
-    {"tf_day", 1, datePart<&QDate::day>, sameEachTime},
-    {"tf_month", 1, datePart<&QDate::month>, sameEachTime},
-    {"tf_year", 1, datePart<&QDate::year>, sameEachTime},
-    {"tf_dateadd", 3, dateadd, sameEachTime},
+    {"like", 2, like, deterministic},
+    {"like", 3, like, deterministic},
+    {"tf_patindex", 2, patindex, deterministic},
+    {"tf_left", 2, left, deterministic},
+    {"tf_right", 2, right, deterministic},
+    {"tf_len", 1, len, deterministic},
+    {"tf_day", 1, datePart<&QDate::day>, deterministic},
+    {"tf_month", 1, datePart<&QDate::month>, deterministic},
+    {"tf_year", 1, datePart<&QDate::year>, deterministic},
+    {"tf_dateadd", 3, dateadd, deterministic},
     {"tf_getdate", 0, getdate, SQLITE_UTF8 | SQLITE_INNOCUOUS},
 };
 

@@ -98,13 +98,13 @@ void RaiseSqlite(sqlite3* handle)
     throw ProviderFailure(textFor(handle, code), code);
 }
 
-PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isKept)
+PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isPersistent)
 {
     sqlite3_stmt* statement = nullptr;
     const char* rest = nullptr;
     const int result =
         sqlite3_prepare_v3(handle, text.constData(), int(text.size()),
-                           isKept ? SQLITE_PREPARE_PERSISTENT : 0, &statement, &rest);
+                           isPersistent ? SQLITE_PREPARE_PERSISTENT : 0, &statement, &rest);
     PreparedStatement prepared(statement);
     if (result != SQLITE_OK)
         RaiseSqlite(handle);

@@ -48,7 +48,7 @@ QString DamagedText(const QString& file, const QString& damage);
 
 /// Prepares one statement. Raises ProviderFailure, also where text follows the statement's end
 /// and where there is none.
-PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isKept = true);
+PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isPersistent = true);
 
 /// Steps; true for a row, false for the end. Raises ProviderFailure.
 bool Step(sqlite3_stmt* statement);

@@ -61,7 +61,7 @@ PartFile::~PartFile()
         RemoveDatabase(path_);
 }
 
-void PartFile::RequireRoom(qint64 bytes) const
+void PartFile::RequireSpace(qint64 bytes) const
 {
     const QString folder = QFileInfo(place_).absolutePath();
     const qint64 room = QStorageInfo(folder).bytesAvailable();
@@ -74,7 +74,7 @@ void PartFile::RequireRoom(qint64 bytes) const
     }
 }
 
-void PartFile::TakePlace()
+void PartFile::MoveToTarget()
 {
     for (const char* ending : {"-wal", "-journal"}) {
         const QString log = place_ + QLatin1String(ending);
@@ -92,7 +92,7 @@ void PartFile::TakePlace()
     isPlaced_ = true;
 }
 
-bool PartFile::RemoveLeftOver(const QString& path)
+bool PartFile::RemoveLeftover(const QString& path)
 {
     QLockFile lock(lockOf(path));
     lock.setStaleLockTime(0);

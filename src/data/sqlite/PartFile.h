@@ -24,12 +24,12 @@ public:
     const QString& Place() const { return place_; }
     const QString& Path() const { return path_; }
     /// Raises Failure where the disk has less room than this.
-    void RequireRoom(qint64 bytes) const;
+    void RequireSpace(qint64 bytes) const;
     /// Gives the file its place, in one step. Raises Failure.
-    void TakePlace();
+    void MoveToTarget();
 
     /// Removes what was left for a place by a program that is gone. Raises Failure.
-    static bool RemoveLeftOver(const QString& path);
+    static bool RemoveLeftover(const QString& path);
     /// How such files are called.
     static QString NameFor(const QString& place) { return place + QStringLiteral(".part"); }
 

@@ -13,8 +13,8 @@ namespace TradeForms {
 namespace {
 
 // All statements of the library, and those of a host, each with some values.
-constexpr int keptTexts = 1024;
-constexpr int keptStatements = 128;
+constexpr int adaptedStatementLimit = 1024;
+constexpr int preparedStatementLimit = 128;
 
 Handle withDialect(Handle handle)
 {
@@ -111,8 +111,8 @@ private:
 } // namespace
 
 SqliteEngine::SqliteEngine(Handle handle)
-    : handle_(withDialect(std::move(handle))), adapted_(keptTexts), prepared_(keptStatements),
-      functions_(handle_.get())
+    : handle_(withDialect(std::move(handle))), adapted_(adaptedStatementLimit),
+      prepared_(preparedStatementLimit), functions_(handle_.get())
 {
     sqlite3_busy_handler(handle_.get(), waitForLock, this);
 }
@@ -164,30 +164,31 @@ const AdaptedStatement& SqliteEngine::Adapted(const QString& statement)
     return *made;
 }
 
-SqliteEngine::Kept& SqliteEngine::keptStatement(const QByteArray& text)
+SqliteEngine::CachedStatement& SqliteEngine::cachedStatement(const QByteArray& text)
 {
-    if (Kept* known = prepared_.object(text))
+    if (CachedStatement* known = prepared_.object(text))
         return *known;
-    auto* made = new Kept{Prepare(handle_.get(), text), nullptr, Purpose::Read, 0};
+    auto* made = new CachedStatement{Prepare(handle_.get(), text), nullptr, Purpose::Read, 0};
     prepared_.insert(text, made);
     return *made;
 }
 
 /// The statement's columns, read anew where SQLite has prepared it anew, since `select *` may
 /// have more of them then.
-std::shared_ptr<const ResultMetadata> SqliteEngine::metadataOf(Kept& kept, Purpose purpose)
+std::shared_ptr<const ResultMetadata> SqliteEngine::metadataOf(CachedStatement& cached,
+                                                               Purpose purpose)
 {
-    sqlite3_stmt* statement = kept.Compiled.get();
+    sqlite3_stmt* statement = cached.Compiled.get();
     const int preparations = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
-    if (!kept.Columns || preparations != kept.Preparations || purpose != kept.For) {
-        kept.Columns = describe(statement, purpose);
-        kept.For = purpose;
-        kept.Preparations = preparations;
+    if (!cached.Columns || preparations != cached.Preparations || purpose != cached.ReadFor) {
+        cached.Columns = describe(statement, purpose);
+        cached.ReadFor = purpose;
+        cached.Preparations = preparations;
     }
-    return kept.Columns;
+    return cached.Columns;
 }
 
-void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each& each,
+void SqliteEngine::Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
                         Purpose purpose)
 {
     const AdaptedStatement& ready = Adapted(statement);
@@ -195,14 +196,14 @@ void SqliteEngine::Scan(const QString& statement, const Begin& begin, const Each
         Atomically([&] { functions_.Call(ready.Procedure->Name, ready.Procedure->Arguments); });
         return;
     }
-    Kept& kept = keptStatement(ready.Text);
-    sqlite3_stmt* compiled = kept.Compiled.get();
+    CachedStatement& cached = cachedStatement(ready.Text);
+    sqlite3_stmt* compiled = cached.Compiled.get();
     const ResetAtEnd reset(compiled);
     bool hasRow = Step(compiled);
     const int columns = sqlite3_column_count(compiled);
     if (columns == 0)
         return;
-    begin(metadataOf(kept, purpose));
+    begin(metadataOf(cached, purpose));
     for (; hasRow; hasRow = Step(compiled)) {
         encodeRow(row_, compiled, columns);
         each(row_);
@@ -235,19 +236,19 @@ QStringList SqliteEngine::TableNames()
     return names;
 }
 
-void SqliteEngine::BeginReading()
+void SqliteEngine::BeginReadTransaction()
 {
     run("BEGIN");
     try {
         // The first reading is what fixes the moment.
         run("SELECT count(*) FROM sqlite_schema");
     } catch (...) {
-        EndReading();
+        EndReadTransaction();
         throw;
     }
 }
 
-void SqliteEngine::EndReading() noexcept
+void SqliteEngine::EndReadTransaction() noexcept
 {
     sqlite3_exec(handle_.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }

@@ -22,14 +22,14 @@ public:
     explicit SqliteEngine(Handle handle);
     ~SqliteEngine() override;
 
-    void Scan(const QString& statement, const Begin& begin, const Each& each,
+    void Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
               Purpose purpose = Purpose::Read) override;
     std::unique_ptr<Cursor> OpenCursor(const QString& statement) override;
     std::unique_ptr<RowWriter> WriterFor(std::shared_ptr<const ResultMetadata> metadata) override;
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
     QStringList TableNames() override;
-    void BeginReading() override;
-    void EndReading() noexcept override;
+    void BeginReadTransaction() override;
+    void EndReadTransaction() noexcept override;
 
     void BeginLoad() override;
     void EndLoad(const std::function<void(int done, int steps)>& progress) override;
@@ -41,20 +41,20 @@ public:
 
     sqlite3* Raw() const { return handle_.get(); }
 
-    /// A statement made ready for SQLite, and kept for the next time. It lives until the next
+    /// A statement made ready for SQLite, and cached for the next time. It lives until the next
     /// call. Raises ProviderFailure.
     const AdaptedStatement& Adapted(const QString& statement);
 
-    /// A statement in SQLite's own words, prepared once and kept for the next time. It lives
+    /// A statement in SQLite's own words, prepared once and cached for the next time. It lives
     /// until the next call. Raises ProviderFailure.
-    sqlite3_stmt* Prepared(const QByteArray& text) { return keptStatement(text).Compiled.get(); }
+    sqlite3_stmt* Prepared(const QByteArray& text) { return cachedStatement(text).Compiled.get(); }
 
 private:
-    struct Kept {
+    struct CachedStatement {
         PreparedStatement Compiled;
         std::shared_ptr<const ResultMetadata> Columns;
-        Purpose For = Purpose::Read; ///< what the columns were read for
-        int Preparations = 0;        ///< SQLite's count when they were read
+        Purpose ReadFor = Purpose::Read; ///< what the columns were read for
+        int Preparations = 0;            ///< SQLite's count when they were read
     };
 
     bool isNativeOpen() const override;
@@ -66,8 +66,8 @@ private:
     void rollbackToSavepoint() override;
 
     void run(const QByteArray& text);
-    Kept& keptStatement(const QByteArray& text);
-    std::shared_ptr<const ResultMetadata> metadataOf(Kept& kept, Purpose purpose);
+    CachedStatement& cachedStatement(const QByteArray& text);
+    std::shared_ptr<const ResultMetadata> metadataOf(CachedStatement& cached, Purpose purpose);
     static int waitForLock(void* self, int attempt);
 
     Handle handle_;
@@ -76,7 +76,7 @@ private:
     std::shared_ptr<WaitClock> clock_ = std::make_shared<WaitClock>();
     std::chrono::milliseconds lockWaitBegan_{0};
     QCache<QString, AdaptedStatement> adapted_;
-    QCache<QByteArray, Kept> prepared_;
+    QCache<QByteArray, CachedStatement> prepared_;
     CompanyFunctions functions_;
     std::optional<BulkLoad> load_;
     std::string row_; // of the row being read

@@ -35,7 +35,7 @@ const QByteArray& SqliteRowWriter::where()
 {
     if (!where_.isEmpty())
         return where_;
-    const Table table = readTable();
+    const TableInfo table = readTable();
     for (int index = 0; index < metadata_->Count(); ++index) {
         const Column& column = metadata_->At(index);
         where_ += (index == 0 ? "" : " AND ") +
@@ -47,13 +47,13 @@ const QByteArray& SqliteRowWriter::where()
     return where_;
 }
 
-SqliteRowWriter::Table SqliteRowWriter::readTable()
+SqliteRowWriter::TableInfo SqliteRowWriter::readTable()
 {
     sqlite3_stmt* statement = engine_.Prepared("SELECT name, pk FROM pragma_table_info(?1)");
     const ResetAtEnd reset(statement);
     const QByteArray name = metadata_->BaseTable().toUtf8();
     BindText(statement, 1, ViewOf(name));
-    Table table;
+    TableInfo table;
     for (; Step(statement); ++table.Columns)
         if (sqlite3_column_int(statement, 1) != 0)
             table.Keys.append(ReadText(statement, 0));

@@ -15,19 +15,19 @@ public:
 
 private:
     /// What the table itself says of its columns.
-    struct Table {
+    struct TableInfo {
         int Columns = 0;
         QList<QString> Keys;
     };
 
     /// A statement made for the columns that a row has touched. Rows of one batch mostly touch
     /// the same ones.
-    struct Made {
+    struct CachedText {
         std::vector<bool> For;
         QByteArray Text;
     };
 
-    Table readTable();
+    TableInfo readTable();
     void bindRow(sqlite3_stmt* statement, int firstParameter, const char* row);
     QByteArray columnNames(const std::vector<bool>& chosen) const;
     const QByteArray& insertFor(const std::vector<bool>& touched);
@@ -38,8 +38,8 @@ private:
     std::shared_ptr<const ResultMetadata> metadata_;
     QByteArray table_;
     QByteArray where_; ///< finds a row; parameter n is original value n; made when it is needed
-    Made insert_;
-    Made update_;
+    CachedText insert_;
+    CachedText update_;
 };
 
 } // namespace TradeForms

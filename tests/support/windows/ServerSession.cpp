@@ -52,7 +52,7 @@ void take(Tokens& tokens, std::initializer_list<std::string_view> texts)
 Tokens takeStatement(Tokens& tokens)
 {
     std::size_t end = 0;
-    while (end < tokens.size() && !tokens[end].IsSign(';'))
+    while (end < tokens.size() && !tokens[end].IsSymbol(';'))
         ++end;
     const Tokens statement = tokens.first(end);
     tokens = tokens.subspan(std::min(end + 1, tokens.size()));

@@ -80,7 +80,7 @@ private:
     /// Whether a text's literal or its sign N ends or begins here, on this side of a plus.
     bool isJoin(std::size_t at) const
     {
-        return tokens_[at].IsSign('+') && at > 0 && isLiteral(at - 1) &&
+        return tokens_[at].IsSymbol('+') && at > 0 && isLiteral(at - 1) &&
                (isLiteral(at + 1) || (isWord(at + 1, "n") && isLiteral(at + 2)));
     }
 
@@ -130,7 +130,7 @@ private:
         while (isWord(end, "inserted")) {
             columns += (columns.empty() ? "" : ", ") + std::string(tokens_[end + 2].Text);
             end += 3;
-            if (end < tokens_.size() && tokens_[end].IsSign(','))
+            if (end < tokens_.size() && tokens_[end].IsSymbol(','))
                 ++end;
         }
         return text(0, output) + ' ' + text(end, tokens_.size()) + " returning " + columns;
