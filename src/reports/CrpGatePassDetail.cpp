@@ -7,8 +7,6 @@ namespace TradeForms {
 
 namespace {
 
-using namespace ReportPieces;
-
 /// Supply, sale or order, by the flags of the pass.
 QVariant kindOfMovement(const ReportValues& values)
 {
@@ -23,13 +21,14 @@ QVariant kindOfMovement(const ReportValues& values)
     return kinds.join(QStringLiteral("، "));
 }
 
-QVariant number(const ReportValues& values)
+QVariant gatePassNumber(const ReportValues& values)
 {
     return values.Column(QStringLiteral("GatePassID"));
 }
 
 ReportDeclaration gatePass()
 {
+    using namespace ReportPieces;
     using Type = ListColumn::Type;
     const Caption title{"گیٹ پاس", "Gate pass"};
     const QList<Caption> copies = {{"دفتری کاپی", "Office copy"},
@@ -54,7 +53,7 @@ ReportDeclaration gatePass()
 
     ReportDeclaration declaration{.Name = QStringLiteral("CrpGatePassDetail"),
                                   .Title = QStringLiteral("Gate Pass"),
-                                  .Key = number,
+                                  .Key = gatePassNumber,
                                   .Paper = QPageSize::A5,
                                   .Orientation = QPageLayout::Landscape,
                                   .Margins = QMarginsF(120, 90, 120, 70),
@@ -62,7 +61,7 @@ ReportDeclaration gatePass()
     const double width = declaration.Width();
     declaration.Sections = {Header(title, copies, width),
                             Fields("ReportHeaderSection2", fields, 4, width),
-                            Continuation(title, number, width),
+                            Continuation(title, gatePassNumber, width),
                             ListHeads(columns, width),
                             ListRow(columns, width),
                             ListTotals(columns, width),

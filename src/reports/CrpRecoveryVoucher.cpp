@@ -6,15 +6,14 @@ namespace TradeForms {
 
 namespace {
 
-using namespace ReportPieces;
-
-QVariant number(const ReportValues& values)
+QVariant voucherNumber(const ReportValues& values)
 {
     return values.Column(QStringLiteral("VoucherID"));
 }
 
 ReportDeclaration recoveryVoucher()
 {
+    using namespace ReportPieces;
     using Type = ListColumn::Type;
     const Caption title{"وصولی واؤچر", "Recovery voucher"};
     const QList<LabelledField> fields = {
@@ -37,14 +36,14 @@ ReportDeclaration recoveryVoucher()
 
     ReportDeclaration declaration{.Name = QStringLiteral("CrpRecoveryVoucher"),
                                   .Title = QStringLiteral("Recovery Voucher"),
-                                  .Key = number,
+                                  .Key = voucherNumber,
                                   .Paper = QPageSize::A4,
                                   .Margins = QMarginsF(150, 130, 150, 110),
                                   .Parameters = {CopyParameter()}};
     const double width = declaration.Width();
     declaration.Sections = {Header(title, {}, width),
                             Fields("ReportHeaderSection2", fields, 3, width),
-                            Continuation(title, number, width),
+                            Continuation(title, voucherNumber, width),
                             ListHeads(columns, width),
                             ListRow(columns, width),
                             ListTotals(columns, width),

@@ -12,6 +12,7 @@ namespace TradeForms::PaySlip {
 namespace {
 
 using namespace ReportPieces;
+using ReportPieces::Field; // the data room has one, too
 
 constexpr double lineHeight = 80;
 constexpr double gapBetween = 60;
