@@ -38,7 +38,7 @@ void BackgroundWork::run(const Work& work)
     }
 }
 
-/// One message at a time: the work is told of far more often than anyone can see.
+/// One queued signal at a time: the work reports progress more often than it can be shown.
 bool BackgroundWork::advance(const WorkProgress& progress)
 {
     if (!isTelling_.exchange(true)) {

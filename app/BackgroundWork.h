@@ -13,22 +13,22 @@ class QThread;
 
 namespace Host {
 
-/// Work that takes minutes, on a thread of its own. Its signals come on the thread of this object.
+/// Runs long work on a thread of its own. Its signals are sent on the thread of this object.
 class BackgroundWork : public QObject {
     Q_OBJECT
 
 public:
-    /// Does it, and gives what there is to tell the user. What it raises is told as a failure.
+    /// The work: returns the message for the user; what it raises is reported as a failure.
     using Work = std::function<QString(const TradeForms::OnProgress&)>;
 
     explicit BackgroundWork(QObject* parent);
-    /// Stops the work and waits for its end.
+    /// Cancels the work and waits for its end.
     ~BackgroundWork() override;
 
-    /// Only while nothing runs.
+    /// Starts work. Only while none is running.
     void Start(Work work);
     bool IsRunning() const { return thread_ != nullptr; }
-    /// Asks the work to end soon.
+    /// Asks the work to cancel.
     void Stop() { isStopWanted_ = true; }
 
 Q_SIGNALS:
@@ -44,7 +44,7 @@ private:
 
     std::unique_ptr<QThread> thread_;
     std::atomic<bool> isStopWanted_ = false;
-    std::atomic<bool> isTelling_ = false; ///< something was told that has not been heard yet
+    std::atomic<bool> isTelling_ = false; ///< a progress signal is still queued
 };
 
 } // namespace Host

@@ -53,7 +53,7 @@ QString grouped(qint64 number)
     return QLocale(QLocale::English).toString(number);
 }
 
-/// A folder of the user's own; the company's own disk may be the one that fails.
+/// In the user's own folder: the company's disk may be the one that fails.
 QString backupProposal(const QString& database)
 {
     const QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
@@ -272,7 +272,7 @@ void CareWindow::advance(const WorkProgress& progress)
     lblStageUrdu_->setText(text.Urdu);
     lblStage_->setText(progress.At == Stage::Counting ? text.English
                                                       : text.English + u' ' + progress.Table);
-    // A bar without a range goes to and fro.
+    // A bar without a range shows an endless animation.
     bar_->setRange(0, progress.All == 0 ? 0 : 100);
     bar_->setValue(progress.All == 0 ? 0 : int(100 * progress.Done / progress.All));
 }

@@ -12,19 +12,19 @@ namespace Host {
 
 class CaptionButton;
 
-/// Something that an administrator does with the whole company, in a place that he names.
+/// A maintenance task on the whole company, with a destination that the administrator names.
 struct CareTask {
     QString Name; ///< of the window, for tests
     QString Urdu;
     QString English;
     QString PlaceUrdu;
     QString PlaceEnglish;
-    QString Proposal; ///< of the place
-    QString Hint;     ///< what the place looks like, while the field is empty
+    QString Proposal; ///< proposed destination
+    QString Hint;     ///< placeholder of the empty destination field
     QString Explanation;
-    /// Asks for the place in a dialog; without it there is no button for that.
+    /// Asks for the destination in a dialog; without it there is no button for that.
     std::function<QString(QWidget* parent, const QString& present)> Choose;
-    /// On another thread; gives what there is to tell.
+    /// Runs on another thread. Returns the message for the user.
     std::function<QString(const QString& place, const TradeForms::OnProgress&)> Work;
 };
 
@@ -33,15 +33,15 @@ CareTask BackupTask(const QString& database);
 /// Copies the company to a database server.
 CareTask MoveTask(const QString& database);
 
-/// Asks for the place, does the work with a bar that tells how far it is, and tells in a message
-/// how it ended. It can be stopped at any time.
+/// Asks for the destination, runs the task with a progress bar, and shows the result in a message.
+/// The task can be cancelled at any time.
 class CareWindow : public QDialog {
     Q_OBJECT
 
 public:
     CareWindow(CareTask task, QWidget* parent);
 
-    /// Closes the window, or stops the work that is going on.
+    /// Closes the window, or cancels the running task.
     void reject() override;
 
 private:

@@ -12,14 +12,14 @@ class Statement;
 
 namespace Host {
 
-/// The rights of one user, read from the company at each question: what an administrator
-/// changes holds at once. Each answer raises TradeForms::Failure where it cannot be read or
-/// where the user is there no longer.
+/// The rights of one user, read from the company at each call, so that an administrator's changes
+/// apply at once. Every method raises TradeForms::Failure where the rights cannot be read or the
+/// user has been deleted.
 class DatabaseSecurity final : public TradeForms::UserSecurity {
 public:
     DatabaseSecurity(std::shared_ptr<TradeForms::Connection> connection, int userNo);
 
-    /// Without a marker: whether the user has that screen at all.
+    /// Without a marker: whether the user may open the screen.
     bool HasRight(const QString& screenKey, std::optional<std::int16_t> modifyMarker = std::nullopt,
                   std::optional<std::int16_t> deleteMarker = std::nullopt) override;
     bool UserFlagA() const override { return false; }

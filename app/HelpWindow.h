@@ -4,7 +4,7 @@
 
 namespace Host {
 
-/// The keys of the menu and of the library's forms, for reading.
+/// Shows the keys of the menu and of the library's forms.
 class HelpWindow : public QDialog {
     Q_OBJECT
 

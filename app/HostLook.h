@@ -29,7 +29,7 @@ QFont LargeUrdu();
 /// Gives a window its direction (right to left), palette, font and style sheet.
 void Dress(QWidget* window);
 
-/// A label in the Urdu face, high enough for it.
+/// A label in the Urdu font, high enough for it.
 QLabel* UrduLabel(const QString& text, const QFont& font, QWidget* parent);
 /// The caption of a field: Urdu, with the English term small below it.
 QWidget* FieldCaption(const QString& urdu, const QString& english, QWidget* parent);
@@ -38,8 +38,8 @@ QWidget* FieldCaption(const QString& urdu, const QString& english, QWidget* pare
 
 namespace Host {
 
-/// The coloured strip at the head of a window: a title in Urdu, the English beside it, and at
-/// the far end a short note.
+/// The coloured title strip of a window: the title in Urdu and English, and a short note at its
+/// end.
 class TitleStrip : public QWidget {
     Q_OBJECT
 

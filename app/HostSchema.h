@@ -6,9 +6,8 @@ class Connection;
 
 namespace Host {
 
-/// Gives a company the tables and columns that are this host's own: names, passwords and rights
-/// of the users, and what the company is called. What is there already stays as it is.
-/// Raises TradeForms::ProviderFailure.
+/// Adds this host's own tables and columns to a company: names, passwords and rights of the users,
+/// and the company's name. Existing ones stay as they are. Raises TradeForms::ProviderFailure.
 void EnsureHostSchema(TradeForms::Connection& connection);
 
 } // namespace Host

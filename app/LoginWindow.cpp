@@ -128,7 +128,7 @@ void LoginWindow::keyPressEvent(QKeyEvent* event)
         txtPassword_->setFocus();
         return;
     }
-    // Anywhere else Enter presses the default button, unless that is closed for a while.
+    // Elsewhere Enter presses the default button, unless that is disabled.
     QDialog::keyPressEvent(event);
 }
 

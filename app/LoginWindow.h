@@ -15,21 +15,21 @@ namespace Host {
 
 class CaptionButton;
 
-/// Asks for user name and password until they are right or the user gives up. After a wrong
-/// one the button stays closed for a while, longer each time, and counts the seconds; the
-/// fields stay open for typing.
+/// Asks for user name and password until they are right or the user cancels. After a wrong password
+/// the button is disabled for a while, longer each time, and counts the seconds; the fields stay
+/// enabled.
 class LoginWindow : public QDialog {
     Q_OBJECT
 
 public:
-    /// The company's name stands in the title; a user name that is known already is filled in.
+    /// Shows the company's name in the title; fills in the user name, if one is given.
     LoginWindow(const Users& users, const QString& companyName, const QString& database,
                 const QString& userName = {}, QWidget* parent = nullptr);
 
-    /// Who logged in, once the dialog was accepted.
+    /// The user who logged in, once the dialog was accepted.
     const std::optional<UserAccount>& Account() const { return account_; }
 
-    /// Shows a text in the place of the messages.
+    /// Shows a message.
     void ShowMessage(const QString& english, const QString& urdu = {});
 
 protected:

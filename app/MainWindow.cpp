@@ -174,7 +174,7 @@ void MainWindow::build(const QString& database)
     filter_->setFocus();
 }
 
-/// What an administrator does with the company as a whole.
+/// The administrator's tasks on the whole company.
 QLayout* MainWindow::newCareBar(const QString& database)
 {
     auto* backup =
@@ -293,7 +293,7 @@ void MainWindow::takeCare(const CareTask& task)
 
 bool MainWindow::closeForms()
 {
-    // A form may take others with it when it closes, so each is looked at anew.
+    // Closing a form may close others, so the list is read again each time.
     QList<QPointer<QWidget>> windows;
     for (QWidget* window : QApplication::topLevelWidgets())
         windows.append(window);

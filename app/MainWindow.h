@@ -14,8 +14,8 @@ struct CareTask;
 struct Screen;
 class Session;
 
-/// The menu: the screens of the user, in groups. The filter box has the keyboard: letters or a
-/// number narrow the list, Up and Down choose, Enter opens.
+/// The menu: the user's screens, in groups. The filter box has the focus: letters or a number
+/// filter the list, Up and Down choose, Enter opens.
 class MainWindow : public QWidget {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ public:
     /// The session must outlive the window.
     MainWindow(Session& session, const QString& database);
 
-    /// Opens a screen and tells in a message box if that fails.
+    /// Opens a screen; a failure is shown in a message box.
     void Open(const Screen& screen);
 
 Q_SIGNALS:
@@ -45,7 +45,8 @@ private:
     void logOut();
     void showHelp();
     void takeCare(const CareTask& task);
-    /// Closes the library's windows, each through its own question; false where one stays.
+    /// Closes the library's windows, each of which may ask the user. Returns false where one stays
+    /// open.
     bool closeForms();
 
     Session& session_;

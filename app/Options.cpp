@@ -16,7 +16,7 @@ QString defaultDatabase()
         .filePath(QStringLiteral("company.db"));
 }
 
-/// One command line option, by its name; an empty value name is a switch.
+/// A command line option; a switch where the name of its value is empty.
 struct Argument {
     const char* Name;
     const char* Value;
@@ -68,7 +68,7 @@ QString ShownDatabase(const QString& database)
 {
     if (!IsOnServer(database))
         return QDir::toNativeSeparators(database);
-    // A value in braces may hold a semicolon, and a closing brace twice.
+    // A value in braces may contain semicolons, and closing braces, which are doubled.
     static const QRegularExpression password(
         QStringLiteral(R"(\b(pwd|password)\s*=\s*(\{(?:[^}]|\}\})*\}|[^;]*))"),
         QRegularExpression::CaseInsensitiveOption);

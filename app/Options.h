@@ -9,7 +9,7 @@
 
 namespace Host {
 
-/// What the command line asks for.
+/// The options of the command line.
 struct Options {
     enum class Action {
         Run,          ///< open the company and show login and menu
@@ -17,7 +17,7 @@ struct Options {
         AddAdministrator,
         ShowHelp,
         ShowVersion,
-        Refuse ///< the command line is wrong; Message tells why
+        Refuse ///< invalid command line; Message tells why
     };
 
     Action Wanted = Action::Run;
@@ -32,13 +32,12 @@ struct Options {
     QDate Until;
 };
 
-/// Whether the company is on a server: told by a connection string, and not as a file.
+/// Whether the company is on a server: given by a connection string instead of a file.
 bool IsOnServer(const QString& database);
-/// Where the company is, as it may be shown: a file's path, or a connection string without its
-/// password.
+/// The location of the company for display: a path, or a connection string without its password.
 QString ShownDatabase(const QString& database);
 
-/// Reads the arguments, the program's name first.
+/// Parses the arguments, of which the first is the program's name.
 Options ReadOptions(const QStringList& arguments);
 
 } // namespace Host

@@ -26,7 +26,7 @@ std::optional<QString> readLine()
 
 #ifdef Q_OS_UNIX
 
-/// While it lives, what is typed on the terminal does not show.
+/// Turns the echo of the terminal off during its lifetime.
 class QuietTerminal {
 public:
     QuietTerminal()

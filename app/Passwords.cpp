@@ -37,8 +37,8 @@ Passwords::Passwords(HashCheck check) : check_(std::move(check))
 {
     if (sodium_init() < 0)
         throw TradeForms::Failure(QStringLiteral("The library of ciphers cannot be started."));
-    // Any password will do: no one knows the hash, and what is typed is never taken for it.
-    stand_in_ = Hash(QStringLiteral("stand-in"));
+    // The hash that is checked for unknown users; Verify never accepts it.
+    dummyHash_ = Hash(QStringLiteral("stand-in"));
 }
 
 QString Passwords::Hash(const QString& password) const
@@ -54,7 +54,7 @@ QString Passwords::Hash(const QString& password) const
 bool Passwords::Verify(const QString& hash, const QString& password) const
 {
     if (!hash.startsWith(QLatin1String(crypto_pwhash_STRPREFIX))) {
-        check_(stand_in_, password);
+        check_(dummyHash_, password);
         return false;
     }
     return check_(hash, password);

@@ -6,26 +6,28 @@
 
 namespace Host {
 
-/// Whether a password is that of an argon2id hash. What a login takes is the time of this.
+/// Returns whether a password matches an argon2id hash. The duration of a login is that of this
+/// check.
 using HashCheck = std::function<bool(const QString& hash, const QString& password)>;
 bool FitsHash(const QString& hash, const QString& password);
 
-/// Passwords are kept as argon2id hashes in the usual text form, which carries salt and cost.
+/// Passwords are stored as argon2id hashes in the encoded form, which contains salt and cost.
 class Passwords {
 public:
-    /// Makes the library of ciphers ready. Raises TradeForms::Failure where it cannot be.
+    /// Initialises the cryptographic library. Raises TradeForms::Failure where it fails.
     Passwords(HashCheck check = FitsHash);
 
-    /// A new hash of the password, with a fresh salt.
+    /// Returns a new hash of the password, with a random salt. Raises TradeForms::Failure without
+    /// memory.
     QString Hash(const QString& password) const;
 
-    /// Whether the password is that of the hash. An empty or unreadable hash is of no password,
-    /// and finding that out takes as long as a wrong password does: one check of a hash.
+    /// Returns whether the password matches the hash. An empty or malformed hash matches no
+    /// password, and takes as long as a wrong password: one check of a hash.
     bool Verify(const QString& hash, const QString& password) const;
 
 private:
     HashCheck check_;
-    QString stand_in_;
+    QString dummyHash_;
 };
 
 } // namespace Host

@@ -37,7 +37,7 @@ void say(const QString& text)
     std::cerr << "tradeforms-host: " << text.toStdString() << std::endl;
 }
 
-/// Whether there is anyone to see a message box: on the off-screen platforms there is not.
+/// Whether message boxes are visible: not on the off-screen platforms.
 bool boxesCanBeSeen()
 {
     const QString platform = QGuiApplication::platformName();
@@ -52,7 +52,7 @@ int tellFailure(const QString& text)
     return ExitFailed;
 }
 
-/// Beside the work, not in its way: the copies go on being printed.
+/// Not modal: printing goes on.
 void tellOfFolder(const QString& folder)
 {
     const QString text = QStringLiteral("There is no printer on this computer. What is printed is "
@@ -68,7 +68,7 @@ void tellOfFolder(const QString& folder)
     }
 }
 
-/// Where printed pages go. Raises Failure where the folder cannot be made.
+/// Sets the destination of printed pages. Raises Failure where the folder cannot be created.
 void choosePrinter(const Options& options)
 {
     if (options.PrintTo.isEmpty()) {
@@ -84,7 +84,7 @@ void choosePrinter(const Options& options)
     TradeForms::Printing::UseFolder(QDir(options.PrintTo).absolutePath());
 }
 
-/// Says how far a large sample is, at every tenth of each of its parts.
+/// Prints the progress of a large sample, at every tenth of each of its parts.
 class SampleProgress {
 public:
     void operator()(const char* what, int done, int of)
@@ -122,7 +122,7 @@ std::shared_ptr<Connection> openCompany(const QString& database)
     return connection;
 }
 
-/// Sees to it that there is a company to open; returns whether there is.
+/// Returns whether there is a company to open; offers to create the sample.
 bool companyIsThere(const Options& options)
 {
     if (IsOnServer(options.Database) || QFileInfo::exists(options.Database))
@@ -150,7 +150,7 @@ bool companyIsThere(const Options& options)
 
 enum class Ending { Left, LoggedOut };
 
-/// Shows the menu, with one screen already open if it is given, until the user leaves.
+/// Shows the menu, with an open screen if one is given, until the user leaves.
 Ending runSession(Session& session, const QString& database, const Screen* first)
 {
     MainWindow window(session, database);
@@ -162,7 +162,7 @@ Ending runSession(Session& session, const QString& database, const Screen* first
         loop.quit();
     });
     window.show();
-    // The login window that closed just now had the keyboard.
+    // The login window had the focus until now.
     window.activateWindow();
     if (first)
         window.Open(*first);
@@ -170,7 +170,7 @@ Ending runSession(Session& session, const QString& database, const Screen* first
     return ending;
 }
 
-/// The login by window: until someone is in whom the library takes, or nobody wants to be.
+/// Shows the login window until a user has logged in whom the library accepts, or the user cancels.
 std::unique_ptr<Session> logInByWindow(const std::shared_ptr<Connection>& connection,
                                        const Users& users, const QString& database,
                                        const QString& userName)
@@ -247,7 +247,7 @@ int AddFirstAdministrator(const Options& options)
 
 int RunHost(const Options& options)
 {
-    // The menu ends the program; that the login window or a form closes does not.
+    // Only the menu ends the program, not closing the login window or a form.
     QApplication::setQuitOnLastWindowClosed(false);
     try {
         choosePrinter(options);

@@ -21,13 +21,13 @@ struct Screen {
     void (TradeForms::Forms::*Open)();
 };
 
-/// All screens, in the order of the menu. A screen's number is its place in it, from 1.
+/// All screens in the order of the menu. A screen's number is its index, from 1.
 std::span<const Screen> Screens();
 
 /// The screen that a method of Forms shows (in any case of letters), or null.
 const Screen* FindScreen(const QString& method);
 
-/// The names that FindScreen knows.
+/// The names that FindScreen accepts.
 QStringList ScreenMethods();
 
 QString GroupUrdu(ScreenGroup group);

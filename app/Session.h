@@ -16,7 +16,7 @@ class UserSecurity;
 
 namespace Host {
 
-/// What the company calls itself in print.
+/// The company's name and logo on reports.
 struct CompanyInfo {
     QString NameUrdu;
     QString LogoFile;
@@ -25,7 +25,7 @@ struct CompanyInfo {
 /// Raises TradeForms::Failure.
 CompanyInfo ReadCompanyInfo(TradeForms::Connection& connection);
 
-/// One user at work on one company: from login to log-out.
+/// The session of a user in a company, from login to log-out.
 class Session {
 public:
     /// Hands connection, user and company to the library. Raises TradeForms::Failure with a

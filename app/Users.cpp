@@ -21,7 +21,7 @@ std::optional<UserAccount> Users::LogIn(const QString& userName, const QString& 
     UserAccount account;
     QString hash;
     const QString name = userName.trimmed();
-    // A name with a quote cannot stand in a statement, and so belongs to no one.
+    // A name with a quote cannot be bound in a statement, so no user has it.
     if (!name.isEmpty() && !name.contains(QLatin1Char('\''))) {
         const Recordset found =
             connection_->Execute(Statement("select UserNo, UserName, PasswordHash from Users "

@@ -13,7 +13,7 @@ class Connection;
 
 namespace Host {
 
-/// Someone who has logged in.
+/// A user who has logged in.
 struct UserAccount {
     int UserNo = 0;
     QString UserName;
@@ -24,14 +24,14 @@ class Users {
 public:
     explicit Users(std::shared_ptr<TradeForms::Connection> connection, Passwords passwords = {});
 
-    /// The user of that name (in any case) and password, or nothing. An unknown name takes as
-    /// long to answer as a wrong password. Raises TradeForms::Failure.
+    /// Returns the user of that name, in any case, and password, or nothing. An unknown name takes
+    /// as long as a wrong password. Raises TradeForms::Failure.
     std::optional<UserAccount> LogIn(const QString& userName, const QString& password) const;
 
-    /// Whether anyone can log in at all: a company made by an older host has users without names.
+    /// Whether any user can log in: a company of an older host has users without names.
     bool AnyoneCanLogIn() const;
 
-    /// Adds the administrator with whom such a company begins. Raises TradeForms::Failure where
+    /// Adds the first administrator of such a company. Raises TradeForms::Failure where
     /// there are users who can log in.
     void AddFirstAdministrator(const QString& userName, const QString& password);
 
@@ -40,7 +40,7 @@ private:
     Passwords passwords_;
 };
 
-/// The words for a login that failed; they do not tell which of the two was wrong.
+/// The message for a failed login; it does not tell whether name or password was wrong.
 QString WrongLoginText();
 QString WrongLoginTextUrdu();
 

@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("TradeForms"));
     QCoreApplication::setApplicationVersion(QStringLiteral(TRADEFORMS_VERSION));
 
-    // Nothing that can be done without a display asks for one.
+    // Actions that need no display run without one.
     using Action = Host::Options::Action;
     const Host::Options options = readOptions(argc, argv);
     switch (options.Wanted) {

@@ -57,7 +57,7 @@ std::vector<SaleLine> chooseLines(Random& random)
     return lines;
 }
 
-/// What is paid at one visit: mostly the instalment, at times half, double or nothing.
+/// The payment at one visit: mostly the instalment, sometimes half, double or nothing.
 int payment(Random& random, int installment)
 {
     const int draw = random.Below(100);
@@ -81,10 +81,10 @@ int VoucherBook::Number()
 
 AccountPlanner::AccountPlanner(const Extent& extent) : extent_(extent)
 {
-    // Vouchers of a small company are of one size.
+    // All vouchers of a small company have the same number of accounts.
     constexpr int turns[] = {250, 125, 420, 625};
     constexpr int smallTurns = 60;
-    constexpr int townTurns = 250; // of each of the two quarters that a Sunday finds
+    constexpr int townTurns = 250; // of each of the two quarters collected on a Sunday
 
     const int areas = extent_.AreaCount();
     for (int area = 0; area < areas; ++area) {
@@ -115,7 +115,7 @@ int AccountPlanner::accountsSoldIn(std::size_t area) const
     return std::max(1, (extent_.Sold() - extent_.Town() + areas - 1) / areas);
 }
 
-/// Accounts were sold in all areas at once, in the order of their numbers.
+/// Accounts were sold in all areas in parallel, in the order of their numbers.
 Place AccountPlanner::placeOf(int account) const
 {
     if (!extent_.IsLarge()) {
@@ -245,7 +245,7 @@ void AccountPlanner::planReceipts(AccountPlan& plan, int rank, int owing, int la
         plan.Return->Amount = owing;
         plan.Return->Recovered = plan.Total - owing;
     } else {
-        plan.Return.reset(); // nobody brings back what is his
+        plan.Return.reset(); // a paid-off account returns nothing
     }
 }
 

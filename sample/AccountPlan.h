@@ -8,15 +8,15 @@
 #include <optional>
 #include <vector>
 
-// What happens to each instalment account of the sample, worked out from its number alone: any
-// account can be planned at any time, so that a great many need no room in memory.
+// The history of each instalment account of the sample, computed from its number alone, so that a
+// million accounts need not be kept in memory.
 
 namespace Sample {
 
 class Random;
 
-/// The vouchers of one kind, laid out as slots in the order of their dates. Only those that are
-/// used get a number, so that the numbers have no gaps.
+/// The vouchers of one kind, as slots in the order of their dates. Only used slots are numbered, so
+/// that the numbers have no gaps.
 class VoucherBook {
 public:
     explicit VoucherBook(int count) : ids_(std::size_t(count), 0) {}
@@ -62,7 +62,7 @@ struct PlannedConversion {
     std::optional<int> LastReceipt = {}; ///< day of the last of them
 };
 
-/// Where an account lives.
+/// The area of an account, and its index in the area.
 struct Place {
     std::size_t Area;
     int Rank; ///< within the area
@@ -110,13 +110,13 @@ public:
     int ReturnDay(int slot) const { return monthlyDay(slot, 27); }
 
 private:
-    /// How an area's accounts are collected.
+    /// The collection schedule of an area.
     struct Round {
-        int NewCards; ///< accounts that are no old ones
+        int NewCards; ///< accounts that are not old ones
         int Weekday;
-        int Turns;  ///< accounts that a voucher has room for, of those that one visit finds
-        int Blocks; ///< vouchers that a visit takes
-        int Offset; ///< of the first of them among the slots of a week
+        int Turns;  ///< accounts per voucher
+        int Blocks; ///< vouchers per visit
+        int Offset; ///< index of the first voucher among the slots of a week
     };
 
     Place placeOf(int account) const;

@@ -16,7 +16,7 @@ namespace Sample {
 
 namespace {
 
-/// Who stands on an account, and how it came.
+/// The people of an account, and its origin.
 struct Roles {
     bool Order = false;
     bool Sale = false;
@@ -30,7 +30,7 @@ struct Roles {
     QVariant Receiver;
 };
 
-/// The area's own, where it has one, or whoever's turn it is.
+/// The area's own one, or the next in turn.
 QVariant sometimes(Random& random, int percent, const QString& own, int first, int count)
 {
     const QString turn = QString::number(first + random.Below(count));
@@ -58,8 +58,8 @@ Roles chooseRoles(Random& random, const AccountPlan& plan, const Area& area)
     return roles;
 }
 
-// What was received, let off and brought back, kept until all accounts are known: only then does it
-// show which vouchers there are. A million accounts make ten million receipts.
+// Receipts, concessions and returns, kept until all accounts are planned: only then is it known
+// which vouchers exist. A million accounts have ten million receipts.
 
 struct Receipt {
     int Slot;
@@ -80,7 +80,7 @@ struct Return {
     int Amount;
 };
 
-/// Puts them as clerks enter them, voucher by voucher, and marks which vouchers there are.
+/// Sorts them by voucher, and marks the used vouchers.
 template <class Movement> void enter(std::vector<Movement>& movements, VoucherBook& book)
 {
     std::ranges::sort(movements, [](const Movement& first, const Movement& second) {
@@ -91,7 +91,7 @@ template <class Movement> void enter(std::vector<Movement>& movements, VoucherBo
     book.Number();
 }
 
-/// Writes the accounts and all that hangs on them.
+/// Writes the accounts and their vouchers.
 class AccountHistory {
 public:
     AccountHistory(const Setting& setting, PayBook& earned)
@@ -143,7 +143,7 @@ public:
     }
 
 private:
-    /// Tells how far it is, and now and then ends what would become too large a transaction.
+    /// Reports the progress, and commits from time to time to limit the transaction.
     void pause(const char* what, int done, int of)
     {
         constexpr int rowsPerTransaction = 20000;
@@ -196,7 +196,7 @@ private:
                        conversion.Paid, false, true});
     }
 
-    /// Returns the text that tells the account's products.
+    /// Returns the text that lists the account's products.
     QString writeLines(int account, const QString& id, const AccountPlan& plan, Random& random)
     {
         QStringList names;

@@ -23,27 +23,27 @@ class Connection;
 namespace Sample {
 
 inline constexpr int DefaultAccounts = 400;
-/// Card numbers have five characters, and an area must have enough of them.
+/// Limited by the five characters of a card number.
 inline constexpr int MostAccounts = 1'000'000;
 
 /// The password of every user of the sample.
 QString Password();
 
-/// Told what is being written and how much of how much of it is done.
+/// Called with the name of the part being written, the number of units done, and their total.
 using Progress = std::function<void(const char* what, int done, int of)>;
 
 /// What the host adds to the tables of a company. The sample fills its columns of Users and its
 /// tables UserRights and CompanyInfo.
 struct HostTables {
-    /// Adds them to a new company.
+    /// Adds the host's tables and columns to a new company.
     std::function<void(TradeForms::Connection&)> Prepare;
-    /// What is kept of a password.
+    /// Returns the hash of a password.
     std::function<QString(const QString& password)> HashPassword;
 };
 
-/// Makes the company in a new file, with so many instalment accounts, its vouchers ending on
-/// the given day. Raises TradeForms::Failure where the file is there or cannot be made; a file
-/// that it could not finish is removed.
+/// Creates the company in a new file, with this number of instalment accounts and vouchers up to
+/// the given day. Raises TradeForms::Failure where the file exists or cannot be created; an
+/// unfinished file is removed.
 void CreateCompany(const QString& file, int accounts, QDate until, const HostTables& host,
                    const Progress& progress = {});
 

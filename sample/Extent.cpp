@@ -16,7 +16,7 @@ int divideUp(int number, int by)
     return (number + by - 1) / by;
 }
 
-/// A village area, one of many: chaks have numbers for names.
+/// A village area: chaks are named by numbers.
 Area furtherArea(int index)
 {
     const std::span<const Branch> branches = Branches();

@@ -6,7 +6,7 @@
 
 namespace Sample {
 
-/// How large the company is, which its number of accounts settles.
+/// The size of the company, computed from its number of accounts.
 ///
 /// Up to a thousand accounts it has twelve areas of one size and half a year of vouchers. A
 /// larger one has traded for four years, in which an account has ten receipts on average. Its
@@ -28,20 +28,20 @@ public:
     /// How many days of vouchers there are; the last one is the company's last day.
     int Days() const { return isLarge_ ? 1456 : 181; }
     int Weeks() const { return (Days() + 6) / 7; }
-    /// Over how many months a new account is to be paid.
+    /// Number of monthly instalments of a new account.
     int Instalments() const { return isLarge_ ? 13 : 12; }
     /// Thirty days each.
     int Months() const { return Days() / 30; }
 
     std::span<const Area> Areas() const { return areas_; }
     int AreaCount() const { return int(areas_.size()); }
-    /// Areas that a company of the smallest kind does not have.
+    /// Areas beyond those of the smallest company.
     int FurtherAreas() const { return AreaCount() - int(HomeAreas().size()); }
 
-    /// Mechanics beside those of the smallest company.
+    /// Mechanics beyond those of the smallest company.
     int FurtherMechanics() const { return (FurtherAreas() + 9) / 10; }
     int FurtherFranchiseHolders() const { return (FurtherAreas() + 2) / 3; }
-    /// How many times the goods of the smallest company pass through the stock.
+    /// Stock turnover, as a multiple of the smallest company's.
     int Trade() const;
 
 private:

@@ -5,7 +5,7 @@
 #include <array>
 #include <span>
 
-// What the sample company is made of: the few lists that its vouchers draw on. Texts are UTF-8.
+// The lists from which the vouchers of the sample are drawn. Texts are UTF-8.
 
 namespace Sample {
 
@@ -15,13 +15,13 @@ struct Branch {
 };
 
 struct Area {
-    QString Code; ///< proper case, no blank: it is the first half of every account's key
+    QString Code; ///< proper case, no blank: the first half of the key of an account
     QString Name;
     int BranchCode;
     QString Manager; ///< staff ids
     QString Secretary;
     QString Collector; ///< the field worker who brings the instalments in
-    QString Driver;    ///< of its own; empty where the company's drivers take turns
+    QString Driver;    ///< the area's own driver; empty where the company's drivers take turns
     QString Franchise; ///< its franchise holder; empty where the company's take turns
 };
 
@@ -36,7 +36,7 @@ enum class Post {
     Office
 };
 
-/// A row of people with the same post: ids count up from the first, branches take turns.
+/// A group of staff with the same post: consecutive ids, branches in turn.
 struct StaffGroup {
     Post Role;
     const char* Designation;
@@ -51,14 +51,14 @@ struct Product {
     const char* Name;
     int PurchaseRate;
     int Group;
-    int Demand;    ///< how often it is asked for, against the others
+    int Demand;    ///< relative frequency in sales
     bool Numbered; ///< has an engine and a chassis number
 };
 
 struct ProductGroup {
     int Id;
     int CommissionPerMille; ///< of the instalment rate, to each role
-    int Dearest;            ///< pieces of a month from which the highest prize is paid
+    int Dearest;            ///< monthly pieces for the highest prize
 };
 
 std::span<const Branch> Branches();
@@ -71,7 +71,7 @@ std::span<const ProductGroup> ProductGroups();
 /// Price on instalments, to the next hundred.
 int InstallmentRate(const Product& product);
 
-/// What a sold or ordered piece earns for those who stand on the account.
+/// The commission per sold or ordered piece, by role.
 struct Rates {
     int SaleDriver;
     int SaleManager;
@@ -86,7 +86,7 @@ struct Rates {
 };
 Rates RatesOf(const Product& product);
 
-/// What is paid for a month's pieces of a group from Less to More.
+/// The prizes for a month's pieces of a group between Less and More.
 struct PrizeBand {
     int Less;
     int More;
@@ -97,10 +97,10 @@ struct PrizeBand {
 };
 std::array<PrizeBand, 2> PrizeBands(const ProductGroup& group);
 
-/// For each piece that a driver takes out on a supply.
+/// Per piece that a driver delivers on a supply.
 inline constexpr int SupplyRate = 25;
 
-/// The area managers' chief, who stands on every account that a franchise holder brings in.
+/// The chief of the area managers, manager and secretary of every account of a franchise holder.
 inline constexpr const char* FranchiseManager = "6210";
 inline constexpr int FirstFranchiseHolder = 7001;
 inline constexpr int FranchiseHolders = 4;

@@ -71,7 +71,7 @@ int homeBranch(const Setting& setting, const QString& staffId, int turn)
     return Branches()[std::size_t(turn) % Branches().size()].Code;
 }
 
-/// The people that further areas need, beside those of the smallest company.
+/// The staff of the areas beyond those of the smallest company.
 std::vector<StaffGroup> furtherStaff(const Extent& extent)
 {
     const int areas = extent.FurtherAreas();
@@ -109,7 +109,7 @@ StaffMember hire(const StaffGroup& group, int turn, Random& random)
             {}};
 }
 
-/// Draws what the person is lent and what cheques he gets, in each half year.
+/// Draws the person's loans and cheques for each half year.
 void lend(StaffMember& person, int days, Random& random)
 {
     constexpr int halfYear = 181;
@@ -274,7 +274,7 @@ void WriteWorkshop(const Setting& setting, PayBook& earned)
         const int lines = random.Between(1, 5);
         int total = 0;
         for (int line = 0; line < lines; ++line) {
-            // Steps of seven through twenty parts never meet the same one twice in five.
+            // Five steps of seven through twenty parts are all different.
             const int part = (voucher * 3 + line * 7) % Parts;
             const int quantity = random.Between(1, 3);
             const int amount = partFacts[part].Rate * quantity;

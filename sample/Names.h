@@ -4,7 +4,7 @@
 
 #include <QString>
 
-// Names and addresses of made-up people, put together from lists of their parts.
+// Names and addresses of made-up people, drawn from lists of their parts.
 
 namespace Sample {
 

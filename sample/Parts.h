@@ -19,33 +19,32 @@ namespace Sample {
 
 class PayBook;
 
-/// What every part needs to know.
+/// The settings of the sample.
 struct Setting {
     std::shared_ptr<TradeForms::Connection> Connection;
     QDate LastDay;
     Sample::Extent Extent;
-    /// Told what is being written and how much of how much of it is done.
+    /// See Sample::Progress.
     std::function<void(const char* what, int done, int of)> Progress;
 
-    /// The date of a day of the company, 0 being the first one of its vouchers; days before
-    /// that are negative.
+    /// The date of a day number: 0 is the first day with vouchers, earlier days are negative.
     QDate Day(int day) const;
 };
 
-/// A sum on a day of the company.
+/// An amount on a day of the company.
 struct DatedAmount {
     int Day;
     int Amount;
 };
 
-/// What the pay of a person is worked out from, apart from what he has earned.
+/// The data of a person's pay, apart from the earnings.
 struct StaffMember {
     QString Id;
     Post Role;
     int BasicSalary;
     int GPFund;
     int KFFund;
-    int MonthlyRecovery; ///< taken back each month from what he was lent
+    int MonthlyRecovery; ///< monthly repayment of the loans
     std::vector<DatedAmount> Loans;
     std::vector<DatedAmount> Cheques;
 };
@@ -53,17 +52,17 @@ struct StaffMember {
 /// Branches, areas, staff, products and the other lists; rates; loans and cheques. Returns the
 /// staff.
 std::vector<StaffMember> WriteMasters(const Setting& setting);
-/// Gives what is kept of a password.
+/// Returns the hash of a password.
 using PasswordHash = std::function<QString(const QString& password)>;
 /// Users and what each may do.
 void WriteUsers(const Setting& setting, const PasswordHash& hash);
-/// Parts that the workshop has built in.
+/// The workshop's vouchers of used parts.
 void WriteWorkshop(const Setting& setting, PayBook& earned);
 /// Stock in and out, gate passes, numbered units.
 void WriteStock(const Setting& setting, PayBook& earned);
 /// Instalment accounts, those that were converted, and their receipts, concessions and returns.
 void WriteAccounts(const Setting& setting, PayBook& earned);
-/// The pay of each whole month, and what each area has earned in it.
+/// Monthly pay, and the earnings of each area.
 void WritePay(const Setting& setting, const std::vector<StaffMember>& staff, const PayBook& earned);
 
 } // namespace Sample

@@ -15,14 +15,14 @@ namespace {
 constexpr const char* orderLine = "i”iC";
 constexpr const char* saleLine = "¼Ïp";
 
-/// What a month's sheet takes off and carries over, whatever the person earns.
+/// The deductions of a month, and the balance carried forward.
 struct Deductions {
     int Loan;
     int Advance;
 };
 
-/// Plays a person's months in their order: what was lent is taken back in parts, cheques since
-/// the last pay day are an advance, and a sheet that ends below zero raises the next one's.
+/// Computes a person's months in order: loans are repaid in instalments, cheques since the last pay
+/// day are an advance, and a negative balance is added to the next month's advance.
 class Ledger {
 public:
     Ledger(const Setting& setting, const StaffMember& person) : setting_(setting), person_(person)
@@ -43,7 +43,7 @@ public:
     void Close(int remaining) { carried_ = std::max(0, -remaining); }
 
 private:
-    /// What is dated after the one day and up to the other.
+    /// The sum of the amounts dated after one day and up to another.
     int sum(const std::vector<DatedAmount>& list, QDate after, QDate until) const
     {
         return std::accumulate(
@@ -111,7 +111,7 @@ private:
         "StaffID", "SalaryMonth", "BasicSalary", "GPFund", "KFFund",
         "Recloan", "Other",       "Less",        "Advance"};
 
-    // Each returns what remains to be paid.
+    // Each returns the net pay.
 
     int writeSalary(const StaffMember& person, int month, QDate first, const Deductions& deductions)
     {
@@ -131,7 +131,7 @@ private:
                person.GPFund - person.KFFund;
     }
 
-    /// A share of what came in, which good months raise, and a prize for the best.
+    /// A share of the collections, higher in good months, and a prize for the best.
     std::pair<int, int> recoveryPay(const StaffMember& person, int month)
     {
         const bool manager = person.Role == Post::AreaManager;
@@ -212,7 +212,7 @@ private:
     TableWriter workshopLines_;
 };
 
-/// What came in from an area in a month is shared after some of it was let off and spent.
+/// Partnership profit: an area's monthly collections, less reductions and expenses.
 void writePartnership(const Setting& setting, const PayBook& earned)
 {
     Random random(6002);

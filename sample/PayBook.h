@@ -14,7 +14,7 @@ namespace Sample {
 
 struct Setting;
 
-/// The goods of one account, and who earns on them.
+/// A sale: its people, who earn a commission.
 struct EarningSale {
     int Day;
     bool IsOrder; ///< otherwise a sale
@@ -27,8 +27,8 @@ struct EarningSale {
     QString Franchise;
 };
 
-/// What each person has earned in each whole month, gathered while the vouchers are written. The
-/// forms work the same out from the vouchers.
+/// The earnings of each person in each whole month, collected while the vouchers are written. The
+/// forms compute the same from the vouchers.
 class PayBook {
 public:
     explicit PayBook(const Setting& setting);

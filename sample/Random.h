@@ -6,13 +6,13 @@
 
 namespace Sample {
 
-/// A sequence of numbers that its seed settles, on every platform alike (the distributions of
-/// the standard library are not). Neighbouring seeds give unrelated sequences.
+/// A pseudo-random generator with the same sequence on every platform, unlike the distributions of
+/// the standard library. Neighbouring seeds give unrelated sequences.
 class Random {
 public:
     explicit Random(std::uint64_t seed) : state_(seed) {}
 
-    /// A whole number from 0 up to, not including, the limit.
+    /// A whole number from 0 to limit - 1.
     int Below(int limit) { return int(((next() >> 32) * std::uint64_t(limit)) >> 32); }
     /// A whole number from first to last, both included.
     int Between(int first, int last) { return first + Below(last - first + 1); }
@@ -24,7 +24,7 @@ public:
     }
 
 private:
-    // SplitMix64: a counter, scrambled.
+    // SplitMix64.
     std::uint64_t next()
     {
         std::uint64_t z = (state_ += 0x9e3779b97f4a7c15U);

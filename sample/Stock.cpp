@@ -15,8 +15,8 @@ namespace Sample {
 
 namespace {
 
-/// Plays the company's days in their order and writes what moves. It keeps count of every
-/// product in every branch, so that no day sends out what is not there.
+/// Simulates the company's days in order and writes the stock movements. It tracks the stock of
+/// every product in every branch, so that none becomes negative.
 class StockHistory {
 public:
     StockHistory(const Setting& setting, PayBook& earned)
@@ -86,7 +86,7 @@ private:
         receive(0, branch, utf8(OpeningAccount), utf8("ابتدائی سٹاک"), all);
     }
 
-    /// Fills up each product of which there is little.
+    /// Restocks products that run low.
     void buy(int day, std::size_t branch)
     {
         std::vector<Quantity> scarce;

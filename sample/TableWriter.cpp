@@ -15,7 +15,7 @@ TableWriter::TableWriter(std::shared_ptr<TradeForms::Connection> connection, con
 {
     open();
     for (const char* column : columns) {
-        // Asking by name fails for a column that is not there.
+        // Fields raises for an unknown column.
         fields_.append(rows_.FieldIndex(rows_.Fields(column).Name()));
     }
 }

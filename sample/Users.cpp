@@ -28,7 +28,7 @@ constexpr const char* allScreens[] = {
 enum class Window {
     None,
     ThisMonth, ///< from the first of the last day's month, open to the end
-    Closed     ///< a day long gone: nothing can be entered on the screens that ask for it
+    Closed     ///< a day in the past: nothing can be entered on screens that check the window
 };
 
 struct UserFact {
@@ -43,7 +43,7 @@ struct UserFact {
 };
 
 // clang-format off
-// Everyone has all the screens. They differ in what they may do there.
+// All users have all screens, with different rights.
 constexpr UserFact users[] = {
     // No. name     admin  posted branch modify delete dates
     {1, "admin",    true,  true,  "0",   true,  true,  Window::None},

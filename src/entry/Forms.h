@@ -19,13 +19,15 @@ class UserSecurity;
 /// a form leave these methods as exceptions derived from std::exception.
 class TRADEFORMS_EXPORT Forms {
 public:
-    /// The open connection for all screens; it stays the host's.
+    /// Takes the open connection for all screens. The library never closes it.
     void InitializeClass(const std::shared_ptr<Connection>& objCN);
-    /// The logged-in user. Raises OverflowFailure for a user number outside 0 to 255.
+    /// Takes the rights of the logged-in user. Raises OverflowFailure for a user number outside 0
+    /// to 255.
     void InitializeSecurity(const std::shared_ptr<UserSecurity>& objSec);
-    /// For report headers: location of the logo picture (may be empty), company name in Urdu.
+    /// Takes the path of the logo picture (empty: no logo) and the company's name in Urdu, for the
+    /// headers of reports.
     void InitializeLogo(const QString& vStr, const QString& vNameUrdu);
-    /// True hides the buttons that write, on every form opened afterwards.
+    /// True hides Save and Delete on every form opened afterwards.
     void InitializeServer(const bool& vStr);
 
     void ConcessionForm();

@@ -21,9 +21,9 @@ extern QString LogoImage;
 extern QString NameUrdu;
 extern bool ServerMode;
 
-/// objCN. Raises Failure where the host has given none.
+/// Returns objCN. Raises Failure before the host has called InitializeClass.
 const std::shared_ptr<Connection>& Database();
-/// objSec. Raises Failure where the host has given none.
+/// Returns objSec. Raises Failure before the host has called InitializeSecurity.
 UserSecurity& Security();
 
 } // namespace HostContext

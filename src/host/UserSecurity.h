@@ -15,20 +15,20 @@ class TRADEFORMS_EXPORT UserSecurity {
 public:
     virtual ~UserSecurity();
 
-    /// The right of this user on one screen. The key is the host's menu entry name
-    /// ("MniGatePass"). For the right to modify, the first marker is 1 and the second left out;
-    /// for the right to delete the other way round.
+    /// Returns whether the user has a right on a screen, given by the name of its menu entry
+    /// ("MniGatePass"). The right to modify is asked for with modifyMarker 1 and no deleteMarker,
+    /// the right to delete with deleteMarker 1 and no modifyMarker.
     virtual bool HasRight(const QString& screenKey,
                           std::optional<std::int16_t> modifyMarker = std::nullopt,
                           std::optional<std::int16_t> deleteMarker = std::nullopt) = 0;
     virtual bool UserFlagA() const = 0;
-    /// False stops the save of a posted voucher without a message.
+    /// Whether the user may save a posted voucher. False stops the save without a message.
     virtual bool AllowPostedEdit() const = 0;
-    /// True passes all tests of rights.
+    /// Whether the user has every right on every screen.
     virtual bool IsAdministrator() const = 0;
-    /// 0 to 255; others are refused by Forms::InitializeSecurity.
+    /// The user's number, 0 to 255; Forms::InitializeSecurity refuses others.
     virtual std::int16_t UserNumber() const = 0;
-    /// The user's branch; "0" means all branches.
+    /// The code of the user's branch; "0" means all branches.
     virtual QString UserBranchCode() const = 0;
 };
 

@@ -13,7 +13,8 @@ class CrpRecoveryVoucher : public Report {
 public:
     CrpRecoveryVoucher();
 
-    /// To be run before the rows are opened: works the balances at the voucher's date out.
+    /// The statement that computes the balances at the voucher's date. To be run before the rows
+    /// are opened.
     static Statement Balances(const QDate& voucherDate);
     /// The rows of one voucher.
     static Statement Source(const QString& voucherId);

@@ -7,7 +7,7 @@ namespace TradeForms {
 
 namespace {
 
-/// In the order of the screen: doubles are added one after another.
+/// Summed in the order of the pay screen, as the order changes the rounding of doubles.
 double totalOf(const ReportValues& values)
 {
     const auto amount = [&values](const char* column) { return values.Number(utf8(column)); };

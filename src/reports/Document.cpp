@@ -14,7 +14,7 @@ namespace TradeForms {
 namespace {
 
 constexpr double tenthsPerInch = 254;
-/// Dots per inch of the PDF's own grid: a tenth of a millimetre is nearly five of them.
+/// Resolution of the PDF: a tenth of a millimetre is nearly five dots.
 constexpr int pdfResolution = 1200;
 
 void draw(QPainter& painter, const TextRun& run)
@@ -46,7 +46,7 @@ void draw(QPainter& painter, const PictureShape& picture)
     painter.drawImage(fitted, picture.Image);
 }
 
-/// Where a part of a run stands.
+/// The rectangle of a part of a run.
 QRectF boxOf(const TextRun& run, int from, int length)
 {
     QTextOption option;
@@ -66,10 +66,10 @@ QRectF boxOf(const TextRun& run, int from, int length)
     return box;
 }
 
-/// The runs of one object, as one text.
+/// The runs of one object as one text.
 struct Passage {
     QString Text;
-    QList<std::pair<int, const TextRun*>> Runs; ///< each with where it begins
+    QList<std::pair<int, const TextRun*>> Runs; ///< each with its offset in the text
 
     QList<QRectF> BoxesOf(int from, int length) const
     {

@@ -25,18 +25,18 @@ class Paginator;
 /// One line of text.
 struct TextRun {
     QString Text;
-    QString Object;   ///< name of the object that it comes from
+    QString Object;   ///< name of the report object
     QRectF Place;     ///< the object's place on the page
-    QPointF Origin;   ///< left end of the base line
+    QPointF Origin;   ///< left end of the baseline
     double Width = 0; ///< of the shaped text
     QFont Font;       ///< its size in pixels is tenths of a millimetre
     Qt::Alignment Alignment;
     Qt::LayoutDirection Direction = Qt::RightToLeft;
     QColor Color;
     bool Continues = false; ///< the object's text goes on in the run after this one
-    QString PageText;       ///< of a text with page numbers: what it is made from
+    QString PageText;       ///< template of a text with page numbers
 
-    /// The line from its ascent to its descent, as far as the text reaches.
+    /// The bounding box of the line, from ascent to descent.
     QRectF LineBox() const;
 };
 
@@ -49,10 +49,10 @@ struct LineStroke {
 
 struct BoxShape {
     QRectF Place;
-    double LineWidth = 0; ///< 0 has no frame
+    double LineWidth = 0; ///< 0 draws no frame
     double Radius = 0;
     QColor Color; ///< of the frame
-    QColor Fill;  ///< invalid has none
+    QColor Fill;  ///< invalid fills nothing
 };
 
 struct PictureShape {
@@ -62,7 +62,7 @@ struct PictureShape {
 
 using Primitive = std::variant<TextRun, LineStroke, BoxShape, PictureShape>;
 
-/// One sheet: its primitives in the order of drawing.
+/// A page: its primitives in the order of drawing.
 struct Page {
     QList<Primitive> Primitives;
 
@@ -70,12 +70,11 @@ struct Page {
     QList<TextRun> Texts() const;
 };
 
-/// A report laid out on pages of paper. Pages are laid out as they are asked for: the first one
-/// costs the same whatever follows it. Until the last one is laid out "page 1 of …" keeps its
-/// three points.
+/// A report laid out on pages of paper. Pages are laid out on demand, so the first page of a long
+/// report costs no more than that of a short one. Until the last page is laid out, the page count
+/// is shown as "…".
 ///
-/// What asks for pages that are not laid out yet reads rows of the report's recordset, and raises
-/// Failure where that has been closed meanwhile.
+/// Laying out reads the report's recordset, and raises Failure where that has been closed.
 class Document {
 public:
     explicit Document(std::unique_ptr<Paginator> paginator);
@@ -86,14 +85,14 @@ public:
     QString Title() const;
     /// Of every page.
     QSizeF PageSize() const;
-    /// The same as a sheet and its turn, without margins, for a printer.
+    /// The paper size and orientation, without margins, for a printer.
     QPageLayout PageLayout() const;
 
     /// Lays out all pages and counts them; at least 1. Raises Failure.
     int PageCount() const;
-    /// How many pages are laid out by now.
+    /// Number of pages laid out so far.
     int PagesReady() const;
-    /// Whether all pages are laid out, and their count is known.
+    /// Whether all pages are laid out.
     bool IsComplete() const;
     /// Lays out pages up to this one, counted from 0; false where there are not so many. Raises
     /// Failure.
@@ -106,12 +105,12 @@ public:
     /// of a millimetre: the same code for screen, printer and PDF. Raises Failure as PageAt does.
     void Paint(QPainter& painter, int page) const;
 
-    /// A place where a searched text stands.
+    /// An occurrence of a searched text.
     struct Match {
         int Page = 0;
-        QList<QRectF> Rects; ///< one a line
+        QList<QRectF> Rects; ///< one per line
     };
-    /// All places of a text, in the order of the pages; case does not count. Lays out all pages.
+    /// Finds all occurrences of a text, in page order, case-insensitively. Lays out all pages.
     QList<Match> Find(const QString& text) const;
 
     /// Writes all pages. Raises Failure with a text for the user where the file cannot be written.

@@ -55,7 +55,7 @@ void FormReport::Feed(std::shared_ptr<Report> report, const Statement& statement
 
 void FormReport::PrintCopies(const CopyDeclaration& declaration, QWidget* owner)
 {
-    // Held here as well: the report is printed even if the viewer lets go of it meanwhile.
+    // Keeps the report alive if the viewer drops it while printing.
     const std::shared_ptr<Report> report = RptReportViewer::Shared().Report;
     report->SetPaper(kPaperSetting);
 

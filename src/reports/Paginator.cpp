@@ -12,7 +12,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Parts of a tenth of a millimetre that sums of doubles may be off.
+/// Tolerance for sums of doubles, in tenths of a millimetre.
 constexpr double tolerance = 0.01;
 
 constexpr QLatin1String placePage("{Page}");
@@ -70,7 +70,7 @@ bool hasText(const ReportObject& object)
     return object.Kind == ObjectKind::Text || object.Kind == ObjectKind::Field;
 }
 
-/// Texts of a section that have grown, and what they push down: everything that begins below them.
+/// The texts of a section that have grown. Everything that begins below one is moved down.
 class Growths {
 public:
     void Add(const QRectF& place, double by) { growths_.append({place, by + Above(place)}); }
@@ -110,7 +110,7 @@ private:
     QList<Growth> growths_;
 };
 
-/// A picture for a place on the paper; what printers cannot show is left out of it.
+/// A picture scaled to its place on paper, at no more than printer resolution.
 QImage pictureFor(const ReportObject& object)
 {
     constexpr double pixelsPerTenth = 600 / 254.0;
@@ -124,22 +124,22 @@ QImage pictureFor(const ReportObject& object)
 } // namespace
 
 Paginator::Paginator(ReportState state)
-    : state_(std::move(state)), rows_(state_.Rows), now_(rows_, state_.Parameters),
-      placed_(rows_, state_.Parameters)
+    : state_(std::move(state)), rows_(state_.Rows), current_(rows_, state_.Parameters),
+      lastPlaced_(rows_, state_.Parameters)
 {
     for (const ReportSection& section : state_.Declaration.Sections)
         for (const ReportTotal& total : section.Totals)
-            now_.Totals.insert(total.Name, 0);
-    placed_.Totals = now_.Totals;
+            current_.Totals.insert(total.Name, 0);
+    lastPlaced_.Totals = current_.Totals;
 }
 
 Paginator::~Paginator() = default;
 
 void Paginator::Step()
 {
-    if (!begun_)
-        begin();
-    else if (now_.HasRow())
+    if (!started_)
+        start();
+    else if (current_.HasRow())
         placeRow();
     else
         finish();
@@ -147,10 +147,10 @@ void Paginator::Step()
 
 // ---- Rows
 
-void Paginator::begin()
+void Paginator::start()
 {
     openPage();
-    begun_ = true;
+    started_ = true;
 }
 
 bool Paginator::groupBegins(int row) const
@@ -167,7 +167,7 @@ bool Paginator::groupEnds(int row) const
 
 void Paginator::placeRow()
 {
-    const int row = now_.Row;
+    const int row = current_.Row;
     const bool begins = groupBegins(row);
     const bool ends = groupEnds(row);
     if (begins)
@@ -183,16 +183,16 @@ void Paginator::placeRow()
         together += bands(SectionKind::GroupFooter);
     if (row + 1 == rows_.Count())
         together += bands(SectionKind::ReportFooter);
-    placeKept(together);
+    placeTogether(together);
     if (ends)
         inGroup_ = false;
-    now_.Row = row + 1;
+    current_.Row = row + 1;
 }
 
 void Paginator::finish()
 {
     if (rows_.Count() == 0)
-        placeKept(bands(SectionKind::ReportFooter));
+        placeTogether(bands(SectionKind::ReportFooter));
     closePage();
     fillCounts();
     atEnd_ = true;
@@ -204,7 +204,7 @@ void Paginator::resetTotals(SectionKind header, SectionKind footer)
         if (section.Kind != header && section.Kind != footer)
             continue;
         for (const ReportTotal& total : section.Totals)
-            now_.Totals[total.Name] = 0;
+            current_.Totals[total.Name] = 0;
     }
 }
 
@@ -215,7 +215,7 @@ void Paginator::addToTotals(std::optional<SectionKind> header, std::optional<Sec
         if (!all && section.Kind != header && section.Kind != footer)
             continue;
         for (const ReportTotal& total : section.Totals)
-            now_.Totals[total.Name] += now_.Number(total.Column);
+            current_.Totals[total.Name] += current_.Number(total.Column);
     }
 }
 
@@ -307,11 +307,11 @@ QString Paginator::textOf(const ReportObject& object) const
     const ReportSource& source = object.Source;
     switch (source.Kind) {
     case ReportSource::From::Column:
-        return ReportText::Of(now_.Column(source.Name), object.Format);
+        return ReportText::Of(current_.Column(source.Name), object.Format);
     case ReportSource::From::Total:
-        return ReportText::Of(now_.Total(source.Name), object.Format);
+        return ReportText::Of(current_.Total(source.Name), object.Format);
     case ReportSource::From::Formula:
-        return ReportText::Of(source.Compute(now_), object.Format);
+        return ReportText::Of(source.Compute(current_), object.Format);
     case ReportSource::From::PageText:
         break;
     }
@@ -394,14 +394,15 @@ void Paginator::openPage()
 
 void Paginator::closePage()
 {
-    // The footer sees the last row of its own page, not the one that has to go to the next.
-    std::swap(now_.Row, placed_.Row);
-    std::swap(now_.Totals, placed_.Totals);
+    // The page footer gets the values of the last row on its page, not of the row that goes to the
+    // next page.
+    std::swap(current_.Row, lastPlaced_.Row);
+    std::swap(current_.Totals, lastPlaced_.Totals);
     y_ = bottom_;
     for (const Band& footer : bands(SectionKind::PageFooter))
         append(footer);
-    std::swap(now_.Row, placed_.Row);
-    std::swap(now_.Totals, placed_.Totals);
+    std::swap(current_.Row, lastPlaced_.Row);
+    std::swap(current_.Totals, lastPlaced_.Totals);
 
     const int number = int(pages_.size()) + 1;
     for (qsizetype at = 0; at < page_.Primitives.size(); ++at) {
@@ -410,7 +411,7 @@ void Paginator::closePage()
             continue;
         run->PageText.replace(placePage, QString::number(number));
         if (run->PageText.contains(placePages))
-            counting_.append({number - 1, at});
+            pendingCounts_.append({number - 1, at});
         run->Text = QString(run->PageText).replace(placePages, QString(QChar(0x2026)));
         ReportText::Set(*run);
     }
@@ -422,7 +423,7 @@ void Paginator::nextPage()
     closePage();
     resetTotals(SectionKind::PageHeader, SectionKind::PageFooter);
     if (rowIsPlaced_)
-        placed_.Totals = now_.Totals;
+        lastPlaced_.Totals = current_.Totals;
     else
         addToTotals(SectionKind::PageHeader, SectionKind::PageFooter);
     openPage();
@@ -430,7 +431,8 @@ void Paginator::nextPage()
 
 bool Paginator::fitsNextPage(double height) const
 {
-    // A page on which no row stands yet will not be better off the next time, but for the first.
+    // On a page without rows a block fits no better than on the next page, except on the first
+    // page.
     if (y_ <= top_ && !pages_.empty())
         return false;
     const ReportDeclaration& declaration = state_.Declaration;
@@ -446,7 +448,7 @@ bool Paginator::fitsNextPage(double height) const
     return height <= room + tolerance;
 }
 
-void Paginator::placeKept(const QList<Band>& bands)
+void Paginator::placeTogether(const QList<Band>& bands)
 {
     Block block;
     for (const Band& next : bands) {
@@ -491,8 +493,8 @@ void Paginator::placeBand(const Band& band)
         inGroup_ = true;
     if (band.Section->Kind == SectionKind::Details) {
         rowIsPlaced_ = true;
-        placed_.Row = now_.Row;
-        placed_.Totals = now_.Totals;
+        lastPlaced_.Row = current_.Row;
+        lastPlaced_.Totals = current_.Totals;
     }
 }
 
@@ -535,13 +537,13 @@ void Paginator::append(const Band& band)
 void Paginator::fillCounts()
 {
     const QString count = QString::number(pages_.size());
-    for (const Counting& counting : std::as_const(counting_)) {
+    for (const PendingCount& counting : std::as_const(pendingCounts_)) {
         auto& run =
             std::get<TextRun>(pages_[std::size_t(counting.Page)].Primitives[counting.Primitive]);
         run.Text = run.PageText.replace(placePages, count);
         ReportText::Set(run);
     }
-    counting_.clear();
+    pendingCounts_.clear();
 }
 
 } // namespace TradeForms

@@ -15,7 +15,7 @@ namespace TradeForms {
 
 class Recordset;
 
-/// What a report is when it is laid out: later changes of it do not count.
+/// A snapshot of a report for its layout: later changes of the report have no effect.
 struct ReportState {
     ReportDeclaration Declaration;
     std::shared_ptr<Recordset> Rows;
@@ -25,11 +25,10 @@ struct ReportState {
     QString User;
 };
 
-/// Lays a report's sections out on pages: forward only, a row at a time, with a look at the one
-/// after it.
+/// Lays out a report's sections on pages, row by row, with a lookahead of one row.
 ///
-/// A row is placed together with the headers before and the footers after it that keep together.
-/// What does not fit goes to the next page, below the headers that are repeated there.
+/// A row is placed together with the headers and footers that must stay with it. A block that does
+/// not fit goes to the next page, below the repeated headers.
 class Paginator {
 public:
     /// Raises Failure where the rows are closed.
@@ -40,14 +39,15 @@ public:
 
     const ReportState& State() const { return state_; }
 
-    /// The pages that are finished. References to them stay good.
+    /// The finished pages. References to them stay valid.
     const std::deque<Page>& Pages() const { return pages_; }
     bool AtEnd() const { return atEnd_; }
-    /// Lays out the next row and what belongs to it. Raises Failure; what was laid out stays.
+    /// Lays out the next row with its group headers and footers. Raises Failure; finished pages are
+    /// kept.
     void Step();
 
 private:
-    /// A section that is laid out for itself, from its own left top.
+    /// A section laid out relative to its own top left corner.
     struct Band {
         const ReportSection* Section = nullptr;
         QList<Primitive> Primitives;
@@ -67,7 +67,7 @@ private:
     QString withMakings(const QString& pageText) const;
 
     // Rows
-    void begin();
+    void start();
     void placeRow();
     void finish();
     bool groupBegins(int row) const;
@@ -82,7 +82,7 @@ private:
     void closePage();
     void nextPage();
     bool fitsNextPage(double height) const;
-    void placeKept(const QList<Band>& bands);
+    void placeTogether(const QList<Band>& bands);
     void placeBlock(const Block& block);
     void placeBand(const Band& band);
     void placeParts(const Band& band);
@@ -92,22 +92,22 @@ private:
 
     ReportState state_;
     ReportRows rows_;
-    RowValues now_;    ///< the row that is being laid out
-    RowValues placed_; ///< the last one that has found its place
+    RowValues current_;    ///< the row that is being laid out
+    RowValues lastPlaced_; ///< the last row that has been placed
 
     std::deque<Page> pages_;
-    /// A run of a finished page that waits for the count of all.
-    struct Counting {
+    /// A run of a finished page that lacks the page count.
+    struct PendingCount {
         int Page;
         qsizetype Primitive;
     };
-    QList<Counting> counting_;
+    QList<PendingCount> pendingCounts_;
 
     Page page_;
     double y_ = 0;
-    double top_ = 0;    ///< where the rows of this page begin
-    double bottom_ = 0; ///< where its footer begins
-    bool begun_ = false;
+    double top_ = 0;    ///< top of the rows on this page
+    double bottom_ = 0; ///< top of the page footer
+    bool started_ = false;
     bool rowIsPlaced_ = false;
     bool inGroup_ = false; ///< the header of the group has been placed, and its footer not yet
     bool atEnd_ = false;

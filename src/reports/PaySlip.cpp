@@ -23,7 +23,7 @@ QString totalOfList()
     return QStringLiteral("TotalAmount");
 }
 
-/// A formula that is empty where there is no row to compute it from.
+/// A formula that is null without a row.
 ReportSource::Formula ofRow(std::function<double(const ReportValues&)> compute)
 {
     return [compute = std::move(compute)](const ReportValues& values) -> QVariant {
@@ -41,7 +41,7 @@ ReportSource::Formula sumOf(const QList<Line>& lines)
     });
 }
 
-/// What is paid out: the total, as its field shows it, less loan and funds.
+/// Net pay: the total as it is displayed, less loan and funds.
 std::function<double(const ReportValues&)>
 remaining(const std::function<double(const ReportValues&)>& totalOf)
 {
@@ -89,7 +89,7 @@ double addColumn(ReportSection& section, const Caption& heading, const QList<Lin
         addLine(section, line, left, width, y, false);
         y += lineHeight;
     }
-    // The sums of both columns stand on one line.
+    // The sums of both columns are aligned.
     y = top + 80 + double(rows) * lineHeight;
     section.Objects.append(HLine(y, left, left + width));
     addLine(section, sum, left, width, y + 8, true);
@@ -98,7 +98,7 @@ double addColumn(ReportSection& section, const Caption& heading, const QList<Lin
 
 ReportSection payAndDeductions(const Declaration& slip, double width)
 {
-    // Under a long list it may go to a page of its own.
+    // Below a long list it may move to a page of its own.
     ReportSection section{.Kind = slip.List.isEmpty() ? SectionKind::Details
                                                       : SectionKind::ReportFooter,
                           .Name = QStringLiteral("PaySection"),
@@ -114,7 +114,7 @@ ReportSection payAndDeductions(const Declaration& slip, double width)
                   {"SumDeductions", {"کل کٹوتی", "Deductions in all"}, sumOf(deductions)}, rows, 0,
                   column, 10);
 
-    // The two totals that the screen shows, the latter what is paid out.
+    // The two totals of the pay screen; the second one is the net pay.
     constexpr double boxHeight = 110;
     ReportObject box;
     box.Name = QStringLiteral("BoxTotals");

@@ -22,26 +22,26 @@ struct Line {
     ReportSource::Formula Amount;
 };
 
-/// A line that is a column of the rows.
+/// A line that shows a column of the rows.
 Line ColumnLine(const char* column, const Caption& label);
 /// Advance, further deduction, loan and the two funds, in this order.
 QList<Line> Deductions();
 
 /// The pay of a slip with a list: basic pay, the list's total, other pay.
 QList<Line> PayWithList(const Caption& list);
-/// Their total before loan and funds, in the order in which the screen adds it up.
+/// The total of PayWithList before loan and funds, summed in the order of the pay screen.
 double TotalWithList(const ReportValues& values);
 
-/// How one kind of slip differs from the others.
+/// The declaration of one kind of slip.
 struct Declaration {
     const char* ReportName = "";
     const char* Title = ""; ///< of the print job
     Caption Heading;
     const char* NameColumn = ""; ///< of the person's name
-    /// A list over the rows, whose first column is the total amount; empty where a row is a slip.
+    /// Columns of a list of the rows, the total amount first; empty where each row is a slip.
     QList<ReportPieces::ListColumn> List = {};
     QList<Line> Pay;
-    /// Before loan and funds, in the order in which the screen adds it up.
+    /// Pay before loan and funds, summed in the order of the pay screen.
     std::function<double(const ReportValues&)> TotalOf;
 };
 

@@ -14,7 +14,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Letters, digits and a few marks that every file system takes.
+/// Keeps letters, digits, "-" and "."; other characters become blanks.
 QString asFileName(const QString& text)
 {
     QString name;
@@ -55,7 +55,7 @@ void FolderPort::Print(const Document& document, const PrintJob& job)
     if (!QDir().mkpath(folder_))
         throw failed(folder_, QStringLiteral("the folder cannot be made"));
 
-    // Opened only where there is none of the name yet, so that two programs may share a folder.
+    // NewOnly: two programs may write to the same folder.
     const QString wanted = QDir(folder_).filePath(FileName(job, QDateTime::currentDateTime()));
     QFile file(wanted);
     for (int next = 2; !file.open(QIODevice::WriteOnly | QIODevice::NewOnly); ++next) {
@@ -90,7 +90,7 @@ PrinterOrFolderPort::~PrinterOrFolderPort() = default;
 
 void PrinterOrFolderPort::Print(const Document& document, const PrintJob& job)
 {
-    // Asked for each job: a printer may come while the program runs.
+    // Checked for each job: a printer may be installed while the program runs.
     if (printer_->HasPrinter()) {
         printer_->Print(document, job);
         return;

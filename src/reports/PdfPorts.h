@@ -11,7 +11,7 @@ namespace TradeForms {
 
 class PrinterPort;
 
-/// A folder in which each job becomes a PDF file of its own.
+/// Writes each job to a PDF file of its own in a folder.
 class FolderPort : public PrintPort {
 public:
     explicit FolderPort(const QString& folder);
@@ -19,15 +19,15 @@ public:
     /// Raises Failure where the folder or the file cannot be written.
     void Print(const Document& document, const PrintJob& job) override;
 
-    /// A job's file name, "Gate Pass 12 copy 1 2026-03-31 14.05.09.pdf". What no file name may
-    /// hold is left out.
+    /// The file name of a job, "Gate Pass 12 copy 1 2026-03-31 14.05.09.pdf". Characters that a
+    /// file name cannot hold become blanks.
     static QString FileName(const PrintJob& job, const QDateTime& time);
 
 private:
     QString folder_;
 };
 
-/// Hands each job to the host as a PDF document.
+/// Passes each job to the host as a PDF document.
 class ReceiverPort : public PrintPort {
 public:
     explicit ReceiverPort(Printing::Receiver receiver);
@@ -37,7 +37,7 @@ private:
     Printing::Receiver receiver_;
 };
 
-/// The system's printer, or a folder as long as there is none.
+/// The system's printer, or a folder while there is no printer.
 class PrinterOrFolderPort : public PrintPort {
 public:
     PrinterOrFolderPort(std::unique_ptr<PrinterPort> printer, const QString& folder,
@@ -49,7 +49,7 @@ private:
     std::unique_ptr<PrinterPort> printer_;
     QString path_;
     FolderPort folder_;
-    std::function<void(const QString& folder)> onFolder_; ///< empty once it has been called
+    std::function<void(const QString& folder)> onFolder_; ///< reset after its first call
 };
 
 } // namespace TradeForms

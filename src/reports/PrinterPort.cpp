@@ -68,8 +68,8 @@ void PrinterPort::Print(const Document& document, const PrintJob& job)
     const std::unique_ptr<QPrinter> printer = system_->Open(name);
     printer->setDocName(job.Copy.isEmpty() ? job.Title
                                            : QStringLiteral("%1 (%2)").arg(job.Title, job.Copy));
-    // The document brings its own margins. A printer without paper of its size keeps its own: the
-    // page stands in the left top corner of that.
+    // The document contains its margins. A printer without this paper size keeps its own; the page
+    // is printed in its top left corner.
     QPageLayout sheet = document.PageLayout();
     sheet.setMode(QPageLayout::FullPageMode);
     printer->setPageLayout(sheet);

@@ -16,7 +16,7 @@ class SystemPrinters {
 public:
     virtual ~SystemPrinters();
     virtual QStringList Names() const;
-    /// Empty where the system names none.
+    /// Empty where the system has no default printer.
     virtual QString DefaultName() const;
     virtual std::unique_ptr<QPrinter> Open(const QString& name) const;
 };
@@ -31,9 +31,8 @@ public:
     void Print(const Document& document, const PrintJob& job) override;
 
     bool HasPrinter() const;
-    /// The printer that a job goes to: the one that bears its printer name, else the one that
-    /// bears the name of its port, else the default one, else the only one. Empty where none
-    /// of these is.
+    /// The printer of a job: the one with the job's printer name, else the one named like its port,
+    /// else the default printer, else the only one. Empty where there is none of these.
     QString Resolve(const PrintJob& job) const;
 
 private:

@@ -12,7 +12,7 @@ namespace TradeForms {
 
 class Recordset;
 
-/// A report to be printed or shown: the copy of a declaration that may be changed, with its rows,
+/// A report to print or show: a copy of its declaration, which a caller may change, with its rows,
 /// parameters and printer.
 class Report {
 public:
@@ -34,9 +34,9 @@ public:
     /// one.
     void SetDataSource(std::shared_ptr<Recordset> rows, int dataTag = 3, int tableNumber = 1);
 
-    /// The printer by its three strings, which the print port resolves as it can.
+    /// Selects the printer by driver, name and port; the print port finds the best match.
     void SelectPrinter(const QString& driver, const QString& name, const QString& port);
-    /// The printer's numbered paper setting; it changes nothing of the layout.
+    /// The printer's paper size number; the layout does not depend on it.
     void SetPaper(int number) { paper_ = number; }
     int PaperNumber() const { return paper_; }
 
@@ -48,20 +48,20 @@ public:
     /// The title with the voucher's key, "Gate Pass 12". Raises Failure where the rows are closed.
     QString Title() const;
 
-    /// What goes to the print port with the document: the printer's three strings, the title, and
-    /// the first parameter as the copy. Raises Failure where the rows are closed.
+    /// The job for the print port: the selected printer, the title, and the first parameter as the
+    /// copy. Raises Failure where the rows are closed.
     PrintJob Job() const;
 
     /// Fills the header as its section is laid out: the logo's location, or no logo, and the
     /// company's name.
     void ReportHeaderSection1_Format();
 
-    /// Lays the report out, page after page as they are asked for. Later changes of the report
+    /// Returns the document, whose pages are laid out on demand. Later changes of the report
     /// do not change the document. Raises Failure where it has no rows, or these are closed.
     Document Format();
 
-    /// Lays the report out and gives it to the print port. There is no dialog of its own: prompt
-    /// has to be false. Raises Failure where printing fails.
+    /// Lays the report out and gives it to the print port. There is no print dialog: prompt has to
+    /// be false. Raises Failure where printing fails.
     void PrintOut(bool prompt);
 
 private:
@@ -74,8 +74,8 @@ private:
     int paper_ = 0;
 };
 
-/// Takes the colours of all objects away: no back colour for texts and fields, white boxes. An
-/// object whose name begins with NO, in capitals or not, keeps its own.
+/// Removes the colours of all objects: no background for texts and fields, white boxes. Objects
+/// whose names begin with NO, in any case, keep theirs.
 void RemoveObjectColors(Report& report);
 
 } // namespace TradeForms

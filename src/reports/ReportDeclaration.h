@@ -15,12 +15,12 @@
 
 #include <functional>
 
-// A report as data: what stands where on the paper. One unit of length throughout, for places,
-// margins, lines and type: the tenth of a millimetre, from left to right and downwards.
+// A report as data: its sections and objects. All lengths (positions, margins, lines, type sizes)
+// are tenths of a millimetre, from left to right and downwards.
 
 namespace TradeForms {
 
-/// What a field may ask for while its section is laid out.
+/// The values available to a field while its section is laid out.
 class ReportValues {
 public:
     virtual ~ReportValues() = default;
@@ -28,9 +28,9 @@ public:
     /// A column of the current row; invalid for a null, and where there is no row. Raises
     /// Failure for a column that the rows do not have.
     virtual QVariant Column(const QString& name) const = 0;
-    /// The same as a number; a null counts 0.
+    /// The same as a number; 0 for a null.
     double Number(const QString& name) const { return Column(name).toDouble(); }
-    /// What a section's total has come to, the current row counted.
+    /// The running total of a section, including the current row.
     virtual double Total(const QString& name) const = 0;
     /// A parameter's value; the first is 1.
     virtual QString Parameter(int index) const = 0;
@@ -42,7 +42,7 @@ struct ReportSource {
     enum class From {
         Column,  ///< Name is a column of the rows
         Total,   ///< Name is a total of a section
-        Formula, ///< Compute tells
+        Formula, ///< the value is computed by Compute
         PageText ///< Name is a text with places {Page}, {Pages}, {Printed} and {User}
     };
     using Formula = std::function<QVariant(const ReportValues&)>;
@@ -54,26 +54,25 @@ struct ReportSource {
 
 /// How a value becomes text.
 enum class ValueFormat {
-    Plain,    ///< as a field on a screen shows it
-    Amount,   ///< 1,234 or 1,234.50: no digit is rounded away; stands by its decimal point
-    Quantity, ///< 3 or 1.5; stands by its decimal point
+    Plain,    ///< as in a field on a screen
+    Amount,   ///< 1,234 or 1,234.50, never rounded; aligned by the decimal point
+    Quantity, ///< 3 or 1.5; aligned by the decimal point
     Date,     ///< dd/MM/yyyy
     Month     ///< MMM-yyyy
 };
 
 enum class ObjectKind { Text, Field, Picture, Line, Box };
 
-/// Colours are numbers as the callers of a report know them: blue, green, red from the high byte
-/// down. -1 is no colour.
+/// Colours in the callers' format 0xBBGGRR; -1 is no colour.
 constexpr int NoColor = -1;
 constexpr int White = 16777215;
 
-/// One thing on the paper. Its section moves it down the page; the rest is its own.
+/// An object of a section.
 struct ReportObject {
     QString Name;
     ObjectKind Kind = ObjectKind::Text;
-    /// From the left margin and the top of its section; a line goes from the one corner to the
-    /// other.
+    /// Relative to the left margin and the top of the section; a line goes from the top left to the
+    /// bottom right corner.
     QRectF Place;
     bool Suppress = false;
 
@@ -86,11 +85,12 @@ struct ReportObject {
     Qt::LayoutDirection Direction = Qt::RightToLeft; ///< of the paragraph
     QColor Color = Qt::black;
     int BackColor = NoColor;
-    bool CanGrow = false; ///< wraps into as many lines as it needs; else it shrinks until it fits
-    bool Framed = false;  ///< a rounded frame round the text, where there is text
+    bool CanGrow =
+        false; ///< wraps into as many lines as needed; otherwise the font is shrunk to fit
+    bool Framed = false; ///< a rounded frame round the text, where there is text
 
     // Picture
-    QString Picture;       ///< location; a file that cannot be read leaves the place empty
+    QString Picture;       ///< path; a file that cannot be read shows nothing
     QImage DefaultPicture; ///< embedded; drawn where Picture is empty
 
     // Line and box
@@ -99,8 +99,8 @@ struct ReportObject {
     int FillColor = NoColor; ///< of a box
 };
 
-/// Sums a column over the rows. It begins anew as its section does: in a group's sections with
-/// each group, in a page's sections with each page, elsewhere once.
+/// The sum of a column. In group sections it is reset for each group, in page sections for each
+/// page, elsewhere never.
 struct ReportTotal {
     QString Name;
     QString Column;
@@ -111,12 +111,12 @@ enum class SectionKind {
     PageHeader,   ///< at the top of each page, on the first under the report header
     GroupHeader,  ///< before the first row of a group
     Details,      ///< for each row
-    GroupFooter,  ///< after the last row of a group, whose values it sees
+    GroupFooter,  ///< after the last row of a group, with the values of that row
     PageFooter,   ///< at the bottom of each page
-    ReportFooter  ///< once, after the last row, whose values it sees
+    ReportFooter  ///< once, after the last row, with the values of that row
 };
 
-/// A band of the page. There may be more than one of a kind; they follow each other.
+/// A band of the page. There may be several of a kind, placed one after another.
 struct ReportSection {
     enum class Pages { Every, FirstOnly, AfterFirst };
 
@@ -126,16 +126,16 @@ struct ReportSection {
     QList<ReportObject> Objects = {}; ///< in the order of drawing
     QList<ReportTotal> Totals = {};
     bool Suppress = false;
-    /// Of a group header: comes again at the top of each page on which its group goes on.
+    /// Group header: repeated at the top of each page that continues the group.
     bool Repeat = false;
-    /// Not split over two pages where it fits on one.
+    /// Kept on one page where it fits on one.
     bool KeepTogether = true;
-    /// Where they fit on one page, a group's header stays with the row after it, a footer of a
-    /// group or of the report with what stands before it.
+    /// A group header is kept on one page with the row after it, a footer of a group or of the
+    /// report with the row before it, where they fit.
     bool KeepWithRows = true;
-    /// Of a report footer: stands at the bottom of its page.
+    /// Report footer: placed at the bottom of its page.
     bool AtBottom = false;
-    /// Of a page's header or footer: where it is left out.
+    /// Page header or footer: the pages that have it.
     Pages On = Pages::Every;
 };
 
@@ -144,11 +144,11 @@ struct ReportParameter {
     bool Numeric = false;
 };
 
-/// One report's design. A Report is made from it and may then be changed by itself.
+/// The declaration of a report. A Report is a copy of it that a caller may change.
 struct ReportDeclaration {
     QString Name = {};  ///< of the class, CrpGatePassDetail
     QString Title = {}; ///< in English, for the list of print jobs and the PDF's properties
-    /// Names the voucher of a row, behind the title; may be empty.
+    /// Returns the key of the row's voucher, which follows the title; may be empty.
     ReportSource::Formula Key = {};
     QPageSize::PageSizeId Paper = QPageSize::A4;
     QPageLayout::Orientation Orientation = QPageLayout::Portrait;
@@ -158,11 +158,11 @@ struct ReportDeclaration {
     QList<ReportParameter> Parameters = {};
     QList<ReportSection> Sections = {};
 
-    /// The sheet and its turn, without the printer's own margins.
+    /// The paper size and orientation, without the printer's margins.
     QPageLayout PageLayout() const;
-    /// A4 upright is 2100 by 2970.
+    /// The size of the paper: A4 in portrait is 2100 by 2970.
     QSizeF PageSize() const;
-    /// Between the margins.
+    /// The width between the margins.
     double Width() const { return PageSize().width() - Margins.left() - Margins.right(); }
 };
 

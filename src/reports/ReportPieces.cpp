@@ -41,7 +41,7 @@ ReportObject english(const char* name, const QRectF& place, const QFont& font, c
     return object;
 }
 
-/// The company's mark where a caller wants one and has no picture: a plain shape.
+/// The picture in place of a logo that the host has not given.
 QImage defaultLogo()
 {
     constexpr QSize size(362, 338);
@@ -52,7 +52,7 @@ QImage defaultLogo()
     const QRectF frame = QRectF(QPointF(), QSizeF(size)).adjusted(8, 8, -8, -8);
     painter.setPen(QPen(Paper::Muted, 10));
     painter.drawRoundedRect(frame, 40, 40);
-    // Three strips that rise, as a growing stock would.
+    // Three rising bars.
     painter.setPen(Qt::NoPen);
     painter.setBrush(Paper::Muted);
     constexpr int strips = 3;
@@ -65,7 +65,7 @@ QImage defaultLogo()
     return image;
 }
 
-/// Which copy this is; empty where none has been chosen.
+/// The name of the copy by the first parameter; null without one.
 ReportSource::Formula copyName(const QList<Caption>& copies)
 {
     return [copies](const ReportValues& values) -> QVariant {

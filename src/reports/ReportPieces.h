@@ -6,8 +6,7 @@
 #include <QList>
 #include <QString>
 
-// The few pieces of which all reports are made, so that they look like one family. Texts are
-// given as literals in UTF-8.
+// The objects and sections that all reports share. Texts are UTF-8 literals.
 
 namespace TradeForms::ReportPieces {
 
@@ -30,7 +29,7 @@ ReportObject HLine(double top, double left, double right, double width = 2);
 ReportSection Header(const Caption& title, const QList<Caption>& copies, double width);
 /// At the top of the pages after the first one: the title with the voucher's key.
 ReportSection Continuation(const Caption& title, const ReportSource::Formula& key, double width);
-/// Lines to sign on, at the bottom of the last page.
+/// Signature lines at the bottom of the last page.
 ReportSection Signatures(const QList<Caption>& signers, double width);
 /// Page x of y, date and user of printing.
 ReportSection Footer(double width);
@@ -47,7 +46,7 @@ struct LabelledField {
     bool Urdu = false;
 };
 
-/// Rows of fields, each with its label at its right; so many stand in a row, from the right.
+/// Fields with their labels, `inRow` of them in each row, from right to left.
 ReportSection Fields(const char* name, const QList<LabelledField>& fields, int inRow, double width);
 
 // ---- A list
@@ -65,9 +64,9 @@ struct ListColumn {
 
 /// The heads of the columns, on each page.
 ReportSection ListHeads(const QList<ListColumn>& columns, double width);
-/// One row of the list; names that are too long take more lines.
+/// One row of the list; long names wrap.
 ReportSection ListRow(const QList<ListColumn>& columns, double width);
-/// The totals under their columns; each is named like its column.
+/// The totals below their columns, each named after its column.
 ReportSection ListTotals(const QList<ListColumn>& columns, double width);
 
 } // namespace TradeForms::ReportPieces

@@ -13,7 +13,7 @@ namespace TradeForms {
 
 class Recordset;
 
-/// The rows of a report, read one by one from a recordset that belongs to somebody else.
+/// The rows of a report, read from a recordset that its caller owns.
 class ReportRows {
 public:
     /// Raises Failure where the recordset is closed.
@@ -32,7 +32,7 @@ private:
     mutable QHash<QString, int> columns_;
 };
 
-/// What the fields of a section see: a row, and the totals up to it.
+/// The values of a section's fields: a row, and the running totals.
 class RowValues : public ReportValues {
 public:
     using Sums = QHash<QString, double>;

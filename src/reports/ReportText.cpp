@@ -26,7 +26,7 @@ QFont type(const QStringList& families, int size, QFont::Weight weight)
     font.setFamilies(families);
     font.setPixelSize(size);
     font.setWeight(weight);
-    // Widths on paper are those of the design, whatever the screen.
+    // Unhinted metrics: widths on paper must not depend on the screen.
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
 }

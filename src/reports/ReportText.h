@@ -11,27 +11,27 @@ namespace TradeForms {
 
 struct TextRun;
 
-/// Text on paper: its type, its values, its measure. Sizes are tenths of a millimetre.
+/// Fonts, formatting and measuring of text on paper. Sizes are tenths of a millimetre.
 namespace ReportText {
 
 // Type
 QFont Latin(int size, QFont::Weight weight = QFont::Normal);
 QFont Urdu(int size, QFont::Weight weight = QFont::Normal);
 
-/// A value as text; a null is empty.
+/// Formats a value; a null becomes an empty text.
 QString Of(const QVariant& value, ValueFormat format);
 
 /// Width of a line of text.
 double Width(const QString& text, const QFont& font);
-/// From one base line to the next.
+/// The distance between baselines.
 double LinePitch(const QFont& font);
-/// The lines of a text that may be so wide. A word that is wider by itself is broken.
+/// Breaks a text into lines of at most this width. A wider word is broken.
 QStringList Wrap(const QString& text, const QFont& font, double width);
 
-/// Puts a run into its place: width and origin from text, place, font and alignment. A run that
-/// is too wide gets a smaller font.
+/// Sets width and origin of a run from its text, place, font and alignment. A run that is too wide
+/// gets a smaller font.
 void Set(TextRun& run);
-/// The same for a number that stands by its decimal point.
+/// The same for a number aligned by its decimal point.
 void SetByPoint(TextRun& run, ValueFormat format);
 
 } // namespace ReportText

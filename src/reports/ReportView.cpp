@@ -14,13 +14,15 @@ namespace TradeForms {
 
 namespace {
 
-const int kGap = 12;      ///< round the pages, in pixels
+const int kGap = 12;      ///< around the pages, in pixels
 const int kLineStep = 48; ///< of the arrow keys and the wheel, in pixels
 const int kCacheKiB = 96 * 1024;
-const int kLargestPictureKiB = 24 * 1024; ///< larger pages are painted as far as they are seen
+const int kLargestPictureKiB =
+    24 * 1024; ///< larger pages are painted directly, their visible part only
 const int kZoomSteps[] = {25, 33, 50, 67, 75, 93, 100, 125, 150, 200, 300, 400};
 const int kWheelStep = 120;
-const qreal kSameLine = 12; ///< between base lines of one line of words, in tenths of a millimetre
+const qreal kSameLine =
+    12; ///< largest distance of baselines in a line of text, in tenths of a millimetre
 
 int kibOf(const QSize& pixels)
 {
@@ -38,7 +40,7 @@ ReportView::ReportView(const QString& name, QWidget* parent)
         Look::Dress(*bar, Look::LatinFont());
         bar->setSingleStep(kLineStep);
     }
-    // Pages lie in the plane of the paper, whichever way the form runs.
+    // Pages are laid out from left to right in a right-to-left form, too.
     setLayoutDirection(Qt::LeftToRight);
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(2);
@@ -63,7 +65,7 @@ void ReportView::SetDocument(std::shared_ptr<const Document> document)
     // Where the page is wider than the view, Urdu begins at the right.
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum());
     viewport()->update();
-    tell();
+    notifyChange();
 }
 
 // ---- The plane on which the pages lie
@@ -93,7 +95,7 @@ int ReportView::topOf(int index) const
     return kGap + index * (pageSize().height() + kGap);
 }
 
-/// The page at a height of the plane, or the one below where that is between two.
+/// The page at a vertical position, or the one below it between two pages.
 int ReportView::indexAt(int y) const
 {
     return std::clamp(y / (pageSize().height() + kGap), 0, std::max(0, PageCount() - 1));
@@ -108,7 +110,7 @@ QRect ReportView::PageRect(int page) const
     return {QPoint(left, topOf(page - 1) - verticalScrollBar()->value()), size};
 }
 
-/// A place on a page as it lies in the viewport.
+/// The rectangle of a place on a page in the viewport.
 QRectF ReportView::onView(int index, const QRectF& place) const
 {
     return QRectF(place.topLeft() * scale(), place.size() * scale())
@@ -128,7 +130,7 @@ void ReportView::layOut()
     horizontalScrollBar()->setPageStep(room.width());
 }
 
-void ReportView::tell()
+void ReportView::notifyChange()
 {
     toldPage_ = Page();
     Fire(OnChange);
@@ -142,13 +144,13 @@ void ReportView::SetZoom(int percent)
     zoomAbout(percent, viewport()->rect().center());
 }
 
-/// Zooms so that what lies at a point of the view stays there.
+/// Zooms around a point of the view.
 void ReportView::zoomAbout(int percent, const QPoint& fixed)
 {
     const int zoom = std::clamp(percent, kSmallest, kLargest);
     if (zoom == zoom_ || !document_) {
         zoom_ = zoom;
-        tell();
+        notifyChange();
         return;
     }
     const int page = indexAt(verticalScrollBar()->value() + fixed.y()) + 1;
@@ -160,7 +162,7 @@ void ReportView::zoomAbout(int percent, const QPoint& fixed)
     horizontalScrollBar()->setValue(horizontalScrollBar()->value() + now.x() - fixed.x());
     verticalScrollBar()->setValue(verticalScrollBar()->value() + now.y() - fixed.y());
     viewport()->update();
-    tell();
+    notifyChange();
 }
 
 void ReportView::ZoomIn()
@@ -273,7 +275,7 @@ int ReportView::Search(const QString& words)
         goToHit(first == hits_.end() ? 0 : int(first - hits_.begin()));
     }
     viewport()->update();
-    tell();
+    notifyChange();
     return HitCount();
 }
 
@@ -281,7 +283,7 @@ void ReportView::NextHit()
 {
     if (!hits_.isEmpty()) {
         goToHit((hit_ + 1) % HitCount());
-        tell();
+        notifyChange();
     }
 }
 
@@ -289,7 +291,7 @@ void ReportView::PreviousHit()
 {
     if (!hits_.isEmpty()) {
         goToHit((hit_ + HitCount() - 1) % HitCount());
-        tell();
+        notifyChange();
     }
 }
 
@@ -347,10 +349,10 @@ void ReportView::paintPage(QPainter& painter, int index)
     painter.restore();
 }
 
-/// A page painted once and kept, or null where it is too large to be kept.
+/// The cached picture of a page, or null where it is too large for the cache.
 const QPixmap* ReportView::picture(int index)
 {
-    // Another screen has another density.
+    // The pixel density depends on the screen.
     const QPixmap* found = pictures_.object(index);
     if (found && found->devicePixelRatio() == devicePixelRatioF())
         return found;
@@ -371,7 +373,7 @@ const QPixmap* ReportView::picture(int index)
 
 void ReportView::paintHits(QPainter& painter, int index)
 {
-    // As a marker on paper: what is black stays black.
+    // Multiplied, so that black text stays black.
     painter.setCompositionMode(QPainter::CompositionMode_Multiply);
     const auto before = [](const Document::Match& hit, int page) { return hit.Page < page; };
     for (auto it = std::lower_bound(hits_.begin(), hits_.end(), index, before);
@@ -419,7 +421,7 @@ void ReportView::scrollContentsBy(int dx, int dy)
 {
     viewport()->scroll(dx, dy);
     if (Page() != toldPage_)
-        tell();
+        notifyChange();
 }
 
 void ReportView::focusInEvent(QFocusEvent* event)
@@ -434,7 +436,7 @@ void ReportView::focusOutEvent(QFocusEvent* event)
     showFocus();
 }
 
-/// The frame is drawn in the palette's colour of text.
+/// The style draws the frame in the colour WindowText.
 void ReportView::showFocus()
 {
     QPalette framed = Look::Palette();

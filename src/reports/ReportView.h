@@ -13,8 +13,8 @@
 
 namespace TradeForms {
 
-/// Pages of a document below each other, as they will be printed. Only what is on the screen is
-/// painted. OnChange runs when the zoom, the page in view or the hits of a search change.
+/// Shows the pages of a document below each other, as they will be printed. Only visible pages are
+/// painted. OnChange runs when the zoom, the current page or the hits of a search change.
 ///
 /// Pages and hits are numbered from 1.
 class ReportView : public QAbstractScrollArea, public Control {
@@ -25,51 +25,50 @@ public:
     ~ReportView() override;
 
     /// Shows a document from its first page; null shows nothing. Raises what laying out all its
-    /// pages raises, and shows what it did.
+    /// pages raises; then the view keeps the document it had.
     void SetDocument(std::shared_ptr<const Document> document);
     const std::shared_ptr<const Document>& Shown() const { return document_; }
 
-    /// In percent of the size on paper, kSmallest to kLargest; others are brought in between.
+    /// The zoom in percent of the size on paper, clamped to kSmallest and kLargest.
     void SetZoom(int percent);
     int Zoom() const { return zoom_; }
-    /// The next step up or down.
+    /// To the next zoom step up or down.
     void ZoomIn();
     void ZoomOut();
-    /// The page takes the view's whole width, whatever the window's size, until another zoom
-    /// is chosen.
+    /// Fits the page to the view's width, also when the window is resized, until another zoom is
+    /// chosen.
     void FitWidth();
     bool FitsWidth() const { return fitsWidth_; }
     static constexpr int kSmallest = 25;
     static constexpr int kLargest = 400;
 
     int PageCount() const;
-    /// The page that takes most of the view; 0 where there is none.
+    /// The page that covers most of the view; 0 without a document.
     int Page() const;
-    /// Brings the top of a page to the top of the view; a number beyond the ends is the first
-    /// or the last page.
+    /// Scrolls to the top of a page; the number is clamped to the existing pages.
     void GoToPage(int page);
     void GoToStart();
     void GoToEnd();
-    /// The end of the page in view.
+    /// Scrolls to the end of the current page.
     void GoToPageEnd();
-    /// Scrolls by what the view shows at once, forward (1) or back (-1).
+    /// Scrolls by the height of the view, forward (1) or back (-1).
     void ScrollPage(int direction);
 
-    /// The words of the page in view: a line of text for each on the paper, read from the right,
-    /// with tabs between what stands apart.
+    /// The text of the current page: its lines from right to left, with tabs between separate
+    /// objects.
     QString PageText() const;
 
-    /// Marks all texts that hold these words, whatever their case, and goes to the first from
-    /// the page in view on. Empty words take the marks away. Gives the number of hits.
+    /// Highlights all occurrences of the words, case-insensitively, and goes to the first one from
+    /// the current page on. Empty words remove the highlights. Returns the number of hits.
     int Search(const QString& words);
-    /// Goes on to the next or previous hit, round and round.
+    /// Goes to the next or previous hit, wrapping around.
     void NextHit();
     void PreviousHit();
     int HitCount() const { return int(hits_.size()); }
     /// 0 where there is none.
     int Hit() const { return hit_ + 1; }
 
-    /// Where a page lies in the viewport, in pixels.
+    /// The rectangle of a page in the viewport, in pixels.
     QRect PageRect(int page) const;
 
 protected:
@@ -82,7 +81,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    /// Pixels for a tenth of a millimetre at 100 percent and as it is shown now.
+    /// Pixels per tenth of a millimetre at 100 percent, and at the current zoom.
     qreal wholeScale() const;
     qreal scale() const;
     QSize pageSize() const;
@@ -95,7 +94,7 @@ private:
     const QPixmap* picture(int index);
     void paintPage(QPainter& painter, int index);
     void paintHits(QPainter& painter, int index);
-    void tell();
+    void notifyChange();
     void showFocus();
 
     std::shared_ptr<const Document> document_;
@@ -103,9 +102,9 @@ private:
     bool fitsWidth_ = false;
     QList<Document::Match> hits_;
     int hit_ = -1;
-    int wheel_ = 0; ///< turned with Ctrl, not yet a step
+    int wheel_ = 0; ///< wheel movement with Ctrl that is not yet a zoom step
     int toldPage_ = 0;
-    QCache<int, QPixmap> pictures_; ///< of pages at the present zoom
+    QCache<int, QPixmap> pictures_; ///< pages painted at the current zoom
 };
 
 } // namespace TradeForms

@@ -37,7 +37,7 @@ JeweledButton& button(QWidget* form, const char* name, const Caption& caption, c
                               kind, form);
 }
 
-/// A small button that shows a sign only.
+/// A small button with a symbol.
 JeweledButton& sign(QWidget* form, const char* name, const char* shown, const char* accessibleName)
 {
     auto& small = button(form, name, {shown, ""}, "", JeweledButton::Kind::Small);
@@ -198,8 +198,8 @@ void RptReportViewer::attach()
 
     CRViewer1.OnChange += [this] { showPlace(); };
     TxtSearch.OnChange += [this] { search(); };
-    BtnPreviousHit.OnClick += [this] { goOn(false); };
-    BtnNextHit.OnClick += [this] { goOn(true); };
+    BtnPreviousHit.OnClick += [this] { goToHit(false); };
+    BtnNextHit.OnClick += [this] { goToHit(true); };
     TxtPage.OnLostFocus += [this] { showPlace(); };
     BtnZoomIn.OnClick += [this] { CRViewer1.ZoomIn(); };
     BtnZoomOut.OnClick += [this] { CRViewer1.ZoomOut(); };
@@ -237,7 +237,7 @@ void RptReportViewer::search()
     CRViewer1.Search(TxtSearch.Text());
 }
 
-void RptReportViewer::goOn(bool forward)
+void RptReportViewer::goToHit(bool forward)
 {
     if (TxtSearch.Text().trimmed().isEmpty())
         SetFocus(TxtSearch);
@@ -337,7 +337,7 @@ bool RptReportViewer::pressCtrl(int key)
     }
 }
 
-/// Pages turn wherever the focus is; in a field Home and End are the field's own.
+/// Keys that scroll, wherever the focus is; in a field Home and End move the caret.
 bool RptReportViewer::pressPaging(int key)
 {
     const bool inField = dynamic_cast<Txt*>(ActiveControl()) != nullptr;
@@ -364,7 +364,7 @@ bool RptReportViewer::pressPaging(int key)
 bool RptReportViewer::pressReturn(const KeyPress& key)
 {
     if (IsActive(TxtSearch)) {
-        goOn(!key.Shift.testFlag(Qt::ShiftModifier));
+        goToHit(!key.Shift.testFlag(Qt::ShiftModifier));
         return true;
     }
     if (IsActive(TxtPage)) {
@@ -384,7 +384,7 @@ void RptReportViewer::FormKeyDown(KeyPress& key)
         taken = true;
         break;
     case Qt::Key_F3:
-        goOn(!key.Shift.testFlag(Qt::ShiftModifier));
+        goToHit(!key.Shift.testFlag(Qt::ShiftModifier));
         taken = true;
         break;
     case Qt::Key_F11:

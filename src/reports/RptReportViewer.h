@@ -14,8 +14,8 @@
 
 namespace TradeForms {
 
-/// The one window that shows a report as it will be printed. It is shared: a second report
-/// replaces the first. A form that prints without showing keeps its report here, too.
+/// The shared window that shows a report as it will be printed. A second report replaces the first.
+/// Forms that print without showing keep their report here, too.
 class RptReportViewer : public Form {
     Q_OBJECT
 public:
@@ -27,11 +27,11 @@ public:
     /// The report that is shown, or printed by a form; null once the window has been closed.
     std::shared_ptr<TradeForms::Report> Report;
 
-    /// Loads the view with Report and brings the window up; it stays beside the others.
-    /// Raises what laying out the report raises, and Failure where there is no report: then the
-    /// window stays as it was.
+    /// Shows Report in the window, which is not modal.
+    /// Raises what laying out the report raises, and Failure without a report; then the window
+    /// stays as it was.
     void Show();
-    /// Takes the colours of all objects of Report away: see TradeForms::RemoveObjectColors.
+    /// Removes the colours of Report, if there is one: see TradeForms::RemoveObjectColors.
     void RemoveObjectColors();
 
     ReportView& CRViewer1;
@@ -48,7 +48,7 @@ public:
     JeweledButton& BtnPrint;
     JeweledButton& BtnSavePdf;
     JeweledButton& BtnClose;
-    Label& LblNote; ///< what the last button has done
+    Label& LblNote; ///< result of the last action
 
     static constexpr int kFirstZoom = 93;
 
@@ -66,7 +66,7 @@ private:
     void showPlace();
     void showHits();
     void search();
-    void goOn(bool forward);
+    void goToHit(bool forward);
     void goToTypedPage();
     void print();
     void savePdf();

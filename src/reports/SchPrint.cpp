@@ -74,7 +74,7 @@ void SchPrint::compose()
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);
     all->setSpacing(0);
-    // The window follows what it holds: a hidden option leaves no gap.
+    // Resize the window: a hidden option leaves no gap.
     all->setSizeConstraint(QLayout::SetFixedSize);
     all->addWidget(title);
     all->addWidget(options, 1);
@@ -106,7 +106,7 @@ void SchPrint::attach()
     }
     BtnSelect.OnClick += [this] { select(); };
     BtnClose.OnClick += [this] { Unload(); };
-    // Nothing but a selection prints, however else the window goes.
+    // Closing the window in any other way chooses nothing.
     connect(this, &Form::Unloaded, this, [this] {
         loaded_ = false;
         if (!selected_)

@@ -15,8 +15,8 @@ namespace TradeForms {
 /// The choice of copies before printing. One shared instance: an option that one form hides
 /// stays hidden until a form shows it again.
 ///
-/// A form touches the options before it shows the dialog, and whatever touches an unloaded
-/// dialog loads it: so Load comes first, then what the form sets, and Show does not load again.
+/// A form sets the options before it shows the dialog, so it calls Load first; Show does not load a
+/// loaded dialog again.
 class SchPrint : public Form {
     Q_OBJECT
 public:
@@ -33,12 +33,12 @@ public:
     void Load();
     /// Shows or hides an option together with its caption.
     void SetOptionVisible(OptionButton& option, bool visible);
-    /// What a click on an option does: it becomes the choice.
+    /// Makes an option the choice, as a click on it does.
     void ClickOption(OptionButton& option);
     /// Shows the dialog modally over the owner and returns when it has been unloaded.
     void Show(QWidget* owner);
 
-    /// Option1 to Option4 by their number. Raises std::out_of_range for another.
+    /// Returns Option1 to Option4 by number. Raises std::out_of_range for another number.
     OptionButton& Option(int number) const;
     OptionButton& Option1; ///< Copy One
     OptionButton& Option2; ///< Copy Two

@@ -4,8 +4,8 @@
 
 namespace TradeForms {
 
-/// The one instance of a window that is shared by the whole program: made on first use, kept
-/// with its fields, and gone before the application is.
+/// The shared instance of a window: created on first use, kept with its fields, and deleted before
+/// the application.
 template <class Window> Window& SharedForm()
 {
     static Window* instance = nullptr;

@@ -12,7 +12,7 @@
 
 namespace TradeForms {
 
-/// Rows of a query, as the columns of a list show them. Empty until there are some.
+/// The rows of a query, bound to the columns of a list. Empty until Take.
 class BoundRows : public GridSource {
 public:
     explicit BoundRows(const QList<SearchColumn>& columns) : columns_(columns) {}
@@ -22,7 +22,7 @@ public:
     Recordset& Rows() { return rows_; }
     const Recordset& Rows() const { return rows_; }
 
-    /// What stands behind the text; invalid for a null and for a column without a field.
+    /// The value of a cell; invalid for a null and for a column without a field.
     QVariant Value(int row, int column) const;
 
     int RowCount() const override;

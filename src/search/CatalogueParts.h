@@ -2,8 +2,7 @@
 
 #include "search/Catalogue.h"
 
-// What the declarations of the catalogue have in common: short names for kinds, captions, and
-// rules for dates.
+// What the declarations of the catalogue share: short names for kinds, captions, and default dates.
 
 namespace TradeForms {
 
@@ -60,7 +59,7 @@ inline QDate firstOfMonth(const QDate& today)
 
 } // namespace Dates
 
-/// A statement or clause of a family of dialogs, for one of them.
+/// The text of a family of dialogs with {Kind} replaced by the kind of one of them.
 inline QByteArray of(const char* kind, const char* text)
 {
     return QByteArray(text).replace("{Kind}", kind);

@@ -6,18 +6,19 @@
 
 namespace TradeForms {
 
-/// A file that takes its place only when it is whole.
+/// A file that replaces its target only when it is complete.
 class ExportFile {
 public:
-    /// Raises Failure where the folder takes no file.
+    /// Raises Failure where the folder is not writable.
     explicit ExportFile(const QString& file);
 
-    /// Raises Failure where there is no room.
+    /// Raises Failure where the disk is full.
     void Write(QByteArrayView bytes);
-    /// Puts the file in its place. Without it nothing is left.
+    /// Renames the file to its target. Without it the file is removed. Raises Failure.
     void Commit();
 
-    /// Words for the user, and what the system says.
+    /// Raises a Failure that tells the user which file cannot be written, with the system's
+    /// message.
     [[noreturn]] static void Fail(const QString& file, const QString& reason);
 
 private:

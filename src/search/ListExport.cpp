@@ -34,7 +34,7 @@ QString csvText(const QVariant& value)
     }
 }
 
-/// Whether a spreadsheet would take the text for a formula.
+/// Whether a spreadsheet would evaluate the text as a formula.
 bool looksLikeFormula(const QString& text)
 {
     return !text.isEmpty() && QStringLiteral("=+-@\t\r").contains(text.front());

@@ -23,14 +23,14 @@ namespace TradeForms {
 namespace {
 
 constexpr int lastRow = LXW_ROW_MAX - 1;
-constexpr double pixelsOfACharacter = 7; ///< in which a sheet measures its columns
+constexpr double pixelsOfACharacter = 7; ///< the unit of a sheet's column width, in pixels
 
 struct FreeWorkbook {
     void operator()(lxw_workbook* workbook) const { lxw_workbook_free(workbook); }
 };
 using Workbook = std::unique_ptr<lxw_workbook, FreeWorkbook>;
 
-/// One sheet of a workbook that is written row by row into a scratch folder.
+/// A workbook of one sheet, written row by row into a temporary folder.
 class Sheet {
 public:
     Sheet(const QString& target, const QString& name) : target_(target)
@@ -56,7 +56,7 @@ public:
 
     ~Sheet()
     {
-        // A workbook that is given up leaves its scratch file open.
+        // The library leaves the temporary file of an abandoned workbook open.
         if (workbook_ && sheet_)
             std::fclose(sheet_->optimize_tmpfile);
     }
@@ -99,7 +99,7 @@ public:
         }
     }
 
-    /// Makes the file. Nothing can be written afterwards.
+    /// Writes the file. No rows can be added afterwards.
     void Close()
     {
         requireRoom();
@@ -123,7 +123,7 @@ private:
     {
         const QDateTime moment = value.toDateTime();
         const QDate day = moment.date();
-        if (day.year() < 1900) { // before the sheet's first day
+        if (day.year() < 1900) { // before the first date of a spreadsheet
             writeText(row, column, TextOf(value), nullptr);
             return;
         }
@@ -134,15 +134,15 @@ private:
                                          time == QTime(0, 0) ? date_ : moment_));
     }
 
-    /// The library does not look whether its scratch files could be written, and would make a
-    /// broken workbook of what is there.
+    /// The library does not check whether its temporary files could be written, and would pack a
+    /// broken workbook.
     void requireRoom() const
     {
         std::FILE* const rows = sheet_->optimize_tmpfile;
         const bool written = std::fflush(rows) == 0 && std::ferror(rows) == 0;
-        // To come: the sheet, its packed form.
+        // Still to be written: the sheet, and the packed file.
         const qint64 wanted = 2 * qint64(std::ftell(rows));
-        // Less than nothing where the system does not tell, as in some containers.
+        // Negative where the system does not report it, as in some containers.
         const qint64 room = QStorageInfo(scratch_.path()).bytesAvailable();
         if (!written || (room >= 0 && room < wanted))
             ExportFile::Fail(target_, QStringLiteral("there is no room for it in the folder of "

@@ -26,11 +26,12 @@ void ListMenu::Show(const QPoint& position)
     menu->setAccessibleName(QStringLiteral("Copy and export"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     Look::Dress(*menu, Look::LatinFont());
-    menu->setContentsMargins(6, 4, 6, 4); // from right to left a key's name stands at the very edge
+    menu->setContentsMargins(6, 4, 6,
+                             4); // else a shortcut touches the edge in right-to-left layout
     const auto add = [&](const char* name, const char* caption, auto action) {
         QAction* item = menu->addAction(utf8(caption));
         item->setObjectName(utf8(name));
-        // Queued: what waits for the user must not do so within the menu, which is going.
+        // Queued: an action may open a dialog, and the menu is being deleted.
         QObject::connect(
             item, &QAction::triggered, &form_, [this, action] { form_.Guard(action); },
             Qt::QueuedConnection);

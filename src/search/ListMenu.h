@@ -12,17 +12,19 @@ namespace TradeForms {
 
 class Form;
 
-/// The context menu of a list: its row or the whole of it goes to the clipboard or into a file.
+/// The context menu of a list: copies the current row or the whole list, or exports the list to a
+/// file.
 class ListMenu {
 public:
-    /// `list` gives the list as it stands, `currentRow` the row that is marked, or -1.
+    /// `list` returns the list as it is shown, `currentRow` the index of the current row, or -1.
     ListMenu(Form& form, std::function<ExportList()> list, std::function<int()> currentRow);
     ListMenu(const ListMenu&) = delete;
     ListMenu& operator=(const ListMenu&) = delete;
 
-    /// At a position of the screen.
+    /// Shows the menu at a position in screen coordinates.
     void Show(const QPoint& position);
-    /// What Ctrl+C in the list does. Nothing where no row is marked.
+    /// Copies the current row to the clipboard (Ctrl+C in the list). Does nothing without a current
+    /// row.
     void CopyRow();
 
 private:

@@ -13,16 +13,17 @@ namespace TradeForms {
 
 namespace {
 
-constexpr int firstRows = 20'000;      ///< read at once: some hundredths of a second
-constexpr int rowsOfPiece = 256;       ///< between two looks at the clock
-constexpr int timeOfPiece = 12;        ///< milliseconds in which no key is heard
-constexpr int typingPause = 200;       ///< milliseconds; keys that follow each other come sooner
-constexpr int pauseOfState = 100;      ///< milliseconds between two words about the state
-constexpr qint64 longWork = 5'000'000; ///< a good tenth of a second
+constexpr int firstChunkRows = 20'000; ///< read before Read returns: some hundredths of a second
+constexpr int chunkRows = 256;         ///< between two checks of the clock
+constexpr int chunkMilliseconds = 12;  ///< during which no key is handled
+constexpr int typingPauseMilliseconds = 200;   ///< keys that come faster belong to one word
+constexpr int stateIntervalMilliseconds = 100; ///< between two calls of OnState
+constexpr qint64 longReadingSteps =
+    5'000'000; ///< of the database engine: more than a tenth of a second
 
 } // namespace
 
-template <class Step> void ListReader::orAbandon(Step step)
+template <class Step> void ListReader::abandonOnFailure(Step step)
 {
     try {
         step();
@@ -36,17 +37,18 @@ void ListReader::Read()
 {
     reading_.reset();
     if (wasLong_ || IsReading()) {
-        const bool isTyping = asked_.isValid() && asked_.elapsed() < typingPause;
-        asked_.start();
-        goOnAfter(isTyping ? typingPause : 0);
+        const bool isTyping =
+            sinceWaitingRead_.isValid() && sinceWaitingRead_.elapsed() < typingPauseMilliseconds;
+        sinceWaitingRead_.start();
+        readOnAfter(isTyping ? typingPauseMilliseconds : 0);
         return;
     }
-    orAbandon([this] {
-        begin();
-        if (reading_->ReadOn(firstRows))
+    abandonOnFailure([this] {
+        openReading();
+        if (reading_->ReadOn(firstChunkRows))
             publish();
         else
-            goOnAfter(0);
+            readOnAfter(0);
     });
 }
 
@@ -55,7 +57,7 @@ void ListReader::Finish()
     if (!IsReading())
         return;
     const Hourglass hourglass;
-    orAbandon([this] { readFor(-1); });
+    abandonOnFailure([this] { readFor(-1); });
 }
 
 void ListReader::Abandon()
@@ -64,16 +66,16 @@ void ListReader::Abandon()
     if (!IsReading())
         return;
     timer_.stop();
-    tell();
+    reportState();
 }
 
 void ListReader::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() == timer_.timerId())
-        form_.Guard([this] { orAbandon([this] { readFor(timeOfPiece); }); });
+        form_.Guard([this] { abandonOnFailure([this] { readFor(chunkMilliseconds); }); });
 }
 
-void ListReader::begin()
+void ListReader::openReading()
 {
     reading_.emplace(OnBegin(), HostContext::Database());
 }
@@ -83,13 +85,13 @@ void ListReader::readFor(int milliseconds)
     QElapsedTimer elapsed;
     elapsed.start();
     if (!reading_) {
-        begin();
+        openReading();
         timer_.start(0, this);
     }
-    while (!reading_->ReadOn(rowsOfPiece)) {
+    while (!reading_->ReadOn(chunkRows)) {
         if (milliseconds >= 0 && elapsed.elapsed() >= milliseconds) {
-            if (told_.elapsed() >= pauseOfState)
-                tell();
+            if (sinceReport_.elapsed() >= stateIntervalMilliseconds)
+                reportState();
             return;
         }
     }
@@ -99,22 +101,22 @@ void ListReader::readFor(int milliseconds)
 void ListReader::publish()
 {
     timer_.stop();
-    wasLong_ = reading_->RowCount() > firstRows || reading_->Work() > longWork;
+    wasLong_ = reading_->RowCount() > firstChunkRows || reading_->Work() > longReadingSteps;
     const QString text = reading_->Text();
     Recordset rows = reading_->Take();
     reading_.reset();
     OnRead(std::move(rows), text);
 }
 
-void ListReader::goOnAfter(int milliseconds)
+void ListReader::readOnAfter(int milliseconds)
 {
     timer_.start(milliseconds, this);
-    tell();
+    reportState();
 }
 
-void ListReader::tell()
+void ListReader::reportState()
 {
-    told_.start();
+    sinceReport_.start();
     OnState();
 }
 

@@ -15,55 +15,55 @@ namespace TradeForms {
 
 class Form;
 
-/// Reads a list so that the user can go on typing, be it as long as it may.
+/// Reads a list of any length without holding up the user's typing.
 ///
-/// A list of some thousand rows is there when Read returns. Of a longer one the rest is read in
-/// pieces, for each of which the event loop finds time when no key is waiting; a Read that comes
-/// meanwhile gives it up. After a list that was long, or long in the making, the next one begins in
-/// the event loop too, and while keys follow each other it waits for a pause, since the database
-/// cannot be stopped between two rows that lie far apart. Who needs the list that belongs to what
-/// is typed calls Finish. Until it is whole nobody sees anything of it.
+/// A list of up to 20,000 rows is complete when Read returns. The rest of a longer one is read in
+/// chunks by a timer of the event loop, between the user's keys; another Read abandons it. After a
+/// long list, or one that took the database long, the next one is read by the timer from its first
+/// row, and while the user types it waits for a pause, because a query cannot be interrupted
+/// between two rows. A caller that needs the complete list at once calls Finish. OnRead gives the
+/// list only when it is complete.
 class ListReader : public QObject {
     Q_OBJECT
 public:
     explicit ListReader(Form& form) : form_(form) {}
 
-    /// What is to be read; asked for when the reading begins.
+    /// Returns the statement to read. Called when the reading begins.
     std::function<Statement()> OnBegin;
-    /// The list is whole. The text is that of its statement.
+    /// Called with the complete list and the text of its statement.
     std::function<void(Recordset rows, const QString& text)> OnRead;
-    /// A long reading has begun, gone on or ended: see IsReading and RowCount.
+    /// Called when a reading in chunks has begun, progressed or ended: see IsReading and RowCount.
     std::function<void()> OnState;
 
-    /// Raises what OnBegin and OnRead raise, and ProviderFailure; what happens later in the event
-    /// loop goes to the form's guard. Either way the reading is over then.
+    /// Starts reading. Raises what OnBegin and OnRead raise, and ProviderFailure; failures of the
+    /// timer go to the form's guard. A failure ends the reading.
     void Read();
-    /// Reads what is still to be read, if anything. Raises as Read does.
+    /// Reads the remaining rows of an unfinished list. Raises as Read does.
     void Finish();
-    /// Gives up what is being read.
+    /// Drops an unfinished list.
     void Abandon();
 
     bool IsReading() const { return timer_.isActive(); }
-    /// Rows of the unfinished list.
+    /// Rows read so far of an unfinished list, else 0.
     int RowCount() const { return reading_ ? reading_->RowCount() : 0; }
 
 protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    void begin();
-    /// Reads on until the list is whole or the time is over; -1 is no limit.
+    void openReading();
+    /// Reads until the list is complete or the time is over; -1 is no limit.
     void readFor(int milliseconds);
     void publish();
-    void goOnAfter(int milliseconds);
-    template <class Step> void orAbandon(Step step);
-    void tell();
+    void readOnAfter(int milliseconds);
+    template <class Step> void abandonOnFailure(Step step);
+    void reportState();
 
     Form& form_;
     std::optional<Reading> reading_;
     QBasicTimer timer_;
-    QElapsedTimer asked_; ///< since the last Read that had to wait
-    QElapsedTimer told_;  ///< since OnState ran
+    QElapsedTimer sinceWaitingRead_; ///< since the last Read that was left to the timer
+    QElapsedTimer sinceReport_;      ///< since the last call of OnState
     bool wasLong_ = false;
 };
 

@@ -4,7 +4,7 @@ namespace TradeForms {
 
 namespace {
 
-/// From the month thirty days ago to this one.
+/// The first day of the month thirty days ago.
 QDate firstMonth(const QDate& today)
 {
     return Dates::firstOfMonth(Dates::daysAgo<30>(today));
@@ -28,7 +28,7 @@ SearchDeclaration salaryList(const char* name, const Caption& title, const QByte
     };
 }
 
-/// Salaries whose amount lies partly in the rows of a body.
+/// Salaries whose total includes the rows of a body table.
 SearchDeclaration salaryListWithRows(const char* name, const Caption& title, const char* kind)
 {
     return salaryList(

@@ -6,25 +6,25 @@
 #include <QDate>
 #include <QList>
 
-// A search dialog is a declaration; SearchDialog is the one shell that shows them all.
-// Statements, clauses and criteria hold places {Name}: see Statement.
+// A search dialog is a declaration; SearchDialog shows any of them.
+// Statements, clauses and criteria hold placeholders {Name}: see Statement.
 
 namespace TradeForms {
 
-/// Something that the caller sets before the dialog is shown.
+/// An input parameter, which the caller sets before the dialog is shown.
 struct SearchInput {
     enum class Type {
-        Value,      ///< goes into Clause
+        Value,      ///< is bound in Clause
         ReadyClause ///< is a clause itself and is appended as it stands
     };
     const char* Name;  ///< "ParaInBranchCode"
-    const char* Place; ///< of the statement, where the clause lands: "BranchFilter"
+    const char* Place; ///< placeholder of the statement for the clause: "BranchFilter"
     Type Kind = Type::Value;
     const char* Clause = "";      ///< " and BranchCode={ParaInBranchCode}"
-    const char* NoClauseFor = ""; ///< the one value for which there is no clause; "" is a blank one
+    const char* NoClauseFor = ""; ///< value that adds no clause; "" is a blank one
 };
 
-/// Something that the caller reads after the dialog has returned.
+/// An output parameter, which the caller reads after the dialog has returned.
 struct SearchResult {
     enum class Type { Text, Int16, Int32 };
     const char* Name;  ///< "ParaOutGatePassID"
@@ -32,23 +32,23 @@ struct SearchResult {
     Type Kind = Type::Text;
 };
 
-/// A field above the list that narrows it or jumps in it.
+/// A field above the list that filters it or searches in it.
 struct SearchField {
     enum class Type {
-        Jump,       ///< Text is a criterion; the current row moves to the first that meets it
-        QueryAgain, ///< Text is a clause; the list is read again on each change
-        OnFilter    ///< Text is a clause that takes effect at the next query
+        Jump,       ///< Text is a criterion; the first matching row becomes the current row
+        QueryAgain, ///< Text is a clause; each change reads the list again
+        OnFilter    ///< Text is a clause, applied by the next query
     };
     const char* Name; ///< "TxtID"
     Type Kind;
-    QByteArray Text;   ///< with a place of the field's name for what is typed
-    const char* Place; ///< of the statement, where a clause lands; null for a jump
+    QByteArray Text;   ///< with a placeholder of the field's name for the typed text
+    const char* Place; ///< placeholder of the statement for the clause; null for a jump
     TradeForms::Caption Caption;
     bool TypesUrdu = false;
 };
 
-/// The pickers DtpFrom and DtpTo. A statement takes them in its places {DtpFrom} and {DtpTo},
-/// and the day one month after DtpTo in {MonthAfterDtpTo}.
+/// The pickers DtpFrom and DtpTo. A statement has the placeholders {DtpFrom}, {DtpTo} and
+/// {MonthAfterDtpTo}, the day one month after DtpTo.
 struct SearchDates {
     using Rule = QDate (*)(const QDate& today);
     Rule From = nullptr; ///< default; null on dialogs without dates
@@ -58,7 +58,7 @@ struct SearchDates {
     bool WholeMonths = false; ///< before each read the range is widened to whole months
 };
 
-/// A column of the list, or of the lines below it.
+/// A column of the list, or of the detail rows below it.
 struct SearchColumn {
     const char* Name;  ///< "ID"
     const char* Field; ///< of the statement: "BranchCode"
@@ -68,7 +68,7 @@ struct SearchColumn {
     bool Stretch = false;
 };
 
-/// A second list that shows the lines of the current voucher.
+/// A second list with the detail rows of the current voucher.
 struct SearchLines {
     QByteArray Statement; ///< empty on dialogs without lines; {ID} is the column of the list
     QList<SearchColumn> Columns;
@@ -77,12 +77,12 @@ struct SearchLines {
 struct SearchDeclaration {
     const char* Name; ///< "SchBranch"
     Caption Title;
-    const char* WindowTitle = nullptr; ///< of the task bar; null is the English title
+    const char* WindowTitle = nullptr; ///< shown in the task bar; null is the English title
     QByteArray Statement;
     QList<SearchInput> Inputs = {};
     QList<SearchResult> Results;
-    /// From the reader's right hand. The first one has the focus at the start, gives it to the
-    /// list on Down, and gets what is typed in the list.
+    /// From right to left. The first one has the focus at the start, passes it to the list on Down,
+    /// and takes what is typed in the list.
     QList<SearchField> Fields;
     SearchDates Dates = {};
     bool BtnFilter = false;   ///< whether there is one
@@ -90,7 +90,7 @@ struct SearchDeclaration {
     const char* FilterTip = "";
     QList<SearchColumn> Columns;
     SearchLines GridDetail = {};
-    /// LblBalance shows the first field of each, for the current row; empty is no such label.
+    /// Queries for the current row; LblBalance shows the first field of each. Empty: no such label.
     QList<QByteArray> LblBalance = {};
     bool LblTotalCards = false; ///< whether there is one, with the record count
     bool MinimizeWorks = true;  ///< whether ImgMin has an action

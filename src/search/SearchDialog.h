@@ -12,8 +12,8 @@ class QWidget;
 
 namespace TradeForms {
 
-/// One search dialog, of which the library holds one shared instance. Each showing is a fresh
-/// window and a fresh list; only the ParaIn and ParaOut fields live from one to the next.
+/// A search dialog. There is one shared instance of each. Every Show opens a new window with a new
+/// list; the ParaIn and ParaOut fields keep their values.
 class SearchDialog {
 public:
     explicit SearchDialog(const SearchDeclaration& declaration);

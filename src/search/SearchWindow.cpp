@@ -20,7 +20,7 @@ namespace TradeForms {
 
 namespace {
 
-/// A list of these columns, which begins at the reader's right hand.
+/// A right-to-left list of these columns.
 Grid* listOf(const char* name, const QList<SearchColumn>& columns)
 {
     using Type = SearchColumn::Type;
@@ -48,8 +48,8 @@ int widthOf(const QList<SearchColumn>& columns)
         [](int width, const SearchColumn& column) { return width + column.Width; });
 }
 
-/// Whether a key typed in the list belongs into the jump field.
-bool jumps(const QString& text)
+/// Whether a character typed in the list goes to the jump field.
+bool isJumpKey(const QString& text)
 {
     if (text.size() != 1)
         return false;
@@ -63,7 +63,7 @@ SearchWindow::SearchWindow(SearchDialog& dialog)
     : dialog_(dialog), declaration_(dialog.Declaration()), list_(declaration_.Columns),
       lines_(declaration_.GridDetail.Columns), reader_(*this),
       menu_(
-          *this, [this] { return exported(); }, [this] { return grid_->Row(); })
+          *this, [this] { return exportList(); }, [this] { return grid_->Row(); })
 {
     setObjectName(utf8(declaration_.Name));
     SetWindowCaption(
@@ -74,7 +74,7 @@ SearchWindow::SearchWindow(SearchDialog& dialog)
 
 SearchWindow::~SearchWindow()
 {
-    // The rows go before the base class takes the grids down.
+    // Close the rows before the base class deletes the grids that show them.
     grid_->SetSource(nullptr);
     if (gridDetail_)
         gridDetail_->SetSource(nullptr);
@@ -208,7 +208,7 @@ void SearchWindow::attach()
         showRow();
     };
     grid_->OnDoubleClick += [this] {
-        // The row under the mouse goes with the list that is being replaced.
+        // The clicked row belongs to the list that is being replaced.
         if (reader_.IsReading()) {
             reader_.Finish();
         } else if (grid_->RowCount() >= 1) {
@@ -216,19 +216,19 @@ void SearchWindow::attach()
         }
     };
     grid_->OnKeyPress += [this](const QString& text) {
-        if (jumps(text)) {
-            // The field first, so that typing goes on there with the caret behind the character.
+        if (isJumpKey(text)) {
+            // Focus first, then the text, so that the caret stands behind the character.
             SetFocus(firstField());
             firstField().SetText(text);
         }
     };
     grid_->OnRightPress += [this](const QPoint& position) {
         reader_.Finish();
-        jumpTo(grid_->Row()); // the row under the mouse is marked, and that one alone
+        jumpTo(grid_->Row()); // selects the clicked row alone
         menu_.Show(position);
     };
     btnSelect_->OnClick += [this] { select(); };
-    btnClose_->OnClick += [this] { leaveEmpty(); };
+    btnClose_->OnClick += [this] { closeWithoutResult(); };
     title_->ImgExit().OnClick += [this] { Unload(); };
     if (declaration_.MinimizeWorks)
         title_->ImgMin().OnClick += [this] { Minimize(); };
@@ -255,7 +255,7 @@ void SearchWindow::Load()
         dtpTo_->SetValue(declaration_.Dates.To(today));
     }
     if (declaration_.Dates.From && declaration_.Dates.QueryAgain) {
-        // From here on, so that the defaults do not read the list.
+        // Connected after the defaults are set, so that these do not read the list.
         for (DTPicker* picker : {dtpFrom_, dtpTo_}) {
             picker->OnChange += [this] {
                 if (!showingRange_)
@@ -326,7 +326,7 @@ Statement SearchWindow::buildStatement() const
 void SearchWindow::loadList()
 {
     loading_ = false;
-    owedJump_.reset();
+    pendingJump_.reset();
     reader_.Read();
 }
 
@@ -343,8 +343,8 @@ void SearchWindow::showList(Recordset rows, const QString& statement)
         lblTotalCards_->SetText(QString::number(list_.RowCount()));
     if (loading_ && lblBalance_)
         lblBalance_->SetText(QString());
-    if (const auto owed = std::exchange(owedJump_, std::nullopt))
-        jump(*owed);
+    if (const auto pending = std::exchange(pendingJump_, std::nullopt))
+        jump(*pending);
 }
 
 void SearchWindow::showCount()
@@ -363,7 +363,7 @@ void SearchWindow::showCount()
 void SearchWindow::jump(const Narrowing& narrowing)
 {
     if (reader_.IsReading()) {
-        owedJump_ = narrowing;
+        pendingJump_ = narrowing;
         return;
     }
     if (!list_.Rows().IsOpen())
@@ -389,13 +389,13 @@ void SearchWindow::jumpTo(int row)
     grid_->SelectRow(row);
 }
 
-/// Runs a statement whose places are named after columns of the list or fields of its rows.
-Recordset SearchWindow::readAboutRow(const QByteArray& statement) const
+/// Runs a statement whose placeholders are columns of the list or fields of its rows.
+Recordset SearchWindow::readForRow(const QByteArray& statement) const
 {
     Statement about(statement.constData());
     const Recordset& rows = list_.Rows();
     const int row = grid_->Row();
-    // Backwards, so that of two fields of one name the first counts.
+    // Last to first, so that the first of two fields of one name is bound.
     for (int field = rows.FieldCount() - 1; field >= 0; --field)
         about.Bind(rows.FieldName(field).toUtf8(), rows.ValueAt(row, field));
     for (int column = 0; column < declaration_.Columns.size(); ++column)
@@ -403,7 +403,7 @@ Recordset SearchWindow::readAboutRow(const QByteArray& statement) const
     return HostContext::Database()->Execute(about);
 }
 
-/// What stands below the list about its current row.
+/// Shows the balance and the detail rows of the current row.
 void SearchWindow::showRow()
 {
     const bool none = list_.RowCount() == 0;
@@ -411,14 +411,14 @@ void SearchWindow::showRow()
         QStringList texts;
         for (const QByteArray& statement : declaration_.LblBalance)
             if (!none)
-                texts << TextOf(readAboutRow(statement).Fields(0).Value());
+                texts << TextOf(readForRow(statement).Fields(0).Value());
         lblBalance_->SetText(texts.join(u' '));
     }
     if (gridDetail_) {
         if (none)
             lines_.Drop();
         else
-            lines_.Take(readAboutRow(declaration_.GridDetail.Statement));
+            lines_.Take(readForRow(declaration_.GridDetail.Statement));
         gridDetail_->SourceChanged();
     }
 }
@@ -445,14 +445,14 @@ void SearchWindow::select()
     Unload();
 }
 
-void SearchWindow::leaveEmpty()
+void SearchWindow::closeWithoutResult()
 {
     for (const SearchResult& result : declaration_.Results)
         dialog_.EmptyParaOut(result);
     Unload();
 }
 
-ExportList SearchWindow::exported() const
+ExportList SearchWindow::exportList() const
 {
     ExportList list;
     list.Name = utf8(declaration_.Title.English);
@@ -470,13 +470,13 @@ void SearchWindow::FormKeyDown(KeyPress& key)
 {
     const bool goesIntoList = key.Code == Qt::Key_Down && IsActive(firstField());
     const bool actsOnList =
-        goesIntoList || (IsActive(*grid_) && key.Code != Qt::Key_Escape && !jumps(key.Text));
+        goesIntoList || (IsActive(*grid_) && key.Code != Qt::Key_Escape && !isJumpKey(key.Text));
     if (actsOnList)
         reader_.Finish();
     switch (key.Code) {
     case Qt::Key_Escape:
         key.Swallow();
-        leaveEmpty();
+        closeWithoutResult();
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -16,14 +16,14 @@
 
 namespace TradeForms {
 
-/// One showing of a search dialog, from its load to its unload.
+/// The window of a search dialog; a new one each time the dialog is shown.
 class SearchWindow : public Form {
     Q_OBJECT
 public:
     explicit SearchWindow(SearchDialog& dialog);
     ~SearchWindow() override;
 
-    /// Reads the list, or begins to where it is a long one, and empties the result.
+    /// Empties the result and reads the list, a long one in chunks. Raises what reading raises.
     void Load();
 
     Grid& List() { return *grid_; }
@@ -37,7 +37,7 @@ public:
     JeweledButton& BtnClose() { return *btnClose_; }
     JeweledButton* BtnFilter() { return btnFilter_; }
     TitleStrip& Title() { return *title_; }
-    /// Whether a long list is still being read; the one on the screen is the one before.
+    /// Whether a long list is still being read; the list shown is the previous one.
     bool IsReading() const { return reader_.IsReading(); }
     /// The text of the statement that was read last.
     const QString& ListStatement() const { return listStatement_; }
@@ -69,20 +69,20 @@ private:
     void showCount();
     void jump(const Narrowing& narrowing);
     void jumpTo(int row);
-    Recordset readAboutRow(const QByteArray& statement) const;
+    Recordset readForRow(const QByteArray& statement) const;
     void showRow();
     void select();
-    void leaveEmpty();
-    ExportList exported() const;
+    void closeWithoutResult();
+    ExportList exportList() const;
 
     SearchDialog& dialog_;
     const SearchDeclaration& declaration_;
     BoundRows list_;
     BoundRows lines_;
     QString listStatement_;
-    bool loading_ = false;              ///< the list is the first one of this showing
-    std::optional<Narrowing> owedJump_; ///< to be made in the list that is being read
-    bool showingRange_ = false;         ///< the program sets the pickers, on the way to a read
+    bool loading_ = false;                 ///< the list being read is the first of this window
+    std::optional<Narrowing> pendingJump_; ///< deferred until the list is complete
+    bool showingRange_ = false;            ///< set while the program itself sets the pickers
     std::vector<Narrowing> narrowings_;
     DTPicker* dtpFrom_ = nullptr;
     DTPicker* dtpTo_ = nullptr;

@@ -15,7 +15,7 @@ SearchField productField()
             "ProductClause",  Captions::Product, true};
 }
 
-/// Stock that came in or went out by number of pieces.
+/// Stock in and stock out documents with quantities.
 SearchDeclaration stockDocuments(const char* name, const Caption& title, const char* kind)
 {
     return {

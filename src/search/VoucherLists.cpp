@@ -4,7 +4,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Concessions and returns: vouchers of one area that sum what their accounts were credited.
+/// Concessions and returns: vouchers of an area, with the total of their rows.
 SearchDeclaration creditVouchers(const char* name, const Caption& title, const char* kind)
 {
     return {

@@ -8,14 +8,14 @@ namespace TradeForms {
 
 namespace {
 
-/// Which argument of the caller's array is given for each declared one.
+/// For each declared argument, its index in the caller's array.
 using Places = std::vector<std::optional<UINT>>;
 
 HRESULT placesOf(const DISPPARAMS& given, Places& places, UINT& wrong)
 {
     if (given.cArgs > places.size() || given.cNamedArgs > given.cArgs)
         return DISP_E_BADPARAMCOUNT;
-    // Named ones stand first, the others behind them with the last one first.
+    // Named arguments come first, then the positional ones in reverse order.
     const UINT byPlace = given.cArgs - given.cNamedArgs;
     for (UINT i = 0; i < byPlace; ++i)
         places[i] = given.cArgs - 1 - i;
@@ -35,10 +35,10 @@ bool isLeftOut(const VARIANT& value)
     return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
 }
 
-/// The value that is meant, whatever references lead to it.
+/// The value behind any number of references.
 HRESULT resolve(const VARIANT& given, VARIANT* value)
 {
-    constexpr int deepest = 8; // and no endless chase where references lead to each other
+    constexpr int deepest = 8; // guards against references in a cycle
     const VARIANT* at = &given;
     for (int depth = 0; V_VT(at) == (VT_BYREF | VT_VARIANT); ++depth) {
         at = V_VARIANTREF(at);

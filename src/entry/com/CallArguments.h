@@ -12,8 +12,8 @@
 namespace TradeForms {
 
 /// The arguments of one late-bound call, in the order in which its method declares them. A caller
-/// may pass them by value, by reference, as a variant or as a reference to one, by place or by
-/// name; they come out as plain values of the declared kinds.
+/// may pass them by value, by reference, as a variant or as a reference to one, by position or by
+/// name; the accessors return plain values of the declared kinds.
 class CallArguments {
 public:
     enum class Kind {
@@ -27,11 +27,11 @@ public:
     /// or too few, DISP_E_PARAMNOTOPTIONAL for one that is left out by its name or as a missing
     /// value, DISP_E_PARAMNOTFOUND for a name that the method does not know or that comes twice,
     /// DISP_E_TYPEMISMATCH and DISP_E_OVERFLOW for a value of another kind. `wrong`, which may be
-    /// null, gets the place of that argument in the caller's array.
+    /// null, receives the index of that argument in the caller's array.
     HRESULT Read(const DISPPARAMS& given, std::initializer_list<Kind> declared, LCID language,
                  UINT* wrong);
 
-    /// Each raises nothing after a Read that succeeded.
+    /// To be called after a successful Read; raise nothing.
     const Variant& At(std::size_t place) const { return values_[place]; }
     bool IsText(std::size_t place) const;
 

@@ -8,7 +8,7 @@
 
 namespace TradeForms {
 
-/// A call that cannot be served as it was made, and the system's number for that.
+/// An invalid call, with its HRESULT.
 class CallFailure : public Failure {
 public:
     CallFailure(const QString& description, HRESULT result);
@@ -20,18 +20,18 @@ private:
     HRESULT result_;
 };
 
-/// What a host is told of a failure.
+/// A failure as it is reported to a host.
 struct FailureReport {
     HRESULT Result = E_FAIL;
     QString Description;
 
-    /// Of the exception that is being handled. A database's own number goes on to the host where
-    /// it is a failure number of the system's kind.
+    /// Describes the exception being handled. A database's error number is passed on where it is a
+    /// failing HRESULT.
     static FailureReport OfCurrentException();
 
-    /// Leaves it to the thread as the error object of an interface; gives Result back.
+    /// Sets it as the thread's error object. Returns Result.
     HRESULT Publish(REFIID interfaceId) const;
-    /// For a late-bound caller, who may not want it. Gives back what Invoke is to return.
+    /// Fills an EXCEPINFO, which may be null. Returns the result of Invoke.
     HRESULT Fill(EXCEPINFO* told) const;
 };
 

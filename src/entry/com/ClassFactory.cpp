@@ -25,7 +25,7 @@ HRESULT ClassFactory::QueryInterface(REFIID interfaceId, void** object)
     return S_OK;
 }
 
-// References to the factory keep the library as those to its objects do.
+// A reference to the factory keeps the library loaded, as one to an object does.
 ULONG ClassFactory::AddRef()
 {
     Module::Hold();

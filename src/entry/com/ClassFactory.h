@@ -6,7 +6,7 @@
 
 namespace TradeForms {
 
-/// Makes FormsObjects. There is one, and it is never deleted.
+/// The class factory of FormsObject: a single static object.
 class ClassFactory final : public IClassFactory {
 public:
     static ClassFactory& Instance();

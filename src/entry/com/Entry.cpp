@@ -1,4 +1,4 @@
-// The four doors of the library, and the one through which the system itself comes.
+// The four exported functions of a COM library, and its entry point.
 
 #include "entry/com/ClassFactory.h"
 #include "entry/com/FormsObject.h"
@@ -36,9 +36,9 @@ HRESULT WINAPI DllUnregisterServer()
 
 BOOL WINAPI DllMainCRTStartup(HINSTANCE instance, DWORD reason, void* processEnds);
 
-// The module's entry point. When the host's process ends its other threads are gone and other
-// libraries may be: windows, the application and the host's own objects cannot be destroyed in
-// order any more, and need not be. So nothing is.
+// The module's entry point. When the process ends, its other threads are gone and other libraries
+// may be unloaded, so windows, the application and the host's objects cannot be destroyed in order.
+// They are left to the system.
 BOOL WINAPI TradeFormsEntry(HINSTANCE instance, DWORD reason, void* processEnds)
 {
     if (reason == DLL_PROCESS_DETACH && processEnds)

@@ -18,7 +18,7 @@ namespace TradeForms {
 
 namespace {
 
-/// The numbers by which late-bound callers call, as the type library gives them.
+/// The dispatch identifiers, as in the type library.
 enum Number : DISPID {
     InitializeClassNumber = 1,
     InitializeSecurityNumber,
@@ -29,7 +29,7 @@ enum Number : DISPID {
 
 using Screen = void (Forms::*)();
 
-/// The screens in the order of their numbers.
+/// The form methods in the order of their dispatch identifiers.
 constexpr Screen kScreens[] = {
     &Forms::ConcessionForm,       &Forms::ConvertAreaForm,
     &Forms::GatePassForm,         &Forms::InstallmentCustomerForm,
@@ -56,7 +56,7 @@ std::shared_ptr<UserSecurity> securityOf(const Dispatch& object)
     return object ? std::make_shared<HostSecurity>(object) : nullptr;
 }
 
-/// Serves a call. Gives the failure, where it comes to one.
+/// Runs a call. Returns the failure, if any.
 template <class Work> std::optional<FailureReport> attempt(const Work& work)
 {
     try {
@@ -69,7 +69,7 @@ template <class Work> std::optional<FailureReport> attempt(const Work& work)
     }
 }
 
-/// The same for a call through the interface, whose arguments come by reference.
+/// The same for an early-bound call, whose arguments come by reference.
 template <class Work> HRESULT serve(const Work& work)
 {
     const std::optional<FailureReport> failure = attempt(work);
@@ -83,7 +83,7 @@ template <class Value> Value& given(Value* argument)
     return *argument;
 }
 
-/// What a late-bound caller asks for, once its arguments are read.
+/// Runs the method of a late-bound call after its arguments have been read.
 class LateCall {
 public:
     LateCall(Forms& forms, DISPID number) : forms_(forms), number_(number) {}

@@ -12,9 +12,9 @@
 
 namespace TradeForms {
 
-/// The class `Forms` as a host of any language sees it: Forms with its nineteen methods, called
-/// through the interface or by their names. A failure leaves each method as the thread's error
-/// object, or in the call's EXCEPINFO, in its own words.
+/// The COM class `Forms`: the nineteen methods of Forms, early bound by the interface or late bound
+/// by name. Failures are reported by the thread's error object, or by the call's EXCEPINFO, with
+/// the failure's own text.
 class FormsObject final : public ::_Forms, public ISupportErrorInfo {
 public:
     FormsObject();
@@ -62,7 +62,7 @@ private:
     HRESULT loadType();
 
     Forms forms_;
-    ITypeInfo* type_ = nullptr; ///< once it is asked for
+    ITypeInfo* type_ = nullptr; ///< loaded on first use
     std::atomic<ULONG> references_ = 1;
 };
 

@@ -18,10 +18,10 @@ namespace TradeForms {
 
 namespace {
 
-/// The one of this thread; hooks carry no data of their own.
+/// The hook's instance: a hook procedure has no user data.
 HostLoop* current = nullptr;
 
-/// Whether messages are taken from the queue by a loop of ours.
+/// Whether a message loop of ours is running.
 bool isOurLoopRunning()
 {
     return Modal::Scope::Open() > 0 || QThread::currentThread()->loopLevel() > 0;
@@ -61,7 +61,7 @@ void HostLoop::taken(MSG& message)
         quitting_.start();
         return;
     }
-    // A window that is being given a key looks for what the key types.
+    // While a key is delivered, Qt peeks the queue for the character that the key types.
     if (delivering_ > 0)
         return;
     if (const UINT other = otherNameOf(message.message); other && IsOwnWindow(message.hwnd))

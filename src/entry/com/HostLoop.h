@@ -7,15 +7,16 @@
 
 namespace TradeForms {
 
-/// Keeps the library's windows alive in a message loop that is the host's. It sees each message of
-/// this thread when it is taken from the queue, before the host's loop does.
+/// Serves the library's windows in the host's message loop, by a hook that is shown each message of
+/// this thread as it is taken from the queue, before the host's loop handles it.
 ///
-/// A host's loop may show every key to its accelerators and its dialogs first. So a key for one of
-/// our windows goes through the host's loop under another name, which only our windows know, and
-/// gets its own back when it arrives.
+/// A host's loop may offer every key to its accelerators and dialogs first. So a key message for
+/// one of our windows passes through the host's loop under a private message number, and is turned
+/// back when it arrives.
 ///
-/// A host may end its loop while a loop of ours is running, for a modal window. That loop would
-/// take the quit message away from it; it is kept, the modal windows end, and the host gets it.
+/// A host may post its quit message while a modal window of ours runs a loop. That loop would
+/// consume the message; it is kept, the modal windows are closed, and the message is posted again
+/// for the host.
 class HostLoop : public QAbstractNativeEventFilter {
 public:
     HostLoop();
@@ -39,7 +40,7 @@ private:
     HHOOK hook_;
     QTimer quitting_;
     int quitCode_ = 0;
-    int delivering_ = 0; ///< keys that are on their way into a window, one within the other
+    int delivering_ = 0; ///< depth of nested key deliveries
 };
 
 } // namespace TradeForms

@@ -20,7 +20,7 @@ bool HostSecurity::HasRight(const QString& screenKey, std::optional<std::int16_t
 {
     Variant key(screenKey);
     const Variant reference = Variant::ReferenceTo(key);
-    // What is left out at the end is not passed at all, as by any caller.
+    // Omitted trailing arguments are not passed.
     if (deleteMarker)
         return object_.Call("HasRight", reference, markerOf(modifyMarker), markerOf(deleteMarker))
             .ToBool();

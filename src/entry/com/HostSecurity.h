@@ -5,8 +5,8 @@
 
 namespace TradeForms {
 
-/// The host's security object, asked through its automation interface. What it fails with comes
-/// out as a DispatchFailure, in its own words.
+/// The host's security object, called through IDispatch. Its errors are raised as DispatchFailure
+/// with their own description.
 class HostSecurity : public UserSecurity {
 public:
     explicit HostSecurity(Dispatch object);

@@ -7,7 +7,7 @@
 
 namespace TradeForms {
 
-/// Whether a window, or the one it lies in, is of this library.
+/// Whether a window or its top-level window belongs to this library.
 bool IsOwnWindow(HWND window);
 
 /// The host's windows on this thread, disabled while this lives. Those that take keys and clicks

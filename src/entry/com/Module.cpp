@@ -2,7 +2,7 @@
 
 #include <atomic>
 
-// The linker's own name for where a module begins in memory.
+// The linker's symbol for the base address of the module.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 namespace TradeForms::Module {
@@ -44,7 +44,7 @@ void LetGo()
 void StayForGood()
 {
     Hold();
-    // A host that leaves COM has its libraries unloaded without being asked.
+    // CoUninitialize unloads libraries without calling DllCanUnloadNow.
     HMODULE pinned = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                        reinterpret_cast<LPCWSTR>(&__ImageBase), &pinned);

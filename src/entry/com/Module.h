@@ -6,17 +6,17 @@
 
 namespace TradeForms::Module {
 
-/// The library in the host's process.
+/// The lifetime of the library in the host's process.
 HINSTANCE Handle();
-/// The file it was loaded from.
+/// The path of the file that it was loaded from.
 std::wstring Path();
 
-/// One thing more, or less, for which the library has to stay: an object, a lock.
+/// Adds or releases a reference that keeps the library loaded: an object or a lock.
 void Hold();
 void LetGo();
-/// From here on the library stays until the process ends.
+/// Keeps the library loaded until the process ends.
 void StayForGood();
-/// Whether nothing keeps the library.
+/// Whether no reference keeps the library loaded.
 bool MayGo();
 
 } // namespace TradeForms::Module

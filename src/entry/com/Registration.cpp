@@ -32,7 +32,7 @@ std::wstring textOf(REFGUID id)
     return text;
 }
 
-/// For all users, whatever this one's own classes hold.
+/// For all users: HKEY_CLASSES_ROOT may lead to the user's own classes.
 std::wstring pathOf(const std::wstring& key)
 {
     return L"Software\\Classes\\" + key;
@@ -43,14 +43,14 @@ std::wstring classKey()
     return L"CLSID\\" + textOf(CLSID_Forms);
 }
 
-/// The unnamed value of a key.
+/// The default value of a key.
 struct Entry {
     std::wstring Key;
     std::wstring Value;
 };
 
-// No threading model: the class lives in the apartment of the host's first thread, and calls from
-// others are brought there.
+// No threading model: the class lives in the main single-threaded apartment, and calls from other
+// threads are marshalled to it.
 std::vector<Entry> entries()
 {
     const std::wstring id = textOf(CLSID_Forms);

@@ -4,12 +4,12 @@
 
 namespace TradeForms {
 
-/// Enters the class and its type library for all users of this machine, from the file that this
-/// library was loaded from. Doing it again changes nothing, or enters the file's new place.
-/// SELFREG_E_CLASS or SELFREG_E_TYPELIB where it is not allowed to; then nothing is left behind.
+/// Registers the class and its type library for all users of this machine, with the file that this
+/// library was loaded from. Registering again updates the path. SELFREG_E_CLASS or
+/// SELFREG_E_TYPELIB where it is not allowed to; then nothing is left behind.
 HRESULT RegisterServer();
 
-/// Takes out all that RegisterServer enters. It is no failure where nothing is there.
+/// Removes what RegisterServer enters. Succeeds where nothing is registered.
 HRESULT UnregisterServer();
 
 } // namespace TradeForms

@@ -24,10 +24,10 @@ namespace {
 
 std::atomic<DWORD> thread = 0;
 
-void sayNothing(QtMsgType, const QMessageLogContext&, const QString&) {}
+void ignoreMessage(QtMsgType, const QMessageLogContext&, const QString&) {}
 
-/// Never deleted: the windows in it live as long as the host's process. Neither its end nor the
-/// going of this library is a moment at which windows could be destroyed in order.
+/// The application is never deleted: windows cannot be destroyed safely while the host's process
+/// ends or unloads this library.
 void makeApplication()
 {
     static char name[] = "TradeForms";
@@ -35,14 +35,15 @@ void makeApplication()
     static int count = 1;
 
     Module::StayForGood();
-    // How the process is scaled on the screen is the host's choice, which Qt leaves alone for a
-    // plugin. But a plugin's fields, when they get the focus, also take it away from the host's
-    // windows; so it is one no longer than that. Qt tells that it is late to say so.
+    // Set only while the application is created: DPI awareness is the host's choice, which Qt
+    // leaves alone in a plugin application. It is reset afterwards, since in a plugin application a
+    // field that gets the focus also takes it from the host's windows. Qt warns that the attribute
+    // is set late.
     QCoreApplication::setAttribute(Qt::AA_PluginApplication, true);
     new QApplication(count, arguments);
-    const QtMessageHandler told = qInstallMessageHandler(sayNothing);
+    const QtMessageHandler previous = qInstallMessageHandler(ignoreMessage);
     QCoreApplication::setAttribute(Qt::AA_PluginApplication, false);
-    qInstallMessageHandler(told);
+    qInstallMessageHandler(previous);
     QApplication::setQuitOnLastWindowClosed(false);
     new HostLoop;
     Modal::SetBarrier([] { return std::make_shared<ClosedHostWindows>(); });

@@ -1,13 +1,13 @@
 #pragma once
 
-/// The thread of the host on which all windows live, and what they need there. It is the thread of
-/// the first call, and stays it until the process ends.
+/// The thread of the host on which all windows live: that of the first call, until the process
+/// ends.
 namespace TradeForms::Workplace {
 
-/// Before any call of the host's is served. The first one makes the application. Raises
+/// To be called before each call is served. The first one creates the application. Raises
 /// CallFailure on another thread than the first call's.
 void Enter();
-/// When a call has been served: what is to go after it goes now, as no loop of ours may ever run.
+/// To be called after each call: runs the deferred deletions, as Qt's own event loop may never run.
 void Leave();
 
 } // namespace TradeForms::Workplace
