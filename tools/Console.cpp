@@ -59,7 +59,7 @@ QString textOf(const WorkProgress& progress)
     Q_UNREACHABLE();
 }
 
-/// -1 where nobody knows how much there is.
+/// The percentage done; -1 where the total is not known.
 int percentOf(const WorkProgress& progress)
 {
     return progress.All == 0 ? -1 : int(100 * progress.Done / progress.All);
@@ -144,7 +144,7 @@ bool ProgressLine::tell(const WorkProgress& progress)
     if (detail_ == Detail::Shown) {
         const QString text = textOf(progress);
         const int percent = percentOf(progress);
-        // A line that nobody watches takes a new one for each tenth only.
+        // Outside of a terminal, a new line for every ten per cent only.
         constexpr int step = 10;
         const bool isNews =
             text != lastText_ ||

@@ -9,7 +9,7 @@
 
 class QCommandLineParser;
 
-// What the programs of this folder share: how they begin, tell how far they are, and end.
+// What the command-line tools share: options, output, progress and exit codes.
 
 namespace Tools {
 
@@ -17,32 +17,34 @@ namespace Tools {
 inline constexpr int ExitDone = 0;
 inline constexpr int ExitFailed = 1;
 inline constexpr int ExitWrongOptions = 2;
-inline constexpr int ExitDiffers = 3; ///< the work was done, and the proof found a difference
+inline constexpr int ExitDiffers =
+    3; ///< the transfer was done, but the comparison found a difference
 inline constexpr int ExitStopped = 4; ///< by the user
 
-/// A command line that makes no sense.
+/// An invalid command line; its message is shown to the user.
 struct WrongOptions {
     QString Message;
 };
 
-/// Runs a program: tells what fails on standard error, after the program's name, and gives the
-/// exit code. Ctrl+C makes ProgressLine ask for an end.
+/// Runs the work of a program. Returns its exit code; where it raises an exception, prints the
+/// message to standard error after the program's name. Ctrl+C makes the callback of ProgressLine
+/// cancel the work.
 int Run(const char* program, const std::function<int()>& work);
 
-/// Reads the command line; --help and --version are answered at once. Raises WrongOptions. True
-/// where there is something to do.
+/// Parses the command line, and prints the output of --help and --version. Returns whether the
+/// program has more to do. Raises WrongOptions.
 bool ReadArguments(QCommandLineParser& parser, const char* program, const QStringList& arguments);
 
-/// A line on standard output.
+/// Prints a line to standard output.
 void Say(const QString& text);
 
-/// A number as people read it: 10,500,000.
+/// A number with thousands separators: 10,500,000.
 QString Grouped(qint64 number);
-/// "1 row", "12 rows".
+/// A number with a noun in the singular or plural: "1 row", "12 rows".
 QString Counted(qint64 number, const char* one, const char* many);
 
-/// Shows on standard error how far the work is: a bar on a terminal, otherwise a line now and
-/// then, or nothing.
+/// Shows progress on standard error: a progress bar on a terminal, otherwise a line from time to
+/// time, or nothing.
 class ProgressLine {
 public:
     enum class Detail { Shown, Quiet };
@@ -52,7 +54,7 @@ public:
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
-    /// To be handed to the library; must not outlive this object.
+    /// The progress callback for the library. It must not be called after this object is destroyed.
     TradeForms::OnProgress Callback();
 
 private:

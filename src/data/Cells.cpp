@@ -31,7 +31,7 @@ bool areDigits(std::string_view text)
     return std::all_of(text.begin(), text.end(), IsDigit);
 }
 
-/// The number that up to nine digits are; nothing where one of them is no digit.
+/// The number that up to nine digits represent; nothing where any character is no digit.
 std::optional<int> readDigits(std::string_view text)
 {
     if (!areDigits(text))
@@ -50,7 +50,7 @@ QDate dateOf(std::string_view year, std::string_view month, std::string_view day
     return y && m && d ? QDate(*y, *m, *d) : QDate();
 }
 
-/// The date at the beginning of the text, and how many letters it takes.
+/// The date at the beginning of the text. Sets the number of characters that it takes.
 QDate readDate(std::string_view text, std::size_t& length)
 {
     length = 10;
@@ -64,8 +64,8 @@ QDate readDate(std::string_view text, std::size_t& length)
     return QDate();
 }
 
-/// The time HH:MM[:SS[.fraction]] that the whole text is. The fraction may have any length and is
-/// dropped, since moments are kept in whole seconds.
+/// The time that the whole text represents: HH:MM[:SS[.fraction]]. The fraction may have any length
+/// and is dropped, since date-times are stored in whole seconds.
 QTime readTime(std::string_view text)
 {
     if (text.size() < 5 || text[2] != ':')
@@ -141,7 +141,7 @@ std::int64_t toInteger(const QVariant& value)
     if (isWholeNumber(value))
         return value.toLongLong();
     if (value.typeId() == QMetaType::QString) {
-        // Straight from the text, since a double would lose the last digits of a long number.
+        // Directly from the text, since a double would lose the last digits of a long number.
         bool isWhole = false;
         const qlonglong number = value.toString().trimmed().toLongLong(&isWhole);
         if (isWhole)
@@ -188,7 +188,7 @@ QDateTime toDateTime(const QVariant& value)
     throw TypeMismatchFailure();
 }
 
-/// The text that a text column takes for a value that is no text.
+/// The text that is stored in a text column for a value of any type.
 QString toText(const QVariant& value)
 {
     switch (value.typeId()) {
@@ -273,7 +273,7 @@ QVariant ValueOfBytes(const Cell& cell, ColumnKind kind)
     case ColumnKind::DateTime:
         return dateTimeValue(cell);
     case ColumnKind::Expression:
-        // The largest of a date column, or a date that was added to, is a date still.
+        // max() of a date column and dateadd() give dates too.
         if (IsStoredDate(cell.Bytes))
             return dateValue(cell);
         if (IsStoredDateTime(cell.Bytes))

@@ -10,8 +10,8 @@
 #include <string>
 #include <string_view>
 
-// Rows are held as bytes and read a cell at a time: a long list costs little more memory than
-// its data, and comparing a cell needs no conversion.
+// A row is a sequence of encoded cells, each a tag byte and its data. A long list costs little more
+// memory than its data, and a cell can be compared without conversion.
 
 namespace TradeForms {
 
@@ -24,7 +24,7 @@ enum class ColumnKind {
     Date,
     DateTime,
     Binary,
-    Expression ///< a computed column: its values tell their type
+    Expression ///< a computed column: each value has its own type
 };
 
 /// One stored value.
@@ -46,8 +46,8 @@ struct Cell {
     bool operator==(const Cell&) const = default;
 };
 
-/// How a cell is stored: a tag and its bytes. Small whole numbers and short texts, by far the most
-/// frequent, take one byte beside their data.
+/// The tag of an encoded cell. Small integers and short texts, by far the most frequent, take one
+/// byte besides their data.
 enum class CellTag : std::uint8_t {
     Null,
     Integer1,
@@ -67,10 +67,10 @@ template <class T> T LoadNumber(const char* at)
     return number;
 }
 
-/// Length by tag, without the bytes of a text or a binary value.
+/// Encoded length by tag, without the bytes of a text or a binary value.
 inline constexpr std::uint8_t cellLengths[] = {1, 2, 3, 5, 9, 9, 2, 5, 5};
 
-/// Whole length of the stored cell at this place.
+/// The length in bytes of the encoded cell at this address.
 inline std::size_t CellLength(const char* at)
 {
     const auto tag = CellTag(*at);
@@ -82,14 +82,15 @@ inline std::size_t CellLength(const char* at)
     return length;
 }
 
-/// Moves the place behind a number of cells.
+/// Advances the pointer past a number of cells.
 inline void SkipCells(const char*& at, int count)
 {
     for (; count > 0; --count)
         at += CellLength(at);
 }
 
-/// Reads the cell at this place and moves the place behind it.
+/// Decodes the cell at the pointer and advances the pointer past it. The bytes of a text or a
+/// binary value stay in the row.
 inline Cell ReadCell(const char*& at)
 {
     const char* const cell = at;
@@ -120,24 +121,26 @@ inline Cell ReadCell(const char*& at)
     Q_UNREACHABLE();
 }
 
-/// Cell of a row by its index.
+/// The cell of a row at an index from 0.
 inline Cell CellAt(const char* row, int index)
 {
     SkipCells(row, index);
     return ReadCell(row);
 }
 
-/// Appends a cell in its stored form.
+/// Encodes a cell at the end of a row.
 void AppendCell(std::string& row, const Cell& cell);
-/// A row's bytes with one cell replaced.
+/// A copy of a row in which the cell at an index is replaced.
 std::string WithCell(std::string_view row, int index, const Cell& cell);
 /// A row of nulls.
 std::string BlankRow(int columns);
 
-/// The value of a text or binary cell as a form reads it.
+/// The value of a text or binary cell, as ValueOf returns it.
 QVariant ValueOfBytes(const Cell& cell, ColumnKind kind);
 
-/// The value as a form reads it; an invalid QVariant for null.
+/// The value that a recordset returns for a cell of a column: qlonglong, double, bool, QString,
+/// QDate, QDateTime or QByteArray; an invalid QVariant for null. A text that is no date in a date
+/// column comes back as QString.
 inline QVariant ValueOf(const Cell& cell, ColumnKind kind)
 {
     switch (cell.Kind) {
@@ -158,11 +161,11 @@ inline QVariant ValueOf(const Cell& cell, ColumnKind kind)
     return ValueOfBytes(cell, kind);
 }
 
-/// A value made ready for a column of this kind. Keeps the bytes that the cell points into.
+/// A value converted to the type of a column. It owns the bytes that the cell points to.
 class EncodedValue {
 public:
-    /// Raises TypeMismatchFailure where such a column cannot hold the value, OverflowFailure
-    /// where a number is too large for it.
+    /// Raises TypeMismatchFailure where the column cannot hold the value, OverflowFailure where a
+    /// number is too large for it.
     EncodedValue(const QVariant& value, ColumnKind kind);
     EncodedValue(const EncodedValue&) = delete;
     EncodedValue& operator=(const EncodedValue&) = delete;
@@ -170,22 +173,22 @@ public:
     const TradeForms::Cell& Cell() const { return cell_; }
 
 private:
-    void setText(const QString& text);
-
     QByteArray bytes_;
     TradeForms::Cell cell_;
 };
 
-/// Reads a date as statements and columns write it: YYYY-MM-DD, YYYYMMDD or MM/DD/YYYY, with a
-/// time behind it or not. Invalid where the text is none of these. To reckon with it, take UTC,
-/// which knows no hour that is skipped.
+/// Reads a date in the form YYYY-MM-DD, YYYYMMDD or MM/DD/YYYY, with or without a time
+/// HH:MM[:SS[.fraction]] after a blank or a T. Returns an invalid QDateTime where the text has none
+/// of these forms. UTC, the default, suits calculations: it has no hours that daylight saving
+/// skips.
 QDateTime DateTimeFromText(std::string_view text, Qt::TimeSpec clock = Qt::UTC);
-/// The date of such a text.
+/// The date part of such a text; an invalid QDate where it is none.
 QDate DateFromText(std::string_view text);
-/// Whether the text is a date, or a date-time, in exactly the form in which they are stored.
+/// Whether the text is a date (YYYY-MM-DD) or a date-time (YYYY-MM-DD HH:MM:SS) in the form in
+/// which the embedded database stores them.
 bool IsStoredDate(std::string_view text);
 bool IsStoredDateTime(std::string_view text);
-/// The form in which the embedded database stores them.
+/// The stored form of a date or a date-time; a fraction of a second is dropped.
 QByteArray StoredText(const QDate& date);
 QByteArray StoredText(const QDateTime& moment);
 

@@ -9,7 +9,7 @@
 
 namespace TradeForms {
 
-/// A table as the library's own schema makes it.
+/// A table of the library's schema.
 struct CompanyTable {
     struct Field {
         QString Name;
@@ -17,14 +17,15 @@ struct CompanyTable {
     };
 
     std::vector<Field> Fields;
-    QStringList Keys; ///< columns that tell its rows apart; empty where there are none
+    QStringList Keys; ///< columns of the primary key, or of a unique index without nulls; empty
+                      ///< where there are none
 
-    /// By name, without regard to case; null for none.
+    /// The field of a name, without regard to case; null where there is none.
     const Field* Find(const QString& name) const;
     bool IsKey(const QString& name) const { return Keys.contains(name, Qt::CaseInsensitive); }
 };
 
-/// By name, without regard to case; null for a table that is not of this schema.
+/// The table of a name, without regard to case; null where the schema has none.
 const CompanyTable* CompanyTableNamed(const QString& name);
 
 } // namespace TradeForms

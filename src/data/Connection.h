@@ -19,14 +19,14 @@ namespace TradeForms {
 class Engine;
 class Recordset;
 
-/// One thing that the database reported.
+/// One error that the database reported.
 struct TRADEFORMS_EXPORT ProviderError {
     int Number = 0;
     QString Description;
 };
 
-/// What the database reported in the last operation that failed. The next operation empties it;
-/// failures that are not the database's leave it alone.
+/// The errors that the database reported in the last operation. The next operation clears them;
+/// failures that do not come from the database leave them unchanged.
 class TRADEFORMS_EXPORT ErrorList {
 public:
     int Count() const { return int(errors_.size()); }
@@ -38,8 +38,8 @@ private:
     QList<ProviderError> errors_;
 };
 
-/// A connection to a company's database. The host opens it and owns it; the library holds it
-/// through a shared pointer and never closes it. Used on one thread.
+/// A connection to a company's database. The host opens and owns it; the library shares it and
+/// never closes it. To be used on one thread.
 class TRADEFORMS_EXPORT Connection {
 public:
     /// How a company file is opened.
@@ -65,9 +65,8 @@ public:
 
 #ifdef _WIN32
     /// Takes the connection that a host has opened, an object of the class `ADODB.Connection` with
-    /// client-side cursors to a database of SQL Server. It counts a reference and never closes the
-    /// connection. Nothing is asked of it here: a connection that is of no use fails at the first
-    /// statement.
+    /// client-side cursors to a database of SQL Server. Adds a reference to it and never closes it.
+    /// Runs no statement: a connection that cannot be used fails at the first one.
     static std::shared_ptr<Connection> OpenHost(IDispatch* connection);
 #endif
 
@@ -75,24 +74,27 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    /// Runs one statement. A query's rows come back as a static read-only recordset whose
-    /// record count is known; any other statement gives a closed recordset.
-    /// Raises ProviderFailure.
+    /// Runs one statement. Returns the rows of a query as a static, read-only recordset whose
+    /// record count is known, and a closed recordset for any other statement. Raises
+    /// ProviderFailure.
     Recordset Execute(const Statement& statement);
     Recordset Execute(const char* statement);
 
-    /// Begins a transaction and takes the write lock at once. Another process that holds the
-    /// lock is waited for up to 5 seconds. Raises ProviderFailure, also within a transaction.
+    /// Begins a transaction and takes the write lock at once; waits up to 5 seconds for another
+    /// process that holds the lock. Raises ProviderFailure, also where a transaction is open
+    /// already. CommitTrans and RollbackTrans end it and raise ProviderFailure, also where there is
+    /// none.
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
     bool InTransaction() const;
 
-    /// Fills a new company with a great many rows: rows that are added between the two calls are
-    /// written many times faster. On the embedded engine they are written without indexes, and
-    /// without waiting for the disk; EndLoad makes the indexes and tells how many of how many
-    /// steps are done. A file whose load was not ended cannot be opened: make it anew. Outside of
-    /// a transaction. BeginLoad raises ProviderFailure where the company holds rows already.
+    /// Bulk load of a new company: rows that are inserted between the two calls are written many
+    /// times faster. On the embedded engine they are written without indexes and without waiting
+    /// for the disk; EndLoad creates the indexes and calls `progress` after each step. A file whose
+    /// load was not ended cannot be opened and has to be created again. Must not be called within a
+    /// transaction. Both raise ProviderFailure; BeginLoad also where the company holds rows
+    /// already.
     void BeginLoad();
     void EndLoad(const std::function<void(int done, int steps)>& progress = {});
 
@@ -101,7 +103,7 @@ public:
         return errors_;
     }
 
-    /// How this database wants values written.
+    /// How values are written into statements for this database.
     const TradeForms::Dialect& Dialect() const;
 
 private:

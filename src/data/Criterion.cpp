@@ -15,7 +15,7 @@ template <class T> int orderOf(const T& first, const T& second)
     return first < second ? -1 : int(second < first);
 }
 
-/// The number that a cell is or writes out.
+/// The number in a cell: a number, or a text that represents one.
 std::optional<double> numberOf(const Cell& cell)
 {
     switch (cell.Kind) {
@@ -87,7 +87,7 @@ private:
         return text_.sliced(start, at_ - start);
     }
 
-    /// What stands up to the closing sign, which it stands before; a doubled one is one of it.
+    /// The text up to the closing character, in which a doubled one stands for one. Moves past it.
     QString enclosed(QChar close)
     {
         QString content;
@@ -134,7 +134,7 @@ private:
         return Operator::Like;
     }
 
-    /// A bare value reaches to the next blank.
+    /// A value without quotes, which ends at the next blank.
     QString bareValue()
     {
         const qsizetype start = at_;
@@ -161,7 +161,7 @@ private:
         result.IsNumeric = IsNumeric(value);
         if (!result.IsQuoted && !result.IsNumeric)
             fail();
-        // A quoted text may read as a number that no double holds; it is compared as text then.
+        // A quoted number that is too large for a double is compared as text.
         if (result.IsNumeric)
             result.Number = result.IsQuoted ? value.trimmed().toDouble() : Val(value);
         result.Text = value.toUtf8();
@@ -222,7 +222,7 @@ bool Criterion::holds(Operator what, int order)
     Q_UNREACHABLE();
 }
 
-/// A null is neither equal nor unequal to anything.
+/// No comparison holds for a null.
 bool Criterion::holds(const Comparison& comparison, const Cell& cell)
 {
     if (cell.IsNull())

@@ -10,17 +10,16 @@
 
 namespace TradeForms {
 
-/// A filter's or a search's criterion, compiled for the columns of one recordset: it reads only
-/// the cells that it compares.
+/// A criterion of Filter or Find, compiled for the columns of one recordset.
 class Criterion {
 public:
     /// Comparisons `column op value` joined by `and` and `or`; `and` binds more tightly.
     /// Raises Failure where the text cannot be read or names an unknown column.
     static Criterion Parse(const QString& text, const ResultMetadata& metadata);
-    /// One comparison alone.
+    /// The same for a single comparison.
     static Criterion ParseSingle(const QString& text, const ResultMetadata& metadata);
 
-    /// Whether it holds for a row of encoded cells.
+    /// Whether a row of encoded cells meets it.
     bool Holds(const char* row) const;
 
 private:
@@ -32,8 +31,8 @@ private:
         int Field = 0;
         ColumnKind Kind = ColumnKind::Text;
         Operator What = Operator::Equal;
-        bool BeginsAlternative = false; ///< stands behind an `or`
-        bool IsNumeric = false;         ///< the value is a number, whichever way it was written
+        bool BeginsAlternative = false; ///< follows an `or`
+        bool IsNumeric = false;         ///< the value is a number, quoted or not
         bool IsQuoted = false;
         double Number = 0;
         QByteArray Text;

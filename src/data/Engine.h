@@ -15,43 +15,45 @@
 
 namespace TradeForms {
 
-/// What is to be done to one row, in the words of RowWriter.
+/// One change for RowWriter::Write.
 struct RowChange {
     enum class Type { Insert, Update, Delete };
 
     Type Kind = Type::Insert;
-    const char* Original = nullptr; ///< not of a row that is added
-    const char* Row = nullptr;      ///< not of a row that is deleted
+    const char* Original = nullptr; ///< null for an insertion
+    const char* Row = nullptr;      ///< null for a deletion
     const std::vector<bool>* Touched = nullptr;
 };
 
-/// Writes rows of one result to the table they came from. It finds a row by its key and by the
-/// values that were read, so that a row that someone else has changed is not found.
+/// Writes rows of one result to its base table. A row is identified by its key and by the values
+/// that were read, so that a row that another user has changed since is not found (optimistic
+/// locking).
 class RowWriter {
 public:
     virtual ~RowWriter();
 
-    /// Adds a row of which the touched columns were set. Returns the row as the table holds it,
-    /// numbers that the database gives included; empty where all columns were set, and the row
-    /// is what it was.
+    /// Inserts a row; `touched` marks the columns that were set, all others get their defaults.
+    /// Returns the encoded row as the table holds it, with generated numbers; empty where all
+    /// columns were set. Raises ProviderFailure.
     virtual std::string Insert(const char* row, const std::vector<bool>& touched) = 0;
-    /// Writes the touched columns. Returns the number of rows found.
+    /// Writes the touched columns of a row. Returns the number of rows found. Raises
+    /// ProviderFailure.
     virtual qint64 Update(const char* original, const char* row,
                           const std::vector<bool>& touched) = 0;
-    /// Returns the number of rows found.
+    /// Deletes a row. Returns the number of rows found. Raises ProviderFailure.
     virtual qint64 Delete(const char* original) = 0;
 
-    /// Makes changes in their order. Returns for each what Insert does; nothing for a row that was
-    /// there. Raises ProviderFailure at the first that fails or whose row is not found; what was
-    /// done before it is done.
+    /// Makes changes in their order. Returns for each insertion what Insert returns, and an empty
+    /// row for the others. Raises ProviderFailure at the first change that fails or whose row is
+    /// not found; the changes before it remain.
     virtual std::vector<std::string> Write(const std::vector<RowChange>& changes);
 
 protected:
-    /// Raises ProviderFailure where it is not one row that was found.
+    /// Raises ProviderFailure where the number of rows found is not 1.
     static void RequireFound(qint64 rows);
 };
 
-/// The rows of one statement, one by one. Other statements may be run between two of them.
+/// Reads the rows of one statement one by one. Other statements may be run between two rows.
 class Cursor {
 public:
     Cursor() = default;
@@ -59,21 +61,22 @@ public:
     Cursor(const Cursor&) = delete;
     Cursor& operator=(const Cursor&) = delete;
 
-    /// The next row's encoded cells, which live until the next call; none after the last row.
+    /// The encoded cells of the next row, valid until the next call; nothing after the last row.
     /// Raises ProviderFailure.
     virtual std::optional<std::string_view> Next() = 0;
-    /// The columns; known after the first Next.
+    /// The columns; to be called after the first Next.
     virtual std::shared_ptr<const ResultMetadata> Columns() const = 0;
-    /// What the database has done for it so far, in small steps of its own. It is no time: the
-    /// same rows cost the same, however busy the machine is.
+    /// The database's work so far, counted in its own steps and not in time: the same rows cost the
+    /// same however busy the machine is. 0 where the database does not count.
     virtual qint64 Work() const = 0;
 };
 
-/// What a connection asks of a database. Everything raises ProviderFailure where the database
-/// refuses.
+/// A database that a connection works on. Every function raises ProviderFailure where the database
+/// reports an error.
 ///
-/// This class keeps what the caller believes of the transaction; an engine below says what is.
-/// The two part where the database has ended a transaction by itself, on a full disk for one.
+/// This class keeps the state of the transaction as the caller sees it; the derived engine reports
+/// the state in the database. The two differ where the database has rolled back by itself, for
+/// example when the disk is full.
 class Engine {
 public:
     Engine() = default;
@@ -81,70 +84,74 @@ public:
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
-    /// The statement's finished text; a value that does not fit its place is reported as the
-    /// server would report it.
+    /// The text of a statement with its values, in the dialect of this database. Raises
+    /// ProviderFailure where a value does not fit its placeholder.
     QString TextOf(const Statement& statement) const;
-    /// Whether a result's rows are to be written back, which takes to know where they come from.
+    /// Whether the rows of a result are to be written back; only then are their base tables looked
+    /// up.
     enum class Purpose { Read, Write };
 
     using OnColumns = std::function<void(const std::shared_ptr<const ResultMetadata>& columns)>;
     using OnRow = std::function<void(std::string_view row)>;
 
-    /// Runs one statement in the server's dialect and hands its rows over as they are read,
-    /// keeping none: `begin` once with the columns, then `each` with the encoded cells of a row,
-    /// which live until it returns. Neither is called where the statement gives no rows at all.
-    /// What they raise ends the reading. Nothing else may be run here meanwhile.
+    /// Runs one statement in the server's dialect and passes its rows on as they are read: calls
+    /// `begin` once with the columns, then `each` with the encoded cells of a row, which are valid
+    /// until it returns. Calls neither where the statement returns no result. An exception of
+    /// either ends the reading and is passed on. No other statement may be run on this engine
+    /// meanwhile.
     virtual void Scan(const QString& statement, const OnColumns& begin, const OnRow& each,
                       Purpose purpose = Purpose::Read) = 0;
 
-    /// A query that is read a row at a time, each when it is asked for. Null where this database
-    /// can only read it in one go.
+    /// Opens a query that is read row by row. Returns null where this database can only read a
+    /// result as a whole.
     virtual std::unique_ptr<Cursor> OpenCursor(const QString& statement);
 
-    /// Runs one statement in the server's dialect. Null where the statement gives no rows.
+    /// Runs one statement in the server's dialect. Returns its rows; null where the statement
+    /// returns no result.
     std::shared_ptr<const Snapshot> Run(const QString& statement, Purpose purpose = Purpose::Read);
-    /// A writer for the rows of a result that has a base table.
+    /// A writer for the rows of a result with a base table.
     virtual std::unique_ptr<RowWriter>
     WriterFor(std::shared_ptr<const ResultMetadata> metadata) = 0;
-    /// A writer that only adds rows, and with them also the numbers that the database gives
-    /// otherwise. While it lives there is none for another table.
+    /// A writer that only inserts rows, also with explicit values for columns whose numbers the
+    /// database generates (identity columns). Only one may exist at a time.
     virtual std::unique_ptr<RowWriter> LoaderFor(std::shared_ptr<const ResultMetadata> metadata)
     {
         return WriterFor(std::move(metadata));
     }
     virtual const TradeForms::Dialect& Dialect() const = 0;
 
-    /// The tables whose rows are the company, by their names. What the database keeps up by
-    /// itself, from their rows or for its own ends, is left out.
+    /// The names of the tables that hold the company. System tables and those that the database
+    /// derives from others are left out.
     virtual QStringList TableNames();
 
-    /// Until EndReadTransaction whatever is read is as it stood at one moment, and nothing is
-    /// written. Outside of a transaction.
+    /// Begins a transaction in which all reads see the same state of the database, and nothing may
+    /// be written. Must not be called within a transaction.
     virtual void BeginReadTransaction();
     virtual void EndReadTransaction() noexcept {}
 
     void BeginTrans();
     void CommitTrans();
-    /// Ends quietly where the database has rolled back by itself already.
+    /// Does nothing in the database where that has rolled back by itself already.
     void RollbackTrans();
     bool InTransaction() const { return isBegun_ && isNativeOpen(); }
-    /// After an operation that failed: where the database has undone the transaction by itself,
-    /// what was to be done then is done at once, before the user goes on.
+    /// To be called after an operation that failed: runs the OnRollback functions where the
+    /// database has rolled the transaction back by itself.
     void UndoIfRolledBack();
 
-    /// Prepares an empty database for being filled with a great many rows; see Connection.
+    /// Bulk load of an empty database; see Connection.
     virtual void BeginLoad() {}
     virtual void EndLoad(const std::function<void(int done, int steps)>&) {}
 
-    /// Runs the work all or none: within the open transaction, or in one of its own.
+    /// Runs the work so that all or none of it takes effect: after a savepoint in the open
+    /// transaction, or in a transaction of its own. Passes on what the work raises.
     void Atomically(const std::function<void()>& work);
 
-    /// What to do when the open transaction comes to nothing.
+    /// Registers a function to be called when the open transaction is rolled back.
     void OnRollback(std::function<void()> undo);
 
 protected:
     virtual bool isNativeOpen() const = 0;
-    /// Whether a transaction is open, whoever has begun it.
+    /// Whether a transaction is open, also one that was not begun here.
     virtual bool isWithinTransaction() { return isNativeOpen(); }
     virtual void beginNative() = 0;
     virtual void commitNative() = 0;
@@ -160,7 +167,7 @@ private:
     std::vector<std::function<void()>> undoActions_;
 };
 
-/// Reads as at one moment while it lives.
+/// A read transaction for the lifetime of this object. Raises ProviderFailure.
 class ReadTransaction {
 public:
     explicit ReadTransaction(Engine& engine) : engine_(engine) { engine_.BeginReadTransaction(); }

@@ -9,15 +9,15 @@
 
 namespace TradeForms {
 
-/// A run-time failure: everything that a step's guard catches and shows to the user.
+/// Base of all run-time failures, whose descriptions are shown to the user.
 class TRADEFORMS_EXPORT Failure : public std::exception {
 public:
     explicit Failure(const QString& description);
     ~Failure() override;
 
-    /// The words for the user.
+    /// The text for the user.
     const QString& Description() const { return description_; }
-    /// The same words in UTF-8.
+    /// The same text in UTF-8.
     const char* what() const noexcept override { return utf8_.constData(); }
 
 private:
@@ -25,13 +25,13 @@ private:
     QByteArray utf8_;
 };
 
-/// A failure that the database reported; it stands in Connection::Errors() as well.
+/// A failure that the database reported. It is in Connection::Errors() as well.
 class TRADEFORMS_EXPORT ProviderFailure : public Failure {
 public:
     explicit ProviderFailure(const QString& description, int number = 0);
     ~ProviderFailure() override;
 
-    /// The provider's own error number.
+    /// The database's or driver's error number; 0 where there is none.
     int Number() const { return number_; }
 
 private:
@@ -45,14 +45,14 @@ public:
     ~OverflowFailure() override;
 };
 
-/// Work that was stopped at the user's wish.
+/// The user has cancelled a long operation.
 class TRADEFORMS_EXPORT CancelledFailure : public Failure {
 public:
     CancelledFailure();
     ~CancelledFailure() override;
 };
 
-/// A value that cannot be read as the type that is asked for. Its description is "Type mismatch".
+/// A value that cannot be converted to a type. Its description is "Type mismatch".
 class TRADEFORMS_EXPORT TypeMismatchFailure : public Failure {
 public:
     TypeMismatchFailure();

@@ -23,7 +23,7 @@ qsizetype skipDigits(QStringView text, qsizetype at)
     return at;
 }
 
-/// Where the number that the text begins with ends; 0 where it begins with none.
+/// The length of the number at the beginning of the text; 0 where there is none.
 qsizetype numberEnd(QStringView text)
 {
     qsizetype at = !text.isEmpty() && (text[0] == u'+' || text[0] == u'-') ? 1 : 0;
@@ -75,7 +75,7 @@ double Val(QStringView text)
         return 0;
     bool fits = false;
     const double number = rest.first(end).toDouble(&fits);
-    // What is too small for a double counts 0; what is too large does not fit.
+    // A number that is too small for a double is 0; one that is too large is an error.
     if (!std::isfinite(number))
         throw OverflowFailure();
     return number;

@@ -6,16 +6,16 @@
 
 #include <cstdint>
 
-// Numbers in fields are text. These few functions are the only road between the two.
+// Conversions between numbers and the texts of fields. All code uses these functions for them.
 
 namespace TradeForms {
 
 /// The number at the start of the text: blanks are skipped, then sign, digits, one decimal point
-/// and an exponent are read as far as they go. Blank or non-numeric text counts 0.
-/// Raises OverflowFailure where the number is beyond a double.
+/// and an exponent are read as far as they go. Returns 0 for a blank or non-numeric text. Raises
+/// OverflowFailure where the number is beyond a double.
 double Val(QStringView text);
 
-/// A number that was worked out, as it is. Raises OverflowFailure where it is beyond a double.
+/// Returns a computed number unchanged. Raises OverflowFailure where it is infinite or NaN.
 double InRange(double number);
 
 /// A number of the database that has to be there. Raises Failure, "Invalid use of Null", for a
@@ -29,8 +29,8 @@ QString GeneralFormat(double number);
 /// Whether the whole trimmed text is a number that Val reads to its end.
 bool IsNumeric(QStringView text);
 
-/// Narrowing; each rounds to the nearest whole number (halves to the even one) and raises
-/// OverflowFailure where that does not fit.
+/// Rounds to the nearest whole number, halves to the even one. Raises OverflowFailure where that
+/// does not fit the type.
 std::int32_t ToInt32(double number);
 std::int16_t ToInt16(double number);
 std::uint8_t ToByte(double number);
@@ -39,7 +39,8 @@ std::uint8_t ToByte(double number);
 /// format, a flag as "True" or "False", a date as dd/MM/yyyy.
 QString TextOf(const QVariant& value);
 
-/// First letter of each word capital, the others small. Words end at white space.
+/// The text with the first letter of each word in upper case and all others in lower case. Words
+/// are separated by white space.
 QString ProperCase(const QString& text);
 QString UpperCase(const QString& text);
 

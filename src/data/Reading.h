@@ -13,27 +13,28 @@ class Connection;
 class Cursor;
 class Snapshot;
 
-/// A query on its way into a recordset, a piece at a time: between two pieces the program can turn
-/// to the user, run other statements, or give the query up by destroying this.
+/// Reads a query into a recordset piece by piece. Between two pieces the program can process
+/// events, run other statements, or cancel the query by destroying this object.
 class Reading {
 public:
-    /// Raises ProviderFailure where the statement is refused.
+    /// Prepares the statement. Raises ProviderFailure where the database refuses it.
     Reading(const Statement& source, std::shared_ptr<Connection> connection);
     ~Reading();
     Reading(const Reading&) = delete;
     Reading& operator=(const Reading&) = delete;
 
-    /// Reads up to so many rows more. True when all are read. Where the database can only read in
-    /// one go, that is what the first call does. Raises ProviderFailure.
+    /// Reads up to a number of further rows; all rows at the first call where the database can only
+    /// read a result as a whole. Returns true when all rows are read. Raises ProviderFailure.
     bool ReadOn(int rows);
-    /// Rows that are read so far.
+    /// The number of rows read so far.
     int RowCount() const;
-    /// What the database has done so far: see Cursor::Work.
+    /// The database's work so far; see Cursor::Work.
     qint64 Work() const;
-    /// The statement as it was sent.
+    /// The text of the statement with its values.
     const QString& Text() const { return text_; }
 
-    /// A static recordset for reading, on its first record. All rows must be read.
+    /// A read-only recordset of the rows, on its first record. To be called once, after all rows
+    /// are read.
     Recordset Take();
 
 private:

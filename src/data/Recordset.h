@@ -14,7 +14,7 @@ namespace TradeForms {
 class Connection;
 class Snapshot;
 
-/// The values are the customary ones of record-based data access.
+/// The values are those that record-based data access libraries use.
 enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
 enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimistic = 4 };
 enum class RecordsetState { Closed = 0, Open = 1 };
@@ -27,11 +27,11 @@ public:
     /// The value; an invalid QVariant is a null. A flag reads as bool, a date as QDate, a
     /// date-time as QDateTime, a number as qlonglong or double, a text as QString.
     QVariant Value() const;
-    /// Sets the value in the recordset; an invalid QVariant sets null. Raises Failure where
-    /// the recordset is read-only or stands on no record, TypeMismatchFailure where the value
-    /// cannot be held by the field.
+    /// Sets the value in the recordset; an invalid QVariant sets null. Raises Failure where the
+    /// recordset is read-only or has no current record, TypeMismatchFailure where the field cannot
+    /// hold the value, OverflowFailure where a number is too large for it.
     void SetValue(const QVariant& value);
-    /// The value as it was read from the database.
+    /// The value as it was last read from or written to the database; invalid for an added record.
     QVariant OriginalValue() const;
     QString Name() const;
 
@@ -44,9 +44,9 @@ private:
 
 /// A snapshot of a query's rows, held in memory, with a current record.
 ///
-/// With LockType::BatchOptimistic added, changed and deleted rows are only marked until
-/// UpdateBatch; with LockType::Pessimistic or Optimistic each Update goes to the table. Moving
-/// off a record, filtering and UpdateBatch finish a pending Update first.
+/// With LockType::BatchOptimistic, added, changed and deleted rows are pending until UpdateBatch;
+/// with LockType::Pessimistic or Optimistic each Update is written to the table. Moving to another
+/// record, filtering and UpdateBatch call Update first.
 class TRADEFORMS_EXPORT Recordset {
 public:
     Recordset();
@@ -54,7 +54,9 @@ public:
     Recordset(Recordset&&) noexcept;
     Recordset& operator=(Recordset&&) noexcept;
 
-    /// Raises ProviderFailure where the statement fails, Failure where this one is open.
+    /// Runs a statement and moves to its first record. A statement without rows leaves the
+    /// recordset closed. Raises ProviderFailure where the statement fails, Failure where the
+    /// recordset is open already.
     void Open(const Statement& source, const std::shared_ptr<Connection>& connection,
               CursorType cursor = CursorType::Static, LockType lock = LockType::ReadOnly,
               int options = -1);
@@ -65,11 +67,12 @@ public:
     RecordsetState State() const;
     bool IsOpen() const { return State() == RecordsetState::Open; }
 
-    /// Before the first and after the last record. (Not the customary spelling: EOF is taken
-    /// by the C library.)
+    /// Whether the position is before the first or after the last record. (Not spelt in capitals,
+    /// since EOF is a macro of the C library.)
     bool Bof() const;
     bool Eof() const;
-    /// Rows that the filter lets through, pending additions counted, pending deletions not.
+    /// The number of records that pass the filter, with pending additions and without pending
+    /// deletions.
     int RecordCount() const;
 
     void MoveFirst();
@@ -77,7 +80,7 @@ public:
     void MoveNext();
     void MovePrevious();
 
-    /// Stands for a row as long as the recordset is open; -1 is no row.
+    /// Identifies a row as long as the recordset is open; -1 is no row.
     using Bookmark = int;
     Bookmark CurrentBookmark() const;
     void MoveTo(Bookmark bookmark);
@@ -89,42 +92,43 @@ public:
     Field Fields(QStringView name);
     Field Fields(const char* name);
     Field Fields(int index);
-    /// The current record's value: short for Fields(name).Value().
+    /// The value of a field of the current record, as Fields(name).Value() returns it.
     QVariant Value(const char* name) const;
     /// Index of a field, or -1.
     int FieldIndex(QStringView name) const;
 
-    /// Random access that moves nothing: the row at a position among the visible ones
-    /// (0 is the first) and a field's index.
+    /// Reads a value without moving: of the visible row at a position from 0, and of the field at
+    /// an index.
     QVariant ValueAt(int position, int field) const;
     /// Position of the current record among the visible rows, from 0, or -1.
     int Position() const;
     void MoveToPosition(int position);
 
-    /// Adds a blank record and stands on it.
+    /// Adds a blank record and moves to it.
     void AddNew();
-    /// Finishes the current record's pending addition or change.
+    /// Completes the addition or change of the current record: writes it to the table, or makes it
+    /// pending for the batch.
     void Update();
     void CancelUpdate();
-    /// Marks the current record deleted (batch) or deletes it from the table.
+    /// Deletes the current record from the table, or makes its deletion pending for the batch.
     void Delete();
-    /// Writes all pending rows to the table, all or none. A row that was changed or removed by
-    /// someone else since it was read raises ProviderFailure. (The affected-rows argument
-    /// is customary: 3 is all.)
+    /// Writes all pending rows to the table, all or none. Raises ProviderFailure, also where
+    /// another user has changed or removed one of the rows since it was read. The argument is
+    /// ignored.
     void UpdateBatch(int affected = 3);
     void CancelBatch();
     bool HasPendingChanges() const;
 
-    /// Keeps only rows for which the criterion holds: comparisons `column op value` joined by
-    /// `and` or `or`; op is =, <>, <, >, <=, >= or like; a value is a number or a quoted text;
-    /// like takes * or %. Texts compare without regard to case. Moves to the first record.
-    /// Raises Failure where the criterion cannot be read.
+    /// Shows only rows that meet a criterion: comparisons `column op value` joined by `and` or
+    /// `or`; op is =, <>, <, >, <=, >= or like; a value is a number or a quoted text; like takes *
+    /// or %. Texts compare without regard to case. Moves to the first record. Raises Failure where
+    /// the criterion cannot be read.
     void SetFilter(const Statement& criterion);
     void ClearFilter();
     bool HasFilter() const;
 
-    /// Moves to the first record, from the first one on, for which one comparison holds, and
-    /// past the end where there is none. Raises Failure where the criterion cannot be read.
+    /// Moves to the first record that meets a criterion of one comparison, and past the last record
+    /// where there is none. Raises Failure where the criterion cannot be read.
     void Find(const Statement& criterion);
 
 private:

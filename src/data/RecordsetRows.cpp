@@ -103,7 +103,7 @@ void Recordset::Rows::MoveToRow(int row)
     Update();
     if (!visible_)
         return MoveToPosition(row);
-    // Rows stand in the order of their numbers, since a new one has the highest.
+    // The visible rows are sorted by number, since a new row gets the highest.
     const auto found = std::lower_bound(visible_->begin(), visible_->end(), row);
     if (found == visible_->end() || *found != row)
         throw Failure(QStringLiteral("The bookmark stands for no visible record."));
@@ -321,7 +321,7 @@ void Recordset::Rows::Delete()
     if (lock_ != LockType::BatchOptimistic)
         write({{RowChange::Type::Delete, originalBytes(row), nullptr, nullptr}});
 
-    // What was added and is deleted before the batch never reaches the table.
+    // A row that was added and deleted within one batch never reaches the table.
     const bool isRemoved = lock_ != LockType::BatchOptimistic ||
                            (editOf(row) && editOf(row)->State == EditState::Added);
     std::vector<int>& visible = explicitVisible();
@@ -344,7 +344,7 @@ std::vector<std::string> Recordset::Rows::write(const std::vector<RowChange>& ch
     return stored;
 }
 
-/// What a marked row asks to be done.
+/// The change that writes the edit of a row.
 RowChange Recordset::Rows::changeOf(int row) const
 {
     const Edit& edit = *editOf(row);
@@ -362,7 +362,7 @@ RowChange Recordset::Rows::changeOf(int row) const
     Q_UNREACHABLE();
 }
 
-/// How a marked row stands when its change is written.
+/// The edit of a row after its change was written.
 Recordset::Rows::Edit Recordset::Rows::written(int row, std::string stored) const
 {
     const Edit& edit = *editOf(row);
@@ -382,7 +382,7 @@ void Recordset::Rows::UpdateBatch()
         return;
     std::vector<int> rows;
     std::vector<RowChange> changes;
-    // A key that one row gives up may be taken by the next.
+    // Deletions first: a key that is freed may be used again by a row added in the same batch.
     for (const EditState state : {EditState::Deleted, EditState::Modified, EditState::Added}) {
         for (int row = 0; row < int(edits_.size()); ++row) {
             if (edits_[std::size_t(row)] && edits_[std::size_t(row)]->State == state) {
@@ -399,7 +399,7 @@ void Recordset::Rows::UpdateBatch()
         before.push_back({row, std::exchange(*edits_[std::size_t(row)], std::move(after))});
     }
 
-    // The marks come back if the transaction comes to nothing, so that the user can try again.
+    // If the transaction is rolled back, the edits are pending again, so that the user can retry.
     EngineAccess::Of(*connection_)
         .OnRollback([self = std::weak_ptr<Rows*>(self_), before = std::move(before)] {
             if (const auto those = self.lock())
@@ -438,7 +438,7 @@ bool Recordset::Rows::HasPendingChanges() const
                            });
 }
 
-/// Works out anew which rows are visible.
+/// Determines which rows are visible.
 void Recordset::Rows::refilter()
 {
     visible_.reset();

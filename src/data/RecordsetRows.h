@@ -11,8 +11,8 @@
 
 namespace TradeForms {
 
-/// What stands behind an open recordset: the rows that were read, what was done to them since,
-/// which of them are visible, and where the current record is.
+/// The state of an open recordset: the rows that were read, their changes, which of them are
+/// visible, and the position of the current record.
 class Recordset::Rows {
 public:
     Rows(std::shared_ptr<const Snapshot> snapshot, LockType lock,
@@ -54,15 +54,16 @@ public:
 private:
     enum class EditState { Clean, Added, Modified, Deleted, Removed };
 
-    /// What was done to one row.
+    /// The changes of one row.
     struct Edit {
         EditState State = EditState::Clean;
-        std::string Row;           ///< its present bytes; empty where they are the snapshot's
-        std::string Original;      ///< as last written to the table; empty likewise
-        std::vector<bool> Touched; ///< columns that were set since
+        std::string Row;           ///< its current bytes; empty where they are unchanged
+        std::string Original;      ///< its bytes as last written to the table; empty where they are
+                                   ///< those of the snapshot
+        std::vector<bool> Touched; ///< columns that were set since then
     };
 
-    /// The change of the current record that no Update has finished yet.
+    /// The change of the current record before Update.
     struct Pending {
         int Row = 0;
         std::string Bytes;
@@ -71,7 +72,7 @@ private:
         int PositionBefore = 0;
     };
 
-    /// A row's edit as a batch found it.
+    /// The edit of a row before a batch was written.
     struct SavedEdit {
         int Row;
         Edit Before;
@@ -107,13 +108,13 @@ private:
     std::shared_ptr<Connection> connection_;
     QString source_;
 
-    std::vector<std::unique_ptr<Edit>> edits_; // by row; shorter than the rows where none is
-    std::optional<std::vector<int>> visible_;  // without it all rows are visible
+    std::vector<std::unique_ptr<Edit>> edits_; // by row; may be shorter than the rows
+    std::optional<std::vector<int>> visible_;  // all rows where it is empty
     std::optional<Criterion> filter_;
     std::optional<Pending> pending_;
     int position_ = 0;
-    bool isOnDeleted_ = false;    // the current record was deleted; the next one is at position_
-    std::shared_ptr<Rows*> self_; // what a transaction may still undo here ends with it
+    bool isOnDeleted_ = false;    // the current record was deleted; position_ is the next one
+    std::shared_ptr<Rows*> self_; // guards the OnRollback functions that refer to this object
 };
 
 } // namespace TradeForms

@@ -4,8 +4,8 @@
 
 namespace TradeForms {
 
-/// The version of the schema that this library works on. The schema scripts write it into a
-/// new company: into the file's user_version, or into the table SchemaVersion.
+/// The schema version that this library requires. The schema scripts store it in a new company: in
+/// a file's user_version, or in the table SchemaVersion of a server.
 inline constexpr qint64 schemaVersion = 2;
 
 } // namespace TradeForms

@@ -9,7 +9,8 @@ namespace TradeForms {
 
 namespace {
 
-/// The table that every column comes from, each field of it once.
+/// The table that all columns come from; empty where they come from several, or where a field comes
+/// twice.
 QString baseTableOf(const std::vector<Column>& columns)
 {
     const QString table = columns.empty() ? QString() : columns.front().Table;
@@ -23,7 +24,7 @@ QString baseTableOf(const std::vector<Column>& columns)
     return table;
 }
 
-/// Names in the program are plain ASCII, and are asked for at every cell of a list.
+/// The program's own column names are ASCII. This is called for every cell of a list.
 bool isSameAsciiName(const QString& name, std::string_view wanted)
 {
     return std::equal(
@@ -60,7 +61,7 @@ int ResultMetadata::IndexOf(const char* name) const
 void Snapshot::Append(std::string_view row)
 {
     if (row.size() > freeSize_) {
-        // Blocks grow with the snapshot: one row costs little, and many have little to spare.
+        // Blocks grow with the snapshot, so that neither one row nor many waste much memory.
         constexpr std::size_t smallest = 1024;
         constexpr std::size_t largest = 256 * 1024;
         freeSize_ = std::max(row.size(), std::clamp(stored_, smallest, largest));

@@ -11,11 +11,12 @@
 
 namespace TradeForms {
 
-/// What is known of one column of a result.
+/// One column of a result.
 struct Column {
     QString Name;
     ColumnKind Kind = ColumnKind::Expression;
-    QString Table; ///< the table that it comes from; empty for an expression, and for reading only
+    QString Table; ///< the table that it comes from; empty for an expression and where a result is
+                   ///< read only
     QString Field; ///< its name in that table
 };
 
@@ -26,10 +27,12 @@ public:
 
     int Count() const { return int(columns_.size()); }
     const Column& At(int index) const { return columns_[std::size_t(index)]; }
-    /// By name, without regard to case; of two columns of one name the first. -1 for none.
+    /// The index of a column by its name, without regard to case; the first where several have that
+    /// name, -1 where none has.
     int IndexOf(QStringView name) const;
     int IndexOf(const char* name) const;
-    /// The one table that all columns come from, each of them once; empty where it is not so.
+    /// The one table that all columns come from, none of them twice; empty otherwise. Rows of a
+    /// result without a base table cannot be written.
     const QString& BaseTable() const { return baseTable_; }
 
 private:
@@ -37,7 +40,7 @@ private:
     QString baseTable_;
 };
 
-/// The rows that a query gave, read-only.
+/// The rows of a query, read-only.
 class Snapshot {
 public:
     explicit Snapshot(std::shared_ptr<const ResultMetadata> metadata)
@@ -53,7 +56,7 @@ public:
 
     /// Adds a row of encoded cells.
     void Append(std::string_view row);
-    /// Called after the last row: gives spare memory back.
+    /// To be called after the last row: frees unused memory.
     void Finish() { rows_.shrink_to_fit(); }
 
 private:

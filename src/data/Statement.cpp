@@ -20,7 +20,7 @@ bool isNamePart(QChar letter)
     return isNameStart(letter) || (letter >= u'0' && letter <= u'9');
 }
 
-/// Length of the place {name} that stands at this position, 0 where none does.
+/// The length of the placeholder {name} at a position; 0 where there is none.
 qsizetype placeholderLength(const QString& text, qsizetype at)
 {
     if (text[at] != u'{' || at + 1 >= text.size() || !isNameStart(text[at + 1]))
@@ -42,7 +42,7 @@ QString shortened(const QString& text)
     throw Failure(QStringLiteral("Incorrect syntax near '%1'.").arg(shortened(near)));
 }
 
-/// The last word or sign of the text so far, to name where something is missing.
+/// The last word or character of a text, to be named in an error message.
 QString lastToken(const QString& text)
 {
     const QStringView trimmed = QStringView(text).trimmed();
@@ -65,7 +65,7 @@ QString doubleText(double number)
     return QString::number(number, form, QLocale::FloatingPointShortest);
 }
 
-/// A value as it stands in a statement, before anyone asks whether it may stand there.
+/// A value as it is written into a statement, not yet checked.
 QString valueText(const QVariant& value, const Dialect& dialect)
 {
     if (value.isNull())

@@ -10,44 +10,46 @@
 
 namespace TradeForms {
 
-/// How a connection's database wants values written into a statement.
+/// How values are written into statements for a database.
 struct TRADEFORMS_EXPORT Dialect {
-    /// Form of a date in a literal, in QDate's format letters.
+    /// Format of a date literal, as QDate::toString takes it.
     QString DateFormat = QStringLiteral("yyyy-MM-dd");
-    /// Form of a date-time in a literal.
+    /// Format of a date-time literal, as QDateTime::toString takes it.
     QString DateTimeFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 };
 
-/// One statement, or one clause or criterion of it, with places for values.
+/// One statement, or one clause or criterion of it, with placeholders for values.
 ///
 ///     Statement("Select * FROM Areas  where AreaCode='{Code}'{BranchFilter}")
 ///         .Bind("Code", text)
 ///         .Splice("BranchFilter", filter)
 ///
-/// A place that stands between single quotes is quoted, any other is bare. A quoted value that
-/// contains a quote, and a bare one that is not a number, make the statement fail when it is
-/// run: a typed value can fail a statement and can never change its meaning.
+/// A placeholder between single quotes is quoted, any other is bare. A quoted value that contains a
+/// quote and a bare value that is not a number make the statement fail when it is run: a value that
+/// a user types can make a statement fail but cannot change its meaning.
 class TRADEFORMS_EXPORT Statement {
 public:
     Statement() = default;
     explicit Statement(const QString& text);
     explicit Statement(const char* text) : Statement(QString::fromUtf8(text)) {}
 
-    /// Fills every place {name}. Takes text, whole numbers, doubles, booleans (1 and 0), QDate
-    /// and QDateTime. A double is written in full; a date in the connection's own form.
+    /// Sets the value of every placeholder {name}: a QString, a whole number, a double (written
+    /// with all its digits), a bool (1 or 0), a QDate or a QDateTime (in the dialect's format).
+    /// Returns this statement.
     Statement& Bind(const char* name, const QVariant& value);
-    /// Puts another statement's text, with its values, in every place {name}.
+    /// Replaces every placeholder {name} by the text of another statement, with its values. Returns
+    /// this statement.
     Statement& Splice(const char* name, const Statement& clause);
 
     bool IsEmpty() const { return pieces_.isEmpty(); }
 
-    /// The finished text. Raises Failure with the server's way of saying it where a value does
-    /// not fit its place, or where a place was left open.
+    /// The text with all values filled in. Raises Failure, in the server's words, where a value
+    /// does not fit its placeholder, and where a placeholder has no value.
     QString Text(const Dialect& dialect = {}) const;
 
 private:
     struct Piece {
-        QString Text; // literal text, or the place's name
+        QString Text; // literal text, or the name of a placeholder
         bool IsPlaceholder = false;
         bool Quoted = false;
         bool Bound = false;

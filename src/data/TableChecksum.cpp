@@ -17,7 +17,7 @@ bool isNumber(const Cell& cell)
     return cell.Kind == Cell::Type::Integer || cell.Kind == Cell::Type::Real;
 }
 
-/// Whether a number has decimals beyond the fourth. What the last bits of a double add is none.
+/// Whether a number has more than four decimals, apart from the rounding error of a double.
 bool isTooPrecise(const Cell& cell)
 {
     if (cell.Kind != Cell::Type::Real)
@@ -56,7 +56,7 @@ AmountSum AmountSum::Of(const Cell& number)
         amount.whole_ = (tenThousandths - amount.tenThousandths_) / unitsPerWhole;
         return amount;
     }
-    // Near the middle between two it is rounded as whoever sends it writes its digits.
+    // Halfway between two amounts the digits are rounded, as they are when the number is sent.
     const QByteArray digits = QByteArray::number(std::abs(number.Real), 'f', 4);
     amount.whole_ = digits.chopped(5).toLongLong();
     amount.tenThousandths_ = digits.right(4).toInt();
@@ -75,7 +75,7 @@ void AmountSum::Add(const AmountSum& other)
     tenThousandths_ += other.tenThousandths_;
     const int carry = tenThousandths_ / unitsPerWhole;
     tenThousandths_ %= unitsPerWhole;
-    // No company owes that much; if one did, the sums would still tell differences.
+    // Wraps around instead of overflowing; sums that differ still differ then.
     whole_ = qint64(quint64(whole_) + quint64(other.whole_) + quint64(carry));
 }
 

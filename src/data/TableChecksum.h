@@ -8,10 +8,10 @@
 
 namespace TradeForms {
 
-/// A sum of amounts, exact to the fourth decimal, which is what amounts and quantities have.
+/// A sum of amounts, exact to four decimals, which is the scale of amounts and quantities.
 class AmountSum {
 public:
-    /// The amount of a number as a server keeps it.
+    /// A number rounded to four decimals, as a server stores it.
     static AmountSum Of(const Cell& number);
 
     void Add(const AmountSum& other);
@@ -23,24 +23,25 @@ public:
 
 private:
     qint64 whole_ = 0;
-    int tenThousandths_ = 0; ///< from 0 to 9,999, to be added
+    int tenThousandths_ = 0; ///< from 0 to 9,999, added to whole_ also where that is negative
 };
 
-/// What tells the rows of a table from those of another, whatever order they come in and whatever
-/// database they come from: their number, and for each column its nulls, the sum of its numbers
-/// and a check sum of its values.
+/// A checksum of the rows of a table that depends neither on their order nor on the database: the
+/// number of rows, and for each column the number of nulls, the sum of its amounts and a checksum
+/// of its values.
 class TableChecksum {
 public:
-    /// Columns that hold amounts on either side are summed.
+    /// Columns that hold amounts in either of the two tables are summed.
     TableChecksum(const ResultMetadata& columns, const ResultMetadata& counterpart);
 
-    /// Takes a row of encoded cells.
+    /// Adds a row of encoded cells.
     void Add(std::string_view row);
     qint64 Rows() const { return rows_; }
 
-    /// What differs in another table; all columns of it.
+    /// The differences from the checksum of another table, in all its columns.
     QList<TransferDifference> Compare(const TableChecksum& target, const QString& table) const;
-    /// Where amounts lost decimals on their way to another table that does not differ otherwise.
+    /// The columns whose amounts have more than four decimals here and not in another table, which
+    /// is equal otherwise.
     QList<TransferDifference> RoundedIn(const TableChecksum& target, const QString& table) const;
 
 private:

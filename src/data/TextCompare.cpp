@@ -24,8 +24,8 @@ unsigned char foldAscii(char byte)
     return letter >= 'A' && letter <= 'Z' ? (unsigned char)(letter + ('a' - 'A')) : letter;
 }
 
-/// The character at this place; the place moves behind it. A byte that is no UTF-8 stands for
-/// itself.
+/// Decodes the code point at an offset and moves the offset past it. A byte that is no valid UTF-8
+/// stands for itself.
 char32_t readCodePoint(std::string_view text, std::size_t& at)
 {
     const auto lead = static_cast<unsigned char>(text[at++]);
@@ -48,7 +48,7 @@ char32_t readFolded(std::string_view text, std::size_t& at)
     return isAscii(text[at]) ? char32_t(foldAscii(text[at++])) : foldCase(readCodePoint(text, at));
 }
 
-/// From the first place on where the texts are not plain ASCII.
+/// Compares code point by code point, from the first byte on that is not ASCII.
 int compareCodePoints(std::string_view first, std::string_view second, std::size_t at)
 {
     std::size_t secondAt = at;
@@ -131,7 +131,8 @@ LikePattern LikePattern::Criterion(std::string_view pattern)
     return compiled;
 }
 
-/// Reads a class from behind its bracket. One that is never closed fits nothing.
+/// Reads a character set after its opening bracket. Returns the offset after it. A set that is not
+/// closed matches nothing.
 std::size_t LikePattern::addClass(std::string_view pattern, std::size_t at)
 {
     Element element;
@@ -182,7 +183,7 @@ bool LikePattern::fits(const Element& element, char32_t letter)
     Q_UNREACHABLE();
 }
 
-/// After a run that may be longer, only the last such run need ever be tried again.
+/// Greedy matching with backtracking to the last % alone, which is sufficient.
 bool LikePattern::matchesFrom(std::size_t element, std::string_view text) const
 {
     constexpr std::size_t none = std::size_t(-1);

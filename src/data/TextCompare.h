@@ -5,12 +5,13 @@
 #include <string_view>
 #include <vector>
 
-// Texts in UTF-8 as the company's database compares them: without regard to case, by Unicode's
-// simple folding, and without regard to blanks at the end.
+// Comparison of texts in UTF-8 as the company's database compares them: without regard to case, by
+// Unicode's simple case folding, and to trailing blanks.
 
 namespace TradeForms {
 
-/// Below, at or above 0 as the first text comes before the second, equals it or comes after.
+/// Returns a number below, equal to or above 0 where the first text sorts before, equals or sorts
+/// after the second.
 int CompareText(std::string_view first, std::string_view second);
 
 /// The text without the blanks at its end.
@@ -21,23 +22,27 @@ inline std::string_view WithoutTrailingBlanks(std::string_view text)
     return text;
 }
 
-/// Number of characters.
+/// The number of code points.
 int TextLength(std::string_view text);
-/// Place of the byte where a character begins; the end where the text has fewer.
+/// The offset of the byte where a code point begins, given by its index from 0; the length of the
+/// text where it has fewer.
 std::size_t ByteOfCharacter(std::string_view text, int character);
 
 /// A compiled pattern of `like`.
 class LikePattern {
 public:
-    /// The server's own: % any run, _ any character, [a-f] and [^a-f] one of a class. The escape
-    /// character, where it is not 0, takes its meaning from the character after it.
+    /// A pattern of SQL: % is any string, _ any character, [a-f] and [^a-f] a character of a set or
+    /// outside of it. The character after the escape character, where that is not 0, stands for
+    /// itself.
     static LikePattern Sql(std::string_view pattern, char32_t escape = 0);
-    /// A filter's: * and % are any run, everything else stands for itself.
+    /// A pattern of a recordset's filter: * and % are any string, everything else stands for
+    /// itself.
     static LikePattern Criterion(std::string_view pattern);
 
-    /// Whether the whole text fits; blanks at the text's end may be left over.
+    /// Whether the whole text matches; trailing blanks of the text may remain unmatched.
     bool Matches(std::string_view text) const;
-    /// Number of the character, from 1, where the pattern first fits; 0 where it does not.
+    /// The index from 1 of the character where the pattern first matches; 0 where it does not
+    /// match.
     int IndexIn(std::string_view text) const;
 
 private:

@@ -14,7 +14,7 @@ bool isBlank(char letter)
     return letter == ' ' || (letter >= '\t' && letter <= '\r');
 }
 
-/// Letters of other scripts are letters of a name as well.
+/// Letters of other scripts may be part of a name as well.
 bool isNameCharacter(char letter)
 {
     return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
@@ -41,7 +41,7 @@ public:
 private:
     bool startsWith(std::string_view sign) const { return text_.substr(at_, sign.size()) == sign; }
 
-    /// Moves over blanks and comments; false at the end of the text.
+    /// Skips blanks and comments. Returns false at the end of the text.
     bool skipBlanksAndComments()
     {
         while (at_ < text_.size())
@@ -56,7 +56,7 @@ private:
         return false;
     }
 
-    /// Moves behind the next such sign.
+    /// Moves past the next occurrence of a sign.
     void skipTo(std::string_view sign, std::size_t from, const QString& failure)
     {
         const std::size_t found = text_.find(sign, at_ + from);
@@ -102,7 +102,7 @@ private:
         return Token::Type::Number;
     }
 
-    /// Moves behind a text that ends at a quote which is not doubled.
+    /// Moves past a quoted text, in which a doubled quote stands for one.
     void skipQuoted(char quote)
     {
         const std::size_t start = at_ + 1;
@@ -157,7 +157,7 @@ bool Token::IsWord(std::string_view word) const
 
 std::vector<Token> ReadTokens(std::string_view text)
 {
-    // Databases take it for the end of the statement.
+    // A database would take it for the end of the statement.
     if (text.find('\0') != std::string_view::npos)
         RaiseBadStatement(QStringLiteral("The statement holds a character that cannot be used."));
     return TokenReader(text).Read();

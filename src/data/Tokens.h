@@ -8,14 +8,14 @@
 
 namespace TradeForms {
 
-/// One token of a statement; blanks and comments lie between tokens.
+/// One token of a statement. Blanks and comments are not tokens.
 struct Token {
     enum class Type {
         Word, ///< a name or a keyword
         Number,
-        Literal, ///< a text with its quotes
+        Literal, ///< a string literal with its quotes
         Quoted,  ///< a name in brackets, double quotes or backticks
-        Symbol   ///< one sign: an operator's letter, a parenthesis, a comma, a semicolon
+        Symbol   ///< one character: of an operator, a parenthesis, a comma, a semicolon
     };
 
     Type Kind = Type::Symbol;

@@ -18,14 +18,14 @@ namespace TradeForms {
 
 namespace {
 
-/// Between two questions whether to go on.
+/// Rows between two calls of the progress callback.
 constexpr qint64 rowsPerReport = 1000;
-/// Accounts whose balances are asked of the target in one statement.
+/// Accounts whose balances are read from the target in one statement.
 constexpr qsizetype accountsPerStatement = 500;
-/// Balances that differ and are listed.
+/// The largest number of different balances that are reported.
 constexpr qsizetype maxListedBalances = 20;
 
-/// A table of the company, as it stands on both sides: the source's columns in their order.
+/// A table of the company with its columns in source and target, both in the source's order.
 struct TransferTable {
     QString Name;
     std::shared_ptr<const ResultMetadata> Source;
@@ -65,7 +65,7 @@ qint64 countOf(Engine& engine, const QString& table)
     return CellAt(counted->Row(0), 0).Integer;
 }
 
-/// Balances of accounts, as a database's own function works them out.
+/// A query for account balances, computed by the database's function.
 QString balancesOf(const QString& condition = {})
 {
     return QStringLiteral("select InsCustomerID, dbo.FunCurrentBalance(InsCustomerID) as Balance "
@@ -80,13 +80,13 @@ QString balanceText(const Cell& cell)
 
 void ignoreColumns(const std::shared_ptr<const ResultMetadata>&) {}
 
-/// A file that was made for the company can be filled in a way that others must not see.
+/// Whether the target is a file that was created for the transfer: only such a file is bulk-loaded.
 enum class TargetKind { Present, NewFile };
 
-/// Ends a reading that has shown what there was to show.
+/// Thrown to stop a scan early.
 struct StopReading {};
 
-/// One company on its way into another database.
+/// One transfer of a company.
 class Transfer {
 public:
     Transfer(Engine& from, Engine& to, const TransferOptions& options)
@@ -120,7 +120,7 @@ private:
     using Balances = QHash<QString, QString>; ///< by account
     void compareWithTarget(const Balances& expected);
 
-    /// Reads a table's rows from one side.
+    /// Reads the rows of a table from one of the two databases, with progress.
     void read(Engine& engine, const TransferTable& table, Stage stage, const Engine::OnRow& each);
 
     Engine& from_;
@@ -130,8 +130,8 @@ private:
     TransferReport report_;
 };
 
-/// Finds each table and column of the source in the target. Raises Failure with all that is
-/// missing.
+/// Finds each table and column of the source in the target. Raises Failure that lists those that
+/// are missing.
 void Transfer::plan()
 {
     const QStringList there = to_.TableNames();
@@ -204,7 +204,7 @@ void Transfer::read(Engine& engine, const TransferTable& table, Stage stage,
     });
 }
 
-/// Copies a table in one transaction; what was read is what the copy has to prove to be.
+/// Copies a table in one transaction. Returns the checksum of the rows that were read.
 TableChecksum Transfer::copy(const TransferTable& table)
 {
     TableChecksum checksum(*table.Source, *table.Target);
@@ -253,7 +253,7 @@ std::vector<TableChecksum> Transfer::copyAll(TargetKind target)
     return checksums;
 }
 
-/// Table by table. What was not copied just now is read from the source here.
+/// Compares table by table. Where nothing was copied, the source is read here.
 void Transfer::compare(const std::vector<TableChecksum>& copied)
 {
     for (std::size_t index = 0; index < tables_.size(); ++index) {
@@ -273,8 +273,8 @@ void Transfer::compare(const std::vector<TableChecksum>& copied)
     compareBalances();
 }
 
-/// Each account's balance, the source's one after the other and the target's for some of them at
-/// a time: what order a database keeps its accounts in is its own matter.
+/// Compares the balance of each account. The target's balances are read by account in groups, since
+/// the two databases may return the accounts in different orders.
 void Transfer::compareBalances()
 {
     const auto header = std::ranges::find_if(tables_, [](const TransferTable& table) {
@@ -323,13 +323,13 @@ void Transfer::compareWithTarget(const Balances& expected)
     std::ranges::sort(report_.Differences, {}, &TransferDifference::Account);
 }
 
-/// A place, opened.
+/// Opens a location.
 std::shared_ptr<Connection> open(const QString& place)
 {
     return IsConnectionString(place) ? Connection::OpenServer(place) : Connection::Open(place);
 }
 
-/// The target's new file, with the tables of the source where that is a file as well.
+/// Creates the target file, with the schema of the source where that is a file as well.
 std::shared_ptr<Connection> createFor(Connection& from, const QString& file)
 {
     auto* const model = dynamic_cast<SqliteEngine*>(&EngineAccess::Of(from));

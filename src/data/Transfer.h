@@ -9,68 +9,68 @@
 
 #include <functional>
 
-// A whole company, carried from one database to another: from a file up to a server, and any
-// other way.
+// Copies a whole company from one database to another, for example from a file to a server.
 
 namespace TradeForms {
 
 class Connection;
 
 struct TransferOptions {
-    /// Removes the target's rows first. Without it a target that has rows is refused.
+    /// Deletes the rows of the target first. Without it a target with rows is refused.
     bool Replace = false;
     /// Compares the two companies and writes nothing.
     bool VerifyOnly = false;
-    /// Called with the target before its tables are looked at: there a host may make the tables
-    /// and columns that are its own.
+    /// Called with the target before its tables are read, so that a host can create its own tables
+    /// and columns there.
     std::function<void(Connection& target)> Prepare;
     OnProgress Tell;
 };
 
-/// Something that is not the same on both sides.
+/// A difference between source and target.
 struct TRADEFORMS_EXPORT TransferDifference {
     QString Table;
-    QString Column;  ///< empty where it is the number of rows
-    QString Account; ///< whose balance it is; empty otherwise
+    QString Column;  ///< empty where the number of rows differs
+    QString Account; ///< the account whose balance differs; empty otherwise
     QString Source;
     QString Target;
 
-    /// One line for the user.
+    /// The difference as one line for the user.
     QString Text() const;
 };
 
 struct TRADEFORMS_EXPORT TransferReport {
-    QList<TableCount> Tables; ///< what was compared and found the same
-    qint64 Accounts = 0;      ///< whose balances were found the same
-    /// Columns in which amounts of more than four decimals stand rounded to four in the target.
+    QList<TableCount> Tables; ///< the tables that are equal on both sides
+    qint64 Accounts = 0;      ///< the number of accounts with equal balances
+    /// Columns whose amounts have more than four decimals and were rounded to four in the target.
     QList<TransferDifference> Rounded;
-    /// What was found first and is not the same: of one table, or balances. Nothing was compared
-    /// after it.
+    /// The differences of the first table that differs, or of balances. Nothing was compared after
+    /// it.
     QList<TransferDifference> Differences;
 
     bool IsProven() const { return Differences.isEmpty(); }
     qint64 Rows() const;
 };
 
-/// Copies all rows of a company into another database and proves that they arrived: the number of
-/// rows and the sums of every column of amounts and quantities are the same on both sides, so are
-/// the contents of every other column, and each account has the same balance by either database's
-/// own function. The tables are those of the source, a host's own among them; each is copied in
-/// one transaction. The source is read as it stands at one moment, whoever saves in it meanwhile.
+/// Copies all rows of a company to another database and compares the two: the number of rows, the
+/// sums of all columns of amounts and quantities, the contents of all other columns, and the
+/// balance of each account as the function of each database computes it. All tables of the source
+/// are copied, also a host's own, each in one transaction. The source is read in one read
+/// transaction, so that changes made meanwhile do not matter. Returns what was compared.
 ///
 /// Raises Failure with a text for the user where the target lacks a table or a column or has rows,
-/// before anything is written; ProviderFailure; CancelledFailure. Each table of the target is then
-/// as it was or wholly copied, and a second attempt with Replace begins anew.
+/// before anything is written; ProviderFailure; CancelledFailure. After these each table of the
+/// target is either unchanged or completely copied, and the transfer can be repeated with Replace.
 TRADEFORMS_EXPORT TransferReport TransferCompany(Connection& from, Connection& to,
                                                  const TransferOptions& options = {});
 
-/// The same between two places: a company file, or a connection string as Connection::OpenServer
-/// takes it. A target file that does not exist is made, with whatever tables a source file has,
-/// and gets its name when all is proven. Raises Failure also where a place cannot be opened.
+/// The same between two locations, each a company file or a connection string as
+/// Connection::OpenServer takes it. A target file that does not exist is created with the schema of
+/// the source file, and gets its name only after all comparisons succeeded. Raises Failure also
+/// where a location cannot be opened.
 TRADEFORMS_EXPORT TransferReport TransferCompany(const QString& from, const QString& to,
                                                  const TransferOptions& options = {});
 
-/// Whether a place is a connection string: it holds a "=", and there is no file of that name.
+/// Whether a location is a connection string: it contains a "=", and no file has that name.
 TRADEFORMS_EXPORT bool IsConnectionString(const QString& place);
 
 } // namespace TradeForms

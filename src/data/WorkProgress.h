@@ -7,29 +7,29 @@
 
 namespace TradeForms {
 
-/// What a long piece of work is at.
+/// The stages of a long operation.
 enum class Stage {
     Counting, ///< rows of the tables, on both sides
     Copying,
-    Indexing,  ///< what a new company is searched by
+    Indexing,  ///< of a new company
     Checking,  ///< a copied file, page by page
     Comparing, ///< what was copied with what it was copied from, row by row
-    Balances   ///< what each account owes, on both sides
+    Balances   ///< of the accounts, on both sides
 };
 
-/// How far a long piece of work has come.
+/// The progress of a long operation.
 struct WorkProgress {
     Stage At = Stage::Counting;
-    QString Table;   ///< the table in hand; empty where the work does not go by tables
-    qint64 Done = 0; ///< pages, rows or accounts, as the stage goes by one or the other
-    qint64 All = 0;  ///< 0 where it cannot be known beforehand
+    QString Table;   ///< the current table; empty where the stage does not go by tables
+    qint64 Done = 0; ///< pages, rows or accounts, depending on the stage
+    qint64 All = 0;  ///< their total number; 0 where it is not known in advance
 };
 
-/// Told how far the work has come, many times a second. The answer false stops the work, which
-/// then raises CancelledFailure. It must raise nothing itself.
+/// A callback for progress, called many times a second. Where it returns false, the operation stops
+/// and raises CancelledFailure. It must not throw.
 using OnProgress = std::function<bool(const WorkProgress&)>;
 
-/// Tells it, if there is anyone to tell. Raises CancelledFailure.
+/// Calls the callback, if there is one. Raises CancelledFailure where it returns false.
 void Tell(const OnProgress& onProgress, const WorkProgress& progress);
 
 } // namespace TradeForms

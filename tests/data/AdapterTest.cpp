@@ -316,8 +316,7 @@ TEST(Adapter, ADroppedSchemaLetsNoCommentBegin)
 
 TEST(Adapter, KeepsRandomTextsWhole)
 {
-    // Statements made of pieces that need no change must come out as they went in, however the
-    // pieces are put together.
+    // Statements of parts that need no change must be unchanged in every combination.
     const char* const pieces[] = {"'left('",   "'it''s'",   "[isnull(x]", "\"dbo.\"", "/* ' */",
                                   "-- exec\n", "a",         "12.5e-3",    "<>",       "(",
                                   ")",         "left join", ",",          "case",     "when",
@@ -331,7 +330,7 @@ TEST(Adapter, KeepsRandomTextsWhole)
             if (piece == ")" && open == 0)
                 continue;
             open += int(piece == "(") - int(piece == ")");
-            // A word before a parenthesis would be a call.
+            // A word before a parenthesis would be a function call.
             if (piece == "(")
                 piece = "+ (";
             text += ' ' + piece;

@@ -24,7 +24,7 @@ using testing::HasSubstr;
 
 namespace {
 
-/// What a piece of work fails with; empty where it does not.
+/// The message of the failure that an operation raises; empty where it raises none.
 template <class Work> std::string failureOf(Work work)
 {
     try {
@@ -264,7 +264,7 @@ TEST_F(Backups, ADiskThatIsFullAtAnyWriteIsToldAndNothingIsLeft)
             EXPECT_EQ(told, "");
             break;
         }
-        // Where it is the writing out of what was written that fails, nobody tells why.
+        // Where the flush fails, the system reports no reason.
         EXPECT_THAT(told, AnyOf(HasSubstr("no room left"),
                                 AllOf(HasSubstr("disk I/O error"), HasSubstr("Check the disk"))))
             << operation;
@@ -287,7 +287,7 @@ TEST_F(Backups, StoppedAtAnyMomentItLeavesNothing)
             CancelledFailure);
         EXPECT_TRUE(files().isEmpty()) << int(stage);
     }
-    // A check is stopped in its midst, too.
+    // A running check can be cancelled as well.
     int asked = 0;
     EXPECT_THROW(VerifyBackup(company_.File(),
                               [&](const WorkProgress& progress) {
@@ -473,8 +473,7 @@ TEST_F(Backups, WhoWaitsForTheFormerCompanyDoesNotWorkInIt)
 
 TEST_F(Backups, ARestoreThatFailsInTheCompanysPlacePutsTheCompanyBack)
 {
-    // A backup of the first version that cannot be brought up to date: a table has the name of
-    // what is to be made.
+    // A backup of schema version 1 that cannot be upgraded: a table has the name of a new object.
     company_.Run("drop view StockMovements; create table StockMovements (Note text);"
                  "pragma user_version = 1");
     const TestCompany former;

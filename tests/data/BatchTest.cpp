@@ -69,7 +69,7 @@ protected:
     Recordset rows_;
 };
 
-/// What can be seen of the embedded database alone.
+/// Tests that look into the embedded database.
 class EmbeddedBatch : public Batch {};
 
 class RandomBatches : public tests::OnEngine {};
@@ -220,7 +220,7 @@ TEST_P(Batch, TakesWhatWasWrittenForTheOriginalAfterwards)
     rows_.UpdateBatch();
     EXPECT_EQ(rows_.Fields("OutNewProducts").OriginalValue(), QVariant(4.0));
 
-    // The same voucher saved again and again.
+    // The same voucher is saved several times.
     for (int i = 0; i < 3; ++i) {
         rows_.Fields("OutNewProducts").SetValue(10 + i);
         rows_.UpdateBatch();
@@ -512,7 +512,7 @@ TEST_P(EmbeddedBatch, FindsItsRowsByAnIndex)
     sqlite3_trace_v2(
         engine.Raw(), SQLITE_TRACE_STMT,
         [](unsigned, void* into, void* statement, void* text) {
-            // What a trigger does is told as a comment.
+            // Statements of triggers are traced as comments.
             if (!QByteArray(static_cast<const char*>(text)).startsWith("--"))
                 static_cast<QList<QByteArray>*>(into)->append(
                     sqlite3_sql(static_cast<sqlite3_stmt*>(statement)));

@@ -34,7 +34,7 @@ protected:
         return connection_->Execute(statement).ValueAt(0, 0);
     }
 
-    /// What a load or an opening fails with; empty where it does not.
+    /// The message of the failure that an operation raises; empty where it raises none.
     template <class Work> static QString failure(Work work)
     {
         try {

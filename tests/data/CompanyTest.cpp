@@ -37,7 +37,7 @@ protected:
 
 QVariantList row(const char* account, double balance)
 {
-    // A whole amount is stored as a whole number.
+    // A whole amount is stored as an integer.
     const bool isWhole = balance == qlonglong(balance);
     return {QString::fromUtf8(account), isWhole ? QVariant(qlonglong(balance)) : QVariant(balance)};
 }
@@ -294,7 +294,8 @@ TEST_F(Company, TheWorkTableOfConversionsHasTheColumnsOfAccountsInTheirOrder)
 
 TEST_F(Company, TextColumnsCompareInTheCompanysWay)
 {
-    // A column that was forgotten would find a code only in the case in which it was typed.
+    // In a column without the collation a code would be found only in the case in which it was
+    // stored.
     const QList<QVariantList> tables = company_.Rows(
         "select name, sql from sqlite_schema where type='table' and name not like 'sqlite_%'");
     int texts = 0;
@@ -322,8 +323,8 @@ TEST_F(Company, TheNextCardOfAnAreaIsReadFromAnIndex)
         Statement(QStringLiteral("EXPLAIN QUERY PLAN ") + QString::fromUtf8(statement)));
     EXPECT_TRUE(plan.ValueAt(0, 3).toString().contains(
         QStringLiteral("InsCustomerHeader_AutoCard (AreaCode=? AND Old=?)")));
-    // The plan is the same whether all cards of the area are read or the last one alone; the
-    // program behind it begins at the end in the one case and at the beginning in the other.
+    // The query plan is the same whether all cards of the area are read or the last one alone; only
+    // the byte code shows at which end the index is entered.
     Recordset program =
         connection_->Execute(Statement(QStringLiteral("EXPLAIN ") + QString::fromUtf8(statement)));
     QStringList seeks;

@@ -1,5 +1,5 @@
-// Texts compare without regard to case and to blanks at their end wherever they are compared, be
-// they columns or the results of functions.
+// Texts are compared without regard to case and trailing blanks, both in columns and in results of
+// functions.
 
 #include "data/Connection.h"
 #include "data/Recordset.h"
@@ -24,7 +24,7 @@ protected:
             " (5, 'RAJA 2', 'B  ', 'öde ', 5)");
     }
 
-    /// The numbers of the vouchers that a condition holds for, or what a statement gives first.
+    /// The ids of the vouchers that meet a condition, or the first column of a statement.
     QString where(const char* condition)
     {
         return all(

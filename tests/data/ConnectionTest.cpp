@@ -51,7 +51,7 @@ QString shown(const QString& path)
     return QDir::toNativeSeparators(path);
 }
 
-/// Gives a file or a folder its permissions back at the end.
+/// Restores the permissions of a file or folder at the end of a scope.
 class WithPermissions {
 public:
     WithPermissions(const QString& path, QFile::Permissions permissions)
@@ -69,7 +69,7 @@ private:
 const QString inUse =
     QStringLiteral("The database is in use by another user. Try again in a moment.");
 
-/// A statement fails, and with it the database ends the transaction by itself, as on a full disk.
+/// Runs a statement that fails and makes the database roll back by itself, as a full disk does.
 void endByFailure(Connection& connection)
 {
     connection.Execute("rollback");
@@ -82,13 +82,13 @@ class Transaction : public tests::OnEngine {};
 
 class Lock : public tests::OnEngine {
 protected:
-    /// Longer than any lock is held, on any machine.
+    /// Longer than any lock is held, also on a slow machine.
     static constexpr std::chrono::minutes patience{4};
-    // The driver gives SQLite's own words, which stand behind those for the user.
+    // The driver returns SQLite's message, which follows the text for the user.
     const QString inUse_ = isOdbc() ? inUse + QStringLiteral(" (database is locked (5))") : inUse;
 };
 
-/// A clock on which only pauses take time.
+/// A clock that is advanced by pauses only.
 class PauseClock : public WaitClock {
 public:
     Milliseconds Now() override { return now_; }
@@ -342,13 +342,13 @@ TEST_P(Errors, StandUntilTheNextOperation)
     EXPECT_EQ(connection_->Errors().Count(), 0);
     EXPECT_THROW(connection_->Execute("select * from Nowhere"), ProviderFailure);
     ASSERT_EQ(connection_->Errors().Count(), 1);
-    // The driver puts SQLite's number behind its words.
+    // The driver appends SQLite's error number to the message.
     EXPECT_EQ(connection_->Errors().Item(0).Description,
               isOdbc() ? QStringLiteral("no such table: Nowhere (1)")
                        : QStringLiteral("no such table: Nowhere"));
     EXPECT_EQ(connection_->Errors().Item(0).Number, SQLITE_ERROR);
 
-    // What is not the database's failure changes nothing.
+    // Failures that do not come from the database change nothing.
     Recordset staff;
     EXPECT_THROW(staff.Close(), Failure);
     EXPECT_EQ(connection_->Errors().Count(), 1);
@@ -366,7 +366,7 @@ TEST_P(Errors, TellTheUserWhichKeyIsTaken)
     expectFailure("insert into Branches values (1, 'x')",
                   "A record with the same key exists already (Branches.BranchCode).",
                   "UNIQUE constraint failed: Branches.BranchCode (19)");
-    // The driver tells the kind of failure and not which of them.
+    // The driver reports the primary error code only.
     EXPECT_EQ(connection_->Errors().Item(0).Number,
               isOdbc() ? SQLITE_CONSTRAINT : SQLITE_CONSTRAINT_PRIMARYKEY);
     expectFailure("insert into Areas values ('KOT ','',1,1,1)",
@@ -453,7 +453,7 @@ TEST_P(Lock, IsTakenWhenATransactionBegins)
     EXPECT_EQ(second->Errors().Item(0).Number & 0xFF, SQLITE_BUSY);
     EXPECT_EQ(failureOf([&] { second->Execute("delete from Sectors"); }), inUse_);
 
-    // Reading goes on.
+    // Reading is still possible.
     EXPECT_EQ(second->Execute("select * from Sectors").RecordCount(), 3);
     first->RollbackTrans();
     EXPECT_NO_THROW(second->BeginTrans());
@@ -492,7 +492,7 @@ TEST(LockWait, LastsAsLongAsSaidInPausesThatGrow)
     engine.SetWaitClock(clock);
     engine.SetLockWait(700ms);
     first->BeginTrans();
-    // Each wait begins anew.
+    // Each wait starts from zero.
     for (int i = 0; i < 2; ++i) {
         clock->Pauses.clear();
         EXPECT_EQ(failureOf([&] { second->BeginTrans(); }), inUse);
@@ -545,7 +545,7 @@ TEST_P(Lock, AutocommitWritesOfManyAllArrive)
 
 TEST_P(FullDisk, EndsASaveWithAClearTextAndNothingWritten)
 {
-    // So few pages that some row in the middle does not fit.
+    // So few pages that the disk is full after some of the rows.
     connection_->Execute(
         Statement("PRAGMA max_page_count={Pages}")
             .Bind("Pages", connection_->Execute("PRAGMA page_count").ValueAt(0, 0).toInt() + 8));
@@ -562,7 +562,7 @@ TEST_P(FullDisk, EndsASaveWithAClearTextAndNothingWritten)
                                       .arg(shown(company_.File())));
     ASSERT_EQ(connection_->Errors().Count(), 1);
     EXPECT_EQ(connection_->Errors().Item(0).Number, SQLITE_FULL);
-    // The tail of a save rolls back, whether the database has done so or not.
+    // The end of a failed save calls RollbackTrans, whether the database has rolled back or not.
     EXPECT_NO_THROW(connection_->RollbackTrans());
     EXPECT_FALSE(connection_->InTransaction());
     EXPECT_THROW(connection_->RollbackTrans(), ProviderFailure);

@@ -25,7 +25,7 @@ bool isCall(const QString& statement)
     return statement.trimmed().startsWith(QStringLiteral("exec"), Qt::CaseInsensitive);
 }
 
-/// One of everything, so that every join and function has something to work on.
+/// One row for every table, so that every join and function has data.
 constexpr const char* documents = R"sql(
 INSERT INTO GatePassHeader VALUES
     (1, '2026-01-05 10:00:00', 0, '2026-01-05', '2014', '3107', 'Kot', 1, 1, 0, 0, 1);
@@ -98,7 +98,7 @@ TEST_P(LibraryStatements, GiveTheSameRowsInAnyCaseOfTheirNames)
     const auto connection = tests::ConnectThrough(GetParam(), company);
     int withRows = 0;
     for (const QString& statement : statements()) {
-        // Change the case of everything outside of literals.
+        // Changes the case of everything outside of literals.
         QString other;
         bool isLiteral = false;
         for (const QChar letter : statement) {

@@ -37,7 +37,7 @@ template <class Operation> std::string failureOf(Operation operation)
     return "no failure";
 }
 
-/// As many rows as fill several blocks, of columns that are all bounded.
+/// Enough rows for several blocks, with columns of bounded width only.
 void makeBounded(const TestCompany& company)
 {
     company.Run("create table Bounded (No INTEGER PRIMARY KEY, Name VARCHAR(20) COLLATE CI, "
@@ -49,7 +49,7 @@ void makeBounded(const TestCompany& company)
                 "from n");
 }
 
-/// All rows of a statement, each as its values.
+/// The values of all rows of a statement.
 QList<QVariantList> rowsOf(Connection& connection, const QString& statement)
 {
     const Recordset rows = connection.Execute(Statement(statement));
@@ -63,7 +63,7 @@ QList<QVariantList> rowsOf(Connection& connection, const QString& statement)
     return read;
 }
 
-/// Sources of data of one test, told to the driver manager by the environment.
+/// ODBC data sources for one test, which the driver manager finds by an environment variable.
 class Sources {
 public:
     explicit Sources(const QByteArray& text)
@@ -83,20 +83,20 @@ const std::string lost = "The connection to the database was lost. What stands i
                          "was not saved is not in the database. When the server can be reached "
                          "again, start the program anew. ";
 
-/// A value as it was bound to a question mark.
+/// A parameter as it was bound.
 struct BoundValue {
     SQLSMALLINT Type = 0;
     SQLSMALLINT SqlType = 0;
     SQLULEN Size = 0;
-    qint64 Integer = 0; ///< of a whole number
-    QByteArray Bytes;   ///< of a text
+    qint64 Integer = 0; ///< value of an integer
+    QByteArray Bytes;   ///< value of a text
     bool IsNull = false;
 };
 
-/// The last one of all.
+/// The last parameter that was bound.
 BoundValue lastBound;
 
-/// Binds one value and gives what the driver got.
+/// Binds one value. Returns the parameter that the driver received.
 BoundValue boundFor(const Cell& cell, const ServerColumn& column)
 {
     OdbcLink link(QStringLiteral("Driver=SQLite3;Database=:memory:"));
@@ -116,7 +116,7 @@ protected:
 
 } // namespace
 
-/// Stands before the driver manager's own function, which it calls.
+/// Replaces the driver manager's function, records its arguments and calls it.
 extern "C" SQLRETURN SQL_API SQLBindParameter(SQLHSTMT statement, SQLUSMALLINT number,
                                               SQLSMALLINT direction, SQLSMALLINT type,
                                               SQLSMALLINT sqlType, SQLULEN size,
@@ -297,7 +297,7 @@ TEST_F(OdbcConnection, ThatBreaksOffEndsInAClearFailureAndKeepsTheRows)
     EXPECT_EQ(rows.RecordCount(), 3);
     EXPECT_TRUE(rows.HasPendingChanges());
 
-    // The line is back; the session is not.
+    // The network is available again, but the session is lost.
     const std::string again = lost + "(It was lost before.)";
     EXPECT_EQ(failureOf([&] { connection_->Execute("select 1"); }), again);
     EXPECT_EQ(failureOf([&] { connection_->BeginTrans(); }), again);
@@ -417,7 +417,7 @@ TEST(OdbcParameters, AreTextsOfTheColumnsOwnLength)
               QStringLiteral("قصور"));
     const std::string longText(4001, 'x');
     EXPECT_EQ(boundFor(Cell::FromText(longText), name).SqlType, SQL_WLONGVARCHAR);
-    // A date stays in the letters in which it is stored.
+    // A date is sent in the form in which it is stored.
     const ServerColumn day{QStringLiteral("Day"), SQL_TYPE_DATE, 10, 0, true};
     EXPECT_EQ(boundFor(Cell::FromText("2026-03-09"), day).Bytes.toStdString(), "2026-03-09");
 }
@@ -557,7 +557,7 @@ TEST(TransactSqlLiteral, KeepsQuotesAndTheEndsOfLines)
     EXPECT_EQ(plain("قصور"), "'قصور'");
     EXPECT_EQ(plain("it's"), "'it''s'");
     EXPECT_EQ(plain("C:\\a"), "'C:\\a'");
-    // The server joins two lines where the first ends in a backslash.
+    // The server joins a line that ends in a backslash with the next one.
     EXPECT_EQ(plain("a\\\nb"), "'a\\' + '\nb'");
     EXPECT_EQ(plain("a\\\r\nb"), "'a\\' + '\r\nb'");
     EXPECT_EQ(TransactSql::UnicodeLiteral(QStringLiteral("a\\\nb")).toStdString(),

@@ -1,4 +1,4 @@
-// What must hold for any text and any batch: tried on random ones, whose seed a failure tells.
+// Properties of all texts and all batches, tested with random ones. A failure reports the seed.
 
 #include "data/Connection.h"
 #include "data/Recordset.h"
@@ -22,7 +22,7 @@ public:
     int Below(int bound) { return int(engine_() % unsigned(bound)); }
     template <class List> auto Of(const List& list) { return list[Below(int(std::size(list)))]; }
 
-    /// A text of letters of all planes, quotes, brackets, the marks of comments and keywords.
+    /// A random text of characters of all planes, quotes, brackets, comment signs and keywords.
     QString Text()
     {
         static const char* const pieces[] = {
@@ -110,7 +110,7 @@ struct TestColumn {
 struct TestTable {
     const char* Name;
     QList<TestColumn> Columns;
-    int Keys; ///< as many of the first columns
+    int Keys; ///< number of key columns, which are the first ones
 };
 
 const QList<TestTable>& tables()
@@ -154,7 +154,7 @@ QString shown(const QVariant& value)
     return value.isNull() ? QStringLiteral("null") : value.toString();
 }
 
-/// A table beside which a plain list of rows goes through the same changes.
+/// A table and a list of rows to which the same changes are applied.
 class Twin {
 public:
     Twin(const TestTable& table, const std::shared_ptr<Connection>& connection, Random& random)
@@ -179,7 +179,7 @@ public:
             connection_.BeginTrans();
             recordset_.UpdateBatch();
             connection_.RollbackTrans();
-            // The changes are marked again, and a save that works stores them.
+            // The changes are pending again, and a successful save stores them.
             EXPECT_EQ(stored(), sorted(before));
             recordset_.UpdateBatch();
             break;

@@ -42,7 +42,7 @@ constexpr const char* voucherTables[] = {
     "PartnershipProfitBody",
 };
 
-/// The rows that a statement of SQLite's own gives, as texts.
+/// The rows of a statement in SQLite's dialect, as texts.
 QList<QStringList> rowsOf(sqlite3* handle, const QByteArray& statement)
 {
     sqlite3_stmt* prepared = nullptr;
@@ -60,8 +60,7 @@ QList<QStringList> rowsOf(sqlite3* handle, const QByteArray& statement)
     return rows;
 }
 
-/// Whether the plan reads anything from end to end. An index that is made for the one statement
-/// is made from all rows.
+/// Whether a step of the plan is a full scan. An automatic index is built by a full scan as well.
 bool scansAnything(sqlite3* handle, const QByteArray& statement)
 {
     const QStringList plan = PlanOf(handle, statement);
@@ -71,7 +70,7 @@ bool scansAnything(sqlite3* handle, const QByteArray& statement)
     });
 }
 
-/// Tables by the page at which they, or one of their indexes, begin.
+/// Tables by the root pages of the tables and of their indexes.
 QHash<QString, QString> tablesByRoot(sqlite3* handle)
 {
     QHash<QString, QString> tables;
@@ -84,7 +83,7 @@ QHash<QString, QString> tablesByRoot(sqlite3* handle)
 
 QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement)
 {
-    // The plan tells tables by their aliases; only the program behind it tells which they are.
+    // The plan names tables by their aliases; only the byte code shows their root pages.
     if (!scansAnything(handle, statement))
         return {};
     const QHash<QString, QString> tables = tablesByRoot(handle);

@@ -5,17 +5,16 @@
 
 struct sqlite3;
 
-/// The tables of vouchers that a statement reads from end to end, by their plain names in order.
-/// Tables of masters and work tables do not count: they stay small.
+/// The voucher tables that a statement reads by a full scan, sorted by name. Master tables and work
+/// tables are not included, since they are small.
 QStringList ScannedVoucherTables(sqlite3* handle, const QByteArray& statement);
 
-/// The steps of a statement's plan, in SQLite's words.
+/// The steps of a statement's query plan, as SQLite describes them.
 QStringList PlanOf(sqlite3* handle, const QByteArray& statement);
 
-/// Whether a table that the statement reads from end to end is read from an index that holds all
-/// that it needs. The statement has to know the table by its own name.
+/// Whether the full scan of a table uses a covering index. The statement must not use an alias for
+/// the table.
 bool ReadsIndexAlone(sqlite3* handle, const QByteArray& statement, const QString& table);
 
-/// Every statement that the connection holds prepared: what its functions and procedures run, as
-/// well as what it was asked to run.
+/// All prepared statements of a connection, including those of its functions and procedures.
 QList<QByteArray> PreparedStatements(sqlite3* handle);

@@ -16,17 +16,17 @@ using namespace TradeForms;
 
 namespace {
 
-/// A statement that may read a voucher table from end to end.
+/// A statement for which a full scan of a voucher table is accepted.
 struct Exception {
-    const char* Part; ///< what stands in it
+    const char* Part; ///< a part of its text
     const char* Table;
     const char* Reason;
-    bool ReadsIndexAlone; ///< and not the rows themselves
+    bool ReadsIndexAlone; ///< a covering index
 };
 
-// The engine makes the sums of all vouchers before it joins them to the headers of the dates that
-// were asked for: it cannot carry the join into a grouped subquery. An index that holds the sums'
-// columns is read instead of the rows.
+// SQLite computes the sums of all vouchers before it joins them to the headers of the wanted dates,
+// since it cannot push the join into a grouped subquery. It reads a covering index instead of the
+// rows.
 constexpr const char* groupedBeforeJoined = "the sums are made before the join";
 
 constexpr Exception exceptions[] = {
@@ -192,7 +192,7 @@ TEST_F(QueryPlans, SavedRowsAreFoundByIndexes)
     EXPECT_EQ(written, 2);
 }
 
-// The examination itself: what it has to find, and what it has to let pass.
+// Tests of the plan analysis itself.
 
 TEST_F(QueryPlans, AConditionThatNoIndexServesIsFound)
 {

@@ -13,7 +13,7 @@ namespace {
 
 class ReadInParts : public tests::OnEngine {
 protected:
-    /// The names of the sectors, read in parts; between two of them another statement is run.
+    /// Reads the sector names in parts and runs another statement between two parts.
     QStringList readAll(Reading& reading, int rows)
     {
         while (!reading.ReadOn(rows))

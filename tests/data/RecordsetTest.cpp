@@ -126,7 +126,7 @@ TEST_P(Records, KnowTheirFieldsInAnyCase)
     EXPECT_EQ(rows.FieldIndex(u"nowhere"), -1);
     EXPECT_EQ(rows.Fields("branchname").Value(), QStringLiteral("قصور"));
     EXPECT_EQ(rows.Fields(u"STAFFID").Name(), QStringLiteral("StaffID"));
-    // Of two fields of one name the first.
+    // Where two fields have the same name, the first is found.
     EXPECT_EQ(rows.Value("name"), QStringLiteral("محمد اسلم"));
     EXPECT_THROW(rows.Fields("nowhere"), Failure);
     EXPECT_THROW(rows.Value("nowhere"), Failure);
@@ -161,7 +161,7 @@ TEST_P(Records, GiveEachColumnItsType)
 
 TEST_P(Records, KeepEveryTextAndNumberWhole)
 {
-    // The driver ends a text at a zero, and a statement cannot hold one.
+    // The driver truncates a text at a zero byte, and a statement cannot contain one.
     const QString longText = QString(70000, u'ق') + QStringLiteral("'\"%;--") +
                              (isEmbedded() ? QString(QChar(u'\0')) : QString());
     const QList<QVariant> numbers{0LL,

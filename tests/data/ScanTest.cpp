@@ -69,7 +69,7 @@ TEST_P(Scanning, EndsWithWhatIsRaisedAndCanBeBegunAnew)
     };
     EXPECT_THROW(scan("select * from Staff", stopAtTheSecond), std::runtime_error);
     EXPECT_EQ(rows, 2);
-    // Nothing of the broken off reading is left: the table can be changed and read.
+    // The cancelled scan leaves no open statement: the table can be changed and read.
     engine_.Run(QStringLiteral("delete from Staff where StaffID='2014'"));
     rows = 10;
     scan("select * from Staff", stopAtTheSecond);

@@ -17,7 +17,7 @@ QString script()
     return QString::fromUtf8(file.readAll());
 }
 
-/// What the embedded engine has in C++ rather than in its file.
+/// Objects that the embedded engine implements in C++ and not in the file.
 void addRoutines(SchemaObjects& embedded)
 {
     for (const char* function :
@@ -27,15 +27,15 @@ void addRoutines(SchemaObjects& embedded)
         embedded.Procedures.append(QString::fromLatin1(procedure));
 }
 
-/// Takes away what one engine alone has, and why.
+/// Removes the differences that are intended.
 void reconcile(SchemaObjects& embedded, SchemaObjects& server)
 {
-    // The file's version stands in its header.
+    // A file has its schema version in the header.
     EXPECT_EQ(server.Tables.remove(QStringLiteral("schemaversion")), 1);
-    // The server sums the movements of a product when it is asked.
+    // The server has a view that sums the movements of a product.
     EXPECT_EQ(embedded.Tables.remove(QStringLiteral("stocklevels")), 1);
     EXPECT_EQ(embedded.Views.removeAll(QStringLiteral("stockmovements")), 1);
-    // In a file the reference host makes what is its own.
+    // In a file the reference host creates its own tables.
     EXPECT_EQ(server.Tables.remove(QStringLiteral("userrights")), 1);
     EXPECT_EQ(server.Tables.remove(QStringLiteral("companyinfo")), 1);
     EXPECT_EQ(server.Indexes.remove(QStringLiteral("usersbyname")), 1);
@@ -103,7 +103,7 @@ TEST(ServerSchema, IsOfTheLibrarysVersion)
 
 TEST(ServerSchema, CanBeRunAgain)
 {
-    // Each batch either makes what is not there yet, or puts what it makes in the old one's place.
+    // Each batch either creates an object only where it is missing, or replaces it.
     int made = 0;
     for (const QString& batch : script().split(QStringLiteral("\ngo\n"))) {
         const bool makesTable = batch.contains(QStringLiteral("\ncreate table ")) ||

@@ -1,5 +1,5 @@
-// The statements of the forms, dialogs and reports in any spelling of upper and lower case, and
-// what the embedded engine is given in their place.
+// The statements of the forms, dialogs and reports in several spellings of upper and lower case,
+// and their rewritten form for the embedded engine.
 
 #include "data/Connection.h"
 #include "data/Failure.h"
@@ -38,7 +38,7 @@ bool isQuestion(const QString& statement)
 
 using Spelling = std::function<QChar(QChar)>;
 
-/// Names and keywords in another spelling, literals as they are.
+/// A statement with names and keywords in another spelling and unchanged literals.
 QString spelt(const QString& statement, const Spelling& spelling)
 {
     QString result;
@@ -65,7 +65,7 @@ QStringList rowsOf(const Recordset& rows)
     return read;
 }
 
-/// What stands in every table.
+/// The contents of all tables.
 QStringList contentOf(const TestCompany& company)
 {
     QStringList content;
@@ -82,7 +82,7 @@ QStringList contentOf(const TestCompany& company)
     return content;
 }
 
-/// Documents that give most of the statements rows to work on.
+/// Documents for which most statements return rows.
 constexpr const char* documents = R"sql(
 INSERT INTO InsCustomerHeader (InsCustomerID, [Order], Sale, Old, SmallVehicle, LargeVehicle,
         CardNo, AutoCard, Name, FName, AreaCode, SectorID, FStaffID, ReceivingCode, AMStaffID,

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Levels that differ from the sum over all movements, and those that are missing.
+/// Stock levels that are missing or differ from the sum of all movements.
 int differences(const TestCompany& company)
 {
     constexpr const char* summed =
@@ -32,7 +32,7 @@ QVariant stock(const TestCompany& company, const char* product, int branch)
                               .arg(branch));
 }
 
-/// Changes of every kind to the three pairs of tables, headers before, after and without their
+/// All kinds of changes to the three pairs of tables, with headers before, after and without their
 /// bodies.
 class Mover {
 public:

@@ -32,7 +32,7 @@ template <class Work> std::string failureOf(Work work)
     return {};
 }
 
-/// The lines that a report lists.
+/// The differences of a report as lines.
 std::vector<std::string> linesOf(const QList<TransferDifference>& differences)
 {
     std::vector<std::string> lines;
@@ -62,7 +62,7 @@ protected:
     QString place(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
     QStringList files() const { return QDir(folder_.path()).entryList(QDir::Files, QDir::Name); }
 
-    /// A target that is there already, with the host's tables and without rows.
+    /// An existing target with the host's tables and without rows.
     QString emptyTarget() const
     {
         const QString file = place("empty.db");
@@ -80,7 +80,7 @@ protected:
     {
         return TransferCompany(source_.File(), target, comparing());
     }
-    /// What the checksum finds after a change of the target.
+    /// The differences that a comparison finds after a change of the target.
     std::vector<std::string> foundAfter(const char* change) const
     {
         const QString target = place("changed.db");
@@ -110,7 +110,7 @@ TEST_F(Transfers, ComparesEachAccountOnceHoweverManyThereAre)
 
 TEST_F(Transfers, AFileThatIsNotProvenIsNotLeftUnderTheName)
 {
-    // A number kept as a text, which becomes a number where it is written anew.
+    // A number that is stored as text, which is converted to a number when it is written again.
     source_.Run("create table Ours (A text); insert into Ours values ('1');"
                 "pragma writable_schema = on; update sqlite_schema "
                 "set sql = 'create table Ours (A integer)' where name = 'Ours'");
@@ -132,7 +132,7 @@ TEST_F(Transfers, ANewFileGetsEverything)
     EXPECT_TRUE(report.Rounded.isEmpty());
     EXPECT_EQ(files(), QStringList{QStringLiteral("new.db")});
 
-    // What the database works out from the rows is the same, too.
+    // Results of the database functions are the same as well.
     const auto stockOf = [](const QString& file) {
         const Recordset stock = Connection::Open(file)->Execute(
             "select ProductID, BranchCode, Stock from vuCurrentStock order by ProductID, "
@@ -145,7 +145,7 @@ TEST_F(Transfers, ANewFileGetsEverything)
     EXPECT_GE(stockOf(place("new.db")).size(), 5);
     EXPECT_EQ(stockOf(place("new.db")), stockOf(source_.File()));
 
-    // It is searched by the same indexes and kept up by the same triggers as a company is.
+    // It has the same indexes and triggers as a new company.
     const auto schemaOf = [](const TestCompany& company) {
         return company.Rows("select type, name, sql from sqlite_schema where name not like "
                             "'sqlite%' order by type, name");
@@ -208,7 +208,7 @@ TEST_F(Transfers, WhatTheTargetLacksIsToldBeforeAnythingIsWritten)
                       HasSubstr("Users.Administrator")));
     EXPECT_EQ(ContentsOf(bare), before);
 
-    // A host that makes its own tables in time has no such trouble.
+    // With Prepare, a host can create its own tables before that.
     TransferOptions options;
     options.Prepare = [](Connection& target) {
         for (const char* statement :
@@ -262,7 +262,7 @@ TEST_F(Transfers, ADifferenceInAnAmountIsFound)
                          "where InsCustomerID = 'Kot 1'"),
               std::vector<std::string>{"Table RecoveryBody, column Amount: source sum "
                                        "100000001300.2499, target sum 100000001300.2500"});
-    // Two that make up for each other are found as well.
+    // Two differences that cancel out in the sum are found as well.
     const auto exchanged = foundAfter("update RecoveryBody set Amount = Amount + "
                                       "case InsCustomerID when 'Kot 1' then 1 when 'Kot 2' then "
                                       "-1 else 0 end");
@@ -289,8 +289,8 @@ TEST_F(Transfers, ADifferenceInABalanceIsFoundWithItsAccount)
     source_.Run("insert into InsCustomerHeader (InsCustomerID, TotalAmount) values "
                 "('Kot 1', 50000), ('Kot 2', 700), ('Kot O''Hara', 1)");
     TransferCompany(source_.File(), place("new.db"));
-    // The rows are the same and the sums go astray: an account is spelt otherwise in a way in
-    // which the database does not find it, and which the sums of the columns do not show.
+    // The row counts and sums are the same but a balance differs: the spelling of an account is
+    // changed so that the database does not find it any more.
     Connection::Open(place("new.db"));
     source_.Run("insert into RecoveryBody (InsCustomerID, Amount) values ('Kot 1', 100), "
                 "('Kot 2', 7)");
@@ -392,7 +392,7 @@ TEST_F(Transfers, TheSourceStaysAsItIs)
 
 TEST_F(Transfers, ATableLongerThanMemoryIsNeverHeld)
 {
-    // Rows are handed over one by one: the target has the first before the source gave the last.
+    // Rows are copied one by one: the first is written before the last is read.
     source_.Run("with recursive n(i) as (select 1 union all select i + 1 from n where i < 20000) "
                 "insert into RecoveryBody (VoucherID, Amount) select i, i from n");
     const QString target = emptyTarget();
@@ -414,7 +414,7 @@ TEST_F(Transfers, ATableLongerThanMemoryIsNeverHeld)
 
 namespace {
 
-/// A company behind another engine than its source's.
+/// A company on another engine than that of its source.
 class TransfersThroughOdbc : public Transfers {
 protected:
     TransfersThroughOdbc() { AddHostTables(server_); }

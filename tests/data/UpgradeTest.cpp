@@ -18,7 +18,7 @@ using namespace TradeForms;
 
 namespace {
 
-/// A company as the first version made it.
+/// A company of schema version 1.
 class FirstVersion : public testing::Test {
 protected:
     FirstVersion()

@@ -18,7 +18,7 @@ using namespace TradeForms;
 
 namespace {
 
-/// A company to prepare statements on; none of them is run.
+/// A company for preparing statements; none of them is run.
 sqlite3* company()
 {
     static const QTemporaryDir folder;
@@ -27,37 +27,37 @@ sqlite3* company()
     return static_cast<SqliteEngine&>(*engine).Raw();
 }
 
-/// The literals and quoted names of a text, and what stands between its tokens.
-struct Kept {
+/// The literals of a statement, and the text between its tokens, which is comments.
+struct Contents {
     std::vector<std::string> Literals;
     std::string Comments;
 };
 
-Kept keptOf(const QByteArray& text)
+Contents contentsOf(const QByteArray& text)
 {
     const std::string_view view(text.constData(), std::size_t(text.size()));
-    Kept kept;
+    Contents contents;
     std::size_t end = 0;
     for (const Token& token : ReadTokens(view)) {
         if (token.Kind == Token::Type::Literal)
-            kept.Literals.emplace_back(token.Text);
+            contents.Literals.emplace_back(token.Text);
         const std::size_t begin = std::size_t(token.Text.data() - view.data());
         for (const char letter : view.substr(end, begin - end))
             if (letter != ' ')
-                kept.Comments += letter;
+                contents.Comments += letter;
         end = begin + token.Text.size();
     }
-    return kept;
+    return contents;
 }
 
-/// One with digits may be a date, and be given its stored form.
+/// A literal with digits may be a date, which is written in its stored form.
 bool mayBeDate(const std::string& literal)
 {
     return literal.find_first_of("0123456789") != std::string::npos;
 }
 
-/// Whether all literals come again, in their order: but for an alias that became a name, and a
-/// date that was given its stored form.
+/// Whether all literals are still there in the same order, except for an alias that became a name
+/// and a date that was written in its stored form.
 bool comeAgain(const std::vector<std::string>& before, const std::vector<std::string>& after,
                const std::string& text)
 {
@@ -95,8 +95,9 @@ void Adapter(const std::uint8_t* data, std::size_t size)
             throw BrokenPromise("a call of nothing");
         return;
     }
-    const Kept before = keptOf(text);
-    const Kept after = keptOf(adapted.Text); // raises ProviderFailure where it cannot be read
+    const Contents before = contentsOf(text);
+    const Contents after =
+        contentsOf(adapted.Text); // raises ProviderFailure where it cannot be read
     if (!comeAgain(before.Literals, after.Literals, text.toStdString()))
         throw BrokenPromise("a literal was changed");
     if (after.Comments.size() < before.Comments.size() && before.Comments.find(after.Comments) != 0)

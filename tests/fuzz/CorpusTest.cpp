@@ -1,5 +1,4 @@
-// The inputs that the fuzzers have found worth keeping, and those that once broke something, tried
-// again in every build.
+// Runs the fuzz targets on the inputs of the corpus in every build.
 
 #include "fuzz/Targets.h"
 

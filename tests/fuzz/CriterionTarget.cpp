@@ -34,7 +34,7 @@ const ResultMetadata& metadata()
     return columns;
 }
 
-/// Rows of every kind of cell, whatever their column is declared as.
+/// Rows with every type of cell in every kind of column.
 const std::vector<std::string>& rows()
 {
     static const std::vector<std::string> all = [] {

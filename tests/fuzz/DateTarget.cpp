@@ -16,7 +16,7 @@ bool isDigit(char letter)
     return letter >= '0' && letter <= '9';
 }
 
-/// What a date and its time consist of.
+/// Whether a character can be part of a date or time.
 bool mayStandInADate(char letter)
 {
     return isDigit(letter) || std::string_view("-/: T.").find(letter) != std::string_view::npos;

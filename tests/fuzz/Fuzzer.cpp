@@ -1,4 +1,4 @@
-// The entry of one fuzzer; FUZZ_TARGET says which.
+// The entry point of a fuzzer, whose target is FUZZ_TARGET.
 
 #include "fuzz/Targets.h"
 

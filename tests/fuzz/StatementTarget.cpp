@@ -13,8 +13,7 @@ using namespace TradeForms;
 
 namespace {
 
-/// Statements with two places, {a} quoted and {b} bare; the values that stand in them here are as
-/// harmless as can be.
+/// Statements with two placeholders, {a} quoted and {b} bare.
 constexpr const char* templates[] = {
     "select * from T where A='{a}' and B={b}",
     "select * from T where A like '%{a}%' and B ={b} order by C",
@@ -26,7 +25,7 @@ constexpr const char* templates[] = {
 
 using Shape = std::vector<std::string>;
 
-/// The tokens of a statement, a literal and a number being a sign only.
+/// The tokens of a statement, in which all literals are replaced by a quote and all numbers by 0.
 Shape shapeOf(const QString& statement)
 {
     const QByteArray text = statement.toUtf8();
@@ -48,8 +47,8 @@ QString filled(const char* text, const QVariant& quoted, const QVariant& bare)
 
 } // namespace
 
-/// The first byte chooses the template, the second how long the quoted value is; the bare one is
-/// the rest.
+/// The first byte selects the template, the second is the length of the quoted value; the rest is
+/// the bare value.
 void Statement(const std::uint8_t* data, std::size_t size)
 {
     if (size < 2)
@@ -69,14 +68,14 @@ void Statement(const std::uint8_t* data, std::size_t size)
             continue;
         }
         try {
-            // A number may have a sign of its own.
+            // A number may have a sign.
             const Shape shape = shapeOf(made);
             if (shape != shapeOf(filled(text, QStringLiteral("x"), 1)) &&
                 shape != shapeOf(filled(text, QStringLiteral("x"), -1)) &&
                 shape != shapeOf(filled(text, QStringLiteral("x"), QStringLiteral("+1"))))
                 throw BrokenPromise("a value changed what the statement means");
         } catch (const ProviderFailure&) {
-            // A character that no statement can hold fails it when it is run.
+            // A character that no statement can contain makes it fail when it is run.
         }
     }
 }

@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-// What the fuzzers try on any bytes, and the corpus test on those that are kept. Each raises
-// BrokenPromise where something came out that must not.
+// The fuzz targets. Each raises BrokenPromise where a property does not hold for the input.
 
 namespace fuzz {
 
@@ -14,20 +13,20 @@ public:
     using std::logic_error::logic_error;
 };
 
-/// Any text is rewritten, or refused with a text for the user; literals, quoted names and comments
-/// come out as they went in; what comes out is prepared by the database or refused by it.
+/// Any text is rewritten or refused with a message; literals, quoted names and comments are
+/// unchanged; the database prepares the result or refuses it with a message.
 void Adapter(const std::uint8_t* data, std::size_t size);
 
-/// Any criterion is read, or refused with a text for the user; it then holds for a row or not, the
-/// same however its words are spelt.
+/// Any criterion is parsed or refused with a message; it gives the same result for a row each time,
+/// also with blanks around it.
 void Criterion(const std::uint8_t* data, std::size_t size);
 
-/// Any text is a date or none. A date that is written and read back is the same; one of its digits
-/// replaced by anything else makes it none. A computed value is a date in its stored form alone.
+/// A date that is written and read back is the same; with any of its digits replaced by another
+/// character it is no date. A computed value is a date only in the stored form.
 void Date(const std::uint8_t* data, std::size_t size);
 
-/// A value that is typed into a statement fails it or stands as the one literal or number that it
-/// was meant to be: all other tokens are the template's.
+/// A value that is bound into a statement makes it fail or becomes one literal or number; all other
+/// tokens are those of the template.
 void Statement(const std::uint8_t* data, std::size_t size);
 
 } // namespace fuzz

@@ -14,7 +14,7 @@ using namespace TradeForms;
 using Tools::ProgressLine;
 using Tools::WrongOptions;
 
-/// What the command line asks for.
+/// The options of the command line.
 struct Options {
     enum class Action { BackUp, Restore, Verify };
 
@@ -22,7 +22,7 @@ struct Options {
     QString Company;
     QString Backup;
     Existing IfThere = Existing::Keep;
-    int Keep = 0; ///< 0: all
+    int Keep = 0; ///< number of backups to keep; 0 keeps all
     ProgressLine::Detail Detail = ProgressLine::Detail::Shown;
 };
 

@@ -13,7 +13,7 @@ using namespace TradeForms;
 using Tools::ProgressLine;
 using Tools::WrongOptions;
 
-/// What the command line asks for.
+/// The options of the command line.
 struct Options {
     QString From;
     QString To;

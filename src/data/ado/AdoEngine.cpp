@@ -21,8 +21,8 @@ QString placeOf(const QString& table, const QString& column)
     return (table + u'.' + column).toLower();
 }
 
-/// A database that the host has made by itself may have no table to lock. Some table is read all
-/// the same: there are providers with which only that begins the transaction.
+/// A database that the host created may lack the table that is locked. A system table is read then,
+/// since with some providers only a read begins the transaction.
 QString takeLockIfThere()
 {
     return QStringLiteral("if object_id('dbo.SchemaVersion') is null "
@@ -30,7 +30,7 @@ QString takeLockIfThere()
            TransactSql::TakeLock();
 }
 
-/// Reads a result that the connection holds ready for it, so that others may be read meanwhile.
+/// Reads a result with a client-side cursor, so that other statements may be run meanwhile.
 class AdoCursor : public Cursor {
 public:
     AdoCursor(HostLink& link, std::unique_ptr<HostRows> rows,
@@ -100,9 +100,9 @@ std::unique_ptr<Cursor> AdoEngine::OpenCursor(const QString& statement)
     });
 }
 
-/// Where rows come from the connection does not tell, but the statement may. What a column of a
-/// table of the company holds its schema knows better than the type, which may be an older
-/// provider's substitute.
+/// The connection does not report base tables, so the statement is examined. For tables of the
+/// company's schema the column types come from the schema, since older providers report substitute
+/// types.
 std::shared_ptr<const ResultMetadata> AdoEngine::metadataOf(const std::vector<HostColumn>& columns,
                                                             const QString& statement,
                                                             Purpose purpose)

@@ -8,11 +8,11 @@
 
 namespace TradeForms {
 
-/// The database server behind the connection that a host has opened and lent. Nothing is asked of
-/// it before the first statement, and the session's settings stay the host's.
+/// The database server of a connection that a host has opened. Runs no statement before the first
+/// one that is asked for, and leaves the session's settings unchanged.
 class AdoEngine : public Engine {
 public:
-    /// Counts a reference to the connection.
+    /// Adds a reference to the connection.
     explicit AdoEngine(const Dispatch& connection);
     ~AdoEngine() override;
 
@@ -23,8 +23,8 @@ public:
     const TradeForms::Dialect& Dialect() const override { return dialect_; }
 
     HostLink& Link() { return link_; }
-    /// A column of a table as the last result that was read for writing has told it; of an unknown
-    /// one no more than its name.
+    /// The description of a table column from the last result that was read for writing; only the
+    /// name where there was none.
     HostColumn ColumnOf(const QString& table, const QString& name) const;
 
 private:
@@ -42,7 +42,7 @@ private:
 
     HostLink link_;
     TradeForms::Dialect dialect_;
-    QHash<QString, HostColumn> columns_; // by table and name, in small letters
+    QHash<QString, HostColumn> columns_; // by table and name, in lower case
 };
 
 } // namespace TradeForms

@@ -13,7 +13,7 @@ namespace TradeForms {
 
 namespace {
 
-// Long enough that the way to the server counts for little, short enough to be read at once.
+// Limits of one batch: large enough that the round trip matters little.
 constexpr int maxBatchStatements = 128;
 constexpr qsizetype maxBatchLength = 64 * 1024;
 
@@ -35,8 +35,8 @@ QString AdoRowWriter::literal(int index, const Cell& cell) const
     return LiteralFor(cell, columns_[std::size_t(index)], metadata_->At(index).Kind);
 }
 
-/// A key is compared as the table compares it, which an index serves; any other text to the byte,
-/// since a change of case alone is a change.
+/// A key is compared with the column's collation, for which an index can be used; any other text
+/// byte by byte, so that a change of case is noticed.
 QString AdoRowWriter::condition(int index, const Cell& cell) const
 {
     const QString& name = names_[index];
@@ -60,13 +60,14 @@ QString AdoRowWriter::search(const char* original) const
     return conditions.join(QLatin1String(" and "));
 }
 
-/// Of rows that are alike in everything any one will do.
+/// Whether several rows may match: without a key, rows that are equal in all columns cannot be
+/// distinguished, and any one of them is written.
 bool AdoRowWriter::mayFindDuplicates() const
 {
     return known_ && known_->Keys.isEmpty() && metadata_->Count() == int(known_->Fields.size());
 }
 
-/// What was left out the table fills in: defaults and numbers of its own.
+/// Columns that were not set get defaults and generated numbers, which are read back.
 bool AdoRowWriter::returnsRow(const std::vector<bool>& touched) const
 {
     return std::find(touched.begin(), touched.end(), false) != touched.end();
@@ -105,7 +106,7 @@ QString AdoRowWriter::deleteStatement(const char* original) const
     return TransactSql::DeleteStatement(table_, search(original), mayFindDuplicates());
 }
 
-/// A session may have been told not to count.
+/// The count is missing where the session has set nocount on.
 qint64 AdoRowWriter::changedBy(const QString& statement)
 {
     qint32 changed = -1;
@@ -160,8 +161,8 @@ QString AdoRowWriter::statementFor(const RowChange& change) const
     Q_UNREACHABLE();
 }
 
-/// The way to the server takes longer than what is done there, so that changes are sent together
-/// as far as none of them gives its row back.
+/// Sends changes in batches, since a round trip takes longer than a change. Insertions that return
+/// their row are sent alone.
 std::vector<std::string> AdoRowWriter::Write(const std::vector<RowChange>& changes)
 {
     std::vector<std::string> stored(changes.size());
@@ -187,9 +188,10 @@ std::vector<std::string> AdoRowWriter::Write(const std::vector<RowChange>& chang
     return stored;
 }
 
-/// Runs them up to the first that fails or does not find its row. A failure comes as it would come
-/// alone. They stand in a scope of their own, so that the session's setting for counts comes
-/// back, and no count stands before what they give: the number of the row that was not found.
+/// Runs a batch up to the first statement that fails or does not find its row. Raises
+/// ProviderFailure with the same message as for a single statement. The batch is run by
+/// sp_executesql, so that set nocount ends with it; its only result is the number of a statement
+/// that did not find its row.
 void AdoRowWriter::runAtOnce(const QStringList& statements)
 {
     if (statements.isEmpty())

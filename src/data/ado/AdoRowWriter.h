@@ -8,8 +8,7 @@ namespace TradeForms {
 
 struct CompanyTable;
 
-/// Writes rows of one result to their table through a host's connection. Many rows go to the
-/// server at once.
+/// Writes rows of one result to their table through a host's connection, several rows in one batch.
 class AdoRowWriter : public RowWriter {
 public:
     AdoRowWriter(AdoEngine& engine, std::shared_ptr<const ResultMetadata> metadata);
@@ -36,7 +35,7 @@ private:
 
     AdoEngine& engine_;
     std::shared_ptr<const ResultMetadata> metadata_;
-    const CompanyTable* known_; ///< null for a table that is not of the company's schema
+    const CompanyTable* known_; ///< null for a table that is not in the company's schema
     QString table_;
     std::vector<HostColumn> columns_;
     QStringList names_; // of the columns, quoted

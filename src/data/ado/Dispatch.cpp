@@ -17,7 +17,7 @@ QString taken(BSTR text)
     return result.trimmed();
 }
 
-/// What the object says of its failure, in its own words where it gives any.
+/// The failure that an object describes, with the system's text where it has none.
 DispatchFailure failureOf(EXCEPINFO& told)
 {
     if (told.pfnDeferredFillIn)
@@ -105,14 +105,14 @@ Variant Dispatch::invoke(const char* member, Kind kind, std::vector<Variant> arg
     DISPPARAMS parameters{};
     DISPID valueItself = DISPID_PROPERTYPUT;
     if (kind == Kind::Get) {
-        // A host's object may have either.
+        // Some objects implement a property as a method.
         flags = DISPATCH_PROPERTYGET | DISPATCH_METHOD;
     } else if (kind == Kind::Set) {
         flags = flagsFor(arguments.front());
         parameters.rgdispidNamedArgs = &valueItself;
         parameters.cNamedArgs = 1;
     }
-    // The last one stands first here.
+    // Automation takes arguments in reverse order.
     std::reverse(arguments.begin(), arguments.end());
     parameters.rgvarg = arguments.empty() ? nullptr : arguments.front().Raw();
     parameters.cArgs = UINT(arguments.size());

@@ -10,26 +10,26 @@
 
 namespace TradeForms {
 
-/// What an automation object reported of a call that failed, in its own words.
+/// A call of an automation object that failed, with the message of the object.
 class DispatchFailure : public Failure {
 public:
     DispatchFailure(const QString& description, qint32 number);
     ~DispatchFailure() override;
 
-    /// The object's own number, or the system's for a call that never reached it.
+    /// The error code of the object, or of the system where the call did not reach the object.
     qint32 Number() const { return number_; }
 
 private:
     qint32 number_;
 };
 
-/// A counted reference to an automation object, whose members are called by their names. No name
-/// is looked up twice. Used on the thread on which the object was made.
+/// A counted reference to an automation object whose members are called by name. Member ids are
+/// cached. To be used on the thread on which the object was created.
 class Dispatch {
 public:
     /// No object.
     Dispatch() = default;
-    /// Counts a reference of its own; null is no object.
+    /// Adds a reference; null is no object.
     explicit Dispatch(IDispatch* object);
     ~Dispatch();
     Dispatch(const Dispatch& other);
@@ -39,21 +39,20 @@ public:
     explicit operator bool() const { return object_ != nullptr; }
     IDispatch* Raw() const { return object_; }
 
-    // Arguments stand in the order in which the member declares them. Each call raises
-    // DispatchFailure where there is no such member, where the call cannot be made, and where the
-    // object fails it.
+    // Arguments are in the order of declaration. Each call raises DispatchFailure where there is no
+    // object, where it has no such member, and where the call fails.
 
-    /// A property's value, or a function's that is called as one.
+    /// The value of a property, or of a function that is called like one.
     template <class... Arguments> Variant Get(const char* member, Arguments&&... arguments) const
     {
         return invoke(member, Kind::Get, {std::forward<Arguments>(arguments)...});
     }
-    /// Calls a method. The result is empty where it gives none.
+    /// Calls a method. Returns an empty value where it has no result.
     template <class... Arguments> Variant Call(const char* member, Arguments&&... arguments) const
     {
         return invoke(member, Kind::Call, {std::forward<Arguments>(arguments)...});
     }
-    /// Sets a property; an object is set by reference.
+    /// Sets a property, by reference where the value is an object.
     void Set(const char* member, Variant value) const;
 
 private:
@@ -63,7 +62,7 @@ private:
     qint32 numberOf(const char* member) const;
 
     IDispatch* object_ = nullptr;
-    mutable std::map<std::string, qint32, std::less<>> numbers_; // of the members used so far
+    mutable std::map<std::string, qint32, std::less<>> numbers_; // member ids by name
 };
 
 } // namespace TradeForms

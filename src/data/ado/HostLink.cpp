@@ -16,7 +16,7 @@ constexpr qint32 commandIsText = 1;
 constexpr qint32 stateClosed = 0;
 constexpr qint32 timeOutExpired = qint32(0x80040E31);
 
-/// What was never a connection cannot have been lost.
+/// Whether the object is missing or is no connection at all, which is not a lost connection.
 bool isNoConnection(const DispatchFailure& failure)
 {
     return failure.Number() == DISP_E_UNKNOWNNAME || failure.Number() == E_POINTER;
@@ -26,7 +26,7 @@ bool isNoConnection(const DispatchFailure& failure)
 
 HostLink::HostLink(const Dispatch& connection) : connection_(connection) {}
 
-/// A statement without rows gives an object all the same, which is closed.
+/// A statement without rows returns a closed recordset object.
 Dispatch HostLink::execute(const QString& statement, qint32& changed) const
 {
     Variant count;
@@ -82,7 +82,7 @@ void HostLink::Commit()
     isOpen_ = false;
 }
 
-/// A server undoes the transaction of a session that broke off by itself.
+/// A server rolls back the transaction of a lost session by itself.
 void HostLink::Rollback()
 {
     try {
@@ -99,7 +99,8 @@ bool HostLink::IsWithinTransaction()
     return isOpen_ || ReadNumber(TransactSql::CountTransactions()) > 0;
 }
 
-/// No answer where the connection is gone. It reads no table, which might begin a transaction.
+/// Returns nothing where the connection is lost. The query reads no table, since that might begin a
+/// transaction.
 std::optional<qint32> HostLink::countTransactions() const
 {
     try {
@@ -109,8 +110,8 @@ std::optional<qint32> HostLink::countTransactions() const
     }
 }
 
-/// The list of errors is the database's word on this failure only where the failure stands in it:
-/// what is the connection object's own failure leaves an older list as it was.
+/// The Errors collection describes this failure only where it contains the failure's description: a
+/// failure of the connection object itself leaves an older collection unchanged.
 HostLink::Report HostLink::reportOf(const DispatchFailure& failure) const
 {
     Report report{failure.Description(), failure.Number()};
@@ -130,7 +131,7 @@ HostLink::Report HostLink::reportOf(const DispatchFailure& failure) const
         if (texts.contains(failure.Description()))
             report.Text = texts.join(u'\n');
     } catch (const Failure&) {
-        // Then the failure itself is all that is known.
+        // Only the failure itself is reported then.
     }
     return report;
 }
@@ -142,14 +143,14 @@ void HostLink::raise(const DispatchFailure& failure)
     const Report report = reportOf(failure);
     const auto open = countTransactions();
     isLost_ = !open;
-    // Otherwise what is done next would stand outside of the transaction that the caller believes
-    // in. The connection object is told, which knows nothing of it.
+    // The server has rolled the transaction back. The connection object has not noticed that, and
+    // would run further statements outside of any transaction.
     if (isOpen_ && open.value_or(0) == 0) {
         isOpen_ = false;
         try {
             connection_.Call("RollbackTrans");
         } catch (const DispatchFailure&) {
-            // There is none, as was found above.
+            // There is no transaction, as expected.
         }
     }
     if (isLost_)

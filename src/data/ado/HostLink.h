@@ -6,30 +6,31 @@
 
 namespace TradeForms {
 
-/// The connection that a host has opened and lent: it runs statements, tells failures in the
-/// database's words, and knows what became of the transaction. Never closes the connection.
+/// A connection that a host has opened: runs statements, raises failures with the database's
+/// messages, and keeps the state of the transaction. Never closes the connection.
 class HostLink {
 public:
-    /// Counts a reference of its own.
+    /// Adds a reference to the connection.
     explicit HostLink(const Dispatch& connection);
 
-    /// Runs one statement. Gives the rows, or no object where it gives none; and how many rows it
-    /// has changed, -1 where that is not told. Raises ProviderFailure.
+    /// Runs one statement. Returns its recordset object, or no object where it has no rows. Sets
+    /// the number of changed rows, -1 where it is not reported. Raises ProviderFailure.
     Dispatch Run(const QString& statement, qint32* changed = nullptr);
-    /// The first column of the first row, 0 where there is none. Raises ProviderFailure.
+    /// Runs a query. Returns the first column of the first row, 0 where there is none. Raises
+    /// ProviderFailure.
     qint32 ReadNumber(const QString& query);
 
     void Begin();
     void Commit();
-    /// Ends quietly where the database has undone the transaction by itself.
+    /// Raises nothing where the database has rolled back by itself.
     void Rollback();
     /// Whether a transaction that was begun here is open.
     bool IsOpen() const { return isOpen_; }
-    /// Whether any is, such as one of the host's own. Asks the database.
+    /// Whether any transaction is open in the session, also one of the host. Queries the database.
     bool IsWithinTransaction();
 
-    /// Makes calls of the connection and what it gives. Where one fails, it finds out what became
-    /// of connection and transaction, and raises ProviderFailure.
+    /// Runs an operation on the connection or its results. Where that raises DispatchFailure,
+    /// determines whether connection and transaction still exist, and raises ProviderFailure.
     template <class Operation> auto Guarded(Operation operation) -> decltype(operation())
     {
         try {
@@ -40,7 +41,7 @@ public:
     }
 
 private:
-    /// What was reported of one failure.
+    /// The message and number of a failure.
     struct Report {
         QString Text;
         int Number = 0;
@@ -54,7 +55,7 @@ private:
 
     Dispatch connection_;
     bool isOpen_ = false;
-    bool isLost_ = false; // when it last failed
+    bool isLost_ = false; // as determined at the last failure
 };
 
 } // namespace TradeForms

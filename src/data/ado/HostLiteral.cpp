@@ -9,18 +9,18 @@ namespace TradeForms {
 
 namespace {
 
-/// Of a column of which no one tells, amounts have so many.
+/// Default scale when the provider reports none.
 constexpr int defaultScale = 4;
 
 QString number(double real, const HostColumn& column)
 {
     if (column.IsDecimal())
         return QString::number(real, 'f', column.Scale < 0 ? defaultScale : column.Scale);
-    // With its exponent it is no decimal, which the server would have to convert.
+    // With an exponent it is a float literal, so that the server need not convert a decimal.
     return QString::number(real, 'e', QLocale::FloatingPointShortest);
 }
 
-/// A stored date in the server's form; any other text as it is.
+/// A stored date or date-time in the format of the server; any other text unchanged.
 QString moment(const Cell& cell)
 {
     if (IsStoredDate(cell.Bytes))

@@ -7,8 +7,8 @@
 
 namespace TradeForms {
 
-/// A value written as a literal for a column that holds values of this kind. A decimal is rounded
-/// to the column's decimals, so that what is looked for is what the column holds.
+/// The literal of a cell for a column of a type. A decimal is rounded to the column's scale, so
+/// that it compares equal to the stored value.
 QString LiteralFor(const Cell& cell, const HostColumn& column, ColumnKind kind);
 
 } // namespace TradeForms

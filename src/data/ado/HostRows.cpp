@@ -16,7 +16,7 @@ namespace TradeForms {
 
 namespace {
 
-/// The types of columns, by the numbers that the connection's objects give them.
+/// The type numbers of columns in the connection's object model.
 enum HostType {
     SmallInt = 2,
     Integer = 3,
@@ -47,7 +47,7 @@ enum HostType {
     LongVarBinary = 205
 };
 
-// How long a text is that an older provider gives in place of a date, or of a date and its time.
+// Lengths of the text columns that older providers report in place of date and date-time columns.
 constexpr int dateLength = 10;
 constexpr int shortestMoment = 19;
 constexpr int longestMoment = 27;
@@ -74,8 +74,8 @@ Cell cellOfUnsigned(ULONGLONG number)
     return Cell::FromInteger(LONGLONG(number));
 }
 
-/// The number that is so many tens of so many decimals. Where both are exact as doubles, so is
-/// their quotient as nearly as a double can be.
+/// The cell of magnitude / 10^decimals. Where both are exact as doubles, their quotient is rounded
+/// correctly.
 Cell cellOfScaled(ULONGLONG magnitude, bool isNegative, int decimals)
 {
     for (; decimals > 0 && magnitude % 10 == 0; --decimals)
@@ -104,12 +104,13 @@ Cell cellOfDecimal(const DECIMAL& number)
     return CellOfNumber(real);
 }
 
-/// Days since the end of 1899; of a negative number the fraction counts forward all the same.
+/// Converts an automation date: days since 30 December 1899. The fraction is the time of day also
+/// in a negative number.
 Timestamp timestampOf(double days)
 {
     constexpr qint64 dayOfMilliseconds = 24 * 60 * 60 * 1000;
     qint64 whole = qint64(days);
-    // To the nearest millisecond, since a fraction of a day is seldom exact.
+    // Rounded to milliseconds, since fractions of a day are seldom exact.
     qint64 rest = std::llround(std::fabs(days - double(whole)) * double(dayOfMilliseconds));
     if (rest == dayOfMilliseconds) {
         rest = 0;
@@ -125,7 +126,7 @@ Timestamp timestampOf(double days)
     return timestamp;
 }
 
-/// A host's object may have neither of what tells more of a column than its type.
+/// A property of a field that not every provider has; `otherwise` where it is missing.
 int optionalNumber(const Dispatch& field, const char* member, int otherwise)
 {
     try {
@@ -187,7 +188,7 @@ ColumnKind HostColumn::Kind() const
     default:
         break;
     }
-    // Its values tell whether it is one of the dates that an older provider gives as texts.
+    // Possibly a date that an older provider returns as text; each value is examined.
     const bool isPerhapsDate =
         IsUnicode() && (Size == dateLength || (Size >= shortestMoment && Size <= longestMoment));
     return isPerhapsDate ? ColumnKind::Expression : ColumnKind::Text;
@@ -205,7 +206,7 @@ bool HostColumn::IsUnicode() const
            Type == HostType::UnicodeVarChar || Type == HostType::UnicodeLongVarChar;
 }
 
-/// Values of as many rows as were fetched at once: a column's lie side by side by rows.
+/// The two-dimensional array of a block of rows; the values of a row are adjacent.
 class HostRows::Block {
 public:
     Block(Variant values, std::size_t columns) : values_(std::move(values))
@@ -272,7 +273,7 @@ HostRows::~HostRows()
     try {
         rows_.Call("Close");
     } catch (const Failure&) {
-        // It was closed from elsewhere, or goes with its last reference.
+        // It is closed already, or is released with its last reference.
     }
 }
 
@@ -374,7 +375,7 @@ void HostRows::appendMoment(double days, ColumnKind kind)
         AppendDateTime(row_, timestamp);
 }
 
-/// An older provider gives dates as texts, with decimals of the second behind the time.
+/// Older providers return dates as texts, with fractions of a second.
 void HostRows::appendText(QStringView text, ColumnKind kind)
 {
     if (kind == ColumnKind::Date || kind == ColumnKind::DateTime) {

@@ -12,35 +12,36 @@
 
 namespace TradeForms {
 
-/// What the connection's objects tell of a column.
+/// A column as the connection's field objects describe it.
 struct HostColumn {
     QString Name;
-    int Type = 0;   ///< in their numbers
-    int Size = 0;   ///< letters or bytes at most, 0 where it is not told
-    int Scale = -1; ///< of a decimal; -1 where it is not told
+    int Type = 0;   ///< type number of the object model
+    int Size = 0;   ///< maximal length in characters or bytes, 0 where it is not reported
+    int Scale = -1; ///< of a decimal; -1 where it is not reported
 
-    /// What it holds, as far as its type tells.
+    /// The column kind that follows from the type.
     ColumnKind Kind() const;
     bool IsDecimal() const;
-    /// A text in Unicode, rather than in the database's own encoding.
+    /// Whether it is a text in Unicode and not in the database's code page.
     bool IsUnicode() const;
 };
 
-/// The rows of one result, which are fetched in blocks. Raises DispatchFailure where a call
-/// fails, and ProviderFailure where what comes back cannot be read.
+/// Reads the rows of one result in blocks. Functions raise DispatchFailure where a call fails, and
+/// ProviderFailure where a value cannot be read.
 class HostRows {
 public:
-    /// Takes an open result. It is closed at the end.
+    /// Takes an open recordset object, which the destructor closes.
     explicit HostRows(const Dispatch& rows);
     ~HostRows();
     HostRows(const HostRows&) = delete;
     HostRows& operator=(const HostRows&) = delete;
 
     const std::vector<HostColumn>& Columns() const { return columns_; }
-    /// As what the columns' values are to be stored; at first as their types tell.
+    /// Sets the kinds to which the values are converted; before that, they follow from the column
+    /// types.
     void SetKinds(const ResultMetadata& metadata);
 
-    /// The next row's encoded cells, which live until the next call; none after the last row.
+    /// The encoded cells of the next row, valid until the next call; nothing after the last row.
     std::optional<std::string_view> Next();
 
 private:

@@ -15,10 +15,10 @@ static_assert(sizeof(VARIANT) == sizeof(Variant) && alignof(VARIANT) <= alignof(
 
 namespace {
 
-/// Whatever the workstation's language, a point stands before the decimals of a number in a text.
+/// Numbers in texts have a decimal point in every language of the workstation.
 constexpr LCID plainLanguage = LOCALE_INVARIANT;
 
-/// The system's functions read from it and do not say so.
+/// The system functions take a pointer that is not const, but only read.
 VARIANT* source(const Variant& value)
 {
     return const_cast<VARIANT*>(value.Raw());

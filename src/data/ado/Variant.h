@@ -13,11 +13,10 @@ namespace TradeForms {
 
 class Dispatch;
 
-/// A value as automation objects take and give it. It owns what it holds: a text, a counted
-/// reference, an array.
+/// A value for automation objects (a VARIANT). It owns its text, object reference or array.
 class Variant {
 public:
-    /// Empty, as a variable that was never set.
+    /// An empty value.
     Variant();
     Variant(bool value);
     Variant(qint16 value);
@@ -26,24 +25,24 @@ public:
     Variant(const QString& value);
     /// A counted reference to the object.
     Variant(const Dispatch& value);
-    /// Any other pointer would pass for a truth value.
+    /// Without this, any pointer would be converted to bool.
     Variant(const void*) = delete;
     ~Variant();
     Variant(const Variant& other);
     Variant(Variant&& other) noexcept;
     Variant& operator=(Variant other) noexcept;
 
-    /// An optional argument that is left out.
+    /// The value for an optional argument that is omitted.
     static Variant Missing();
-    /// An argument by reference: what the callee puts there stands in the target afterwards. The
-    /// target keeps its type; an empty one takes any. It must live, where it is, as long as this.
+    /// An argument by reference, which the callee sets in the target. The target keeps its type,
+    /// unless it is empty. It must exist at the same address as long as the reference.
     static Variant ReferenceTo(Variant& target);
 
-    /// No value: empty, null or left out.
+    /// Whether it is empty, null or an omitted argument.
     bool IsNothing() const;
 
-    // The value in the type that is asked for. Each raises OverflowFailure where it is too large
-    // for it, TypeMismatchFailure where it is none of that kind.
+    // The value converted to a type. Each raises OverflowFailure where it is too large for the
+    // type, TypeMismatchFailure where it cannot be converted.
     bool ToBool() const;
     qint16 ToInt16() const;
     qint32 ToInt32() const;
@@ -57,7 +56,7 @@ public:
 private:
     Variant converted(unsigned short type) const;
 
-    // Its place, without the system's headers: three machine words, the first of eight bytes.
+    // Storage for a VARIANT, without the system's headers: eight bytes and two pointers.
     alignas(8) std::array<std::byte, 8 + 2 * sizeof(void*)> bytes_;
 };
 

@@ -7,7 +7,7 @@ namespace TradeForms {
 
 namespace {
 
-/// The version that the database tells, 0 where it holds no company.
+/// The schema version of the database; 0 where it holds no company.
 qint64 versionOf(OdbcEngine& engine)
 {
     try {

@@ -6,11 +6,12 @@
 
 namespace TradeForms {
 
-/// Connects to a server and makes sure that its database holds a company of this library's
-/// schema version. Raises ProviderFailure with a text for the user.
+/// Connects to a server. Raises ProviderFailure with a text for the user where that fails, and as
+/// RequireCompany does.
 std::unique_ptr<Engine> OpenCompanyServer(const QString& connectionString);
 
-/// The second half of it: for an engine that is connected already.
+/// Raises ProviderFailure with a text for the user where the database of a connected engine holds
+/// no company of this library's schema version.
 void RequireCompany(OdbcEngine& engine);
 
 } // namespace TradeForms

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// The driver manager's headers want those of the system first.
+// The driver manager's headers need those of the system first.
 #ifdef _WIN32
 #include <windows.h>
 #endif
@@ -11,13 +11,14 @@
 
 #include <utility>
 
-// What the ODBC C API lacks of C++: owners of its handles, and its text.
+// RAII handles and text conversion for the ODBC C API.
 
 namespace TradeForms {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "The driver manager takes text in UTF-16.");
 
-/// Text as the driver manager takes it; it may be written to by contract, and never is.
+/// The text in UTF-16, as the driver manager takes it. Valid as long as the string. The driver
+/// manager takes it as not const but does not write to it.
 inline SQLWCHAR* OdbcText(const QString& text)
 {
     return reinterpret_cast<SQLWCHAR*>(const_cast<ushort*>(text.utf16()));
@@ -28,7 +29,7 @@ inline QString FromOdbcText(const SQLWCHAR* text, qsizetype length)
     return QString::fromUtf16(reinterpret_cast<const char16_t*>(text), length);
 }
 
-/// Owns an environment, a connection or a statement.
+/// Owns an ODBC environment, connection or statement handle; null where it could not be allocated.
 template <SQLSMALLINT Type> class OdbcHandle {
 public:
     OdbcHandle() = default;

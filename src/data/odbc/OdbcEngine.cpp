@@ -17,13 +17,13 @@ namespace {
 
 constexpr int preparedStatementLimit = 64;
 
-/// A number, which some drivers give as text in what they tell of tables.
+/// A number of a catalogue result, which some drivers return as text.
 int numberOf(const Cell& cell)
 {
     return cell.Kind == Cell::Type::Text ? FromUtf8(cell.Bytes).toInt() : int(cell.Integer);
 }
 
-/// Columns of what drivers tell, by their places.
+/// Column indexes in the results of the catalogue functions.
 namespace CatalogueColumn {
 constexpr int Table = 2;
 constexpr int Column = 3;
@@ -66,7 +66,7 @@ void OdbcEngine::Scan(const QString& statement, const OnColumns& begin, const On
         link_.Check(SQLExecDirectW(handle.Get(), OdbcText(text), SQLINTEGER(text.size())), handle);
         bool isBegun = false;
         do {
-            // A procedure may give the counts of what it changed before its rows.
+            // A procedure may return row counts before its result set.
             ResultReader reader(link_, *server_, handle);
             if (isBegun || reader.Count() == 0)
                 continue;
@@ -77,7 +77,8 @@ void OdbcEngine::Scan(const QString& statement, const OnColumns& begin, const On
     });
 }
 
-/// Where the driver names no table for rows that are to be written, the statement may tell.
+/// Where the driver does not report base tables for rows that are to be written, the base table is
+/// taken from the statement.
 std::shared_ptr<const ResultMetadata>
 OdbcEngine::metadataOf(std::vector<Column> columns, const QString& statement, Purpose purpose) const
 {
@@ -109,7 +110,7 @@ void OdbcEngine::BeginReadTransaction()
     link_.SetAutocommit(false);
     isOpen_ = true;
     try {
-        // The first reading is what fixes the moment.
+        // The first statement determines the state that is read.
         link_.ReadNumber(server_->VersionQuery());
     } catch (...) {
         EndReadTransaction();
@@ -123,7 +124,7 @@ void OdbcEngine::EndReadTransaction() noexcept
         rollbackNative();
         run(server_->AfterReadTransaction());
     } catch (const ProviderFailure&) {
-        // The connection is gone, and its transaction with it; the next statement will say so.
+        // The connection is lost, and its transaction with it; the next statement reports it.
     }
 }
 
@@ -139,14 +140,14 @@ void OdbcEngine::beginNative()
     }
 }
 
-/// Each statement is a transaction of its own again.
+/// Returns to autocommit after a transaction.
 void OdbcEngine::resumeAutocommit()
 {
     isOpen_ = false;
     try {
         link_.SetAutocommit(true);
     } catch (const ProviderFailure&) {
-        // Whatever was done next would be lost in a transaction that no one ends.
+        // Further statements would run in a transaction that is never committed.
         link_.MarkLost();
     }
 }
@@ -163,7 +164,7 @@ void OdbcEngine::commitNative()
     resumeAutocommit();
 }
 
-/// A server undoes the transaction of a session that broke off by itself.
+/// A server rolls back the transaction of a lost session by itself.
 void OdbcEngine::rollbackNative()
 {
     try {
@@ -190,8 +191,8 @@ void OdbcEngine::rollbackToSavepoint()
     Guarded([&] { run(server_->RollbackToSavepoint()); });
 }
 
-/// A server may undo the transaction when a statement fails, as it does to one of two that wait
-/// for each other. What is done next must not begin a new one unseen.
+/// A server may roll the transaction back when a statement fails, for example in a deadlock.
+/// Without this check the next statement would begin a new transaction unnoticed.
 void OdbcEngine::checkTransaction()
 {
     if (!isNativeOpen())
@@ -200,7 +201,8 @@ void OdbcEngine::checkTransaction()
         if (!server_->IsTransactionOpen(link_))
             rollbackNative();
     } catch (const ProviderFailure&) {
-        // The failure that led here is the one to report; this one will come again.
+        // The first failure is the one to report; a lost connection is reported by the next
+        // statement.
     }
 }
 
@@ -233,7 +235,7 @@ const ServerTable& OdbcEngine::Table(const QString& name)
 
 namespace {
 
-/// A name for a catalogue function: null where there is none.
+/// A name as an argument of a catalogue function: null for an empty one.
 struct CatalogueName {
     explicit CatalogueName(const QString& name)
         : Text(name.isEmpty() ? nullptr : OdbcText(name)), Length(SQLSMALLINT(name.size()))
@@ -276,7 +278,7 @@ void OdbcEngine::readColumns(const QString& name, ServerTable& table)
                 handle);
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
         const auto cell = [&](int place) { return CellAt(row.data(), place); };
-        // A line under is any letter here.
+        // An underscore in the name matches any character.
         if (!IsSameName(FromUtf8(cell(CatalogueColumn::Table).Bytes), name))
             return;
         table.Columns.push_back(
@@ -300,7 +302,7 @@ void OdbcEngine::readPrimaryKey(const QString& name, ServerTable& table)
     });
 }
 
-/// Without a primary key, a unique index on columns that are never null tells rows apart.
+/// Without a primary key, a unique index on columns that are not nullable serves as key.
 void OdbcEngine::readUniqueIndex(const QString& name, ServerTable& table)
 {
     const OdbcStatement handle = link_.NewStatement();
@@ -313,7 +315,7 @@ void OdbcEngine::readUniqueIndex(const QString& name, ServerTable& table)
     std::map<QString, QStringList> indexes;
     ResultReader(link_, *server_, handle).Read([&](std::string_view row) {
         const auto cell = [&](int place) { return CellAt(row.data(), place); };
-        // One row tells of the table itself, and an index may hold but some of the rows.
+        // Without the row for the table itself and filtered indexes.
         if (!cell(CatalogueColumn::IndexName).IsNull() &&
             cell(CatalogueColumn::IndexCondition).IsNull())
             indexes[FromUtf8(cell(CatalogueColumn::IndexName).Bytes)].append(

@@ -31,16 +31,16 @@ public:
     const Server& DatabaseServer() const { return *server_; }
     OdbcLink& Link() { return link_; }
 
-    /// A statement with question marks for its values, prepared once and kept for the next time.
-    /// It lives until the next call.
+    /// A prepared statement with question marks for its parameters, from a cache. The reference is
+    /// valid until the next call. Raises ProviderFailure.
     const OdbcStatement& Prepared(const QString& text);
     /// The columns and keys of a table, read from the server's catalogue at the first call. The
     /// reference stays valid as long as the engine. Raises ProviderFailure where there is no such
     /// table.
     const ServerTable& Table(const QString& name);
 
-    /// Does what may fail in the server's hands, and sees to it afterwards what became of the
-    /// transaction.
+    /// Runs an operation. Where it raises ProviderFailure, checks whether the transaction is still
+    /// open and passes the failure on.
     template <class Operation> auto Guarded(Operation operation) -> decltype(operation())
     {
         try {
@@ -52,7 +52,7 @@ public:
     }
 
 protected:
-    /// A statement as this server takes it: on SQL Server as it stands.
+    /// The statement as it is sent to this server: unchanged for SQL Server.
     virtual QString serverText(const QString& statement) const { return statement; }
 
 private:
@@ -75,7 +75,7 @@ private:
 
     OdbcLink link_;
     std::unique_ptr<Server> server_;
-    bool isOpen_ = false; // a transaction, as far as this side knows
+    bool isOpen_ = false; // whether a transaction is open, as far as this side knows
     QCache<QString, OdbcStatement> prepared_;
     std::map<QString, ServerTable> tables_; // by name in lower case; nodes never move
 };

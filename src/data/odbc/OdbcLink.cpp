@@ -14,7 +14,7 @@ namespace {
 
 constexpr int maxMessageLength = 4096;
 
-/// Drivers put their own names in front, each in brackets.
+/// A message without the names in brackets that drivers put in front.
 QString withoutDriverNames(QString text)
 {
     while (text.startsWith(u'[') && text.contains(u']'))
@@ -78,7 +78,7 @@ OdbcLink::OdbcLink(const QString& connectionString) : environment_(SQL_NULL_HAND
 
 OdbcLink::~OdbcLink()
 {
-    // A session in mid-transaction would not let go.
+    // A session with an open transaction cannot be disconnected.
     SQLEndTran(SQL_HANDLE_DBC, session_.Get(), SQL_ROLLBACK);
     SQLDisconnect(session_.Get());
 }

@@ -6,8 +6,8 @@
 
 namespace TradeForms {
 
-/// One session with a database server: it connects, tells failures in the server's words, and
-/// knows when the connection is gone.
+/// One session with a database server. It raises failures with the server's messages and detects a
+/// lost connection.
 class OdbcLink {
 public:
     /// Connects. Raises ProviderFailure.
@@ -16,24 +16,26 @@ public:
     OdbcLink(const OdbcLink&) = delete;
     OdbcLink& operator=(const OdbcLink&) = delete;
 
-    /// A statement to prepare or run. Raises ProviderFailure where the connection was lost.
+    /// Allocates a statement handle. Raises ProviderFailure where the connection was lost.
     OdbcStatement NewStatement();
 
-    /// Raises ProviderFailure with all that the server said where the call has failed; true for
-    /// a result, false where there is none.
+    /// Checks the return code of a call. Returns false for SQL_NO_DATA and true for any other
+    /// success. Raises ProviderFailure with all messages of the server where the call has failed.
     bool Check(SQLRETURN result, const OdbcStatement& statement);
 
-    /// Runs a statement of which no rows are wanted, to its very end.
+    /// Runs a statement and discards its results. Raises ProviderFailure.
     void Run(const QString& statement);
-    /// The first column of the first row, 0 where there is none.
+    /// Runs a query. Returns the first column of the first row, 0 where there is none. Raises
+    /// ProviderFailure.
     qint64 ReadNumber(const QString& query);
-    /// Reads what a run statement still has to say: a server tells a late failure only then.
+    /// Reads the remaining results of a statement, since a server may report an error only with a
+    /// later result. Raises ProviderFailure.
     void Finish(const OdbcStatement& statement);
 
     void SetAutocommit(bool isOn);
     void EndTransaction(SQLSMALLINT how);
 
-    /// What the driver tells of the database and of itself, such as SQL_DBMS_NAME.
+    /// A text that SQLGetInfo returns, such as SQL_DBMS_NAME. Raises ProviderFailure.
     QString Info(SQLUSMALLINT what);
 
     /// Sets which error numbers mean that another session holds a lock: their failures tell the
@@ -43,13 +45,13 @@ public:
         isLockError_ = std::move(isLockError);
     }
 
-    /// Whether the connection broke off. Nothing can be done with it any more.
+    /// Whether the connection was lost. It cannot be used any more.
     bool IsLost() const { return isLost_; }
-    /// Takes the connection for lost: it is in a state in which it must not be used.
+    /// Marks the connection as lost, where it is in a state in which it must not be used.
     void MarkLost() { isLost_ = true; }
 
 private:
-    /// What was reported of one call.
+    /// The diagnostic records of a call that failed.
     struct Diagnostics {
         QString State; ///< SQLSTATE of the first record, five characters
         int Number = 0;

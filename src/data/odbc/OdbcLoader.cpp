@@ -34,7 +34,7 @@ OdbcLoader::~OdbcLoader()
     try {
         engine_.Link().Run(disableIdentityInsert_);
     } catch (const ProviderFailure&) {
-        // The connection is gone, and the setting with it.
+        // The connection is lost, and the setting with it.
     }
 }
 

@@ -6,7 +6,8 @@
 
 namespace TradeForms {
 
-/// Adds rows with the numbers that they have, also where the server gives numbers otherwise.
+/// Inserts rows with explicit values for identity columns. Raises ProviderFailure where the server
+/// refuses that.
 class OdbcLoader : public OdbcRowWriter {
 public:
     OdbcLoader(OdbcEngine& engine, const std::shared_ptr<const ResultMetadata>& metadata);

@@ -12,7 +12,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Leaves a statement ready for the next time, however its run ended.
+/// Closes the result and the parameters of a prepared statement at the end of a scope.
 class CloseAtEnd {
 public:
     explicit CloseAtEnd(const OdbcStatement& statement) : handle_(statement.Get()) {}
@@ -28,7 +28,7 @@ private:
     SQLHANDLE handle_;
 };
 
-/// Runs a kept statement with its values; `use` takes what it gives.
+/// Runs a prepared statement with its parameters; `use` reads its result.
 template <class Use>
 void execute(OdbcEngine& engine, const QString& text, Parameters& values, Use use)
 {
@@ -80,7 +80,8 @@ const ServerColumn& OdbcRowWriter::serverColumn(int index) const
     return *found;
 }
 
-/// Of rows that are alike in everything any one will do.
+/// Whether several rows may match: without a key, rows that are equal in all columns cannot be
+/// distinguished, and any one of them is written.
 bool OdbcRowWriter::mayFindDuplicates() const
 {
     return columns_.Keys.isEmpty() && metadata_->Count() == int(columns_.Columns.size());
@@ -104,7 +105,7 @@ const OdbcRowWriter::RowCondition& OdbcRowWriter::conditionFor(const char* origi
             conditions.append(QuotedName(column.Name) + QLatin1String(" is null"));
             continue;
         }
-        // A key is compared as the table compares it, which an index serves.
+        // A key is compared with the column's collation, for which an index can be used.
         const Server::Condition equality = columns_.IsKey(column.Name)
                                                ? engine_.DatabaseServer().Equals(column)
                                                : engine_.DatabaseServer().IsExactly(column);
@@ -132,7 +133,7 @@ std::string OdbcRowWriter::Insert(const char* row, const std::vector<bool>& touc
         marks.append(QStringLiteral("?"));
         values.Add(cell, column);
     }
-    // What was left out the table fills in: defaults and numbers of its own.
+    // Columns that were not set get defaults and generated numbers, which are read back.
     const QStringList returned = chosen.size() == all.size() ? QStringList() : all;
     const Server::Insertion insertion = engine_.DatabaseServer().InsertStatement(
         table_, chosen.join(u", "_s), marks.join(u", "_s), returned);

@@ -14,11 +14,11 @@ public:
     qint64 Delete(const char* original) override;
 
 private:
-    /// What finds a row: each value stands as often as the condition takes it, a null not at all.
+    /// The condition that identifies a row by its original values.
     struct RowCondition {
-        std::vector<bool> Nulls; ///< for which it was made
+        std::vector<bool> Nulls; ///< the columns that are null, for which the text was made
         QString Text;
-        std::vector<int> Columns; ///< whose values it takes, in their order
+        std::vector<int> Columns; ///< the columns of its parameters, in their order
     };
 
     const ServerColumn& serverColumn(int index) const;

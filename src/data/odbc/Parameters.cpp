@@ -9,7 +9,7 @@ namespace TradeForms {
 
 namespace {
 
-constexpr SQLULEN maxVarcharLength = 4000; // letters
+constexpr SQLULEN maxVarcharLength = 4000; // UTF-16 units
 
 bool isBinary(const ServerColumn& column)
 {
@@ -58,7 +58,7 @@ Parameters::Value Parameters::numberFor(const Cell& cell, const ServerColumn& co
         value.Length = SQLLEN(value.Bytes.size());
     } else if (isInteger) {
         value.Type = SQL_C_SBIGINT;
-        // Of the column's own width, as far as it fits: a wider one may keep an index out.
+        // 32 bits where they suffice: a wider type may prevent the use of an index.
         value.SqlType = fitsInt32(cell.Integer) ? SQL_INTEGER : SQL_BIGINT;
         value.Size = 0;
         value.Integer = cell.Integer;
@@ -84,7 +84,7 @@ Parameters::Value Parameters::textFor(const Cell& cell, const ServerColumn& colu
         value.Type = SQL_C_WCHAR;
         value.Bytes = QByteArray(reinterpret_cast<const char*>(text.utf16()),
                                  text.size() * qsizetype(sizeof(char16_t)));
-        // One size for all that fit, so that the server keeps one plan.
+        // The same size for all values that fit, so that the server can reuse one plan.
         value.Size = std::clamp<SQLULEN>(SQLULEN(column.Size), 1, maxVarcharLength);
         value.Size = std::max(value.Size, SQLULEN(text.size()));
         value.SqlType = value.Size <= maxVarcharLength ? SQL_WVARCHAR : SQL_WLONGVARCHAR;

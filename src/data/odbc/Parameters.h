@@ -8,13 +8,14 @@
 
 namespace TradeForms {
 
-/// The values for one run of a prepared statement, in the order of its question marks.
+/// The parameters of one run of a prepared statement, in the order of its question marks.
 class Parameters {
 public:
-    /// A value for a column. A decimal is rounded to the column's decimals, so that what is
-    /// looked for is what the column holds.
+    /// Adds a value for a column. A decimal is rounded to the column's scale, so that it compares
+    /// equal to the stored value.
     void Add(const Cell& cell, const ServerColumn& column);
-    /// Gives them to a statement. They have to live, unchanged, until it has run.
+    /// Binds the parameters to a statement. They must exist unchanged until it has run. Raises
+    /// ProviderFailure.
     void Bind(OdbcLink& link, const OdbcStatement& statement);
 
 private:

@@ -10,11 +10,11 @@ namespace TradeForms {
 
 namespace {
 
-// What SQL Server's drivers call its own types.
+// A type of SQL Server's drivers that is not in the ODBC headers.
 constexpr SQLSMALLINT dateTimeOffset = -155;
 
-constexpr qint64 maxBoundLength = 4000;           // letters
-constexpr std::size_t maxBlockBytes = 512 * 1024; // held by the rows that are fetched at once
+constexpr qint64 maxBoundLength = 4000;           // UTF-16 units or bytes
+constexpr std::size_t maxBlockBytes = 512 * 1024; // memory for the rows of a block
 constexpr std::size_t maxBlockRows = 512;
 constexpr std::size_t chunkBytes = 16 * 1024; // of a long value
 
@@ -48,7 +48,7 @@ ColumnKind kindOf(SQLSMALLINT sqlType)
     }
 }
 
-/// The form in which a value loses nothing: a decimal as its digits, a text in UTF-16.
+/// The C type in which a value is fetched without loss: a decimal as text, a text in UTF-16.
 SQLSMALLINT fetchTypeOf(SQLSMALLINT sqlType)
 {
     switch (kindOf(sqlType)) {
@@ -68,7 +68,8 @@ SQLSMALLINT fetchTypeOf(SQLSMALLINT sqlType)
     }
 }
 
-/// Bytes of one value, for a text and a binary value of so many letters or bytes.
+/// The buffer size in bytes of one value; `length` is the maximal length of a text in UTF-16 units
+/// or of a binary value in bytes.
 std::size_t widthOf(SQLSMALLINT type, std::size_t length)
 {
     constexpr std::size_t longestDecimal = 48;
@@ -117,7 +118,7 @@ ResultReader::Buffer ResultReader::bufferFor(int column)
         server_.TypesExpressions() || !textAttribute(column, SQL_DESC_BASE_TABLE_NAME).isEmpty();
     const bool isSized = buffer.Type == SQL_C_WCHAR || buffer.Type == SQL_C_BINARY;
     const qint64 length = isSized ? numberAttribute(column, SQL_DESC_LENGTH) : 0;
-    // What an expression gives may be longer than what its first row does.
+    // The value of an expression may be longer than in the first row.
     buffer.IsBounded = !isSized || (buffer.IsTyped && length > 0 && length <= maxBoundLength);
     buffer.Width = buffer.IsBounded ? widthOf(buffer.Type, std::size_t(length)) : chunkBytes;
     return buffer;
@@ -201,7 +202,7 @@ void ResultReader::prepareBlocks()
     }
 }
 
-/// Fetches the next rows; the number of them, 0 at the end.
+/// Fetches the next rows. Returns their number, 0 at the end.
 std::size_t ResultReader::fetch()
 {
     fetched_ = 1;
@@ -231,7 +232,7 @@ void ResultReader::getColumns()
     }
 }
 
-/// Reads a value of any length piece by piece; a text's piece ends in a zero, which is taken off.
+/// Reads a value of any length in chunks; the terminating zero of each chunk of a text is dropped.
 void ResultReader::getLongData(int column, Buffer& buffer)
 {
     const std::size_t end = buffer.Type == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0;
@@ -270,7 +271,7 @@ void ResultReader::Read(const Engine::OnRow& each)
             each(row_);
         }
     }
-    // The buffers go before the statement does.
+    // The statement outlives the buffers.
     SQLFreeStmt(statement_.Get(), SQL_UNBIND);
     setBlock(1, nullptr, nullptr);
 }

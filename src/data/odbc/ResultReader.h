@@ -7,28 +7,29 @@
 
 namespace TradeForms {
 
-/// Reads the rows of a statement that was run: in blocks where every column's width is bounded,
-/// else one by one, since a text without a limit is fetched piece by piece. Either way the cells
-/// of a row are read from left to right, as some drivers demand.
+/// Reads the result of a statement that was run: in blocks where every column has a maximal width,
+/// otherwise row by row with long values in chunks. The columns of a row are read from left to
+/// right, as some drivers require.
 class ResultReader {
 public:
     ResultReader(OdbcLink& link, const Server& server, const OdbcStatement& statement);
 
     int Count() const { return int(columns_.size()); }
-    /// The columns, with the tables they come from where they are wanted and the driver knows.
+    /// The columns; for Purpose::Write with their base tables, where the driver reports them.
+    /// Raises ProviderFailure.
     std::vector<Column> Describe(Engine::Purpose purpose);
-    /// Hands over every row.
+    /// Reads all rows and calls `each` with each of them. Raises ProviderFailure.
     void Read(const Engine::OnRow& each);
 
 private:
-    /// One column's values, of as many rows as are fetched at once.
+    /// The buffer of one column for the rows of a block.
     struct Buffer {
         SQLSMALLINT SqlType = 0;
-        SQLSMALLINT Type = 0; ///< in which the driver gives it
+        SQLSMALLINT Type = 0; ///< the C type in which it is fetched
         ColumnKind Kind = ColumnKind::Text;
         std::size_t Width = 0; ///< bytes of a value
         bool IsBounded = true;
-        bool IsTyped = true; ///< false where each value tells its type
+        bool IsTyped = true; ///< false where the type may differ from value to value
         std::vector<char> Values;
         std::vector<SQLLEN> Lengths;
     };

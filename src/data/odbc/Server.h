@@ -16,26 +16,27 @@ namespace TradeForms {
 
 class OdbcLink;
 
-/// What a table's column is on the server.
+/// A column of a table, as the server's catalogue describes it.
 struct ServerColumn {
     QString Name;
     int Type = 0; ///< SQL_VARCHAR and the like
-    int Size = 0; ///< letters or digits; 0 without a limit
+    int Size = 0; ///< characters or digits; 0 without a limit
     int Scale = 0;
     bool IsNullable = true;
 };
 
-/// A table, as far as a writer of its rows must know it.
+/// The columns and keys of a table, which a row writer needs.
 struct ServerTable {
     std::vector<ServerColumn> Columns;
-    QStringList Keys; ///< columns that tell its rows apart; empty where there are none
+    QStringList Keys; ///< columns of the primary key, or of a unique index without nulls; empty
+                      ///< where there are none
 
-    /// By name, without regard to case; null for none.
+    /// The column of a name, without regard to case; null where there is none.
     const ServerColumn* Find(const QString& name) const;
     bool IsKey(const QString& name) const;
 };
 
-/// What differs from one database system to another.
+/// The statements and settings in which database systems differ.
 class Server {
 public:
     virtual ~Server();
@@ -49,32 +50,32 @@ public:
     static std::unique_ptr<Server> Named(const QString& system);
 
     const TradeForms::Dialect& Dialect() const { return dialect_; }
-    /// The schema in which the company's tables stand; empty where there are no schemas.
+    /// The schema of the company's tables; empty where the system has no schemas.
     virtual QString Schema() const { return QString(); }
 
-    /// Statements that a new connection begins with.
+    /// Statements to run on each new connection.
     virtual QStringList Settings() const = 0;
-    /// A query for the version of the company's schema: no row, or failure, where there is none.
+    /// A query for the version of the company's schema. It fails or returns no row where there is
+    /// no company.
     virtual QString VersionQuery() const = 0;
 
     /// A statement with which a transaction begins and which takes the company's write lock.
     virtual QString TakeLock() const = 0;
     virtual QString SetSavepoint() const = 0;
-    /// Empty where marks go by themselves.
+    /// Empty where savepoints need not be released.
     virtual QStringList ReleaseSavepoint() const = 0;
     virtual QStringList RollbackToSavepoint() const = 0;
-    /// Whether the transaction that was begun is open still, asked after a failure: a server
-    /// may have undone it by itself.
+    /// Whether the transaction is still open. Called after a failure, since a server may have
+    /// rolled it back by itself. Raises ProviderFailure.
     virtual bool IsTransactionOpen(OdbcLink& link) const = 0;
     /// Whether an error of this number means that another session holds a lock.
     virtual bool IsLockError(int number) const { return IsLockNumber(number); }
 
-    /// Statements before and after a transaction that reads as at one moment.
+    /// Statements before and after a read transaction.
     virtual QStringList BeforeReadTransaction() const { return {}; }
     virtual QStringList AfterReadTransaction() const { return {}; }
-    /// A statement after which rows of a table are added with the numbers that the server gives
-    /// otherwise, if such a number is among the columns; and one after which they are not. Empty
-    /// where a row may have such a number at any time.
+    /// Statements that allow and disallow explicit values for the identity column of a table, if it
+    /// is among the columns. Empty where the system always allows them.
     virtual QString EnableIdentityInsert(const QString&, const QStringList&) const
     {
         return QString();
@@ -83,33 +84,34 @@ public:
     {
         return QString();
     }
-    /// Whether a table is no part of the company: the database keeps it up by itself.
+    /// Whether a table is not part of the company's data, since the database maintains it.
     virtual bool IsSystemTable(const QString& table) const;
 
-    /// Whether a column that comes from no table is of the type that the driver tells. Where it
-    /// is not, each value tells its own.
+    /// Whether the type that the driver reports for an expression is reliable. Where it is not, the
+    /// type is determined for each value.
     virtual bool TypesExpressions() const = 0;
 
-    /// Raises ProviderFailure where a second statement begins without any sign between them.
+    /// Raises ProviderFailure where the tokens are more than one statement, also without a
+    /// semicolon.
     virtual void RequireOneStatement(const std::vector<Token>& tokens) const = 0;
 
-    // Parts of a writer's statements. Values stand as question marks.
+    // Parts of the statements of a row writer. Parameters are question marks.
 
-    /// The condition that a column has a value, and how often it takes that value.
+    /// A condition on the value of a column, and how often its text contains the parameter.
     struct Condition {
         QString Text;
         int Values = 1;
     };
     virtual Condition Equals(const ServerColumn& column) const = 0;
-    /// The same to the byte: a change of case alone is a change.
+    /// The same byte by byte, so that texts that differ in case are not equal.
     virtual Condition IsExactly(const ServerColumn& column) const = 0;
 
     virtual QString UpdateStatement(const QString& table, const QString& settings,
                                     const QString& where, bool isSingleRow) const = 0;
     virtual QString DeleteStatement(const QString& table, const QString& where,
                                     bool isSingleRow) const = 0;
-    /// Adds a row and gives the columns of the row as the table then holds it. Where one
-    /// statement cannot do both, `readBack` is the second.
+    /// A statement that inserts a row and returns columns of it as stored. Where one statement
+    /// cannot do both, ReadBack is the query for the columns.
     struct Insertion {
         QString Text;
         QString ReadBack;

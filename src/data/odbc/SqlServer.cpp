@@ -6,7 +6,7 @@ namespace TradeForms {
 
 namespace {
 
-/// A parameter comes in UTF-16. Cast to the column's own kind it can be searched by an index.
+/// Parameters are sent in UTF-16. The cast to the column's type allows an index to be used.
 QString castParameter(const ServerColumn& column)
 {
     switch (column.Type) {
@@ -33,7 +33,7 @@ bool isText(const ServerColumn& column)
     return castParameter(column).contains(QLatin1String("char"));
 }
 
-/// Where the server numbers one of these columns.
+/// Sets identity_insert for a table, if one of the columns is its identity column.
 QString setIdentityInsert(const QString& table, const QStringList& columns, const QString& how)
 {
     QStringList names;
@@ -52,19 +52,19 @@ SqlServer::SqlServer() : Server(TransactSql::Dialect()) {}
 QStringList SqlServer::Settings() const
 {
     return {
-        // Whatever the login's own language is: '01/01/2006' is the first of January, and a week
-        // begins on the same day everywhere.
+        // Independent of the login's language: '01/02/2006' is the second of January, and weeks
+        // begin on the same day.
         QStringLiteral("set language us_english"),
         QStringLiteral("set dateformat mdy"),
-        // What indexes on computed columns ask for; and a text that is too long for its column
-        // is refused rather than cut.
+        // Required for indexes on computed columns. Also, a text that is too long for its column is
+        // refused and not truncated.
         QStringLiteral("set ansi_nulls, ansi_padding, ansi_warnings, arithabort, "
                        "concat_null_yields_null, quoted_identifier on"),
         QStringLiteral("set numeric_roundabort off"),
-        // A statement that fails undoes itself and leaves the transaction open: whether all of it
-        // is undone is the form's to say.
+        // A statement that fails is undone but leaves the transaction open, which the form then
+        // ends.
         QStringLiteral("set xact_abort off"),
-        // The number of rows that a statement found tells whether another was faster.
+        // The number of affected rows shows whether another user has changed a row.
         QStringLiteral("set nocount off"),
         QStringLiteral("set transaction isolation level read committed"),
         QStringLiteral("set lock_timeout 5000"),
@@ -76,7 +76,7 @@ QString SqlServer::VersionQuery() const
     return QStringLiteral("select max(Version) from dbo.SchemaVersion having max(Version) > 0");
 }
 
-/// Where the database keeps no older versions of rows, whoever writes has to wait.
+/// Where the database allows no snapshot isolation, writers have to wait for this transaction.
 QStringList SqlServer::BeforeReadTransaction() const
 {
     return {QStringLiteral("if exists (select * from sys.databases where database_id = db_id() and "
@@ -100,7 +100,7 @@ QString SqlServer::DisableIdentityInsert(const QString& table, const QStringList
     return setIdentityInsert(table, columns, QStringLiteral("off"));
 }
 
-/// What its tools for diagrams leave in a database.
+/// The table of the server's diagram tools is not part of the company.
 bool SqlServer::IsSystemTable(const QString& table) const
 {
     return table == QLatin1String("sysdiagrams") || Server::IsSystemTable(table);

@@ -35,7 +35,7 @@ void putTime(char*& at, const Timestamp& timestamp)
 
 } // namespace
 
-/// Some drivers leave a leading zero out.
+/// Some drivers omit a leading zero.
 Cell CellOfDecimal(std::string_view digits)
 {
     const std::string_view whole = digits.substr(0, digits.find('.'));

@@ -8,16 +8,18 @@
 #include <string>
 #include <string_view>
 
-// Values of a database server as the embedded database stores them.
+// Conversion of values of a database server to the cells that the embedded database has for them.
 
 namespace TradeForms {
 
-/// The number that a decimal's digits write, such as "-.5000": a whole one is stored as such.
+/// The cell of a decimal in text form, such as "-.5000": an integer cell for a whole number,
+/// otherwise a real one.
 Cell CellOfDecimal(std::string_view digits);
-/// A number of a column of numbers: a whole one is stored as such.
+/// The cell of a floating-point number: an integer cell for a whole number below 2^53, otherwise a
+/// real one.
 Cell CellOfNumber(double number);
 
-/// A timestamp by the calendar and the clock.
+/// A date with a time of day.
 struct Timestamp {
     int Year = 0;
     int Month = 0;
@@ -27,11 +29,11 @@ struct Timestamp {
     int Second = 0;
 };
 
-/// Appends the cell of a date, or of a date and its time.
+/// Appends the cell of a date, or of a date-time, in the stored form.
 void AppendDate(std::string& row, const Timestamp& timestamp);
 void AppendDateTime(std::string& row, const Timestamp& timestamp);
 
-/// Appends the cells of texts; keeps what it needs for it from one to the next.
+/// Appends the cells of texts. It reuses its encoder and buffer from one text to the next.
 class TextAppender {
 public:
     void Append(std::string& row, QStringView text);

@@ -4,15 +4,14 @@
 
 namespace TradeForms {
 
-// The words for the user where a database server's own would leave one helpless: what to do
-// first, and then the server's.
+// Texts for the user about failures that a server's message alone does not explain: what to do,
+// followed by the server's message in `reason`.
 
 QString InUseText(const QString& reason);
 QString LostText(const QString& reason);
 QString LostInCommitText(const QString& reason);
 
-/// Whether SQL Server gives this number to one who waited for another's lock: for too long, or
-/// while that one waited for him.
+/// Whether this is the number of a SQL Server error about locks: a lock time-out or a deadlock.
 bool IsLockNumber(int number);
 
 } // namespace TradeForms

@@ -9,7 +9,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Goes through the tokens of a query.
+/// A parser for the tokens of a query.
 class QueryReader {
 public:
     explicit QueryReader(const std::vector<Token>& tokens) : tokens_(tokens) {}
@@ -58,7 +58,7 @@ private:
                               "except",   "intersect", "for",   "with"});
     }
 
-    /// Columns as they are: *, T.*, a, T.a, [a b].
+    /// Reads a list of plain columns: *, T.*, a, T.a, [a b].
     bool takeColumns()
     {
         do {
@@ -77,7 +77,7 @@ private:
         takeName();
     }
 
-    /// Whether nothing follows but a condition and an order.
+    /// Whether only a where clause and an order by clause follow.
     bool isPlainTail() const
     {
         if (isAtEnd())

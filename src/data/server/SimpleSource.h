@@ -4,9 +4,10 @@
 
 namespace TradeForms {
 
-/// The table of a statement that reads columns of one table as they are, such as
-/// `select * from T where ...`; empty for any other. Where a driver does not say where a result
-/// comes from, the columns of such a statement are the table's, under their own names.
+/// The table of a query that reads columns of one table without renaming or computing any, such as
+/// `select * from T where ...`; empty for any other statement. It replaces the base tables that
+/// some drivers do not report. Raises ProviderFailure where the statement cannot be split into
+/// tokens.
 QString TableOfSimpleQuery(const QString& statement);
 
 } // namespace TradeForms

@@ -10,7 +10,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Words that begin a statement and stand nowhere else at its outermost level.
+/// Keywords that begin a statement and occur nowhere else outside of parentheses.
 constexpr std::string_view beginnings[] = {
     "insert",  "update",  "delete",    "truncate", "drop",    "create", "alter",  "exec",
     "execute", "declare", "grant",     "revoke",   "deny",    "begin",  "commit", "rollback",
@@ -33,7 +33,8 @@ QString top(bool isSingleRow)
 QString literal(QString text, const QString& prefix)
 {
     text.replace(u'\'', QLatin1String("''"));
-    // A backslash at the end of a line would take the line's end with it.
+    // The server removes a backslash before a line end together with the line end, so the literal
+    // is split there.
     for (const char* end : {"\r\n", "\n"}) {
         const QLatin1String line(end);
         text.replace(u'\\' + line, QLatin1String("\\' + ") + prefix + u'\'' + line);
@@ -65,7 +66,7 @@ QString TransactSql::UnicodeLiteral(const QString& text)
 
 void TransactSql::RequireOneStatement(const std::vector<Token>& tokens)
 {
-    // What makes or changes routines, and a merge, hold statements of their own.
+    // Definitions of routines, and merge, contain other statements.
     if (tokens.front().IsOneOf({"create", "alter", "merge"}))
         return;
     int depth = 0;

@@ -8,41 +8,41 @@
 
 #include <vector>
 
-// SQL Server's own words, whichever way they reach it.
+// Statements of SQL Server, for both ways to reach it.
 
 namespace TradeForms {
 
-/// A name as it may stand in any statement.
+/// A name in double quotes, for use in statements.
 QString QuotedName(const QString& name);
 
 namespace TransactSql {
 
-/// Dates in the one form that no language setting misreads.
+/// The date formats that are read the same under every language setting.
 TradeForms::Dialect Dialect();
 
-/// A text as a literal: a plain one, which is in the database's own encoding, or in Unicode.
+/// A text as a string literal: in the code page of the database, or in Unicode.
 QString Literal(const QString& text);
 QString UnicodeLiteral(const QString& text);
 
-/// Raises ProviderFailure where a second statement begins: the server needs no sign between two,
-/// and would run both.
+/// Raises ProviderFailure where the tokens are more than one statement: the server needs no
+/// semicolon between two, and would run both.
 void RequireOneStatement(const std::vector<Token>& tokens);
 
-/// Takes the company's write lock within a transaction. Two who begin one wait for each other
-/// here, and those who only read do not wait.
+/// Takes the company's write lock within a transaction. Only other transactions that take it have
+/// to wait, not readers.
 QString TakeLock();
 QString SetSavepoint();
 QString RollbackToSavepoint();
-/// How many transactions are open.
+/// A query for the number of open transactions.
 QString CountTransactions();
 
-// Statements that write rows of a table whose name is quoted already. Of rows that are alike in
-// everything, one of them is written.
+// Statements that write rows of a table whose name is quoted already. With isSingleRow, only one of
+// several matching rows is written.
 
 QString UpdateStatement(const QString& table, const QString& settings, const QString& where,
                         bool isSingleRow);
 QString DeleteStatement(const QString& table, const QString& where, bool isSingleRow);
-/// Adds a row, and gives the columns that are wanted of it as the table then holds them.
+/// Inserts a row and returns columns of it as stored.
 QString InsertStatement(const QString& table, const QString& columns, const QString& values,
                         const QStringList& returned);
 

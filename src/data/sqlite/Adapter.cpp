@@ -15,11 +15,11 @@ namespace {
     RaiseBadStatement(QStringLiteral("Incorrect syntax near '%1'.").arg(FromUtf8(near)));
 }
 
-/// A function that SQLite does not have, or whose result must be told how it compares: a text
-/// without regard to case, a number also with a number that is written as text.
+/// A function that SQLite lacks, or whose result needs a collation or type for comparisons: texts
+/// compare without regard to case, numbers also with numbers in text form.
 struct Function {
     std::string_view Name;
-    std::string_view Replacement; ///< empty where the name stays as it is written
+    std::string_view Replacement; ///< empty where the name is unchanged
     std::string_view Suffix;
 };
 
@@ -58,7 +58,7 @@ const Function* functionNamed(const Token& word)
     return found == std::end(functions) ? nullptr : found;
 }
 
-/// A literal's text: without its quotes, a doubled quote being one.
+/// The value of a string literal: without its quotes, and with doubled quotes made single.
 QByteArray contentOf(std::string_view literal)
 {
     const std::string_view inner = literal.substr(1, literal.size() - 2);
@@ -76,7 +76,7 @@ public:
         AdaptedStatement result;
         if (first.IsOneOf({"exec", "execute"}))
             result.Procedure = readCall();
-        // What makes or changes tables is the host's, written for this database.
+        // Definitions of tables come from the host and are written for SQLite.
         else if (first.IsOneOf({"create", "alter", "drop"}))
             result.Text = ToBytes(text_);
         else
@@ -85,15 +85,15 @@ public:
     }
 
 private:
-    /// What is known of one pair of parentheses, the outermost level being the statement.
+    /// The state of one nesting level: of the statement, or of a pair of parentheses.
     struct Level {
         std::string_view Suffix;
         const Function* Call = nullptr;
         int Argument = 0;
-        int Cases = 0; ///< that are open
+        int Cases = 0; ///< open case expressions
         bool InSelectList = false;
-        bool AtItem = false; ///< a select item begins here
-        QByteArray Alias;    ///< of the item, given in front of it
+        bool AtItem = false; ///< at the beginning of a select item
+        QByteArray Alias;    ///< of the current item, in the form `alias = item`
     };
 
     bool isSymbolAt(std::size_t index, char sign) const
@@ -152,14 +152,14 @@ private:
 
     void put(std::string_view text) { out_.append(text.data(), qsizetype(text.size())); }
 
-    /// Copies what has not been copied yet, up to this place.
+    /// Copies the text that has not been copied yet, up to an address.
     void copyTo(const char* end)
     {
         out_.append(copied_, end - copied_);
         copied_ = end;
     }
 
-    /// Puts something else in a token's place.
+    /// Replaces a token.
     void replace(const Token& token, std::string_view text)
     {
         copyTo(token.Text.data());
@@ -195,8 +195,8 @@ private:
         }
     }
 
-    /// Follows a select list; true where the token is the alias in front of an item, which is
-    /// taken off and put behind the item.
+    /// Tracks a select list. Returns true where the token was an alias in front of an item, which
+    /// is written behind the item as `AS alias`.
     bool rewriteSelectItem(std::size_t& at)
     {
         Level& level = levels_.back();
@@ -259,7 +259,7 @@ private:
         }
     }
 
-    /// An alias may follow a parenthesis without a blank.
+    /// Adds a suffix after a parenthesis, and a blank where an alias follows directly.
     void putSuffix(std::string_view suffix, std::size_t parenthesis)
     {
         put(suffix);
@@ -274,7 +274,8 @@ private:
         const Token& token = tokens_[at];
         Level& level = levels_.back();
         if (token.IsWord("dbo") && isSymbolAt(at + 1, '.')) {
-            // What stood apart must not meet: it might begin a comment, or make two literals one.
+            // Separate tokens must not become adjacent: they might begin a comment or join two
+            // literals.
             const bool isApart = at == 0 || isSymbolAt(at - 1, '(') || isSymbolAt(at - 1, ',');
             replace(token, isApart || *(token.Text.data() - 1) == ' ' ? "" : " ");
             replace(tokens_[++at], "");
@@ -298,7 +299,8 @@ private:
         } else if (token.IsWord("end") && level.Cases > 0) {
             --level.Cases;
             copy(token);
-            // A call around it tells how its own result compares.
+            // Where this is an argument of a call, the call defines the collation of its own
+            // result.
             if (!level.Call)
                 put(asText);
         } else {
@@ -306,10 +308,10 @@ private:
         }
     }
 
-    /// A company keeps the vouchers of years and is asked for those of some days. Nothing tells
-    /// SQLite so: left to itself it may begin with the rows of all vouchers, and look at the date
-    /// last. Beside a subquery nothing is said: SQLite would take the vouchers for one, and read
-    /// all rows of the subquery for each of them.
+    /// Marks a date range as unlikely. A company has the vouchers of years, and a range covers a
+    /// few days of them; without the hint SQLite may join the rows of all vouchers first and filter
+    /// by date last. Statements with a subquery get no hint: SQLite would expect very few vouchers
+    /// and scan the subquery for each of them.
     void rewriteDateRange(std::size_t& where)
     {
         const std::size_t end = endOfDateRange(where + 1);
@@ -324,8 +326,8 @@ private:
         where = end - 1;
     }
 
-    /// The token behind a name and `between '2026-01-01' and '2026-01-31'`, where that is a
-    /// condition of its own; 0 where it is not.
+    /// The index of the token after `name between '2026-01-01' and '2026-01-31'`, where that is a
+    /// whole condition; otherwise 0.
     std::size_t endOfDateRange(std::size_t name) const
     {
         if (isSymbolAt(name + 1, '.'))
@@ -355,7 +357,7 @@ private:
         return DateTimeFromText(ViewOf(content));
     }
 
-    /// A bare word as a literal, kept from those that stand beside it without a blank.
+    /// Writes a word as a string literal, separated from adjacent literals.
     void replaceByLiteral(std::size_t at)
     {
         const Token& token = tokens_[at];
@@ -372,7 +374,7 @@ private:
         if (!nextCall_->Replacement.empty())
             return replace(token, nextCall_->Replacement);
         copy(token);
-        // A call around it tells how its own result compares.
+        // Where this is an argument of a call, the call defines the collation of its own result.
         if (around.Call)
             nextCall_ = nullptr;
     }
@@ -389,7 +391,7 @@ private:
             level.Call = &isnullOfDate;
     }
 
-    /// A text that stands in for a date which is null is a date.
+    /// The second argument of isnull(date, text) is written in the stored form of dates.
     void rewriteLiteral(const Token& token)
     {
         if (levels_.back().Call == &isnullOfDate) {

@@ -9,20 +9,20 @@
 
 namespace TradeForms {
 
-/// A statement of the server's dialect made ready for SQLite.
+/// A statement in the server's dialect, rewritten for SQLite.
 struct AdaptedStatement {
     /// A call of a procedure, `exec P 'a', 1`.
     struct Call {
         QByteArray Name;
-        QList<QByteArray> Arguments; ///< texts without their quotes, numbers as written
+        QList<QByteArray> Arguments; ///< string literals without their quotes, numbers as written
     };
 
     QByteArray Text;
-    std::optional<Call> Procedure; ///< with one, there is no text
+    std::optional<Call> Procedure; ///< where it is set, Text is empty
 };
 
-/// Rewrites one statement. Literals, quoted names and comments stand as they are. Raises
-/// ProviderFailure where the text is no whole statement, or more than one.
+/// Rewrites one statement. Literals, quoted names and comments are unchanged. Raises
+/// ProviderFailure where the text is not exactly one complete statement.
 AdaptedStatement AdaptStatement(const QByteArray& text);
 
 } // namespace TradeForms

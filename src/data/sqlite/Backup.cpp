@@ -18,7 +18,7 @@ namespace TradeForms {
 
 namespace {
 
-/// Who works in a company holds it all day; there is no sense in waiting long.
+/// Other programs keep a company open all day, so that waiting longer would not help.
 constexpr std::chrono::milliseconds briefWait{1000};
 
 QString timestamp(const QDateTime& moment)
@@ -26,7 +26,7 @@ QString timestamp(const QDateTime& moment)
     return moment.toString(QStringLiteral("yyyyMMdd-HHmmss"));
 }
 
-/// The company's log is a part of it that has a name of its own.
+/// The target must not be one of the company's log files either.
 void requireOtherFile(const QString& company, const QString& target)
 {
     for (const char* ending : {"", "-wal", "-shm", "-journal"})
@@ -35,7 +35,7 @@ void requireOtherFile(const QString& company, const QString& target)
                              target);
 }
 
-/// Checks a file that nobody else knows yet, or that nobody changes.
+/// Verifies a file in one read transaction.
 VerifiedCompany verify(const QString& file, const OnProgress& onProgress)
 {
     const auto engine = OpenCompanyToRead(file);
@@ -45,15 +45,15 @@ VerifiedCompany verify(const QString& file, const OnProgress& onProgress)
             CountRows(*engine, onProgress)};
 }
 
-/// Holds a company so that nobody else has it open; null where there is none to hold, or none
-/// that could be opened. Raises Failure where somebody has it open.
+/// Opens a company with an exclusive lock. Returns null where there is no file, or none that can be
+/// opened as a database. Raises Failure where another program has it open.
 std::unique_ptr<SqliteEngine> lockExclusively(const QString& file)
 {
     if (!QFileInfo::exists(file))
         return nullptr;
     try {
         auto engine = OpenFile(file, briefWait);
-        // The log is brought in first, so that the company is the one file.
+        // Leaving WAL mode writes the log into the database, so that the company is one file.
         RunScript(engine->Raw(), "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
         return engine;
     } catch (const ProviderFailure& failure) {
@@ -70,17 +70,16 @@ std::unique_ptr<SqliteEngine> lockExclusively(const QString& file)
     }
 }
 
-/// Ends what keeps others out of a file that is about to be replaced. Elsewhere than on Windows
-/// that goes on until the new one stands there.
+/// Releases the lock on a file before it is replaced, where the system requires that.
 void releaseForReplace([[maybe_unused]] std::unique_ptr<SqliteEngine>& held)
 {
 #ifdef Q_OS_WIN
-    // An open file cannot be replaced there, which keeps others out as well.
+    // On Windows an open file cannot be replaced.
     held.reset();
 #endif
 }
 
-/// Copies a company into a part file and verifies the copy.
+/// Copies a company to a part file and verifies the copy. Raises Failure.
 VerifiedCompany copyVerified(SqliteEngine& source, PartFile& part, const OnProgress& onProgress)
 {
     const QString name = QString::fromUtf8(sqlite3_db_filename(source.Raw(), "main"));
@@ -103,9 +102,8 @@ VerifiedCompany copyVerified(SqliteEngine& source, PartFile& part, const OnProgr
     }
 }
 
-/// The company that has to make room: it gets another name, and gets its own back where it is
-/// not to be replaced after all. Its log goes with it, where it could not be brought in: beside
-/// another company it would be taken for that one's.
+/// Renames the company that is to be replaced, and renames it back in the destructor unless Keep
+/// was called. Its log files are renamed with it: SQLite would apply them to the new company.
 class FormerCompany {
 public:
     explicit FormerCompany(const QString& file) : file_(file), former_(freeName(file))
@@ -124,13 +122,14 @@ public:
         try {
             restore();
         } catch (const Failure&) {
-            // It is there still, under its other name; the failure that led here is on its way.
+            // The company still exists under its other name. The failure that caused this is
+            // reported.
         }
     }
     FormerCompany(const FormerCompany&) = delete;
     FormerCompany& operator=(const FormerCompany&) = delete;
 
-    /// Empty where no company stood there.
+    /// The new name; empty where there was no company.
     QString Former() const { return hasCompany_ ? former_ : QString(); }
     void Keep() { isKept_ = true; }
 
@@ -154,11 +153,11 @@ private:
                 MoveOver(from + QLatin1String(ending), to + QLatin1String(ending));
     }
 
-    /// Where the disk knows second names, the company is at no moment without its own.
+    /// With a hard link, the company never lacks its own name, even if the program is killed.
     bool createHardLink() const
     {
 #ifdef Q_OS_WIN
-        // Nobody who has it open keeps it from getting one there, only from losing one.
+        // A program that has the file open would prevent the later rename, but not the link.
         return false;
 #else
         std::error_code error;
@@ -186,8 +185,8 @@ private:
     bool isKept_ = false;
 };
 
-/// The restored company as a workstation opens it, which brings an older one up to date and may
-/// give it further tables.
+/// Opens the restored company as a workstation does, which upgrades an older one, and compares the
+/// row counts. Raises Failure.
 VerifiedCompany verifyInPlace(const QString& company, const QList<TableCount>& expected)
 {
     OpenCompanyFile(company);
@@ -230,7 +229,7 @@ VerifiedCompany BackUpCompany(const QString& company, const QString& target, Exi
     requireOtherFile(company, target);
     PartFile part(target, existing);
     auto former = lockExclusively(part.Place());
-    // With a log, those who save do not wait for those who read.
+    // In WAL mode writers do not wait for readers.
     if (sqlite3_db_readonly(source->Raw(), "main") == 0)
         RunScript(source->Raw(), "PRAGMA journal_mode = WAL");
     VerifiedCompany copy = copyVerified(*source, part, onProgress);
@@ -273,7 +272,7 @@ QStringList RemoveOlderBackups(const QString& folder, const QString& company, in
     const QString stem = backupStem(company);
     static const QString ending = QStringLiteral(".db");
     QStringList backups;
-    // Their names are in the order of their age.
+    // The names sort by age.
     for (const QString& name : dir.entryList(QDir::Files, QDir::Name)) {
         if (!name.startsWith(stem))
             continue;

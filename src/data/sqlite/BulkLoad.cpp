@@ -17,8 +17,8 @@ QList<QByteArray> readTexts(sqlite3* handle, const QByteArray& query)
     return texts;
 }
 
-// A sort takes as much memory as the cache, and the rest of it goes to a file: ten million texts
-// would not fit. Failed statements are still undone.
+// Sorting uses as much memory as the cache and a file for the rest, since millions of texts would
+// not fit. The journal in memory still undoes failed statements.
 constexpr const char* loadSettings = "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF;"
                                      "PRAGMA cache_size = -131072; PRAGMA temp_store = FILE;"
                                      "PRAGMA user_version = 0;";
@@ -45,7 +45,7 @@ void BulkLoad::requireEmpty() const
     }
 }
 
-/// Indexes that belong to a key stay: they have no definition of their own.
+/// Indexes of keys remain: SQLite has no definition for them.
 void BulkLoad::dropIndexesAndTriggers()
 {
     const QByteArray kept = " FROM sqlite_master WHERE type IN ('index', 'trigger')"

@@ -9,18 +9,17 @@
 
 namespace TradeForms {
 
-/// Fills an empty company file with a great many rows. While this lives, rows are written
-/// without their indexes and without waiting for the disk, and the file cannot be opened: it is
-/// marked as one that holds no company. Finish makes it whole.
+/// Bulk load of an empty company file. Until Finish, rows are written without indexes and without
+/// waiting for the disk, and the file is marked as no company, so that it cannot be opened.
 class BulkLoad {
 public:
-    /// Raises ProviderFailure where the file holds rows already.
+    /// Drops indexes and triggers. Raises ProviderFailure where the file holds rows already.
     explicit BulkLoad(sqlite3* handle);
     BulkLoad(const BulkLoad&) = delete;
     BulkLoad& operator=(const BulkLoad&) = delete;
 
-    /// Makes the indexes and whatever else follows from the rows, telling how many of how many
-    /// steps are done, and sees to it that all is on the disk.
+    /// Creates indexes, triggers and derived rows, calls `progress` after each step, and writes
+    /// everything to the disk. Raises ProviderFailure.
     void Finish(const std::function<void(int done, int steps)>& progress);
 
 private:
@@ -28,7 +27,7 @@ private:
     void dropIndexesAndTriggers();
 
     sqlite3* handle_;
-    QList<QByteArray> definitions_; ///< of the indexes and triggers that were put aside
+    QList<QByteArray> definitions_; ///< of the dropped indexes and triggers
 };
 
 } // namespace TradeForms

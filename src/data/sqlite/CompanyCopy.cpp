@@ -12,9 +12,9 @@ namespace TradeForms {
 
 namespace {
 
-/// Of 4 KiB each: some milliseconds' work, so that a user's wish to stop is soon heard.
+/// Pages of 4 KiB between two calls of the progress callback; some milliseconds of work.
 constexpr int pagesPerStep = 1024;
-/// Of SQLite's machine, between two questions whether to go on.
+/// Instructions of the virtual machine between two calls of the progress callback.
 constexpr int instructionsPerCheck = 20'000;
 constexpr int maxListedErrors = 10;
 
@@ -23,7 +23,8 @@ struct FinishBackup {
 };
 using Backup = std::unique_ptr<sqlite3_backup, FinishBackup>;
 
-/// Asks now and then, while one statement runs, whether to go on.
+/// Calls the progress callback while a statement runs, and interrupts the statement where it
+/// returns false.
 class CancelCheck {
 public:
     CancelCheck(sqlite3* handle, const OnProgress& onProgress, WorkProgress progress)
@@ -48,7 +49,7 @@ private:
     WorkProgress progress_;
 };
 
-/// Runs work that a CancelCheck may stop.
+/// Runs work that a CancelCheck may interrupt. Raises CancelledFailure then.
 template <class Work> auto cancellable(Work work)
 {
     try {
@@ -84,7 +85,7 @@ Handle openEmpty(const QString& file)
     if (result != SQLITE_OK)
         throw Failure(
             QStringLiteral("'%1' could not be created.").arg(QDir::toNativeSeparators(file)));
-    // What is not whole is thrown away; there is nothing to roll back to.
+    // An incomplete copy is deleted, so that no journal is needed.
     RunScript(raw, "PRAGMA journal_mode = OFF");
     return handle;
 }
@@ -106,7 +107,7 @@ void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onP
     backup.reset();
     if (result != SQLITE_DONE)
         raiseCopyFailure(result, from, file);
-    // The copy says of itself, as its source does, that a log belongs to it.
+    // The copy is in WAL mode as its source, and must not need a log file.
     RunScript(to.get(), "PRAGMA synchronous = FULL; PRAGMA journal_mode = DELETE");
 }
 

@@ -8,16 +8,16 @@
 
 namespace TradeForms {
 
-/// Copies a database page by page into a file that stands alone: one file, that any reader can
-/// open, also where nothing can be written. Within a ReadTransaction of the source what is saved
-/// meanwhile does not begin the copy anew. Raises Failure, CancelledFailure.
+/// Copies a database page by page to a single file without log files, which can be opened where
+/// nothing can be written. To be called within a ReadTransaction of the source, so that changes
+/// made meanwhile do not restart the copy. Raises Failure, CancelledFailure.
 void CopyDatabase(SqliteEngine& from, const QString& file, const OnProgress& onProgress);
 
-/// Reads the whole file through and compares its parts with each other. Raises Failure with what
-/// is damaged, CancelledFailure.
+/// Runs an integrity check of the whole file. Raises ProviderFailure that lists the damage,
+/// CancelledFailure.
 void CheckDatabase(SqliteEngine& engine, const QString& file, const OnProgress& onProgress);
 
-/// The rows of each table of the company, by the tables' names. Raises ProviderFailure,
+/// The number of rows of each table of the company, sorted by table. Raises ProviderFailure,
 /// CancelledFailure.
 QList<TableCount> CountRows(SqliteEngine& engine, const OnProgress& onProgress);
 

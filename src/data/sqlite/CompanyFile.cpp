@@ -15,7 +15,7 @@ namespace TradeForms {
 
 namespace {
 
-// Stands in the schema script as well, which writes it into a new file.
+// The same number is in the schema script, which sets it in a new file.
 constexpr qint64 applicationId = 0x5464466D;
 
 void requireWritableFolder(const QFileInfo& info)
@@ -31,7 +31,7 @@ void requireWritableFolder(const QFileInfo& info)
             info.absoluteFilePath(), SQLITE_READONLY_DIRECTORY);
 }
 
-/// Without a log to complete it, a file consists of whole pages.
+/// Without a log file, the size of a database is a multiple of the page size.
 void requireWholePages(sqlite3* handle, const QFileInfo& info)
 {
     const qint64 pageSize = ReadInteger(handle, "PRAGMA page_size");
@@ -54,7 +54,7 @@ void requireCompany(sqlite3* handle, const QString& file)
             QStringLiteral("'%1' was made by a newer version of this program. Install that "
                            "version to open it."),
             file, SQLITE_SCHEMA);
-    // One of an older version is looked at when it has been brought up to date.
+    // The schema of an older version is checked after the upgrade.
     if (version == schemaVersion)
         RequireCompanySchema(handle, QDir::toNativeSeparators(file));
 }
@@ -75,8 +75,8 @@ QByteArray definitionOf(sqlite3* handle, const SchemaObject& object)
     return Step(read.get()) ? ReadBytes(read.get(), 0) : QByteArray();
 }
 
-/// Makes what an older company lacks, and anew what is defined otherwise by now. Tables that are
-/// there keep their rows and columns, and whatever a host has added stays.
+/// Creates the objects that an older company lacks, and replaces views, indexes and triggers whose
+/// definition has changed. Existing tables and objects of a host are unchanged.
 void createSchemaObjects(sqlite3* handle)
 {
     for (const SchemaObject& object : SchemaObjectsOf(SchemaInMemory().get())) {
@@ -91,8 +91,8 @@ void createSchemaObjects(sqlite3* handle)
     }
 }
 
-/// Brings a company of an older version up to date, all or nothing. Of two who open it at once
-/// the second finds it done.
+/// Upgrades a company of an older schema version in one transaction. Where two programs open it at
+/// once, the second finds it upgraded.
 void upgrade(SqliteEngine& engine, const QString& file)
 {
     sqlite3* handle = engine.Raw();
@@ -126,7 +126,7 @@ std::unique_ptr<Engine> create(const QString& file, const QByteArray& script)
     if (info.exists())
         RaiseFileFailure(QStringLiteral("'%1' exists already."), path, SQLITE_CANTOPEN);
     requireWritableFolder(info);
-    // Whoever comes second, of two who make the same file at once, is refused here.
+    // Fails for the second of two programs that create the same file at once.
     if (QFile place(path); !place.open(QIODevice::WriteOnly | QIODevice::NewOnly))
         RaiseFileFailure(QStringLiteral("'%1' could not be created."), path, SQLITE_CANTOPEN);
 
@@ -145,7 +145,7 @@ std::unique_ptr<Engine> create(const QString& file, const QByteArray& script)
 
 bool IsWritable(const QFileInfo& info)
 {
-    // WriteUser would tell what this user can do, as isWritable does.
+    // Without WriteUser, which describes what this user may do, as isWritable does.
     const auto marks = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return info.isWritable() && (info.permissions() & marks);
 }

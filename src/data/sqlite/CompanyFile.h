@@ -14,40 +14,41 @@ namespace TradeForms {
 
 class SqliteEngine;
 
-/// How long another process that holds a lock is waited for.
+/// The default time to wait for a lock of another process.
 constexpr std::chrono::milliseconds defaultLockWait{5000};
 
-/// Opens a company file. Raises ProviderFailure with words for the user where it is missing, no
-/// company, of a newer version, read-only or cannot be opened.
+/// Opens a company file and upgrades an older one. Raises ProviderFailure with a text for the user
+/// where it is missing, is no company, has a newer version, is read-only, damaged or cannot be
+/// opened.
 std::unique_ptr<Engine> OpenCompanyFile(const QString& file,
                                         std::chrono::milliseconds lockWait = defaultLockWait);
 
-/// Opens a file as OpenCompanyFile does, but only to read it: it may be read-only, and is left in
-/// the form in which it is.
+/// Opens a company file for reading only: it may be read-only, and is neither configured nor
+/// upgraded. Raises ProviderFailure as OpenCompanyFile does.
 std::unique_ptr<SqliteEngine>
 OpenCompanyToRead(const QString& file, std::chrono::milliseconds lockWait = defaultLockWait);
 
-/// Opens a file without asking what is in it. Raises ProviderFailure.
+/// Opens a database file without checking its contents. Raises ProviderFailure.
 std::unique_ptr<SqliteEngine> OpenFile(const QString& file, std::chrono::milliseconds lockWait);
 
-/// Whether a file or folder may be written. An administrator may write to what is marked
-/// read-only as well, and is told all the same: the mark is there for a reason.
+/// Whether a file or folder may be written. Returns false for one that is marked read-only also
+/// where the user is an administrator, who could write to it.
 bool IsWritable(const QFileInfo& info);
 
-/// Makes a company file, which must not exist, with the schema in it. Raises ProviderFailure.
+/// Creates a company file, which must not exist, with the schema. Raises ProviderFailure.
 std::unique_ptr<Engine> CreateCompanyFile(const QString& file);
-/// The same with the schema that another file has, a host's own tables included.
+/// The same with the schema of another company, including tables of a host.
 std::unique_ptr<Engine> CreateCompanyFileLike(SqliteEngine& model, const QString& file);
 
-/// Sets what a company is worked on with: a commit is on the disk when it returns; readers and a
-/// writer do not hinder each other. All that was written before is on the disk as well then.
+/// Sets durable commits and WAL mode, in which readers and a writer do not block each other, and
+/// sizes of caches. Raises ProviderFailure.
 void ConfigureCompany(sqlite3* handle);
 
-/// Marks the file as a whole company of this version.
+/// Sets the schema version, which marks the file as a complete company.
 void MarkAsCompany(sqlite3* handle);
 
-/// Works out anew how much there is of each product in each branch. The schema's triggers keep
-/// it from then on.
+/// Recalculates the stock of each product in each branch, which triggers keep up to date
+/// afterwards. Raises ProviderFailure.
 void FillStockLevels(sqlite3* handle);
 
 } // namespace TradeForms

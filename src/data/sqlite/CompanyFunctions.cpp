@@ -10,8 +10,8 @@ namespace TradeForms {
 
 namespace {
 
-// Amounts have four decimals, as on the server. The sums are rounded to them, so that an account
-// that is paid off owes nothing rather than a trifle.
+// Sums are rounded to four decimals, the scale of amounts on the server, so that the balance of an
+// account that is paid off is exactly 0.
 
 constexpr const char* balanceQuery =
     "SELECT round(ifnull(h.TotalAmount, 0)"
@@ -26,7 +26,7 @@ constexpr const char* productQuery =
     " JOIN Products p ON p.ProductID = b.ProductID"
     " WHERE b.InsCustomerID = ?1 AND p.ProductName IS NOT NULL ORDER BY b.serialno";
 
-// One search for each of the two indexes.
+// One query for each of the two indexes.
 constexpr const char* customerQuery =
     "SELECT InsCustomerID FROM ("
     " SELECT serialno, InsCustomerID FROM InsCustomerBody WHERE EngineNo = ?1"
@@ -89,7 +89,7 @@ void resultCell(sqlite3_context* context, const Cell& cell)
     }
 }
 
-/// The first column of the only row as the function's result; null without a row.
+/// Sets the function's result to the first column of the first row; null without a row.
 void resultOf(sqlite3_context* context, sqlite3_stmt* statement, std::string_view argument)
 {
     const ResetAtEnd reset(statement);
@@ -214,7 +214,7 @@ void CompanyFunctions::installmentBalances(const QByteArray& date)
 void CompanyFunctions::recoveryPrize(const QByteArray& area, const QByteArray& month)
 {
     const QDate day = dateArgument(month);
-    // What lies before the first of the month lies on or before the day before it.
+    // The balances are those at the end of the previous month.
     const QByteArray last = StoredText(QDate(day.year(), day.month(), 1).addDays(-1));
     emptyBalances();
     sqlite3_stmt* statement = prepared(areaBalances_, QByteArray(insertBalances) + accountsOfArea);

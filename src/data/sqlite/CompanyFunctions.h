@@ -8,9 +8,8 @@
 
 namespace TradeForms {
 
-/// The functions and procedures that stand in the company's database: what an account owes, what
-/// was sold on it, who holds a unit, what a person has been lent. Other than on a server they
-/// live in the program on this engine.
+/// The functions and procedures that a server has in the company's database, and this engine in the
+/// program: balances, products and holders of accounts, and advances of staff.
 class CompanyFunctions {
 public:
     /// Registers the functions. Raises ProviderFailure.
@@ -18,12 +17,12 @@ public:
     CompanyFunctions(const CompanyFunctions&) = delete;
     CompanyFunctions& operator=(const CompanyFunctions&) = delete;
 
-    /// Runs a procedure, within a transaction that the caller keeps. Raises ProviderFailure,
-    /// also where there is none of that name or the arguments do not fit.
+    /// Runs a procedure within a transaction of the caller. Raises ProviderFailure, also where
+    /// there is no procedure of that name or it takes other arguments.
     void Call(const QByteArray& name, const QList<QByteArray>& arguments);
 
 private:
-    /// One of the statements that the bodies are made of, prepared when it is first used.
+    /// Prepares a statement at its first use.
     sqlite3_stmt* prepared(PreparedStatement& statement, const QByteArray& text);
 
     void currentBalance(sqlite3_context* context, std::string_view account);

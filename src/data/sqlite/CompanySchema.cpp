@@ -18,7 +18,7 @@ const QList<SchemaObject>& expectedSchema()
     return schema;
 }
 
-/// Whether a table's text is the one that made it, or that with further columns put in at one
+/// Whether the definition of a table is the expected one, or that with columns inserted at one
 /// place, as `alter table` does.
 bool isExtended(const QByteArray& made, const QByteArray& found)
 {
@@ -27,7 +27,7 @@ bool isExtended(const QByteArray& made, const QByteArray& found)
         return found == made;
     const auto end = std::mismatch(made.begin(), made.end(), found.begin()).first;
     const qsizetype same = end - made.begin();
-    // Where a comma follows in both, the columns seem to be put in behind it.
+    // The inserted text begins with a comma, or follows one.
     const bool isColumn = found[same] == ',' || (same > 0 && found[same - 1] == ',');
     return isColumn &&
            QByteArrayView(found).sliced(same + added) == QByteArrayView(made).sliced(same);
@@ -64,10 +64,10 @@ QList<SchemaObject> SchemaObjectsOf(sqlite3* handle)
 
 void RequireCompanySchema(sqlite3* handle, const QString& file)
 {
-    // With it, a write would take pages for something else than they are.
+    // A changed auto_vacuum setting would make writes corrupt pages.
     if (ReadInteger(handle, "PRAGMA auto_vacuum") != 0)
         raiseDamaged(file, QStringLiteral("its head is not as it was made"));
-    // No two tables or indexes begin at one page.
+    // Two tables or indexes cannot have the same root page.
     if (ReadInteger(handle, "SELECT count(rootpage) - count(DISTINCT rootpage) FROM sqlite_schema "
                             "WHERE rootpage > 0") != 0)
         raiseDamaged(file, QStringLiteral("two of its tables are one"));

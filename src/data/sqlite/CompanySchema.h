@@ -25,9 +25,9 @@ struct SchemaObject {
 /// can define by no statement, such as the index of a key, is left out. Raises ProviderFailure.
 QList<SchemaObject> SchemaObjectsOf(sqlite3* handle);
 
-/// Makes sure that an open file holds the tables, views and indexes of a company as this program
-/// makes them. More tables, and more columns in those of the company, are the host's own, and an
-/// index may lack. Raises ProviderFailure for anything else: the file is damaged.
+/// Raises ProviderFailure where a file does not have the tables, views and triggers of the schema,
+/// since it is damaged then. Further tables, further columns and missing
+/// indexes are accepted.
 void RequireCompanySchema(sqlite3* handle, const QString& file);
 
 } // namespace TradeForms

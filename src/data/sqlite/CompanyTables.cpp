@@ -26,7 +26,7 @@ QStringList names(SqliteEngine& model, const char* query, const QString& of)
     return found;
 }
 
-/// The primary key; without one, a unique index on columns that are never null.
+/// The columns of the primary key; without one, of a unique index on columns that are not nullable.
 QStringList keysOf(SqliteEngine& model, const QString& table)
 {
     const QStringList primary =

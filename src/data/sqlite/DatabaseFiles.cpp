@@ -53,7 +53,7 @@ void MoveOver(const QString& file, const QString& place)
     std::filesystem::rename(QFileInfo(file).filesystemAbsoluteFilePath(),
                             QFileInfo(place).filesystemAbsoluteFilePath(), error);
 #ifdef Q_OS_WIN
-    // What somebody has open cannot be moved there, nor replaced.
+    // On Windows an open file can neither be renamed nor replaced.
     if (error.value() == ERROR_SHARING_VIOLATION || error.value() == ERROR_ACCESS_DENIED)
         RaiseInUse(QFileInfo::exists(place) ? place : file);
 #endif

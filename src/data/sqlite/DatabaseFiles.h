@@ -6,7 +6,7 @@
 
 namespace TradeForms {
 
-/// Raises Failure with a description in which %1 stands for the file.
+/// Raises Failure with a description in which %1 is replaced by the file.
 [[noreturn]] void RaiseFileFailure(const QString& description, const QString& file);
 /// The same as a ProviderFailure with one of SQLite's error codes.
 [[noreturn]] void RaiseFileFailure(const QString& description, const QString& file, int code);
@@ -20,7 +20,7 @@ bool IsSameFile(const QString& first, const QString& second);
 /// removed.
 bool RemoveDatabase(const QString& file);
 
-/// Renames a file to a place, over a file that stands there already. Raises Failure.
+/// Renames a file, and replaces a file that exists under the new name. Raises Failure.
 void MoveOver(const QString& file, const QString& place);
 
 } // namespace TradeForms

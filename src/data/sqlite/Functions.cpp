@@ -34,8 +34,8 @@ void failAsDate(sqlite3_context* context, std::string_view text)
     fail(context, "'" + ToBytes(text) + "' is not a date.");
 }
 
-/// Uses the pattern that is the first argument: compiled once for all rows of a statement, where
-/// it is a constant.
+/// Passes the compiled pattern of the first argument to `use`. A constant pattern is compiled once
+/// for all rows of a statement.
 template <class Use>
 void withPattern(sqlite3_context* context, sqlite3_value* value, char32_t escape, Use use)
 {
@@ -75,8 +75,7 @@ void patindex(sqlite3_context* context, int, sqlite3_value** values)
     });
 }
 
-/// The number of characters that left and right are asked for; -1 where there can be none so
-/// many, which is an error of the statement.
+/// The length argument of left and right; -1 for a negative one, which is an error.
 int lengthArgument(sqlite3_value* value)
 {
     return int(
@@ -106,14 +105,14 @@ void right(sqlite3_context* context, int, sqlite3_value** values)
     ResultText(context, text.substr(ByteOfCharacter(text, skipped)));
 }
 
-/// Blanks at the end do not count.
+/// len(text): the number of characters without trailing blanks.
 void len(sqlite3_context* context, int, sqlite3_value** values)
 {
     if (!isNull(values[0]))
         sqlite3_result_int(context, TextLength(WithoutTrailingBlanks(ViewOf(values[0]))));
 }
 
-/// day, month and year of a date, by the part that the function stands for.
+/// day(date), month(date) and year(date).
 template <int (QDate::*Part)() const>
 void datePart(sqlite3_context* context, int, sqlite3_value** values)
 {
@@ -151,7 +150,8 @@ QDateTime added(const QDateTime& moment, const QString& part, qint64 count)
     return QDateTime();
 }
 
-/// dateadd(part, count, date): a date stays a date where no time comes in.
+/// dateadd(part, count, date). The result is a date where the argument is one and the result has no
+/// time.
 void dateadd(sqlite3_context* context, int, sqlite3_value** values)
 {
     if (isNull(values[1]) || isNull(values[2]))

@@ -15,7 +15,7 @@ QString fileOf(sqlite3* handle)
     return QDir::toNativeSeparators(QString::fromUtf8(sqlite3_db_filename(handle, "main")));
 }
 
-/// What follows the colon of a constraint's message: "Salaries.StaffID, Salaries.SalaryMonth".
+/// The columns in the message of a constraint: "Salaries.StaffID, Salaries.SalaryMonth".
 QString subjectOf(const QString& message)
 {
     return message.section(QStringLiteral(": "), 1);
@@ -39,7 +39,7 @@ QString constraintText(int code, const QString& message)
 QString textFor(sqlite3* handle, int code)
 {
     const QString message = QString::fromUtf8(sqlite3_errmsg(handle));
-    // By whoever restores a backup, for one.
+    // For example when a backup was restored.
     if (code == SQLITE_READONLY_DBMOVED)
         return QStringLiteral("'%1' was replaced while it was open. Open it again.")
             .arg(fileOf(handle));
@@ -70,7 +70,7 @@ QString textFor(sqlite3* handle, int code)
     }
 }
 
-/// Whether only blanks, comments and semicolons stand here.
+/// Whether a text consists of blanks, comments and semicolons only.
 bool isBlank(sqlite3* handle, const char* text, const char* end)
 {
     while (text < end) {
@@ -168,7 +168,7 @@ void BindText(sqlite3_stmt* statement, int parameter, std::string_view text)
 
 Cell ReadColumn(sqlite3_stmt* statement, int column)
 {
-    // One access to the column instead of three; the value is used on this thread alone.
+    // One access to the column instead of three. An unprotected value may be used on one thread.
     sqlite3_value* const value = sqlite3_column_value(statement, column);
     switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:

@@ -10,7 +10,7 @@
 #include <memory>
 #include <string_view>
 
-// The little that the C API lacks of C++: owners, views and failures.
+// RAII handles, typed access and exceptions for the SQLite C API.
 
 namespace TradeForms {
 
@@ -24,7 +24,7 @@ struct FinalizeStatement {
 };
 using PreparedStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// Resets a statement when it has been read, or not read to its end.
+/// Resets a statement and its parameters at the end of a scope.
 class ResetAtEnd {
 public:
     explicit ResetAtEnd(sqlite3_stmt* statement) : statement_(statement) {}
@@ -40,37 +40,38 @@ private:
     sqlite3_stmt* statement_;
 };
 
-/// The words for the user about a file that is damaged in the way told.
+/// The text for the user about a damaged file.
 QString DamagedText(const QString& file, const QString& damage);
 
-/// Raises ProviderFailure with words for the user for what the handle last reported.
+/// Raises ProviderFailure with a text for the user for the last error of a connection.
 [[noreturn]] void RaiseSqlite(sqlite3* handle);
 
-/// Prepares one statement. Raises ProviderFailure, also where text follows the statement's end
-/// and where there is none.
+/// Prepares one statement; isPersistent is for one that is kept long. Raises ProviderFailure, also
+/// where the text holds more than one statement or none.
 PreparedStatement Prepare(sqlite3* handle, const QByteArray& text, bool isPersistent = true);
 
-/// Steps; true for a row, false for the end. Raises ProviderFailure.
+/// Steps a statement. Returns true for a row and false at the end. Raises ProviderFailure.
 bool Step(sqlite3_stmt* statement);
 
-/// Runs a script of statements that give no rows. Raises ProviderFailure.
+/// Runs a script of statements without results. Raises ProviderFailure.
 void RunScript(sqlite3* handle, const char* script);
 
-/// Number of the first column of the first row, 0 where there is none.
+/// Runs a query. Returns the first column of the first row as a number, 0 where there is none.
+/// Raises ProviderFailure.
 qint64 ReadInteger(sqlite3* handle, const QByteArray& query);
 
-/// Binds a cell; its bytes must live until the statement is reset.
+/// Binds a cell or a text to a parameter. The bytes must exist until the statement is reset.
 void BindCell(sqlite3_stmt* statement, int parameter, const Cell& cell);
 void BindText(sqlite3_stmt* statement, int parameter, std::string_view text);
 
-/// A column of the current row; its bytes live until the next step.
+/// A column of the current row; its bytes are valid until the next step.
 Cell ReadColumn(sqlite3_stmt* statement, int column);
 
-/// A column of the current row as text; its own copy.
+/// A copy of a text column of the current row.
 QByteArray ReadBytes(sqlite3_stmt* statement, int column);
 QString ReadText(sqlite3_stmt* statement, int column);
 
-/// A name as it may stand in any statement: in double quotes.
+/// A name in double quotes, for use in statements.
 QByteArray QuotedIdentifier(const QString& name);
 
 std::string_view ViewOf(sqlite3_value* value);

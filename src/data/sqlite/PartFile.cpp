@@ -46,7 +46,7 @@ PartFile::PartFile(const QString& place, Existing existing)
     requireFolder(place_);
     if (existing == Existing::Keep && info.exists())
         RaiseFileFailure(QStringLiteral("'%1' exists already. It was left as it is."), place_);
-    // However long it takes, it is no less alive.
+    // The lock is valid however long the copy takes.
     lock_.setStaleLockTime(0);
     if (!lock_.tryLock())
         RaiseFileFailure(QStringLiteral("Another program is writing '%1' just now."), place_);

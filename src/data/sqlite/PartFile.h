@@ -7,30 +7,31 @@
 
 namespace TradeForms {
 
-/// A copy in the making: a file beside its place, under a name of its own. It gets its place when
-/// it is whole, and goes with this object otherwise. Where the program is killed meanwhile, the
-/// next one for the same place removes what it left.
+/// A temporary file beside a target, which is renamed to the target when it is complete and deleted
+/// by the destructor otherwise. Where the program is killed meanwhile, the next part file for the
+/// same target deletes it.
 class PartFile {
 public:
-    /// Takes the name, under which the file is still to be made, and makes sure that the place can
-    /// be taken. Raises Failure where it is taken and to be kept, where nothing can be written
-    /// there, and where another program is at work on it.
+    /// Locks the name of the temporary file, which is still to be created. Raises Failure where the
+    /// target exists and is to be kept, where its folder is missing or read-only, and where another
+    /// program writes the same target.
     PartFile(const QString& place, Existing existing);
     ~PartFile();
     PartFile(const PartFile&) = delete;
     PartFile& operator=(const PartFile&) = delete;
 
-    /// Where the file will stand: where the place is a link, what it leads to.
+    /// The target; where it is a link, the file to which it leads.
     const QString& Place() const { return place_; }
     const QString& Path() const { return path_; }
-    /// Raises Failure where the disk has less room than this.
+    /// Raises Failure where the disk has less free space than this.
     void RequireSpace(qint64 bytes) const;
-    /// Gives the file its place, in one step. Raises Failure.
+    /// Renames the file to the target in one step. Raises Failure.
     void MoveToTarget();
 
-    /// Removes what was left for a place by a program that is gone. Raises Failure.
+    /// Deletes the temporary file of a program that has ended. Returns false where another program
+    /// still writes it, or where it cannot be deleted.
     static bool RemoveLeftover(const QString& path);
-    /// How such files are called.
+    /// The name of the temporary file for a target.
     static QString NameFor(const QString& place) { return place + QStringLiteral(".part"); }
 
 private:

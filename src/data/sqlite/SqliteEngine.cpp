@@ -12,13 +12,13 @@ namespace TradeForms {
 
 namespace {
 
-// All statements of the library, and those of a host, each with some values.
+// Enough for all statements of the library and of a host, each with several values.
 constexpr int adaptedStatementLimit = 1024;
 constexpr int preparedStatementLimit = 128;
 
 Handle withDialect(Handle handle)
 {
-    // A misspelt name in double quotes is an error, not a text.
+    // Without this, a misspelt name in double quotes would be a string literal.
     sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle.get(), SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     RegisterDialect(handle.get());
@@ -30,7 +30,7 @@ bool contains(const QString& declared, const char* word)
     return declared.contains(QLatin1String(word), Qt::CaseInsensitive);
 }
 
-/// What a column of this declared type holds; a host may declare its own in the server's words.
+/// The column kind of a declared type. Columns of a host may be declared with the server's types.
 ColumnKind kindOf(const char* declaredType)
 {
     if (!declaredType)
@@ -71,7 +71,7 @@ std::shared_ptr<const ResultMetadata> describe(sqlite3_stmt* statement, Engine::
     return std::make_shared<const ResultMetadata>(std::move(columns));
 }
 
-/// Encodes the row on which a statement stands.
+/// Encodes the current row of a statement.
 void encodeRow(std::string& row, sqlite3_stmt* statement, int columns)
 {
     row.clear();
@@ -79,7 +79,7 @@ void encodeRow(std::string& row, sqlite3_stmt* statement, int columns)
         AppendCell(row, ReadColumn(statement, column));
 }
 
-/// Its statement is its own: those that the engine keeps live only until the next call.
+/// It owns its statement, since cached statements are valid only until the next call.
 class SqliteCursor : public Cursor {
 public:
     explicit SqliteCursor(PreparedStatement statement) : statement_(std::move(statement)) {}
@@ -119,8 +119,8 @@ SqliteEngine::SqliteEngine(Handle handle)
 
 SqliteEngine::~SqliteEngine() = default;
 
-/// Called while another process holds the lock. The waits differ, so that two who wait for each
-/// other do not meet again and again.
+/// Busy handler: called while another process holds the lock. Waits for a random time, so that two
+/// processes do not collide repeatedly.
 int SqliteEngine::waitForLock(void* self, int attempt)
 {
     auto& engine = *static_cast<SqliteEngine*>(self);
@@ -173,8 +173,8 @@ SqliteEngine::CachedStatement& SqliteEngine::cachedStatement(const QByteArray& t
     return *made;
 }
 
-/// The statement's columns, read anew where SQLite has prepared it anew, since `select *` may
-/// have more of them then.
+/// The columns of a statement. They are read again where SQLite has prepared it again, since
+/// `select *` may have more columns then.
 std::shared_ptr<const ResultMetadata> SqliteEngine::metadataOf(CachedStatement& cached,
                                                                Purpose purpose)
 {
@@ -240,7 +240,7 @@ void SqliteEngine::BeginReadTransaction()
 {
     run("BEGIN");
     try {
-        // The first reading is what fixes the moment.
+        // The first read determines the state that is seen.
         run("SELECT count(*) FROM sqlite_schema");
     } catch (...) {
         EndReadTransaction();

@@ -15,10 +15,10 @@
 
 namespace TradeForms {
 
-/// The embedded database, by its C API.
+/// The embedded database, through the SQLite C API.
 class SqliteEngine : public Engine {
 public:
-    /// Takes an open handle, and gives it the server's dialect. Raises ProviderFailure.
+    /// Takes an open connection and registers the server's dialect. Raises ProviderFailure.
     explicit SqliteEngine(Handle handle);
     ~SqliteEngine() override;
 
@@ -34,27 +34,27 @@ public:
     void BeginLoad() override;
     void EndLoad(const std::function<void(int done, int steps)>& progress) override;
 
-    /// How long another process that holds the lock is waited for; at first not at all.
+    /// Sets the time to wait for a lock of another process; 0 by default.
     void SetLockWait(std::chrono::milliseconds wait) { lockWait_ = wait; }
-    /// The clock of that wait, at first the time of day.
+    /// Sets the clock for that; a steady clock by default.
     void SetWaitClock(std::shared_ptr<WaitClock> clock) { clock_ = std::move(clock); }
 
     sqlite3* Raw() const { return handle_.get(); }
 
-    /// A statement made ready for SQLite, and cached for the next time. It lives until the next
-    /// call. Raises ProviderFailure.
+    /// A statement rewritten for SQLite, from a cache. The reference is valid until the next call.
+    /// Raises ProviderFailure.
     const AdaptedStatement& Adapted(const QString& statement);
 
-    /// A statement in SQLite's own words, prepared once and cached for the next time. It lives
-    /// until the next call. Raises ProviderFailure.
+    /// A prepared statement in SQLite's dialect, from a cache. The pointer is valid until the next
+    /// call. Raises ProviderFailure.
     sqlite3_stmt* Prepared(const QByteArray& text) { return cachedStatement(text).Compiled.get(); }
 
 private:
     struct CachedStatement {
         PreparedStatement Compiled;
         std::shared_ptr<const ResultMetadata> Columns;
-        Purpose ReadFor = Purpose::Read; ///< what the columns were read for
-        int Preparations = 0;            ///< SQLite's count when they were read
+        Purpose ReadFor = Purpose::Read; ///< the purpose for which the columns were read
+        int Preparations = 0;            ///< SQLite's count of preparations at that time
     };
 
     bool isNativeOpen() const override;

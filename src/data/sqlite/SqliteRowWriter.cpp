@@ -11,8 +11,8 @@ QByteArray parameter(int number)
     return '?' + QByteArray::number(number);
 }
 
-/// The condition that a column still has its original value. Texts compare without regard to
-/// case, which finds the row by an index; a change of case alone is a change all the same.
+/// The condition that a column still has its original value. Texts are compared without regard to
+/// case, for which an index can be used, and byte by byte, so that a change of case is noticed.
 QByteArray unchanged(const Column& column, int number, bool isKey)
 {
     const QByteArray name = QuotedIdentifier(column.Field);
@@ -41,7 +41,8 @@ const QByteArray& SqliteRowWriter::where()
         where_ += (index == 0 ? "" : " AND ") +
                   unchanged(column, index + 1, table.Keys.contains(column.Field));
     }
-    // Without a key, of rows that are alike in everything any one will do.
+    // Without a key, rows that are equal in all columns cannot be distinguished, and any one of
+    // them is written.
     if (table.Keys.isEmpty() && table.Columns == metadata_->Count())
         where_ = "rowid = (SELECT rowid FROM " + table_ + " WHERE " + where_ + " LIMIT 1)";
     return where_;
@@ -60,7 +61,7 @@ SqliteRowWriter::TableInfo SqliteRowWriter::readTable()
     return table;
 }
 
-/// Binds a row's cells one after the other.
+/// Binds the cells of a row to consecutive parameters.
 void SqliteRowWriter::bindRow(sqlite3_stmt* statement, int firstParameter, const char* row)
 {
     for (int index = 0; index < metadata_->Count(); ++index)
@@ -88,7 +89,7 @@ const QByteArray& SqliteRowWriter::insertFor(const std::vector<bool>& touched)
                                    ? QByteArrayLiteral(" DEFAULT VALUES")
                                    : " (" + columnNames(touched) + ") VALUES (" + values + ')';
     insert_ = {touched, "INSERT INTO " + table_ + columns};
-    // What was left out the table fills in: defaults and numbers of its own.
+    // Columns that were not set get defaults and generated numbers, which are read back.
     const std::vector<bool> all(touched.size(), true);
     if (touched != all)
         insert_.Text += " RETURNING " + columnNames(all);

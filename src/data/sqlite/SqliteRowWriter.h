@@ -4,7 +4,7 @@
 
 namespace TradeForms {
 
-/// Writes rows of one result to their table.
+/// Writes rows of one result to their table in the embedded database.
 class SqliteRowWriter : public RowWriter {
 public:
     SqliteRowWriter(SqliteEngine& engine, std::shared_ptr<const ResultMetadata> metadata);
@@ -14,14 +14,14 @@ public:
     qint64 Delete(const char* original) override;
 
 private:
-    /// What the table itself says of its columns.
+    /// The number of columns and the primary key of a table.
     struct TableInfo {
         int Columns = 0;
         QList<QString> Keys;
     };
 
-    /// A statement made for the columns that a row has touched. Rows of one batch mostly touch
-    /// the same ones.
+    /// The text of a statement for a set of touched columns, which is mostly the same for all rows
+    /// of a batch.
     struct CachedText {
         std::vector<bool> For;
         QByteArray Text;
@@ -37,7 +37,7 @@ private:
     SqliteEngine& engine_;
     std::shared_ptr<const ResultMetadata> metadata_;
     QByteArray table_;
-    QByteArray where_; ///< finds a row; parameter n is original value n; made when it is needed
+    QByteArray where_; ///< condition that identifies a row; parameter n is original value n
     CachedText insert_;
     CachedText update_;
 };

@@ -6,14 +6,14 @@
 
 namespace TradeForms {
 
-/// The time that goes by while the lock of another process is waited for.
+/// The clock for waiting for a lock of another process. Tests replace it.
 class WaitClock {
 public:
     using Milliseconds = std::chrono::milliseconds;
 
     virtual ~WaitClock() = default;
 
-    /// Since a moment that stays the same.
+    /// The time since a fixed point in time.
     virtual Milliseconds Now()
     {
         return std::chrono::duration_cast<Milliseconds>(
