@@ -24,7 +24,7 @@ namespace TradeForms {
 namespace {
 
 const int kFrame = 2; ///< room for the focus ring
-const int kPadding = 8;
+const int kCellPadding = 8;
 
 QFont fontOf(const GridColumn& column)
 {
@@ -126,7 +126,7 @@ public:
         painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
 
         const bool right = column.Number || column.Style == StyleSet::ColUrdu;
-        const QRect room = option.rect.adjusted(kPadding, 0, -kPadding, 0);
+        const QRect room = option.rect.adjusted(kCellPadding, 0, -kCellPadding, 0);
         painter->setPen(grid_.isEnabled() ? Look::Text() : Look::DisabledText());
         paintLine(*painter, room, grid_.model_->Text(index.row(), index.column()), fontOf(column),
                   right);

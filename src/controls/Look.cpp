@@ -165,6 +165,21 @@ QColor AlternateRow()
 {
     return QColor(0xf8, 0xfa, 0xfc);
 }
+QColor StopSign()
+{
+    return QColor(0xb4, 0x23, 0x2c);
+}
+
+QColor WarningSign()
+{
+    return QColor(0xd9, 0x8a, 0x0b);
+}
+
+QColor NoticeSign()
+{
+    return QColor(0x2a, 0x63, 0xa8);
+}
+
 QColor Warning()
 {
     return QColor(0xc2, 0x5e, 0x0a);

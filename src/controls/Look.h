@@ -30,6 +30,9 @@ QColor Selection(); ///< current row of a grid
 QColor HeaderBackground();
 QColor AlternateRow();
 QColor Warning();
+QColor StopSign(); ///< grounds of the signs in message boxes
+QColor WarningSign();
+QColor NoticeSign();
 QColor PageSurround(); ///< round the pages of a report
 QColor Hit();          ///< behind words that a search has found
 QColor CurrentHit();   ///< behind those of them that the user is at

@@ -72,11 +72,11 @@ private:
     {
         switch (icon_) {
         case MsgIcon::Stop:
-            return QColor(0xb4, 0x23, 0x2c);
+            return Look::StopSign();
         case MsgIcon::Exclamation:
-            return QColor(0xd9, 0x8a, 0x0b);
+            return Look::WarningSign();
         case MsgIcon::Information:
-            return QColor(0x2a, 0x63, 0xa8);
+            return Look::NoticeSign();
         default:
             return Look::Accent();
         }
@@ -202,22 +202,20 @@ private:
     QList<JeweledButton*> Buttons()
     {
         if (message_.Buttons == MsgButtons::Ok)
-            return {Button(MsgAnswer::Ok, QStringLiteral("BtnOk"), QStringLiteral("ٹھیک ہے"),
-                           QStringLiteral("OK"), QStringLiteral("Enter"))};
-        return {Button(MsgAnswer::Yes, QStringLiteral("BtnYes"), QStringLiteral("جی ہاں"),
-                       QStringLiteral("Yes"), QStringLiteral("Y")),
-                Button(MsgAnswer::No, QStringLiteral("BtnNo"), QStringLiteral("نہیں"),
-                       QStringLiteral("No"), QStringLiteral("N"))};
+            return {Button(MsgAnswer::Ok, "BtnOk", {"ٹھیک ہے", "OK"}, "Enter")};
+        return {Button(MsgAnswer::Yes, "BtnYes", {"جی ہاں", "Yes"}, "Y"),
+                Button(MsgAnswer::No, "BtnNo", {"نہیں", "No"}, "N")};
     }
 
-    JeweledButton* Button(MsgAnswer answer, const QString& name, const QString& urdu,
-                          const QString& english, const QString& shortcut)
+    JeweledButton* Button(MsgAnswer answer, const char* name, const Caption& caption,
+                          const char* shortcut)
     {
         const bool isDefault = answer == MsgAnswer::Ok || answer == message_.Default;
-        const auto kind = isDefault ? JeweledButton::Kind::Primary : JeweledButton::Kind::Plain;
-        auto* button = new JeweledButton(name, urdu, english, shortcut, kind, this);
-        button->OnClick += [this, answer] { Choose(answer); };
-        return button;
+        JeweledButton& button =
+            BarButton(this, name, caption, shortcut,
+                      isDefault ? JeweledButton::Kind::Primary : JeweledButton::Kind::Plain);
+        button.OnClick += [this, answer] { Choose(answer); };
+        return &button;
     }
 
     void Choose(MsgAnswer answer)

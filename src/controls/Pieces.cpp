@@ -106,10 +106,10 @@ OptionButton& OptionField(QWidget* form, const char* name, const char* accessibl
 }
 
 JeweledButton& BarButton(QWidget* form, const char* name, const Caption& caption,
-                         const QString& shortcut, JeweledButton::Kind kind)
+                         const char* shortcut, JeweledButton::Kind kind)
 {
-    return *new JeweledButton(utf8(name), utf8(caption.Urdu), utf8(caption.English), shortcut, kind,
-                              form);
+    return *new JeweledButton(utf8(name), utf8(caption.Urdu), utf8(caption.English), utf8(shortcut),
+                              kind, form);
 }
 
 CodeField MakeCodeField(QWidget* form, const ControlName& code, const ControlName& button,
@@ -127,6 +127,11 @@ Label& TextLabel(QWidget* form, const char* name, const char* text)
     return *new Label(utf8(name), utf8(text), form);
 }
 
+TitleStrip::TitleStrip(const Caption& title, QWidget* parent)
+    : TitleStrip(utf8(title.Urdu), utf8(title.English), parent)
+{
+}
+
 TitleStrip::TitleStrip(const QString& urdu, const QString& english, QWidget* parent)
     : QWidget(parent), imgExit_(new Image(QStringLiteral("ImgExit"), Image::Kind::Exit)),
       imgMin_(new Image(QStringLiteral("ImgMin"), Image::Kind::Minimize)), pill_(new Pill)
@@ -141,14 +146,18 @@ TitleStrip::TitleStrip(const QString& urdu, const QString& english, QWidget* par
     row->addWidget(pill_);
     row->addWidget(imgMin_);
     row->addWidget(imgExit_);
-    SetState({}, {});
+    SetState(QString());
 }
 
-void TitleStrip::SetState(const QString& urdu, const QString& english)
+void TitleStrip::SetState(const QString& text)
 {
-    pill_->setText(urdu.isEmpty() || english.isEmpty() ? urdu + english
-                                                       : urdu + QStringLiteral(" · ") + english);
-    pill_->setVisible(!pill_->text().isEmpty());
+    pill_->setText(text);
+    pill_->setVisible(!text.isEmpty());
+}
+
+void TitleStrip::SetState(const Caption& state)
+{
+    SetState(QStringLiteral("%1 · %2").arg(utf8(state.Urdu), utf8(state.English)));
 }
 
 QString TitleStrip::StateText() const

@@ -29,7 +29,7 @@ OptionButton& OptionField(QWidget* form, const char* name, const char* accessibl
 Label& TextLabel(QWidget* form, const char* name, const char* text);
 /// A button of the bar, with its shortcut ("Ctrl+S") below its caption.
 JeweledButton& BarButton(QWidget* form, const char* name, const Caption& caption,
-                         const QString& shortcut,
+                         const char* shortcut,
                          JeweledButton::Kind kind = JeweledButton::Kind::Plain);
 
 /// The name of a control, and the one that a screen reader tells.
@@ -51,9 +51,11 @@ CodeField MakeCodeField(QWidget* form, const ControlName& code, const ControlNam
 class TitleStrip : public QWidget {
     Q_OBJECT
 public:
+    explicit TitleStrip(const Caption& title, QWidget* parent = nullptr);
     TitleStrip(const QString& urdu, const QString& english, QWidget* parent = nullptr);
-    /// Text of the pill, "ترمیم شدہ · Edited"; empty hides it.
-    void SetState(const QString& urdu, const QString& english);
+    /// Text of the pill; empty hides it. A caption reads "ترمیم شدہ · Edited".
+    void SetState(const QString& text);
+    void SetState(const Caption& state);
     QString StateText() const;
     Image& ImgExit() { return *imgExit_; }
     Image& ImgMin() { return *imgMin_; }

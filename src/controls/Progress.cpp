@@ -3,6 +3,7 @@
 #include "controls/Form.h"
 #include "controls/Look.h"
 #include "controls/Pieces.h"
+#include "controls/Utf8.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -19,33 +20,32 @@ const int kPause = 40; ///< milliseconds of work between two looks at the user
 
 class Progress::Box : public Form {
 public:
-    Box(const QString& urdu, const QString& english, int rows)
+    Box(const Caption& title, int rows)
     {
         setObjectName(QStringLiteral("Progress"));
-        SetWindowCaption(english);
+        SetWindowCaption(utf8(title.English));
 
-        auto* strip = new TitleStrip(urdu, english);
+        auto* strip = new TitleStrip(title);
         strip->ImgMin().SetVisible(false);
         strip->ImgExit().SetVisible(false);
 
         Look::Dress(*bar_, Look::LatinFont());
         bar_->setRange(0, rows);
-        bar_->setAccessibleName(english);
+        bar_->setAccessibleName(utf8(title.English));
         bar_->setMinimumWidth(360);
         auto* room = new QVBoxLayout;
         room->setContentsMargins(20, 20, 20, 20);
         room->addWidget(bar_);
 
-        auto* cancel = new JeweledButton(QStringLiteral("BtnCancel"), QStringLiteral("منسوخ"),
-                                         QStringLiteral("Cancel"), QStringLiteral("Esc"));
-        cancel->OnClick += [this] { cancelled_ = true; };
+        JeweledButton& cancel = BarButton(nullptr, "BtnCancel", {"منسوخ", "Cancel"}, "Esc");
+        cancel.OnClick += [this] { cancelled_ = true; };
 
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(1, 1, 1, 1);
         column->setSpacing(0);
         column->addWidget(strip);
         column->addLayout(room);
-        column->addWidget(ButtonBar({}, {cancel}));
+        column->addWidget(ButtonBar({}, {&cancel}));
     }
 
     void Show(int row) { bar_->setValue(row); }
@@ -66,13 +66,13 @@ private:
     bool cancelled_ = false;
 };
 
-Progress::Progress(QWidget* owner, const QString& urdu, const QString& english, int rows)
+Progress::Progress(QWidget* owner, const Caption& title, int rows)
     : owner_(owner ? owner->window() : nullptr), rows_(rows)
 {
     if (rows_ < LongWork)
         return;
     scope_.emplace();
-    box_ = std::make_unique<Box>(urdu, english, rows_);
+    box_ = std::make_unique<Box>(title, rows_);
     box_->setWindowModality(Qt::ApplicationModal);
     box_->winId(); // the native window has to exist before it can belong to another
     box_->windowHandle()->setTransientParent(owner_ ? owner_->windowHandle() : nullptr);

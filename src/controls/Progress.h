@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/Caption.h"
 #include "controls/ModalScope.h"
 
 #include <QElapsedTimer>
@@ -20,7 +21,7 @@ public:
     /// Fewer rows than this are done before one could read what the window says.
     static constexpr int LongWork = 20'000;
 
-    Progress(QWidget* owner, const QString& urdu, const QString& english, int rows);
+    Progress(QWidget* owner, const Caption& title, int rows);
     ~Progress();
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;

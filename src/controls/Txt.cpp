@@ -17,7 +17,7 @@ namespace TradeForms {
 
 namespace {
 
-const int kPadding = 8;
+const int kTextPadding = 8;
 const int kMandatoryMark = 7;
 
 /// Every line break becomes one blank.
@@ -95,7 +95,7 @@ Txt::Txt(const QString& name, const QString& accessibleName, QWidget* parent)
     palette.setColor(QPalette::Base, Qt::transparent); // the ground is painted below the text
     setPalette(palette);
     setFrame(false);
-    setTextMargins(kPadding - 2, 0, kPadding - 2, 0);
+    setTextMargins(kTextPadding - 2, 0, kTextPadding - 2, 0);
     setLayoutDirection(Qt::LeftToRight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMaxLength(std::numeric_limits<int>::max());

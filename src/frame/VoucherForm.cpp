@@ -39,15 +39,14 @@ Grid& VoucherGrid(QWidget* form, const char* name)
 }
 
 VoucherForm::VoucherForm(VoucherDeclaration declaration)
-    : Title(*new TitleStrip(utf8(declaration.Title.Urdu), utf8(declaration.Title.English), this)),
-      BtnSave(BarButton(this, "BtnSave", {"محفوظ", "Save"}, QStringLiteral("Ctrl+S"),
-                        JeweledButton::Kind::Primary)),
-      BtnOpen(BarButton(this, "BtnOpen", {"کھولیں", "Open"}, QStringLiteral("Ctrl+O"))),
-      BtnDelete(
-          BarButton(this, "BtnDelete", {"حذف", declaration.DeleteWord}, QStringLiteral("Ctrl+R"))),
-      BtnClear(BarButton(this, "BtnClear", {"صاف", "Clear"}, QStringLiteral("Ctrl+W"))),
-      BtnClose(BarButton(this, "BtnClose", {"بند", "Close"}, QStringLiteral("Ctrl+Q"))),
-      BtnPrint(BarButton(this, "BtnPrint", {"پرنٹ", "Print"}, QStringLiteral("Ctrl+P"))),
+    : Title(*new TitleStrip(declaration.Title, this)),
+      BtnSave(
+          BarButton(this, "BtnSave", {"محفوظ", "Save"}, "Ctrl+S", JeweledButton::Kind::Primary)),
+      BtnOpen(BarButton(this, "BtnOpen", {"کھولیں", "Open"}, "Ctrl+O")),
+      BtnDelete(BarButton(this, "BtnDelete", {"حذف", declaration.DeleteWord}, "Ctrl+R")),
+      BtnClear(BarButton(this, "BtnClear", {"صاف", "Clear"}, "Ctrl+W")),
+      BtnClose(BarButton(this, "BtnClose", {"بند", "Close"}, "Ctrl+Q")),
+      BtnPrint(BarButton(this, "BtnPrint", {"پرنٹ", "Print"}, "Ctrl+P")),
       declaration_(std::move(declaration)), ctrlKeys_{{Qt::Key_S, &BtnSave},
                                                       {Qt::Key_W, &BtnClear},
                                                       {Qt::Key_Q, &BtnClose},
@@ -96,8 +95,8 @@ void VoucherForm::UseFocus(Control* newVoucher, Control* openedVoucher)
 
 JeweledButton& VoucherForm::MoreButton(const char* name, const Caption& caption, Qt::Key key)
 {
-    JeweledButton& button =
-        BarButton(this, name, caption, QStringLiteral("Ctrl+") + QChar(char16_t(key)));
+    const char shortcut[] = {'C', 't', 'r', 'l', '+', char(key), '\0'};
+    JeweledButton& button = BarButton(this, name, caption, shortcut);
     moreButtons_.append(&button);
     ctrlKeys_.append({key, &button});
     return button;
@@ -234,13 +233,13 @@ void VoucherForm::showState()
 {
     switch (state_) {
     case State::New:
-        Title.SetState(utf8("نیا"), QStringLiteral("New"));
+        Title.SetState(Caption{"نیا", "New"});
         break;
     case State::Edited:
-        Title.SetState(utf8("ترمیم شدہ"), QStringLiteral("Edited"));
+        Title.SetState(Caption{"ترمیم شدہ", "Edited"});
         break;
     case State::Opened:
-        Title.SetState(utf8("کھلا ہوا"), QStringLiteral("Opened"));
+        Title.SetState(Caption{"کھلا ہوا", "Opened"});
         break;
     }
 }

@@ -30,17 +30,10 @@ QString notFound()
     return QStringLiteral("not found");
 }
 
-JeweledButton& button(QWidget* form, const char* name, const Caption& caption, const char* shortcut,
-                      JeweledButton::Kind kind = JeweledButton::Kind::Plain)
-{
-    return *new JeweledButton(utf8(name), utf8(caption.Urdu), utf8(caption.English), utf8(shortcut),
-                              kind, form);
-}
-
 /// A small button with a symbol.
 JeweledButton& sign(QWidget* form, const char* name, const char* shown, const char* accessibleName)
 {
-    auto& small = button(form, name, {shown, ""}, "", JeweledButton::Kind::Small);
+    auto& small = BarButton(form, name, {shown, ""}, "", JeweledButton::Kind::Small);
     small.SetName(utf8(name), utf8(accessibleName));
     return small;
 }
@@ -62,10 +55,11 @@ RptReportViewer::RptReportViewer()
       TxtPage(*new Txt(QStringLiteral("TxtPage"), QStringLiteral("Page number"), this)),
       LblPages(note(this, "LblPages")), BtnZoomOut(sign(this, "BtnZoomOut", "−", "Zoom out")),
       BtnZoomIn(sign(this, "BtnZoomIn", "+", "Zoom in")), LblZoom(note(this, "LblZoom")),
-      BtnFitWidth(button(this, "BtnFitWidth", {"پوری چوڑائی", "Fit width"}, "Ctrl+2")),
-      BtnPrint(button(this, "BtnPrint", {"پرنٹ", "Print"}, "Ctrl+P", JeweledButton::Kind::Primary)),
-      BtnSavePdf(button(this, "BtnSavePdf", {"محفوظ", "Save as PDF"}, "Ctrl+S")),
-      BtnClose(button(this, "BtnClose", {"بند", "Close"}, "Esc")), LblNote(note(this, "LblNote"))
+      BtnFitWidth(BarButton(this, "BtnFitWidth", {"پوری چوڑائی", "Fit width"}, "Ctrl+2")),
+      BtnPrint(
+          BarButton(this, "BtnPrint", {"پرنٹ", "Print"}, "Ctrl+P", JeweledButton::Kind::Primary)),
+      BtnSavePdf(BarButton(this, "BtnSavePdf", {"محفوظ", "Save as PDF"}, "Ctrl+S")),
+      BtnClose(BarButton(this, "BtnClose", {"بند", "Close"}, "Esc")), LblNote(note(this, "LblNote"))
 {
     setObjectName(QStringLiteral("RptReportViewer"));
     SetWindowCaption(QStringLiteral("Previewing Report"));
@@ -118,7 +112,7 @@ QWidget* RptReportViewer::composeTools()
 
 void RptReportViewer::compose()
 {
-    title_ = new TitleStrip(utf8("رپورٹ"), QStringLiteral("Previewing Report"));
+    title_ = new TitleStrip(Caption{"رپورٹ", "Previewing Report"});
     auto* bar = ButtonBar({&BtnPrint, &BtnSavePdf}, {&BtnClose});
     LblNote.setTextInteractionFlags(Qt::TextSelectableByMouse);
     LblNote.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -216,8 +210,7 @@ void RptReportViewer::showPlace()
         TxtPage.SetText(pages == 0 ? QString() : QString::number(CRViewer1.Page()));
     LblPages.SetText(pages == 0 ? QString() : QStringLiteral("/ %1").arg(pages));
     LblZoom.SetText(QStringLiteral("%1%").arg(CRViewer1.Zoom()));
-    title_->SetState(QString(),
-                     pages == 0 ? QString()
+    title_->SetState(pages == 0 ? QString()
                                 : QStringLiteral("page %1 of %2").arg(CRViewer1.Page()).arg(pages));
     showHits();
 }

@@ -24,11 +24,9 @@ SchPrint::SchPrint()
     : Option1(option(this, "Option1", "Copy One")), Option2(option(this, "Option2", "Copy Two")),
       Option3(option(this, "Option3", "Copy Three")),
       Option4(option(this, "Option4", "All Copies")),
-      BtnSelect(*new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"),
-                                   QStringLiteral("Select"), QStringLiteral("Enter"),
-                                   JeweledButton::Kind::Primary, this)),
-      BtnClose(*new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"), QStringLiteral("Close"),
-                                  QStringLiteral("Esc"), JeweledButton::Kind::Plain, this)),
+      BtnSelect(
+          BarButton(this, "BtnSelect", {"منتخب", "Select"}, "Enter", JeweledButton::Kind::Primary)),
+      BtnClose(BarButton(this, "BtnClose", {"بند", "Close"}, "Esc")),
       choices_{choice(Option1, "1", {"پہلی کاپی", "Copy One"}),
                choice(Option2, "2", {"دوسری کاپی", "Copy Two"}),
                choice(Option3, "3", {"تیسری کاپی", "Copy Three"}),
@@ -56,7 +54,7 @@ SchPrint::Choice SchPrint::choice(OptionButton& option, const char* code, const 
 
 void SchPrint::compose()
 {
-    auto* title = new TitleStrip(utf8("پرنٹ"), QStringLiteral("Print"));
+    auto* title = new TitleStrip(Caption{"پرنٹ", "Print"});
     title->ImgMin().SetVisible(false);
     title->ImgExit().OnClick += [this] { Unload(); };
 

@@ -63,8 +63,7 @@ void ListMenu::CopyRow()
 void ListMenu::copyList()
 {
     const ExportList list = list_();
-    Progress progress(&form_, utf8("فہرست کاپی ہو رہی ہے"), QStringLiteral("Copying the list"),
-                      list.Rows);
+    Progress progress(&form_, {"فہرست کاپی ہو رہی ہے", "Copying the list"}, list.Rows);
     const QString text = CopiedList(list, [&](int row) { return progress.Reached(row); });
     if (!text.isNull())
         QGuiApplication::clipboard()->setText(text);
@@ -79,8 +78,7 @@ void ListMenu::save(const QString& kind, const QString& suffix, Writer write)
                                                  .Suffix = suffix});
     if (file.isEmpty())
         return;
-    Progress progress(&form_, utf8("فہرست محفوظ ہو رہی ہے"), QStringLiteral("Saving the list"),
-                      list.Rows);
+    Progress progress(&form_, {"فہرست محفوظ ہو رہی ہے", "Saving the list"}, list.Rows);
     write(list, file, [&](int row) { return progress.Reached(row); });
 }
 

@@ -82,12 +82,10 @@ SearchWindow::~SearchWindow()
 
 void SearchWindow::compose()
 {
-    title_ = new TitleStrip(utf8(declaration_.Title.Urdu), utf8(declaration_.Title.English));
-    btnSelect_ =
-        new JeweledButton(QStringLiteral("BtnSelect"), utf8("منتخب"), QStringLiteral("Select"),
-                          QStringLiteral("Enter"), JeweledButton::Kind::Primary);
-    btnClose_ = new JeweledButton(QStringLiteral("BtnClose"), utf8("بند"), QStringLiteral("Close"),
-                                  QStringLiteral("Esc"));
+    title_ = new TitleStrip(declaration_.Title);
+    btnSelect_ = &BarButton(nullptr, "BtnSelect", {"منتخب", "Select"}, "Enter",
+                            JeweledButton::Kind::Primary);
+    btnClose_ = &BarButton(nullptr, "BtnClose", {"بند", "Close"}, "Esc");
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(1, 1, 1, 1);
@@ -137,9 +135,8 @@ QWidget* SearchWindow::composeFields()
         row->addWidget(Stacked({"تاریخ تک", "To"}, dtpTo_));
     }
     if (declaration_.BtnFilter) {
-        btnFilter_ =
-            new JeweledButton(QStringLiteral("BtnFilter"), utf8("تلاش"), QStringLiteral("Search"),
-                              declaration_.FilterOnF12 ? QStringLiteral("F12") : QString());
+        btnFilter_ = &BarButton(nullptr, "BtnFilter", {"تلاش", "Search"},
+                                declaration_.FilterOnF12 ? "F12" : "");
         btnFilter_->setToolTip(utf8(declaration_.FilterTip));
         row->addWidget(btnFilter_, 0, Qt::AlignBottom);
     }
@@ -353,11 +350,11 @@ void SearchWindow::showCount()
         return utf8(what) + QLocale(QLocale::English).toString(rows);
     };
     if (reader_.IsReading())
-        title_->SetState(utf8("پڑھا جا رہا ہے"), count("reading ", reader_.RowCount()));
+        title_->SetState(utf8("پڑھا جا رہا ہے · ") + count("reading ", reader_.RowCount()));
     else if (list_.Rows().IsOpen())
-        title_->SetState(QString(), count("rows ", list_.RowCount()));
+        title_->SetState(count("rows ", list_.RowCount()));
     else
-        title_->SetState(QString(), QString());
+        title_->SetState(QString());
 }
 
 void SearchWindow::jump(const Narrowing& narrowing)

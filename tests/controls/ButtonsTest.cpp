@@ -216,7 +216,7 @@ TEST(TitleStripTest, ShowsNothingBeforeItsWindow)
 {
     ShownWindows shown;
     TitleStrip strip(s("گیٹ پاس"), s("Gate Pass"));
-    strip.SetState(s("نیا"), s("New"));
+    strip.SetState(Caption{"نیا", "New"});
     EXPECT_EQ(shown.Count(), 0);
     strip.show();
     EXPECT_EQ(shown.Count(), 1);
@@ -226,9 +226,9 @@ TEST(TitleStripTest, TellsTheState)
 {
     TitleStrip strip(s("گیٹ پاس"), s("Gate Pass"));
     EXPECT_EQ(strip.StateText(), QString());
-    strip.SetState(s("نیا"), s("New"));
+    strip.SetState(Caption{"نیا", "New"});
     EXPECT_EQ(strip.StateText(), s("نیا · New"));
-    strip.SetState({}, s("rows 1,284"));
+    strip.SetState(s("rows 1,284"));
     EXPECT_EQ(strip.StateText(), s("rows 1,284"));
 }
 

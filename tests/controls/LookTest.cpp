@@ -165,7 +165,7 @@ TEST(LookTest, GridRowsAndHeadersClipNoGlyph)
 TEST(LookTest, TitleAndPillClipNoGlyph)
 {
     TitleStrip strip(kTallText, s("Ågj|"));
-    strip.SetState(kTallText, s("Edited"));
+    strip.SetState(Caption{kTallUrdu, "Edited"});
     strip.resize(strip.sizeHint().expandedTo({900, 0}));
     strip.show();
     const QList<QLabel*> labels = strip.findChildren<QLabel*>();
@@ -290,7 +290,7 @@ TEST(LookTest, HostsFontAndPaletteStayOut)
         JeweledButton button(s("BtnSave"), s("محفوظ"), s("Save"), s("Ctrl+S"));
         CaptionLabel caption(s("نام"), s("Name"));
         TitleStrip strip(s("گیٹ پاس"), s("Gate Pass"));
-        strip.SetState(s("نیا"), s("New"));
+        strip.SetState(Caption{"نیا", "New"});
         QList<QImage> all;
         for (QWidget* widget : QList<QWidget*>{&field, &name, &date, &grid, &button, &strip})
             all.append(drawn(*widget, {300, 100}));

@@ -100,11 +100,11 @@ TEST_F(ModalScopeTest, EachWindowOfSeveralOpensWhatItHasClosed)
 TEST_F(ModalScopeTest, LongWorkClosesItToo)
 {
     {
-        Progress progress(nullptr, {}, s("Work"), Progress::LongWork);
+        Progress progress(nullptr, {"", "Work"}, Progress::LongWork);
         EXPECT_EQ(closed_, 1);
     }
     EXPECT_EQ(log_, (QStringList{s("closed"), s("opened before it goes")}));
-    const Progress brief(nullptr, {}, s("Work"), Progress::LongWork - 1);
+    const Progress brief(nullptr, {"", "Work"}, Progress::LongWork - 1);
     EXPECT_EQ(closed_, 0);
 }
 

@@ -28,7 +28,7 @@ protected:
 TEST_F(ProgressTest, LongWorkHasAWindowOverItsOwnerUntilItIsDone)
 {
     {
-        Progress progress(&desk, s("فہرست"), s("Writing the list"), kRows);
+        Progress progress(&desk, {"فہرست", "Writing the list"}, kRows);
         ASSERT_TRUE(window());
         EXPECT_EQ(window()->windowTitle(), s("Writing the list"));
         EXPECT_EQ(window()->windowHandle()->transientParent(), desk.windowHandle());
@@ -40,14 +40,14 @@ TEST_F(ProgressTest, LongWorkHasAWindowOverItsOwnerUntilItIsDone)
 
 TEST_F(ProgressTest, BriefWorkHasNoWindow)
 {
-    Progress progress(&desk, {}, s("Writing the list"), kRows - 1);
+    Progress progress(&desk, {"", "Writing the list"}, kRows - 1);
     EXPECT_FALSE(window());
     EXPECT_TRUE(progress.Reached(1));
 }
 
 TEST_F(ProgressTest, ItTellsHowFarTheWorkIs)
 {
-    Progress progress(&desk, {}, s("Writing the list"), kRows);
+    Progress progress(&desk, {"", "Writing the list"}, kRows);
     const auto* bar = window()->findChild<QProgressBar*>();
     EXPECT_EQ(bar->maximum(), kRows);
     EXPECT_TRUE(QTest::qWaitFor([&] { return progress.Reached(5000) && bar->value() == 5000; }));
@@ -62,7 +62,7 @@ TEST_F(ProgressTest, TheButtonAndItsKeysStopTheWork)
         [] { window()->windowHandle()->close(); },
     };
     for (const auto& stop : ways) {
-        Progress progress(&desk, {}, s("Writing the list"), kRows);
+        Progress progress(&desk, {"", "Writing the list"}, kRows);
         EXPECT_TRUE(progress.Reached(1));
         stop();
         EXPECT_FALSE(progress.Reached(2));
@@ -73,7 +73,7 @@ TEST_F(ProgressTest, TheButtonAndItsKeysStopTheWork)
 
 TEST_F(ProgressTest, OtherKeysStopNothingAndGoNowhere)
 {
-    Progress progress(&desk, {}, s("Writing the list"), kRows);
+    Progress progress(&desk, {"", "Writing the list"}, kRows);
     Type(*window(), "n");
     Press(*window(), Qt::Key_Tab);
     EXPECT_TRUE(progress.Reached(1));

@@ -291,7 +291,7 @@ TEST_F(ListMenuTest, EscInTheProgressWindowStopsALongCopyAndTheClipboardKeepsWha
 TEST_F(ListMenuTest, AShortExportNeedsNoProgressWindow)
 {
     int shown = 0;
-    Progress progress(&owner, s("محفوظ"), s("Saving"), Progress::LongWork - 1);
+    Progress progress(&owner, {"محفوظ", "Saving"}, Progress::LongWork - 1);
     for (QWidget* window : QApplication::topLevelWidgets())
         shown += window->objectName() == s("Progress") ? 1 : 0;
     EXPECT_EQ(shown, 0);
