@@ -376,17 +376,6 @@ TEST_F(LifecycleTest, ClicksOnClearAndCloseBringUpNoListFromAnEmptyMandatoryFiel
     EXPECT_FALSE(It().isVisible());
 }
 
-TEST_F(LifecycleTest, ClearTakesTheStockOffTheScreen)
-{
-    Open();
-    EnterHeader();
-    Enter(s("101"));
-    ASSERT_TRUE(It().LblStock.IsVisible());
-    Ctrl(Qt::Key_W);
-    EXPECT_FALSE(It().LblStock.IsVisible());
-    EXPECT_FALSE(It().LblCaption.IsVisible());
-}
-
 TEST_F(LifecycleTest, AFailureBeforeTheTransactionIsToldOnceAndKeepsTheScreen)
 {
     Open();

@@ -241,6 +241,17 @@ TEST_F(FrmGatePassTest, TheStockOfTheProductInTheBranchIsShown)
     EXPECT_FALSE(It().LblCaption.IsVisible());
 }
 
+TEST_F(FrmGatePassTest, ClearTakesTheStockOffTheScreen)
+{
+    Open();
+    EnterHeader();
+    Enter(s("101"));
+    ASSERT_TRUE(It().LblStock.IsVisible());
+    Ctrl(Qt::Key_W);
+    EXPECT_FALSE(It().LblStock.IsVisible());
+    EXPECT_FALSE(It().LblCaption.IsVisible());
+}
+
 TEST_F(FrmGatePassTest, AnOutQuantityEqualToTheStockMayBeLeftAndOneMoreMayNot)
 {
     Open();
