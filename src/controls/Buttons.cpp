@@ -79,7 +79,7 @@ void JeweledButton::paintEvent(QPaintEvent*)
     }
     if (hasFocus()) {
         Look::PaintFocusRing(painter, rect());
-        if (primary) { // the ring alone would drown in the accent
+        if (primary) { // the focus ring is hardly visible on the accent colour
             painter.setBrush(Qt::NoBrush);
             painter.setPen(QPen(Look::FocusBackground(), 1.5));
             painter.drawRoundedRect(QRectF(rect()).adjusted(3, 3, -3, -3), 3, 3);
@@ -121,7 +121,8 @@ void OptionButton::SetValue(bool selected)
 {
     if (selected == isChecked())
         return;
-    // No click leaves a group without a choice, but the program may want it so.
+    // A click cannot leave the group without a selection, but the program can: Qt would refuse to
+    // clear the selected button of an auto-exclusive group.
     setAutoExclusive(selected);
     setChecked(selected);
     setAutoExclusive(true);
@@ -129,7 +130,7 @@ void OptionButton::SetValue(bool selected)
         Fire(OnClick);
 }
 
-// Left and right follow the eye; up and down follow the order of reading.
+// Left and Right move in the visual direction; Up and Down, in reading order.
 void OptionButton::keyPressEvent(QKeyEvent* event)
 {
     int step = 0;

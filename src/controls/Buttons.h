@@ -7,7 +7,8 @@
 
 namespace TradeForms {
 
-/// A push button: Urdu caption, below it the English one and the shortcut. Space presses it.
+/// A push button showing an Urdu caption with the English caption and the shortcut below it. The
+/// space bar presses it.
 class JeweledButton : public QAbstractButton, public Control {
     Q_OBJECT
 public:
@@ -17,7 +18,8 @@ public:
                            const QString& english = {}, const QString& shortcut = {},
                            Kind kind = Kind::Plain, QWidget* parent = nullptr);
 
-    /// What a key does: the click, if the button is visible and enabled. True if it was.
+    /// Clicks the button if it is visible and enabled, for keyboard shortcuts. Returns whether it
+    /// was clicked.
     bool Click();
 
 protected:
@@ -34,8 +36,9 @@ private:
     Kind kind_;
 };
 
-/// One of several choices, of which the form keeps exactly one selected (auto-exclusive among
-/// siblings). Left and right keys choose another. The caption is a Label beside it.
+/// A radio button without a caption of its own: a Label beside it serves as one. Siblings on the
+/// same parent are exclusive, so exactly one is selected. The arrow keys select a neighbouring
+/// option.
 class OptionButton : public QAbstractButton, public Control {
     Q_OBJECT
 public:
@@ -43,7 +46,8 @@ public:
                           QWidget* parent = nullptr);
 
     bool Value() const { return isChecked(); }
-    /// Selecting another one runs OnClick, as the user's own choice does.
+    /// Selects or clears the option. Selecting one that was clear fires OnClick, as a click by the
+    /// user does.
     void SetValue(bool selected);
 
 protected:
@@ -52,11 +56,11 @@ protected:
     QSize sizeHint() const override;
 
 private:
-    /// Selects the next (1) or previous (-1) option of the group, and gives it the focus.
+    /// Selects the next (step 1) or previous (step -1) option of the group and focuses it.
     void ChooseSibling(int step);
 };
 
-/// A caption or a display that code touches. It never takes the focus.
+/// A text that the form's code reads or changes. It never takes the focus.
 class Label : public QLabel, public Control {
     Q_OBJECT
 public:
@@ -68,13 +72,13 @@ public:
     bool TakesFocus() const override { return false; }
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override; // runs OnClick
+    void mousePressEvent(QMouseEvent* event) override; // fires OnClick
 
 private:
     QColor foreColor_;
 };
 
-/// A small picture that can be clicked and never takes the focus: ImgExit and ImgMin.
+/// A small clickable picture that never takes the focus: the title strip's ImgExit and ImgMin.
 class Image : public QWidget, public Control {
     Q_OBJECT
 public:
@@ -85,7 +89,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override; // runs OnClick
+    void mouseReleaseEvent(QMouseEvent* event) override; // fires OnClick
     QSize sizeHint() const override;
 
 private:

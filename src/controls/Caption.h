@@ -2,8 +2,8 @@
 
 namespace TradeForms {
 
-/// What stands over or beside a field, a column or a total: Urdu, and the English term small below
-/// it. Texts in UTF-8.
+/// The bilingual caption of a field, column or total: an Urdu text and, in small type below it, the
+/// English term. Both are UTF-8.
 struct Caption {
     const char* Urdu = "";
     const char* English = "";

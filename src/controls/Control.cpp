@@ -17,8 +17,8 @@ quint64 nextSerial()
 
 } // namespace
 
-// The form gives the focus on a mouse press itself (see Form), so that a handler that moves it
-// on has the last word: no control takes it from Qt by click or wheel.
+// The form itself moves the focus on a mouse press (see Form), so that a handler can still redirect
+// it. Qt must therefore not focus a control on a click or wheel turn.
 Control::Control(QWidget& widget) : widget_(widget), serial_(nextSerial())
 {
     widget_.setFocusPolicy(Qt::TabFocus);

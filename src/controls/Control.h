@@ -12,8 +12,9 @@ namespace TradeForms {
 
 class Form;
 
-/// What every control of a form has beside its widget: a name, and the events that its form raises
-/// in the fixed order (see Form). A step that throws ends in Form::HandlerFailed.
+/// Mixin for every control of a form: adds a name and the events to a widget. The form fires the
+/// events in a fixed order (see Form). An exception thrown by a handler is passed to
+/// Form::HandlerFailed.
 class Control {
 public:
     explicit Control(QWidget& widget);
@@ -23,56 +24,57 @@ public:
 
     QWidget& Widget() const { return widget_; }
     QString Name() const;
-    /// Sets the object name, and the English accessible name that screen readers tell.
+    /// Sets the object name, and the English accessible name that screen readers announce.
     void SetName(const QString& name, const QString& accessibleName = {});
 
     bool IsEnabled() const;
     void SetEnabled(bool enabled);
-    /// Whether the control itself is shown in its form, be the form on the screen or not.
+    /// Whether the control is not hidden itself. True also while its form is not on the screen.
     bool IsVisible() const;
     void SetVisible(bool visible);
     bool HasTabStop() const;
-    /// Takes the control into or out of the tab order; a click still focuses it.
+    /// Adds the control to the tab order or removes it; a click focuses it either way.
     void SetTabStop(bool tabStop);
-    /// Whether the focus may come here at all; a label or a read-only name never takes it.
+    /// Whether the control can ever have the focus; false for labels and read-only name fields.
     virtual bool TakesFocus() const { return true; }
 
-    /// Whether the control that has the focus is validated before this one gets it.
+    /// Whether the control that has the focus is validated before the focus moves to this one.
     bool CausesValidation = true;
-    /// The one control whose validation a step to this one leaves out; null is none.
+    /// A control that is not validated when the focus moves from it to this one; null for none.
     const Control* SparesValidationOf = nullptr;
 
     VetoEvent OnValidate;
     Event<> OnGotFocus;
     Event<> OnLostFocus;
-    /// The text or value changed, by the user or by the program.
+    /// The text or value was changed, by the user or by the program.
     Event<> OnChange;
     Event<> OnClick;
 
-    /// The control that a widget is or belongs to (a date field's line edit belongs to the
-    /// date field), or null.
+    /// Returns the control that the widget is or lies within (such as a date field for its inner
+    /// line edit), or null.
     static Control* Of(const QWidget* widget);
-    /// The form that the control stands on, or null.
+    /// Returns the form that contains the control, or null.
     Form* OwnerForm() const;
 
 protected:
     friend class Form;
 
-    /// Runs an event's steps under the form's guard.
+    /// Runs an event's handlers within the form's guard. Without a form, an exception from them is
+    /// shown in the error box.
     template <class... Arguments>
     void Fire(const Event<Arguments...>& event, const Arguments&... arguments)
     {
         if (!event.IsEmpty())
             runGuarded([event, arguments...] { event(arguments...); });
     }
-    /// What is typed in part becomes the value.
+    /// Turns partly typed input into the value. The base does nothing.
     virtual void FinishEdit() {}
 
 private:
     void runGuarded(const std::function<void()>& steps);
 
     QWidget& widget_;
-    quint64 serial_; ///< order of creation
+    quint64 serial_; ///< increases with each control created
 };
 
 } // namespace TradeForms

@@ -18,7 +18,7 @@ namespace TradeForms {
 
 namespace {
 
-const int kCentury = 2000; ///< of a year that is typed with two digits
+const int kCentury = 2000; ///< added to a year typed with two digits
 
 } // namespace
 
@@ -28,7 +28,7 @@ DTPicker::DTPicker(const QString& name, const QString& accessibleName, QWidget* 
     SetName(name, accessibleName);
     Look::Dress(*this, Look::LatinFont());
     QPalette clear = Look::Palette();
-    clear.setColor(QPalette::Base, Qt::transparent); // the ground is painted below the text
+    clear.setColor(QPalette::Base, Qt::transparent); // paintEvent draws the background
     lineEdit()->setStyle(Look::BaseStyle());
     lineEdit()->setPalette(clear);
     lineEdit()->setTextMargins(4, 0, 0, 0);
@@ -41,25 +41,25 @@ DTPicker::DTPicker(const QString& name, const QString& accessibleName, QWidget* 
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     SetCustomFormat(QStringLiteral("dd/MM/yyyy"));
     setDate(QDate::currentDate());
-    told_ = date();
-    connect(this, &QDateEdit::dateChanged, this, [this] { Tell(); });
+    notifiedDate_ = date();
+    connect(this, &QDateEdit::dateChanged, this, [this] { NotifyChange(); });
 }
 
-void DTPicker::Tell()
+void DTPicker::NotifyChange()
 {
     const QDate now = date();
     if (firstOfMonth_ && now.day() != 1) {
-        setDate(QDate(now.year(), now.month(), 1)); // comes back here
+        setDate(QDate(now.year(), now.month(), 1)); // calls this function again through dateChanged
         return;
     }
-    if (std::exchange(told_, now) != now)
+    if (std::exchange(notifiedDate_, now) != now)
         Fire(OnChange);
 }
 
 void DTPicker::SetFirstOfMonth(bool first)
 {
     firstOfMonth_ = first;
-    Tell();
+    NotifyChange();
 }
 
 void DTPicker::SetValue(const QDate& date)
@@ -90,7 +90,7 @@ void DTPicker::FinishEdit()
     interpretText();
 }
 
-// Tab leaves the field from whatever part of the date.
+// Tab leaves the field from any section; the base would move to the next section.
 bool DTPicker::focusNextPrevChild(bool next)
 {
     return QWidget::focusNextPrevChild(next);
@@ -142,15 +142,15 @@ void DTPicker::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// The base would turn a typed 31 into a 30 for good where the month that is still to be typed
-// over has 30 days.
+// The base class permanently turns a typed day 31 into 30 if the month, which the user is still
+// going to change, has 30 days. Hence typedDay_.
 void DTPicker::TypeDigit(QKeyEvent* event)
 {
     typing_ = true;
     const Section section = currentSection();
     const int most = section == YearSection ? 4 : 2;
     if (sectionText(section).size() >= most)
-        setSelectedSection(section); // a digit begins a part that is complete anew
+        setSelectedSection(section); // a digit typed into a complete section replaces it
     if (section == DaySection) {
         const bool begins = lineEdit()->hasSelectedText();
         typedDay_ = (begins ? 0 : typedDay_) * 10 + event->text().front().digitValue();
@@ -199,7 +199,7 @@ QRect DTPicker::ArrowRect() const
     return style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
 }
 
-// The base opens its calendar on a press of the arrow and has no other way.
+// QDateEdit opens its calendar only on a mouse press on the arrow, so one is simulated.
 void DTPicker::OpenCalendar()
 {
     typing_ = false;

@@ -6,11 +6,11 @@
 
 namespace TradeForms {
 
-/// A date field; its custom format is "dd/MM/yyyy" or "MMM-yyyy". The year lies from 1753 to
-/// 9999; one of two digits is of this century. Left and Right go from part to part, Up and Down
-/// change the part under the cursor, Alt+Down opens the calendar. What it shows after a part is
-/// typed is always a date: a day that the month does not have becomes its last one, until a month
-/// is typed that has it.
+/// A date field with the format "dd/MM/yyyy" or "MMM-yyyy". Years range from 1753 to 9999; a
+/// two-digit year is taken as 20xx. Left and Right move between the sections (day, month, year), Up
+/// and Down change the current section, Alt+Down opens the calendar. The text is a valid date after
+/// each completed section: a day that the month does not have is shown as the month's last day, and
+/// restored once a month that has it is typed.
 class DTPicker : public QDateEdit, public Control {
     Q_OBJECT
 public:
@@ -18,14 +18,15 @@ public:
                       QWidget* parent = nullptr);
 
     QDate Value() const { return date(); }
-    /// Raises std::invalid_argument for a date that is none, or outside the years above.
+    /// Sets the date. Raises std::invalid_argument for an invalid date or one outside the years
+    /// above.
     void SetValue(const QDate& date);
     void SetCustomFormat(const QString& format);
-    /// Keeps the value on the first day of its month, whatever day the calendar or the program
-    /// chooses: for a picker of months.
+    /// For month pickers: changes every date set by the user or the program to the first day of its
+    /// month.
     void SetFirstOfMonth(bool first);
-    /// Whether digits have been typed into the date and it has not been left since: a date that
-    /// the program sets now would break into the typing.
+    /// Whether the user has typed digits and not left the field since. A program that sets the date
+    /// meanwhile would disturb the typing.
     bool IsBeingTyped() const { return typing_; }
 
 protected:
@@ -42,16 +43,16 @@ private:
     QRect ArrowRect() const;
     void OpenCalendar();
     void TypeDigit(QKeyEvent* event);
-    /// Selects the part of this index, or the nearest there is.
+    /// Selects the section with this index, clamped to the existing sections.
     void SelectPart(int index);
 
-    void Tell();
+    void NotifyChange();
 
-    QDate told_; ///< the value of which OnChange has told last
+    QDate notifiedDate_; ///< the value when OnChange was last fired
     bool firstOfMonth_ = false;
-    int typedDay_ = 0; ///< the day as typed, which may wait for its month; 0 is none
+    int typedDay_ = 0; ///< the day as typed, which the month typed later may allow; 0 for none
     bool typing_ = false;
-    bool advanced_ = false; ///< the last digit has completed a part and gone to the next
+    bool advanced_ = false; ///< the last digit completed a section and moved to the next one
 };
 
 } // namespace TradeForms

@@ -7,9 +7,8 @@
 
 namespace TradeForms {
 
-/// What a control tells of. Any number of steps may be added; they run in the order in which they
-/// were added, so that a form's step comes after that of the part which it made before. A step
-/// that throws ends the event.
+/// An event with any number of handlers (steps). They run in the order in which they were added. An
+/// exception thrown by a handler skips the remaining ones.
 template <class... Arguments> class Event {
 public:
     using Step = std::function<void(Arguments...)>;
@@ -18,7 +17,8 @@ public:
     void Clear() { steps_.clear(); }
     bool IsEmpty() const { return steps_.empty(); }
 
-    /// Runs the steps that were there when it began: a step may add another one.
+    /// Runs the handlers registered at the time of the call; one added by a handler runs from the
+    /// next call on.
     void operator()(Arguments... arguments) const
     {
         for (const auto& step : std::vector(steps_))
@@ -29,7 +29,7 @@ private:
     std::vector<std::shared_ptr<Step>> steps_;
 };
 
-/// An event that may be refused: the steps after the first one that sets cancel do not run.
+/// An event that can be cancelled: once a handler sets cancel, the remaining ones do not run.
 class VetoEvent {
 public:
     using Step = std::function<void(bool& cancel)>;

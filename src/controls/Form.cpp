@@ -27,9 +27,9 @@ public:
     Control* ActiveControl() const { return Control::Of(active); }
     bool CanTakeFocus(const Control& control) const;
     bool MayLeaveFor(const Control& to);
-    enum class Leave { Fully, Quietly }; ///< whether the old control's OnLostFocus runs
-    bool Give(Control& to, Qt::FocusReason reason, Leave leave = Leave::Fully);
-    bool Move(Control& to, Qt::FocusReason reason);
+    enum class Leave { Fully, Quietly }; ///< whether the old control's OnLostFocus is fired
+    bool MoveFocus(Control& to, Qt::FocusReason reason, Leave leave = Leave::Fully);
+    bool TryMoveFocus(Control& to, Qt::FocusReason reason);
     bool Step(bool forward);
     Control* Neighbour(bool forward) const;
     QList<Control*> TabStops() const;
@@ -44,18 +44,18 @@ public:
 
     Form& form;
     QPointer<QWidget> active;     ///< widget of the active control
-    QPointer<QWidget> passedOver; ///< has become active, but not got its OnGotFocus yet
+    QPointer<QWidget> passedOver; ///< became active, but its OnGotFocus has not been fired yet
     QList<QPointer<QWidget>> tabOrder;
-    QPointer<QWindow> window;   ///< whose events are examined
-    std::optional<QPoint> grip; ///< where the window is held while it is dragged by hand
-    bool moving = false;        ///< the form itself moves the focus
+    QPointer<QWindow> window;   ///< the native window whose events are filtered
+    std::optional<QPoint> grip; ///< offset of the mouse while the user drags the window
+    bool moving = false;        ///< the form itself is moving the focus
     bool validating = false;
     bool querying = false; ///< QueryUnload is running
     bool unloaded = false;
     bool deleteOnClose = false;
-    bool deletePending = false; ///< closed within a handler that has not returned yet
-    bool swallowing = false;    ///< the rest of a mouse press that was refused
-    int handlers = 0;           ///< on the stack
+    bool deletePending = false; ///< closed by a handler that has not returned yet
+    bool swallowing = false;    ///< swallows the rest of a refused mouse press
+    int handlers = 0;           ///< number of handlers running
 };
 
 bool Form::Private::CanTakeFocus(const Control& control) const
@@ -64,7 +64,7 @@ bool Form::Private::CanTakeFocus(const Control& control) const
            control.OwnerForm() == &form;
 }
 
-// Rule 1. A handler that fails has not refused.
+// Rule 1. A handler that throws does not cancel the move.
 bool Form::Private::MayLeaveFor(const Control& to)
 {
     Control* from = ActiveControl();
@@ -82,16 +82,16 @@ bool Form::Private::MayLeaveFor(const Control& to)
         const VetoEvent validate = from->OnValidate;
         form.Guard([&] { validate(cancel); });
     }
-    // The handler may have moved the focus elsewhere, or closed the form: then that holds.
+    // If the handler itself moved the focus or closed the form, the original move is dropped.
     return !cancel && !unloaded && ActiveControl() == from;
 }
 
-bool Form::Private::Give(Control& to, Qt::FocusReason reason, Leave leave)
+bool Form::Private::MoveFocus(Control& to, Qt::FocusReason reason, Leave leave)
 {
     if (!CanTakeFocus(to))
         return false;
     {
-        // Handlers run after Qt is done with the move, not in the midst of it.
+        // Handlers must not run within Qt's own focus change, so FocusChanged ignores it.
         const QScopedValueRollback<bool> ours(moving, true);
         to.Widget().setFocus(reason);
     }
@@ -102,9 +102,9 @@ bool Form::Private::Give(Control& to, Qt::FocusReason reason, Leave leave)
     return true;
 }
 
-bool Form::Private::Move(Control& to, Qt::FocusReason reason)
+bool Form::Private::TryMoveFocus(Control& to, Qt::FocusReason reason)
 {
-    return CanTakeFocus(to) && MayLeaveFor(to) && Give(to, reason);
+    return CanTakeFocus(to) && MayLeaveFor(to) && MoveFocus(to, reason);
 }
 
 QList<Control*> Form::Private::TabStops() const
@@ -138,9 +138,9 @@ bool Form::Private::Step(bool forward)
     Control* to = Neighbour(forward);
     if (!to || !MayLeaveFor(*to))
         return false;
-    // What the validation enabled or disabled counts.
+    // The validation may have enabled or disabled controls: look again.
     to = Neighbour(forward);
-    return to && Give(*to, forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return to && MoveFocus(*to, forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
 // Rule 2.
@@ -158,7 +158,7 @@ void Form::Private::Transition(Control* to, Leave leave)
     }
 }
 
-// A change that the form has not made itself, as when Qt leaves a control that went away.
+// Handles a focus change not made by the form, such as Qt's when the focused control is hidden.
 void Form::Private::FocusChanged(QWidget* now)
 {
     if (moving || !now || now->window() != &form)
@@ -168,8 +168,9 @@ void Form::Private::FocusChanged(QWidget* now)
         Transition(control);
 }
 
-// QApplication gives the focus before a widget's own filter sees a mouse press, so presses are
-// examined where they come in: at the window. Keys come the same way, whoever has the focus.
+// QApplication moves the focus before an event filter on a widget sees the mouse press, so the
+// filter is installed on the native window. All keys also pass through it, whichever widget has the
+// focus.
 void Form::Private::WatchWindow()
 {
     if (window == form.windowHandle())
@@ -205,14 +206,14 @@ Control* Form::Private::FocusTargetAt(const QPoint& position) const
     Control* control = Control::Of(pressed);
     if (!control || !CanTakeFocus(*control))
         return nullptr;
-    // Scrolling and sizing columns do not enter the grid.
+    // A press on a scroll bar or column header does not focus the grid.
     for (; pressed != &control->Widget(); pressed = pressed->parentWidget())
         if (qobject_cast<const QScrollBar*>(pressed) || qobject_cast<const QHeaderView*>(pressed))
             return nullptr;
     return control;
 }
 
-// True where the press is not to reach its widget.
+// Returns whether the press must not reach the widget.
 bool Form::Private::MousePressed(const QMouseEvent& event)
 {
     Control* target = FocusTargetAt(event.position().toPoint());
@@ -221,7 +222,7 @@ bool Form::Private::MousePressed(const QMouseEvent& event)
     const int shown = Modal::Count();
     if (!MayLeaveFor(*target))
         return true;
-    Give(*target, Qt::MouseFocusReason);
+    MoveFocus(*target, Qt::MouseFocusReason);
     return unloaded || Modal::Count() != shown;
 }
 
@@ -253,7 +254,7 @@ Form::Form(QWidget* owner)
 
 Form::~Form()
 {
-    // The controls go after this; what their going moves is nobody's business any more.
+    // The controls are destroyed after this; the focus changes that this causes are ignored.
     disconnect(qApp, nullptr, this, nullptr);
     if (d->window)
         d->window->removeEventFilter(this);
@@ -266,12 +267,12 @@ Control* Form::ActiveControl() const
 
 bool Form::SetFocus(Control& control)
 {
-    return d->Move(control, Qt::OtherFocusReason);
+    return d->TryMoveFocus(control, Qt::OtherFocusReason);
 }
 
 bool Form::ResetFocus(Control& control)
 {
-    return d->Give(control, Qt::OtherFocusReason, Private::Leave::Quietly);
+    return d->MoveFocus(control, Qt::OtherFocusReason, Private::Leave::Quietly);
 }
 
 bool Form::FocusNext()
@@ -383,7 +384,7 @@ void Form::Guard(const std::function<void()>& handler)
             HandlerFailed(std::runtime_error("Unknown failure"));
         }
     } catch (const std::exception& failure) {
-        // HandlerFailed itself has failed: nothing but the plain box is left.
+        // HandlerFailed itself threw: show the base class's plain box.
         Form::HandlerFailed(failure);
     }
     if (--d->handlers == 0 && d->deletePending)
@@ -407,13 +408,13 @@ void Form::HandlerFailed(const std::exception& failure)
     MsgBox(this, {QString::fromUtf8(failure.what()), MsgIcon::Stop, windowTitle()});
 }
 
-void Form::TellEdit()
+void Form::NotifyEdit()
 {
     Guard([this] { FormKeyPress(); });
 }
 
-// Tab that did not come through the window, and Qt's own search for another place when the
-// control that has the focus is disabled or hidden: that is the program's doing, not validated.
+// Called for a Tab that bypassed the window's event filter, and by Qt when the focused control is
+// disabled or hidden. The latter is caused by the program, so the control is not validated.
 bool Form::focusNextPrevChild(bool next)
 {
     const Control* from = d->ActiveControl();
@@ -422,12 +423,12 @@ bool Form::focusNextPrevChild(bool next)
         return true;
     }
     Control* to = d->Neighbour(next);
-    return to && d->Give(*to, Qt::OtherFocusReason);
+    return to && d->MoveFocus(*to, Qt::OtherFocusReason);
 }
 
 bool Form::eventFilter(QObject* watched, QEvent* event)
 {
-    // An open popup takes keys and presses for itself.
+    // An open popup handles keys and presses itself.
     if (watched != d->window || QApplication::activePopupWidget())
         return QWidget::eventFilter(watched, event);
     switch (event->type()) {
@@ -436,7 +437,7 @@ bool Form::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonPress:
         d->swallowing = d->MousePressed(static_cast<QMouseEvent&>(*event));
         return d->swallowing;
-    case QEvent::MouseButtonDblClick: // follows the press that it doubles
+    case QEvent::MouseButtonDblClick: // arrives in place of the second press
         return d->swallowing;
     case QEvent::MouseMove:
         return d->swallowing && static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton;
@@ -451,7 +452,7 @@ bool Form::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ShortcutOverride: {
-        // While the form is active its keys are its own, not the host's shortcuts.
+        // While the form is active, its keys must not trigger shortcuts of the host.
         const auto& key = static_cast<const QKeyEvent&>(*event);
         if (!(key.modifiers() & Qt::AltModifier)) {
             event->accept();
@@ -465,7 +466,7 @@ bool Form::event(QEvent* event)
             d->unloaded = false;
             if (!d->ActiveControl()) {
                 if (Control* first = d->Neighbour(true))
-                    d->Give(*first, Qt::TabFocusReason);
+                    d->MoveFocus(*first, Qt::TabFocusReason);
             }
         }
         break;
@@ -474,7 +475,7 @@ bool Form::event(QEvent* event)
         break;
     case QEvent::Hide:
         if (!event->spontaneous()) {
-            // The next showing is a fresh one.
+            // Reset, so that the form starts anew when shown again.
             d->unloaded = true;
             d->active = nullptr;
             d->passedOver = nullptr;
@@ -507,7 +508,7 @@ void Form::closeEvent(QCloseEvent* event)
     emit Unloading();
     if (!d->deleteOnClose)
         return;
-    // A handler on the stack, waiting in some event loop of its own, still needs the form.
+    // A handler that is still running, perhaps in a nested event loop, needs the form.
     if (d->handlers > 0)
         d->deletePending = true;
     else

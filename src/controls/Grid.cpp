@@ -69,7 +69,7 @@ public:
         return utf8(columns[section].Caption.English);
     }
 
-    /// Replaces columns, source or rows: whatever the change does, under a reset of the model.
+    /// Applies a change of columns, source or rows within a model reset.
     template <typename Change> void Reset(Change change)
     {
         beginResetModel();
@@ -139,16 +139,16 @@ public:
     }
 
 private:
-    /// A text in one line, cut off with three dots where it has no room. It is shaped but once:
-    /// to measure it and then hand it to the painter would shape it twice, which is most of what
-    /// the painting of a list costs.
+    /// Paints a text in one line, elided where it does not fit. The text is shaped only once:
+    /// QFontMetrics::elidedText followed by drawText would shape it twice, and shaping takes most
+    /// of the time of painting a list.
     static void paintLine(QPainter& painter, const QRect& room, QString text, const QFont& font,
                           bool right)
     {
-        // It stays one line, whatever stands in it.
+        // Line breaks and tabs are shown as spaces.
         std::replace_if(
             text.begin(), text.end(), [](QChar letter) { return letter.isSpace(); }, u' ');
-        // Blanks at the end are not seen, but they would move a text that runs from right to left.
+        // Trailing spaces are invisible, but would shift a right-to-left text.
         while (text.endsWith(u' '))
             text.chop(1);
         QTextLayout layout(text, font);
@@ -178,7 +178,7 @@ private:
     Grid& grid_;
 };
 
-/// Captions in two lines, Urdu above English.
+/// Two-line column captions, Urdu above English.
 class Grid::Header : public QHeaderView {
 public:
     explicit Header(Grid& grid) : QHeaderView(Qt::Horizontal, &grid), grid_(grid)
@@ -192,7 +192,7 @@ public:
 
     QSize sizeHint() const override
     {
-        // A table asks for the height alone; the width of all captions would be long to measure.
+        // The table uses only the height; computing the width of all captions would be slow.
         return {0, UrduHeight() + LatinHeight() + 4};
     }
 
@@ -223,7 +223,7 @@ protected:
     }
 
 private:
-    /// Captions stay what they are, and are shaped once.
+    /// The captions do not change, so their shaped layout is cached.
     void paintCaption(QPainter& painter, const QRect& room, const QString& text,
                       const QFont& font) const
     {
@@ -277,7 +277,7 @@ Grid::Grid(const QString& name, QWidget* parent)
 
 Grid::~Grid()
 {
-    // The view outlives its model by a moment.
+    // The model is destroyed before the base class's view.
     setModel(nullptr);
 }
 
@@ -344,8 +344,8 @@ void Grid::SetCell(int row, QStringView column, const QString& text)
 void Grid::SetSource(GridSource* source)
 {
     model_->source = source;
-    // Narrowed by typing, a list is long and short in turns. With a bar that came and went the
-    // columns would be laid out anew each time, and all be painted twice.
+    // A list filtered while typing keeps changing its length. A scroll bar that appears and
+    // disappears would each time cause a new column layout and a second repaint.
     setVerticalScrollBarPolicy(source ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAsNeeded);
     SourceChanged();
 }
@@ -353,8 +353,8 @@ void Grid::SetSource(GridSource* source)
 void Grid::SourceChanged()
 {
     model_->Reset([] {});
-    // At once, or the list is painted before and after. In the first layout the header counts its
-    // rows, which asks for a second one.
+    // Lay out now, or the list is painted once before and once after the layout. The first layout
+    // changes the header's section count, which schedules a second one.
     executeDelayedItemsLayout();
     executeDelayedItemsLayout();
     MoveFirst();
@@ -518,7 +518,7 @@ void Grid::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        event->ignore(); // the form's business
+        event->ignore(); // left to the form
         return;
     }
     QTableView::keyPressEvent(event);
@@ -551,7 +551,7 @@ QModelIndex Grid::moveCursor(CursorAction action, Qt::KeyboardModifiers)
     case MoveEnd:
         row = RowCount() - 1;
         break;
-    default: // the whole row is current; there is nothing to the left or right
+    default: // whole rows are current, so Left and Right do nothing
         break;
     }
     return RowIndex(std::clamp(row, 0, RowCount() - 1));
@@ -582,8 +582,8 @@ void Grid::mouseDoubleClickEvent(QMouseEvent* event)
         Fire(OnDoubleClick);
 }
 
-// Press and menu key have been told already. But Windows makes a context menu's event of Shift+F10
-// instead of a key's.
+// OnRightPress has already been fired for mouse presses and the menu key. For Shift+F10, Windows
+// sends only a context menu event and no key event.
 void Grid::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
@@ -600,7 +600,7 @@ void Grid::resizeEvent(QResizeEvent* event)
 void Grid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous);
-    // The whole row is painted as current.
+    // The current row is highlighted in all its columns.
     viewport()->update();
     if (!removing_ && current.isValid() && current.row() != previous.row())
         Fire(OnRowChange);

@@ -12,32 +12,32 @@
 
 namespace TradeForms {
 
-/// How a column's text is set: names in Urdu, codes and numbers in Latin type.
+/// Type style of a column: Urdu for names, Latin for codes and numbers.
 enum class StyleSet { ColUrdu, ColEng };
 
 struct GridColumn {
-    QString Name; ///< looked up without regard to case
+    QString Name; ///< case-insensitive
     TradeForms::Caption Caption;
     StyleSet Style = StyleSet::ColEng;
-    int Width = 100; ///< pixels at 100 %, a minimum
+    int Width = 100; ///< minimum, in pixels at 100 % scaling
     bool Stretch = false;
     bool Number = false; ///< right-aligned
 };
 
-/// Rows that a grid shows but does not hold.
+/// Data source of a bound grid.
 class GridSource {
 public:
     virtual ~GridSource();
     virtual int RowCount() const = 0;
-    /// Text of a cell; column is the index in the grid's columns.
+    /// Text of a cell; column is an index into the grid's columns.
     virtual QString Text(int row, int column) const = 0;
 };
 
-/// A list of rows with a current row. Unbound, its rows are added by the program and hold text;
-/// bound, it shows a GridSource. The user cannot edit a cell. It is one control: Tab leaves it,
-/// the arrow keys, Page, Home and End move the current row.
+/// A read-only list of rows with a current row. An unbound grid holds rows of text that the program
+/// adds; a bound grid shows a GridSource. The grid is a single tab stop; the arrow keys, Page Up,
+/// Page Down, Home and End move the current row.
 ///
-/// Voucher grids lay their columns from left to right; lists of Urdu text from right to left.
+/// Voucher grids arrange their columns from left to right; lists of Urdu text, from right to left.
 class Grid : public QTableView, public Control {
     Q_OBJECT
 public:
@@ -46,59 +46,63 @@ public:
 
     void SetColumns(const QList<GridColumn>& columns);
     const QList<GridColumn>& Columns() const;
-    /// Index of a column, without regard to case. Raises std::out_of_range for an unknown name.
+    /// Index of a column; the name is case-insensitive. Raises std::out_of_range for an unknown
+    /// name.
     int ColumnIndex(QStringView name) const;
     void SetColumnHidden(QStringView name, bool hidden);
 
     // Unbound rows.
-    /// A row of empty texts at the end; gives its index. In an empty grid it becomes current.
+    /// Appends a row of empty texts and returns its index. The first row of an empty grid becomes
+    /// current.
     int AddRow();
     void RemoveAllRows();
-    /// Text of a cell, of a bound grid too. Raises std::out_of_range for a row that is none.
+    /// Text of a cell of an unbound or bound grid. Raises std::out_of_range for a row or column
+    /// that does not exist.
     QString Cell(int row, QStringView column) const;
-    /// Raises std::out_of_range for a row that is none.
+    /// Sets the text of a cell of an unbound grid. Raises std::out_of_range for a row or column
+    /// that does not exist.
     void SetCell(int row, QStringView column, const QString& text);
 
-    // Bound rows. The source must outlive its use here; null unbinds.
+    // Bound rows. The source must outlive its use by the grid; null unbinds.
     void SetSource(GridSource* source);
-    /// The source has new rows: the first becomes current.
+    /// To be called when the rows of the source have changed. Makes the first row current.
     void SourceChanged();
 
     int RowCount() const;
-    /// The current row, or -1 where there is none.
+    /// Index of the current row, or -1 if there is none.
     int Row() const;
-    /// Makes a row current and brings it into view; the selection stays as it is. Raises
-    /// std::out_of_range for a row that is none.
+    /// Makes a row current and scrolls it into view; the selection does not change. Raises
+    /// std::out_of_range for a row that does not exist.
     void SetRow(int row);
-    /// The first or last row becomes current; an empty grid stays as it is.
+    /// Makes the first or last row current; does nothing in an empty grid.
     void MoveFirst();
     void MoveLast();
 
-    // Selection by row; the bookmark of a row is its index.
+    // Selection of whole rows, identified by their indexes.
     void ClearSelection();
     void SelectRow(int row);
     QList<int> SelectedRows() const;
-    /// Deletes the selected rows of an unbound grid. OnBeforeDelete runs first; afterwards the
-    /// row that moved up is current, or the last one.
+    /// Deletes the selected rows of an unbound grid after firing OnBeforeDelete. Then the row that
+    /// took the place of the deleted ones is current, or the last row.
     void DeleteSelected();
 
-    /// Brings a row into view; does not scroll sideways.
+    /// Scrolls a row into view vertically; never scrolls sideways.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
-    /// Suspends and resumes painting. Not nested.
+    /// Suspends (false) or resumes (true) painting. Calls do not nest.
     void SetRedraw(bool redraw);
     bool Redraw() const;
 
-    /// Another row became current, by the user or by the program. Does not run when the grid
-    /// becomes empty.
+    /// Another row became current, by the user or by the program. Not fired when the grid becomes
+    /// empty.
     Event<> OnRowChange;
     Event<> OnBeforeDelete;
-    /// Anywhere in the grid, below its rows too.
+    /// A double-click anywhere in the grid, including the area below its rows.
     Event<> OnDoubleClick;
-    /// Right mouse button on the grid, or the menu key in it; the row under it is current
-    /// by then. The position is in screen coordinates.
+    /// The right mouse button was pressed on the grid, or the menu key in it. The row under the
+    /// mouse is already current. The position is in screen coordinates.
     Event<QPoint> OnRightPress;
-    /// A key typed in the grid, before the grid acts on it.
+    /// A key was typed in the grid; fired before the grid handles it.
     Event<QString> OnKeyPress;
 
 protected:
@@ -125,7 +129,7 @@ private:
 
     std::unique_ptr<Model> model_;
     bool redraw_ = true;
-    bool removing_ = false; ///< rows are going; which one is current is told afterwards
+    bool removing_ = false; ///< rows are being deleted; OnRowChange is fired afterwards
 };
 
 } // namespace TradeForms

@@ -4,7 +4,7 @@
 
 namespace TradeForms {
 
-/// The pointer is an hourglass over all windows while this lives.
+/// Shows the wait cursor over all windows for the lifetime of the object.
 class Hourglass {
 public:
     Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }

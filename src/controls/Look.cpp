@@ -24,9 +24,9 @@ QStringList latinFamilies()
     return {QStringLiteral("Noto Sans"), QStringLiteral("Segoe UI"), QStringLiteral("sans-serif")};
 }
 
-// Naskh stands before Nastaliq: at the height of a field it stays legible, where Nastaliq would
-// have to shrink to half its size. Only one of them is named, since a fallback with other
-// metrics would push the whole line down.
+// Naskh is preferred to Nastaliq: it stays legible at the height of a field, where Nastaliq would
+// have to shrink to half its size. Only one family is named, since a fallback font with other
+// metrics would shift the whole line down.
 QString urduFamily()
 {
     static const QString family = [] {
@@ -52,7 +52,7 @@ QFont latin(int pixels, QFont::Weight weight = QFont::Normal)
     return font;
 }
 
-// What is left unsaid here would come from the host's own font.
+// Every attribute is set: those left out would be inherited from the host's font.
 QFont urdu(int pixels)
 {
     QFont font;
@@ -63,8 +63,9 @@ QFont urdu(int pixels)
     return font;
 }
 
-/// Fusion, but with flat scroll bars, as all else is flat here. Its own are made of gradients, for
-/// which the painter waits for other threads: a quarter of the time in which a list is painted.
+/// The Fusion style with flat scroll bars, to match the other controls. Fusion paints its own with
+/// gradients, for which the painter waits for other threads: a quarter of the time of painting a
+/// list.
 class FlatStyle : public QProxyStyle {
 public:
     FlatStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -250,7 +251,7 @@ int Space()
 
 QStyle* BaseStyle()
 {
-    // Owned by the application, so that it does not outlive what it draws with.
+    // Owned by the application, so that it is destroyed before the resources that it draws with.
     static QPointer<QStyle> style;
     if (!style) {
         style = new FlatStyle;
@@ -281,7 +282,7 @@ const QPalette& Palette()
             made.setColor(role, color);
         for (const auto role : {QPalette::WindowText, QPalette::ButtonText})
             made.setColor(QPalette::Disabled, role, DisabledText());
-        // What a closed field holds is still to be read.
+        // The contents of a disabled field have to stay legible.
         made.setColor(QPalette::Disabled, QPalette::Text, MutedText());
         return made;
     }();

@@ -9,8 +9,8 @@ class QRect;
 class QStyle;
 class QWidget;
 
-/// The one palette and the one type scale of all screens. Nothing here touches the host's own
-/// windows: controls take their colours, fonts and style from here one by one.
+/// The palette and type scale of all screens. Nothing here changes the host's own windows: each
+/// control is given its colours, fonts and style individually.
 namespace TradeForms::Look {
 
 // Palette
@@ -21,7 +21,7 @@ QColor EntryBackground(); ///< of the entry row strip
 QColor BarBackground();   ///< of the button bar
 QColor FieldBackground();
 QColor FocusBackground();  ///< of the field that has the focus
-QColor ClosedBackground(); ///< of a name field, and of a field closed for now
+QColor ClosedBackground(); ///< of a name field or a field that is closed for now
 QColor Border();
 QColor Text();
 QColor MutedText();
@@ -30,38 +30,38 @@ QColor Selection(); ///< current row of a grid
 QColor HeaderBackground();
 QColor AlternateRow();
 QColor Warning();
-QColor StopSign(); ///< grounds of the signs in message boxes
+QColor StopSign(); ///< background of the signs in message boxes
 QColor WarningSign();
 QColor NoticeSign();
 QColor PageSurround(); ///< round the pages of a report
-QColor Hit();          ///< behind words that a search has found
-QColor CurrentHit();   ///< behind those of them that the user is at
+QColor Hit();          ///< background of search hits
+QColor CurrentHit();   ///< background of the current search hit
 
 // Type scale
 QFont LatinFont(); ///< fields and grids
-QFont UrduFont();  ///< ZovUrdu where it is installed, else Noto Naskh Arabic or Nastaliq
+QFont UrduFont();  ///< ZovUrdu if installed, else Noto Naskh Arabic, else Noto Nastaliq
 QFont CaptionUrdu();
 QFont CaptionLatin(); ///< small, under an Urdu caption
 QFont TitleUrdu();
 QFont TitleLatin();
 
-/// Height in pixels of one field, tall enough for Urdu.
+/// Height of a field in pixels, enough for Urdu text.
 int FieldHeight();
-/// Unit of spacing in pixels.
+/// Unit of spacing, in pixels.
 int Space();
 
-/// The base style of all controls, so that a host's style does not change them.
+/// The style of all controls, independent of the host's style. Owned by the application.
 QStyle* BaseStyle();
-/// The palette above in the roles of Qt.
+/// The palette above as a QPalette.
 const QPalette& Palette();
-/// Gives a widget the base style, the palette and a font.
+/// Sets a widget's style, palette and font.
 void Dress(QWidget& widget, const QFont& font);
 
-/// How a field stands: decides the colours of its ground and frame.
+/// State of a field, which decides the colours of its background and frame.
 enum class FieldState { Open, Focused, Closed, Disabled };
-/// Ground and frame of a field; a warning replaces the frame's colour.
+/// Paints the background and frame of a field; warning gives the frame the warning colour.
 void PaintField(QPainter& painter, const QRect& rect, FieldState state, bool warning = false);
-/// The ring round a control that has the focus and is no field.
+/// Paints the focus ring of a control that is not a field.
 void PaintFocusRing(QPainter& painter, const QRect& rect);
 
 } // namespace TradeForms::Look

@@ -7,13 +7,14 @@ class QEventLoop;
 
 namespace TradeForms::Modal {
 
-/// Keeps the keys and clicks of the user from what this program's toolkit does not reach, such as
-/// the windows of a host that is made otherwise, for as long as what it gives back lives.
+/// Creates an object that, while it lives, blocks keyboard and mouse input to windows outside this
+/// toolkit, such as those of a host program.
 using Barrier = std::function<std::shared_ptr<void>()>;
-/// Sets it for all modal windows to come; gives back the one before. An empty one keeps nothing.
+/// Sets the barrier for modal windows shown from now on and returns the previous one. An empty
+/// function blocks nothing.
 Barrier SetBarrier(Barrier barrier);
 
-/// A modal window is up. It is made before the window is shown.
+/// Represents a modal window on the screen. To be created before the window is shown.
 class Scope {
 public:
     Scope();
@@ -21,14 +22,15 @@ public:
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
 
-    /// The window is about to go from the screen. What stood behind it has to be open by then, or
-    /// the system would hand the keyboard to another program.
+    /// To be called just before the window is hidden: removes the barrier. The windows behind it
+    /// must accept input by then, or the system would activate another program. Further calls do
+    /// nothing.
     void End();
 
-    /// Waits until the loop is left: by the window's closing, or by EndAll.
+    /// Runs the event loop until it is left because the window closes or EndAll is called.
     void Wait(QEventLoop& loop);
 
-    /// How many modal windows are up.
+    /// Returns the number of modal windows on the screen.
     static int Open();
 
 private:
@@ -36,8 +38,8 @@ private:
     bool ended_ = false;
 };
 
-/// Every wait for a modal window ends, the innermost first, as if the user had thought better of
-/// it: the host's program is ending.
+/// Ends the wait for every modal window, the innermost first, as if the user had cancelled. For use
+/// when the host program is exiting.
 void EndAll();
 
 } // namespace TradeForms::Modal

@@ -29,7 +29,7 @@ Modal::BoxPresenter boxPresenter;
 Modal::FormPresenter formPresenter;
 int shown = 0;
 
-const int kNarrowest = 240; ///< text of a box, in pixels
+const int kNarrowest = 240; ///< width of the text, in pixels
 const int kWidest = 560;
 
 QWidget* windowOf(QWidget* widget)
@@ -37,7 +37,7 @@ QWidget* windowOf(QWidget* widget)
     return widget ? widget->window() : nullptr;
 }
 
-/// The sign in front of a message.
+/// The icon of a message box.
 class Sign : public QWidget {
 public:
     explicit Sign(MsgIcon icon) : icon_(icon) { setFixedSize(40, 40); }
@@ -97,8 +97,8 @@ private:
     MsgIcon icon_;
 };
 
-/// A text as it stands, never taken for markup; it can be selected with the mouse, and scrolls
-/// where it is long.
+/// Plain text, never interpreted as markup. It can be selected with the mouse, and scrolls if it is
+/// long.
 class MessageText : public QTextEdit {
 public:
     explicit MessageText(const QString& text)
@@ -116,7 +116,7 @@ public:
         setPlainText(text);
 
         const std::unique_ptr<QTextDocument> measure(document()->clone());
-        measure->setTextWidth(-1); // no wrapping but the text's own
+        measure->setTextWidth(-1); // wraps only at the text's own line breaks
         const int width = std::clamp(int(measure->idealWidth()) + 1, kNarrowest, kWidest);
         measure->setTextWidth(width);
         const int height = int(measure->size().height()) + 1;
@@ -144,7 +144,7 @@ public:
         auto* words = new QHBoxLayout;
         words->setContentsMargins(20, 20, 20, 20);
         words->setSpacing(16);
-        // Messages are in English: sign at the left, text beside it.
+        // Messages are in English: icon on the left, text to the right of it.
         words->setDirection(QBoxLayout::RightToLeft);
         if (message.Icon != MsgIcon::None)
             words->addWidget(new Sign(message.Icon), 0, Qt::AlignTop);
@@ -158,7 +158,7 @@ public:
         column->addLayout(words);
         const QList<JeweledButton*> buttons = Buttons();
         column->addWidget(ButtonBar(buttons, {}));
-        // The first of the order has the focus when the box comes up.
+        // The first control of the tab order gets the focus when the box is shown.
         if (message.Default == MsgAnswer::No && buttons.size() == 2)
             SetTabOrderOf({buttons.last(), buttons.first()});
     }
@@ -294,14 +294,14 @@ void Run(Form& form, QWidget* owner)
     QObject::connect(&form, &QObject::destroyed, &loop, &QEventLoop::quit);
 
     form.setWindowModality(Qt::ApplicationModal);
-    form.winId(); // the native window has to exist before it can belong to another
+    form.winId(); // creates the native window, needed for setTransientParent
     form.windowHandle()->setTransientParent(over ? over->windowHandle() : nullptr);
     form.ShowOver(over);
     scope.Wait(loop);
 
     scope.End();
     if (alive)
-        alive->hide(); // where the whole application is quitting
+        alive->hide(); // the loop may have ended because the application is quitting
     if (over && over->isVisible())
         over->activateWindow();
     typeAhead.Release();

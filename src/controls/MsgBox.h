@@ -15,40 +15,41 @@ enum class MsgIcon { None = 0, Stop = 16, Question = 32, Exclamation = 48, Infor
 enum class MsgButtons { Ok, YesNo };
 enum class MsgAnswer { Ok, Yes, No };
 
-/// What a message box says.
+/// The contents of a message box.
 struct Message {
     QString Text;
     MsgIcon Icon = MsgIcon::None;
     QString Title;
     MsgButtons Buttons = MsgButtons::Ok;
-    MsgAnswer Default = MsgAnswer::Yes; ///< of Yes and No: what Enter answers
+    MsgAnswer Default = MsgAnswer::Yes; ///< the button that Enter presses, in a Yes/No box
 };
 
-/// Shows a message box over a window and waits for the answer. Esc answers No, or Ok where that
-/// is the one button; Enter answers the default button, Y and N the two others.
+/// Shows a message box over a window, waits and returns the answer. Esc answers No, or Ok in an Ok
+/// box; Enter answers the default button, Y answers Yes and N answers No.
 MsgAnswer MsgBox(QWidget* owner, const Message& message);
-/// An Ok box with an icon.
+/// Shows an Ok box with an icon.
 void Inform(QWidget* owner, const QString& text, MsgIcon icon, const QString& title);
-/// A Yes/No box with the question icon. True for Yes.
+/// Shows a Yes/No box with the question icon. Returns true for Yes.
 bool Ask(QWidget* owner, const QString& text, const QString& title);
-/// The system's one error box: the failure's description, the stop icon, "Error occured".
+/// Shows the standard error box: the exception's description, the stop icon and the title "Error
+/// occured".
 void ShowError(QWidget* owner, const std::exception& failure);
 
-/// The two seams through which tests answer what would stop and wait for the user. Each setter
-/// gives back the one before; an empty function is the real thing.
+/// The two test hooks that replace the windows that would wait for the user. Each setter returns
+/// the previous presenter; an empty function restores the real window.
 namespace Modal {
 using BoxPresenter = std::function<MsgAnswer(QWidget* owner, const Message& message)>;
 BoxPresenter SetBoxPresenter(BoxPresenter presenter);
-/// Called when a form is about to be shown modally, in place of showing and waiting. It may
-/// drive the form and unload it; Form::ShowModal returns when it returns.
+/// Called in place of showing a form modally and waiting. It may drive the form and close it;
+/// Form::ShowModal returns when it returns.
 using FormPresenter = std::function<void(Form& form, QWidget* owner)>;
 FormPresenter SetFormPresenter(FormPresenter presenter);
-/// Shows a form modally with its own event loop: what ShowModal does where no presenter is set,
-/// and what a presenter may call.
+/// Shows a form modally with an event loop of its own. ShowModal does this if no presenter is set;
+/// a presenter may call it.
 void Run(Form& form, QWidget* owner);
-/// What ShowModal does: the presenter's way, or Run.
+/// Calls the presenter, or Run if none is set. ShowModal is implemented by this.
 void Present(Form& form, QWidget* owner);
-/// How many boxes and modal forms have been shown so far, by a presenter or for real.
+/// Returns the number of boxes and modal forms shown so far, by a presenter or for real.
 int Count();
 } // namespace Modal
 

@@ -22,15 +22,16 @@ QLabel* plainLabel(const QString& text, const QFont& font, const QColor& color)
     palette.setColor(QPalette::WindowText, color);
     label->setPalette(palette);
     label->setTextFormat(Qt::PlainText);
-    // The hint is cut to whole pixels, and the text with it.
+    // The size hint is truncated to whole pixels, which would cut off the text.
     label->setMinimumWidth(label->sizeHint().width() + 1);
-    // Shown with the strip; shown by itself it would be a window for a moment.
+    // Hidden only, never shown explicitly: without a parent, show() would make it a top-level
+    // window for a moment.
     if (text.isEmpty())
         label->hide();
     return label;
 }
 
-/// The pill of a title strip: its text on a lighter ground with round ends.
+/// The status label of a title strip: text on a lighter background with rounded ends.
 class Pill : public QLabel {
 public:
     Pill()
@@ -44,7 +45,7 @@ public:
         setPalette(light);
         setTextFormat(Qt::PlainText);
         setContentsMargins(12, 0, 12, 0);
-        // A lower bound only: the Urdu of the text may be in a font with taller lines.
+        // Only a minimum: the Urdu text may use a font with taller lines.
         setMinimumHeight(QFontMetrics(small).height() + 8);
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     }
@@ -187,7 +188,7 @@ CaptionLabel::CaptionLabel(const QString& urdu, const QString& english, QWidget*
     urdu_->setFont(Look::CaptionUrdu());
     english_->setFont(Look::CaptionLatin());
     english_->SetForeColor(Look::MutedText());
-    // A label would put an English text at the other end of a form that runs right to left.
+    // In a right-to-left form, QLabel would align an English text to the opposite side.
     const Qt::Alignment side = QStyle::visualAlignment(Qt::RightToLeft, alignment);
     for (Label* label : {urdu_, english_})
         label->setAlignment(side | Qt::AlignAbsolute | Qt::AlignVCenter);
@@ -220,7 +221,7 @@ GridColumn NameColumn(const char* name, const Caption& caption, int width)
 
 namespace {
 
-/// A part of a window, and its row; widgets are added from the reader's right hand.
+/// Creates a widget and its row layout; widgets are added from right to left.
 std::pair<QWidget*, QHBoxLayout*> makeRow(int spacing)
 {
     auto* part = new QWidget;

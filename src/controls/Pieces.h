@@ -9,36 +9,37 @@
 #include <QList>
 #include <QWidget>
 
-// The few pieces from which every screen is composed, so that all look like one family.
+// The building blocks of all screens, which give them a uniform look.
 
 namespace TradeForms {
 
-// The controls of a form, which owns them: each with its name and an English accessible name.
+// Controls of a form. The form owns them. Each takes its object name and its English accessible
+// name.
 
-/// A code, or other short text in Latin type.
+/// A field for a code or other short text in Latin type.
 Txt& TextField(QWidget* form, const char* name, const char* accessibleName, bool mandatory = false);
-/// A number: aligned at the right, and told where the text is none.
+/// A right-aligned field that warns the user while its text is not a number.
 Txt& NumberField(QWidget* form, const char* name, const char* accessibleName);
-/// Urdu text, or a name beside its code.
+/// A field for Urdu text, or for the name beside a code.
 UTxt& UrduField(QWidget* form, const char* name, const char* accessibleName);
-/// A date in the form dd/MM/yyyy.
+/// A date field in the format dd/MM/yyyy.
 DTPicker& DateField(QWidget* form, const char* name, const char* accessibleName);
-/// A month in the form MMM-yyyy; its value is the first day of the month.
+/// A month field in the format MMM-yyyy; its value is the first day of the month.
 DTPicker& MonthField(QWidget* form, const char* name, const char* accessibleName);
 OptionButton& OptionField(QWidget* form, const char* name, const char* accessibleName);
 Label& TextLabel(QWidget* form, const char* name, const char* text);
-/// A button of the bar, with its shortcut ("Ctrl+S") below its caption.
+/// A button of the button bar, with its shortcut (such as "Ctrl+S") below its caption.
 JeweledButton& BarButton(QWidget* form, const char* name, const Caption& caption,
                          const char* shortcut,
                          JeweledButton::Kind kind = JeweledButton::Kind::Plain);
 
-/// The name of a control, and the one that a screen reader tells.
+/// The object name of a control and the name that a screen reader announces.
 struct ControlName {
     const char* Name;
     const char* Accessible;
 };
 
-/// A code, the "..." button that brings up its list, and the name that belongs to it.
+/// A code field, the "..." button that opens its list, and the field for the matching name.
 struct CodeField {
     Txt& Code;
     JeweledButton& Button;
@@ -47,13 +48,14 @@ struct CodeField {
 CodeField MakeCodeField(QWidget* form, const ControlName& code, const ControlName& button,
                         const ControlName& name, bool mandatory = false);
 
-/// Title at the reader's right hand, a pill that tells the state, ImgMin and ImgExit.
+/// The title bar of a form: the title on the right, a pill-shaped status label, ImgMin and ImgExit.
 class TitleStrip : public QWidget {
     Q_OBJECT
 public:
     explicit TitleStrip(const Caption& title, QWidget* parent = nullptr);
     TitleStrip(const QString& urdu, const QString& english, QWidget* parent = nullptr);
-    /// Text of the pill; empty hides it. A caption reads "ترمیم شدہ · Edited".
+    /// Sets the text of the status label; an empty text hides it. A caption is shown as "ترمیم شدہ
+    /// · Edited".
     void SetState(const QString& text);
     void SetState(const Caption& state);
     QString StateText() const;
@@ -69,14 +71,14 @@ private:
     QLabel* pill_;
 };
 
-/// Urdu caption with the English term small below it.
+/// An Urdu caption with the English term in small type below it.
 class CaptionLabel : public QWidget {
     Q_OBJECT
 public:
     explicit CaptionLabel(const Caption& caption, QWidget* parent = nullptr);
     CaptionLabel(const QString& urdu, const QString& english, QWidget* parent = nullptr,
                  Qt::Alignment alignment = Qt::AlignLeading);
-    /// The Urdu line, for forms whose code touches it.
+    /// The Urdu line, for forms whose code changes it.
     Label& UrduLabel() { return *urdu_; }
 
 private:
@@ -84,42 +86,42 @@ private:
     Label* english_;
 };
 
-// Columns of a voucher's grid; widths in pixels at 100 %.
+// Columns of a voucher's grid; widths in pixels at 100 % scaling.
 
 /// A code or other short text in Latin type.
 GridColumn CodeColumn(const char* name, const Caption& caption, int width);
-/// The same, aligned at the right.
+/// The same, right-aligned.
 GridColumn NumberColumn(const char* name, const Caption& caption, int width);
-/// A name in Urdu, which takes the room that the others leave.
+/// An Urdu name; the column takes the width left by the others.
 GridColumn NameColumn(const char* name, const Caption& caption, int width);
 
 /// Width of the captions beside fields, and of code fields, in pixels.
 inline constexpr int kCaptionWidth = 100;
 inline constexpr int kCodeWidth = 92;
 
-/// Code, "..." button and name in one row, from the reader's right hand; and with a caption before.
+/// Code, "..." button and name in one row from right to left; with a caption before them in the
+/// second form.
 QWidget* CodeSet(const CodeField& field);
 QWidget* CodeSet(const Caption& caption, const CodeField& field);
-/// A code that stands alone.
+/// A captioned code field without button and name.
 QWidget* CodeSet(const Caption& caption, Txt& code);
-/// Caption at the right, field beside it.
+/// A field with its caption to the right.
 QWidget* Labelled(const Caption& caption, QWidget* field);
-/// A field at its own width, at the reader's right hand.
+/// A field at its preferred width, aligned to the right.
 QWidget* AtOwnWidth(QWidget* field);
-/// Fields beside one another, from the reader's right hand; null is a gap. The room that they leave
-/// stays empty.
+/// Fields in one row from right to left; null leaves a gap. Excess width stays empty on the left.
 QWidget* SideBySide(const QList<QWidget*>& fields);
-/// Caption above, field below, as in an entry row.
+/// A field with its caption above, as in the entry row.
 QWidget* Stacked(const Caption& caption, QWidget* field);
 QWidget* Stacked(CaptionLabel* caption, QWidget* field);
-/// A grid with the room that is left round it.
+/// A grid with margins around it.
 QWidget* GridArea(Grid& grid);
 
-/// The controls of a part of a window that may take the focus, in the order in which they were
-/// added to its layouts, which is that of reading.
+/// Returns the controls within a widget that can take the focus, in the order in which they were
+/// added to its layouts (the reading order).
 QList<Control*> InLayoutOrder(const QWidget& part);
 
-/// A strip across the form with its own ground: the entry row, the button bar.
+/// A strip across the form with a background of its own, such as the entry row or the button bar.
 class Strip : public QWidget {
     Q_OBJECT
 public:
@@ -133,11 +135,11 @@ private:
     Kind kind_;
 };
 
-/// The header's fields in two columns, row by row from the reader's right hand.
+/// Arranges the header fields in two columns, row by row from right to left.
 Strip* HeaderStrip(const QList<QWidget*>& cells);
-/// The entry row: the code with its name takes the room that the fields leave.
+/// Arranges the entry row; the code with its name takes the width left by the fields.
 Strip* EntryStrip(QWidget* code, const QList<QWidget*>& fields);
-/// The bar at the foot: the first group at the right, the second at the left.
+/// Arranges the button bar: the first group on the right, the second on the left.
 Strip* ButtonBar(const QList<JeweledButton*>& right, const QList<JeweledButton*>& left);
 
 } // namespace TradeForms

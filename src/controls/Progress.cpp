@@ -14,7 +14,7 @@ namespace TradeForms {
 
 namespace {
 
-const int kPause = 40; ///< milliseconds of work between two looks at the user
+const int kPause = 40; ///< milliseconds between two updates of the window
 
 } // namespace
 
@@ -58,7 +58,7 @@ protected:
         key.Swallow();
     }
 
-    // Closing it is a way to stop the work; it goes when that has stopped.
+    // Closing the window stops the work; the window stays until the work has ended.
     void QueryUnload(bool& cancel) override { cancel = cancelled_ = true; }
 
 private:
@@ -74,7 +74,7 @@ Progress::Progress(QWidget* owner, const Caption& title, int rows)
     scope_.emplace();
     box_ = std::make_unique<Box>(title, rows_);
     box_->setWindowModality(Qt::ApplicationModal);
-    box_->winId(); // the native window has to exist before it can belong to another
+    box_->winId(); // creates the native window, needed for setTransientParent
     box_->windowHandle()->setTransientParent(owner_ ? owner_->windowHandle() : nullptr);
     box_->ShowOver(owner_);
     show();

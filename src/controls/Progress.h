@@ -13,12 +13,12 @@ class QWidget;
 
 namespace TradeForms {
 
-/// Work that goes through many rows on this thread. Where they are so many that it takes a while,
-/// a window tells how far it is and lets the user stop it; it is up for as long as this lives, and
-/// no other window takes keys or clicks meanwhile.
+/// Progress of work on many rows that runs on the GUI thread. If there are LongWork rows or more, a
+/// modal window shows the progress and lets the user stop the work. The window is shown for the
+/// lifetime of the object.
 class Progress {
 public:
-    /// Fewer rows than this are done before one could read what the window says.
+    /// Number of rows from which the window is shown. Fewer are done before one could read it.
     static constexpr int LongWork = 20'000;
 
     Progress(QWidget* owner, const Caption& title, int rows);
@@ -26,7 +26,7 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    /// This many rows are done. False once the user has stopped the work.
+    /// Reports the number of rows done. Returns false once the user has stopped the work.
     bool Reached(int row);
 
 private:
@@ -38,7 +38,7 @@ private:
     int rows_;
     std::optional<Modal::Scope> scope_;
     std::unique_ptr<Box> box_;
-    QElapsedTimer sinceShown_; ///< since the window was brought up to date
+    QElapsedTimer sinceShown_; ///< since the window was last updated
 };
 
 } // namespace TradeForms

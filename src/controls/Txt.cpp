@@ -20,7 +20,7 @@ namespace {
 const int kTextPadding = 8;
 const int kMandatoryMark = 7;
 
-/// Every line break becomes one blank.
+/// Replaces each line break with one space.
 QString onOneLine(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
@@ -29,7 +29,7 @@ QString onOneLine(QString text)
     return text;
 }
 
-/// The digits of an Urdu or Arabic keyboard as Latin ones.
+/// Replaces Urdu and Arabic digits with Latin ones.
 QString withLatinDigits(QString text)
 {
     for (QChar& c : text)
@@ -44,7 +44,7 @@ bool isNumber(const QString& text)
     return number.match(text).hasMatch();
 }
 
-/// Whether a key types something, or edits in a way that has a key of its own.
+/// Whether a key types a character or is itself an editing command, such as Backspace.
 bool edits(const QKeyEvent& event)
 {
     if (event.key() == Qt::Key_Backspace || event.matches(QKeySequence::Paste) ||
@@ -53,7 +53,7 @@ bool edits(const QKeyEvent& event)
     const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
     const bool alt = event.modifiers().testFlag(Qt::AltModifier);
     const QString text = event.text();
-    if (text.isEmpty() || ctrl != alt) // both together are AltGr
+    if (text.isEmpty() || ctrl != alt) // Ctrl and Alt together are AltGr
         return false;
     const QChar first = text.front();
     return first.isPrint() || first.isSurrogate() || first.category() == QChar::Other_Format;
@@ -61,10 +61,10 @@ bool edits(const QKeyEvent& event)
 
 } // namespace
 
-/// Looks at every edit, by whatever way it comes, and refuses it whole.
-class Txt::Gate : public QValidator {
+/// Checks every edit, however it is made, and rejects it as a whole if it is not allowed.
+class Txt::EditValidator : public QValidator {
 public:
-    explicit Gate(Txt& field) : QValidator(&field), field_(field) {}
+    explicit EditValidator(Txt& field) : QValidator(&field), field_(field) {}
 
     State validate(QString& input, int& position) const override
     {
@@ -75,7 +75,7 @@ public:
             input = text;
             position = std::min(position, int(input.size()));
         }
-        // The text as it stood before is asked after when the focus leaves.
+        // The line edit also validates the unchanged text when the focus leaves.
         if (field_.programSets_ || input == field_.lastText_ || field_.Accepts(input))
             return Acceptable;
         field_.Refuse();
@@ -92,19 +92,19 @@ Txt::Txt(const QString& name, const QString& accessibleName, QWidget* parent)
     SetName(name, accessibleName);
     Look::Dress(*this, Look::LatinFont());
     QPalette palette = Look::Palette();
-    palette.setColor(QPalette::Base, Qt::transparent); // the ground is painted below the text
+    palette.setColor(QPalette::Base, Qt::transparent); // paintEvent draws the background
     setPalette(palette);
     setFrame(false);
     setTextMargins(kTextPadding - 2, 0, kTextPadding - 2, 0);
     setLayoutDirection(Qt::LeftToRight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMaxLength(std::numeric_limits<int>::max());
-    setValidator(new Gate(*this));
+    setValidator(new EditValidator(*this));
 
     connect(this, &QLineEdit::textEdited, this, [this] {
         Form* form = OwnerForm();
         if (form && !keyEdits_)
-            form->TellEdit();
+            form->NotifyEdit();
     });
     connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
         if (text == lastText_)
@@ -174,8 +174,8 @@ void Txt::SetClosedLook(bool closed)
     update();
 }
 
-// A text that the program set may be longer or other than what the user may type; then the
-// user may still shorten it.
+// A text set by the program may break the limits for the user's input; the user may then still
+// shorten it.
 bool Txt::Accepts(const QString& text) const
 {
     return Fits(text) || (!Fits(lastText_) && text.size() < lastText_.size());
@@ -251,8 +251,8 @@ void Txt::keyPressEvent(QKeyEvent* event)
     const bool telling = !isReadOnly() && edits(*event);
     Form* form = OwnerForm();
     if (telling && form) {
-        form->TellEdit();
-        // The form may have closed the field to the edit, or moved on.
+        form->NotifyEdit();
+        // The form's handler may have closed the field or moved the focus.
         if (!isEnabled() || isReadOnly() || !form->IsActive(*this))
             return;
     }
@@ -260,7 +260,8 @@ void Txt::keyPressEvent(QKeyEvent* event)
     QLineEdit::keyPressEvent(event);
 }
 
-// What is dropped comes as if typed: the focus goes first, and may be refused.
+// Dropped text is handled like typed text: the focus moves to the field first, which the active
+// control's validation may refuse.
 void Txt::dropEvent(QDropEvent* event)
 {
     Form* form = OwnerForm();

@@ -14,36 +14,40 @@ public:
                  QWidget* parent = nullptr);
 
     QString Text() const { return text(); }
-    /// Sets the text; OnChange runs if it differs. Line breaks become blanks, nothing is cut.
+    /// Sets the text and fires OnChange if it differs. Line breaks become spaces; nothing is cut
+    /// off.
     void SetText(const QString& text);
 
-    /// Marks the field as one that has to be filled, for the eye and for screen readers.
+    /// Marks the field as mandatory, visibly and for screen readers.
     void SetMandatory(bool mandatory);
     bool IsMandatory() const { return mandatory_; }
-    /// Lets only a number be typed or pasted; a paste that is none is refused whole.
+    /// Restricts the user's input to numbers; a paste that is not a number is rejected as a whole.
     void SetMasked(bool masked);
     bool IsMasked() const { return masked_; }
-    /// Most characters that may be typed or pasted; 0 is no limit. What does not fit is refused
-    /// whole, with a tip at the field. The program may set more.
+    /// Sets the maximum number of characters that the user may type or paste; 0 for no limit.
+    /// Longer input is rejected as a whole, with a tool tip at the field. The program may set
+    /// longer texts.
     void SetMaxLength(int characters);
     int MaxLength() const { return maxLength_; }
-    /// Most digits before the decimal point of a masked field; 0 is no limit.
+    /// Sets the maximum number of digits before the decimal point of a masked field; 0 for no
+    /// limit.
     void SetIntegralPoint(int digits);
     int IntegralPoint() const { return integralPoint_; }
     void SetAlignment(Qt::Alignment alignment);
-    /// A number is expected but other text is allowed and counts as the number at its start:
-    /// while the text is not a number the field wears a warning border and says so in its tip.
+    /// Makes the field expect a number while allowing other text, which counts as the number that
+    /// it starts with. While the text is not a number, the field has a warning border and a tool
+    /// tip that says so.
     void SetNumberExpected(bool expected);
     bool HasNumberWarning() const;
-    /// Read-only and not focusable: the look of a name beside its code.
+    /// Makes the field read-only and not focusable, with the look of the name beside a code.
     void SetDisplayOnly(bool displayOnly);
     bool IsDisplayOnly() const { return displayOnly_; }
     bool TakesFocus() const override { return !displayOnly_; }
-    /// The background of a field whose entry is closed for now, though it is no name field.
+    /// Gives the field the background of a closed one, though it is not a name field.
     void SetClosedLook(bool closed);
 
 protected:
-    /// True for fields of Urdu text.
+    /// Whether the field is for Urdu text.
     virtual bool IsUrdu() const { return false; }
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,11 +57,11 @@ protected:
     QSize minimumSizeHint() const override;
 
 private:
-    class Gate;
+    class EditValidator;
 
-    /// Whether the user may turn the present text into this one.
+    /// Whether the user may change the present text to this one.
     bool Accepts(const QString& text) const;
-    /// Whether a text keeps the field's limits.
+    /// Whether a text is within the limits of the field.
     bool Fits(const QString& text) const;
     void Refuse();
     void UpdateLook();
@@ -71,11 +75,11 @@ private:
     int maxLength_ = 0;
     int integralPoint_ = 0;
     bool programSets_ = false; ///< SetText is running
-    bool keyEdits_ = false;    ///< the form has been told of the key that is being handled
+    bool keyEdits_ = false;    ///< the form has been notified of the key being handled
     QString lastText_;
 };
 
-/// A text field for Urdu, written from right to left; also the read-only name beside a code.
+/// A right-to-left text field for Urdu; also used for the read-only name beside a code.
 class UTxt : public Txt {
     Q_OBJECT
 public:

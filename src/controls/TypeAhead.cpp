@@ -8,7 +8,8 @@ namespace TradeForms {
 
 namespace {
 
-/// Who has the keyboard now. While windows change over, nobody may have it for a moment.
+/// Returns the window that has the keyboard focus, or the given one: while the focus changes
+/// between windows, no window has it for a moment.
 QWindow* keyboardWindow(QWindow* otherwise)
 {
     if (const QWidget* modal = QApplication::activeModalWidget())
@@ -31,7 +32,7 @@ void TypeAhead::Hold()
 void TypeAhead::Release()
 {
     qApp->removeEventFilter(this);
-    // One by one: a key may open a window that is to get those that follow it.
+    // Posted individually: a key may open a window that has to receive the keys after it.
     for (const Key& key : keys_) {
         QMetaObject::invokeMethod(
             qApp,

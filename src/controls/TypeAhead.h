@@ -11,19 +11,19 @@ class QKeyEvent;
 
 namespace TradeForms {
 
-/// Keeps the keys that come in after a modal form has closed and before the step that showed it
-/// goes on. That step is in the midst of its work: a key must not start another one on the same
-/// form. The keys come back when the step is done, to whatever window has the keyboard then, so a
-/// fast typist loses nothing. Clicks of that moment are dropped.
+/// Queues the keys that arrive between the closing of a modal form and the return to the handler
+/// that showed it. That handler is not finished, so a key must not start another one on the same
+/// form. The keys are delivered when the handler is done, to the window that has the keyboard focus
+/// then, so that a fast typist loses nothing. Mouse clicks in that period are dropped.
 class TypeAhead : public QObject {
     Q_OBJECT
 public:
     TypeAhead();
     ~TypeAhead() override;
 
-    /// The modal form has closed.
+    /// Starts queueing: the modal form has closed.
     void Hold();
-    /// The step goes on.
+    /// Stops queueing and posts the queued keys: the handler continues.
     void Release();
 
 protected:
@@ -32,7 +32,7 @@ protected:
 private:
     struct Key {
         std::shared_ptr<QKeyEvent> Event;
-        QPointer<QWindow> For; ///< the window it came in for
+        QPointer<QWindow> For; ///< the window that it was sent to
     };
     std::vector<Key> keys_;
 };

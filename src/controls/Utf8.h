@@ -4,7 +4,8 @@
 
 namespace TradeForms {
 
-/// A literal of the sources, which are UTF-8, where only its address is known at compile time.
+/// Converts a UTF-8 string to QString, for literals that QStringLiteral cannot take because they
+/// are passed as pointers.
 inline QString utf8(const char* text)
 {
     return QString::fromUtf8(text);
