@@ -44,7 +44,7 @@ bool PassesPostedRule(QWidget* owner, const QString& screenKey, const Statement&
                          QStringLiteral("You are not authorized to modify a record"));
     }
     UserSecurity& user = HostContext::Security();
-    // Hosts count on being asked for the flag; its value decides nothing.
+    // Hosts rely on the flag being read, though its value has no effect.
     static_cast<void>(user.UserFlagA());
     if (!user.AllowPostedEdit())
         return false;

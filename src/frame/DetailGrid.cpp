@@ -69,13 +69,13 @@ DetailGrid::DetailGrid(VoucherForm& form, Grid& grid, DetailDeclaration declarat
 void DetailGrid::attach()
 {
     for (const RowEnd& end : std::as_const(declaration_.Ends))
-        end.Field->OnLostFocus += [this, &end] { ended(end); };
+        end.Field->OnLostFocus += [this, &end] { rowEndLeft(end); };
     grid_.OnGotFocus += [this] {
         IsGridActive = true;
         openCode(false);
     };
     grid_.OnLostFocus += [this] {
-        // Enter, a double-click or a new voucher may have dealt with it already.
+        // Enter, a double-click or starting a new voucher may have handled it already.
         if (IsGridActive)
             GridChosen();
     };
@@ -216,7 +216,7 @@ bool DetailGrid::isFilled() const
     return true;
 }
 
-bool DetailGrid::refusedTwice()
+bool DetailGrid::refuseDuplicate()
 {
     if (declaration_.AddedTwice == Twice::Overwrites)
         return false;
@@ -233,7 +233,8 @@ bool DetailGrid::AddDetailRow()
         return false;
     if (IsRowAdd && declaration_.MayAdd && !declaration_.MayAdd())
         return false;
-    // Read before anything is changed: a number that cannot be read must not leave half a row.
+    // Convert all values before changing anything: a number that cannot be converted must not leave
+    // half a row.
     QList<QVariant> values;
     for (const DetailColumn* column : std::as_const(fromCode_))
         values.append(storedValue(column->Kind, entered(*column)));
@@ -242,7 +243,7 @@ bool DetailGrid::AddDetailRow()
         declaration_.EntryFilter ? declaration_.EntryFilter : declaration_.RowFilter;
     BodyRecordset.SetFilter(filterOf(filter, entered));
     const bool found = BodyRecordset.RecordCount() > 0;
-    if (IsRowAdd && found && refusedTwice())
+    if (IsRowAdd && found && refuseDuplicate())
         return false;
     if (!IsRowAdd && (!found || !isEntryOf(grid_.Row()))) {
         throw Failure(QStringLiteral("%1 is not the row that is being corrected. Choose the row "
@@ -253,7 +254,7 @@ bool DetailGrid::AddDetailRow()
         declaration_.OnAccepted();
     const bool isNew = IsRowAdd && !found;
     const QString total = totalWith(IsRowAdd ? amount : amount - amountOf(grid_.Row()));
-    // The blank row, wherever a click has put the current one meanwhile.
+    // Return to the blank row: a click may have made another row current.
     if (IsRowAdd)
         grid_.MoveLast();
     if (isNew) {
@@ -314,12 +315,12 @@ void DetailGrid::GridChosen()
         return;
     }
     openCode(false);
-    // Before the focus moves: a field that is left on the way must know what it serves.
+    // Set before the focus moves, because handlers of the fields left on the way read it.
     IsRowAdd = false;
     Control& first = *declaration_.EditFirst;
     if (first.IsEnabled() && first.IsVisible()) {
         form_.SetFocus(first);
-        // Ready to be typed over.
+        // Select the text, so that typing replaces it.
         if (auto* text = dynamic_cast<Txt*>(&first))
             text->selectAll();
     }
@@ -336,7 +337,8 @@ void DetailGrid::ShowRowMenu(const QPoint& position)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction* remove = menu->addAction(QStringLiteral("Remove This Row"));
     remove->setObjectName(QStringLiteral("mniRemoveRow"));
-    // When the menu has gone: a message box that came up within it would outlive it.
+    // Queued, so that it runs after the menu has closed: the menu must not be open below a message
+    // box.
     QObject::connect(
         remove, &QAction::triggered, &form_, [this] { form_.Guard([this] { form_.RemoveRow(); }); },
         Qt::QueuedConnection);
@@ -349,7 +351,7 @@ void DetailGrid::RemoveRow()
     const int row = grid_.Row();
     if (isBlank(row))
         return;
-    // By what the grid shows: the entry controls may hold another row.
+    // Filter by the row in the grid, because the entry controls may hold another one.
     BodyRecordset.SetFilter(
         filterOf(declaration_.RowFilter, [this, row](const DetailColumn& column) {
             return grid_.Cell(row, column.Column.Name);
@@ -370,14 +372,15 @@ bool DetailGrid::AddsWhenLeft(const Control* from, const Control& to) const
         [&](const RowEnd& end) { return end.Field == from && !end.Unless.contains(&to); });
 }
 
-void DetailGrid::ended(const RowEnd& end)
+void DetailGrid::rowEndLeft(const RowEnd& end)
 {
     if (end.Unless.contains(form_.ActiveControl()))
         return;
     try {
         form_.AddDetailRow();
     } catch (...) {
-        // Back to the row that could not be added: where the focus was going may empty it.
+        // Return the focus to the row that could not be added: the control that the focus was
+        // moving to might clear it.
         form_.ResetFocus(*end.Field);
         throw;
     }
@@ -407,7 +410,7 @@ void DetailGrid::stampId()
 
 void DetailGrid::SaveBody()
 {
-    // Vouchers count their rows in 16 bits: one with more fails to be saved.
+    // Vouchers count their rows in 16 bits; saving one with more rows fails.
     static_cast<void>(ToInt16(CountRows()));
     stampId();
     BodyRecordset.UpdateBatch(3);

@@ -30,7 +30,7 @@ LookupCode::LookupCode(VoucherForm& form, LookupDeclaration declaration)
         code.OnLostFocus += [this] { left(); };
     if (JeweledButton* button = declaration_.Button) {
         button->SetTabStop(false);
-        // Asking for the list would otherwise bring it up twice: once to check the field that is
+        // Otherwise a click would open the list twice: once for the validation of the field being
         // left, once for the button.
         button->SparesValidationOf = &code;
         button->OnClick += [this] { clicked(); };

@@ -23,7 +23,7 @@ LookupDeclaration declarationOf(const CodeField& field, const char* nameColumn,
     };
 }
 
-/// Of a list for the user's branch; and the statement holds to it too, where it has the place.
+/// Limits the list to the user's branch, and also the statement if it has the place {BranchFilter}.
 LookupDeclaration ofBranch(LookupDeclaration declaration, const char* find)
 {
     declaration.ParaIn = "ParaInBranchCode";

@@ -2,26 +2,28 @@
 
 #include "frame/LookupCode.h"
 
-/// The code fields that many forms have. `find` is the form's own statement, with the place {code},
-/// which selects the row of a code; what else a form's field does differently it sets in what it
-/// gets here.
+/// The code fields shared by many forms. `find` is the form's own statement that selects the row of
+/// a code, with the place {code}. A form adjusts the returned declaration where its field differs.
 namespace TradeForms::Lookups {
 
-/// SchStaff. `filter` is the clause that narrows the list, such as " and Machenic=1"; empty is all.
+/// Staff, chosen from SchStaff. `filter` is the clause that narrows the list, such as " and
+/// Machenic=1"; empty for all staff.
 LookupDeclaration Staff(const CodeField& field, const char* filter, const char* find);
-/// The field TxtReceivingCode with its button and name: who has received the goods.
+/// Creates the field TxtReceivingCode with its button and name: the person who received the goods.
 CodeField ReceivingField(QWidget* form, bool mandatory = false);
 /// Any member of staff.
 LookupDeclaration Receiving(const CodeField& field);
-/// SchArea, for the user's branch. Where `find` has the place {BranchFilter} it takes the areas of
-/// that branch alone. An empty field brings up the list; the code is put in proper case.
+/// Areas, chosen from SchArea for the user's branch. If `find` has the place {BranchFilter}, only
+/// areas of that branch are found. Leaving the field empty opens the list; the code is converted to
+/// proper case.
 LookupDeclaration Area(const CodeField& field, const char* find);
-/// SchBranch, for the user's branch; `find` as with areas. An empty field brings up the list, and a
-/// code that is not found is emptied.
+/// Branches, chosen from SchBranch for the user's branch; {BranchFilter} works as for areas.
+/// Leaving the field empty opens the list; a code that is not found is cleared.
 LookupDeclaration Branch(const CodeField& field, const char* find);
-/// SchProduct. A code that is not found is emptied.
+/// Products, chosen from SchProduct. A code that is not found is cleared.
 LookupDeclaration Product(const CodeField& field, const char* find);
-/// SchAccounts, by the statement on vuAccounts. A code whose name is there is trusted.
+/// Accounts, chosen from SchAccounts and found in vuAccounts. A code whose name is shown is not
+/// looked up again.
 LookupDeclaration Account(const CodeField& field);
 
 } // namespace TradeForms::Lookups

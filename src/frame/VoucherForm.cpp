@@ -23,7 +23,8 @@ const QString& alert()
     return title;
 }
 
-/// The number of a new voucher was stored by another between the race rule and the lock.
+/// Another user stored the number of a new voucher after the race rule was checked and before the
+/// lock was taken.
 class NumberTaken : public Failure {
 public:
     using Failure::Failure;
@@ -57,7 +58,8 @@ VoucherForm::VoucherForm(VoucherDeclaration declaration)
         ctrlKeys_.append({Qt::Key_P, &BtnPrint});
     if (!declaration_.CtrlKeys)
         ctrlKeys_.clear();
-    // A field that may not be left must not keep the user from dropping or leaving the voucher.
+    // These must work while a field fails its validation, so that the user can always discard or
+    // leave the voucher.
     BtnClear.CausesValidation = false;
     BtnClose.CausesValidation = false;
     BtnPrint.SetVisible(declaration_.Prints);
@@ -158,7 +160,7 @@ void VoucherForm::SetFormState(State state)
         enterOpened();
         break;
     }
-    // Last: emptying the fields of an opened voucher passes through Edited.
+    // Set last: clearing the fields of an opened voucher passes through state Edited.
     state_ = state;
     showState();
 }
@@ -172,7 +174,7 @@ void VoucherForm::enterNew()
         date_->SetValue(QDate::currentDate());
     LoadDetail();
     if (detail_) {
-        dropRowsOfAnother();
+        skipTakenNumbers();
         detail_->StartAdding();
     }
     openIdentity(true);
@@ -186,9 +188,10 @@ void VoucherForm::enterNew()
     IsNew = true;
 }
 
-/// Another may have stored a voucher under the number between its reading and that of the rows,
-/// which are the other's then. Rows that no voucher holds leave the number as it is.
-void VoucherForm::dropRowsOfAnother()
+/// Another user may have stored a voucher under the new number after it was read and before the
+/// rows were loaded; these rows belong to that voucher, so the next number is taken. If the number
+/// stays the same, the rows are those of no stored voucher, and are kept.
+void VoucherForm::skipTakenNumbers()
 {
     while (declaration_.NextId && detail_->CountRows() > 0) {
         const QString next = QString::number(NextVoucherId());
@@ -267,8 +270,8 @@ Statement VoucherForm::WithKey(const char* text) const
     return Statement(text).Bind("id", VoucherId());
 }
 
-/// The entry row is emptied with all other fields; what ClearEntryRow does beyond that, such as
-/// counting a number on, belongs to a row that was entered.
+/// Clears the fields of the entry row directly, not through ClearEntryRow: what that does in
+/// addition, such as counting a number up, applies only after a row was entered.
 void VoucherForm::ClearVoucher()
 {
     for (Control* control : Controls())
@@ -477,7 +480,7 @@ void VoucherForm::CommitTrans()
 void VoucherForm::AskToPrint()
 {
     if (Ask(this, declaration_.PrintQuestion, alert())) {
-        // The voucher is stored: a failure of the printer is the printer's alone.
+        // The voucher is stored already, so a failure to print must not look like a failed save.
         Guard([this] { PrintVoucher(); });
     }
 }
@@ -501,7 +504,7 @@ void VoucherForm::EraseVoucher()
     for (const char* statement : std::as_const(declaration_.Delete))
         Database().Execute(WithKey(statement));
     CommitTrans();
-    // The rows leave the screen when they have left the table.
+    // The screen is cleared only after the rows have been deleted from the table.
     SetFormState(State::New);
 }
 
@@ -551,8 +554,8 @@ LookupCode* VoucherForm::lookupOf(const Control* control) const
 
 void VoucherForm::clickSave()
 {
-    // A row that is entered but for its last field's leaving belongs to the voucher, as it does
-    // when the mouse clicks the button.
+    // A completely entered row is added even though its last field has not been left yet, as
+    // happens when BtnSave is clicked with the mouse.
     if (BtnSave.IsVisible() && BtnSave.IsEnabled() && detail_ &&
         detail_->AddsWhenLeft(ActiveControl(), BtnSave) &&
         !detail_->CodeControl().Text().trimmed().isEmpty() && !AddDetailRow())
@@ -562,21 +565,20 @@ void VoucherForm::clickSave()
 
 bool VoucherForm::pressCtrl(int key)
 {
-    const auto its = std::find_if(ctrlKeys_.cbegin(), ctrlKeys_.cend(),
-                                  [key](const CtrlKey& each) { return each.Code == key; });
-    if (its == ctrlKeys_.cend())
+    const auto found = std::find_if(ctrlKeys_.cbegin(), ctrlKeys_.cend(),
+                                    [key](const CtrlKey& each) { return each.Code == key; });
+    if (found == ctrlKeys_.cend())
         return false;
-    if (its->Button == &BtnSave)
+    if (found->Button == &BtnSave)
         clickSave();
     else
-        its->Button->Click();
+        found->Button->Click();
     return true;
 }
 
 void VoucherForm::FormKeyDown(KeyPress& key)
 {
     if (key.Shift == Qt::ControlModifier) {
-        // Swallowed before the click: it may close the form.
         const bool taken = pressCtrl(key.Code);
         if (taken)
             key.Swallow();
@@ -608,14 +610,14 @@ void VoucherForm::FormKeyDown(KeyPress& key)
         }
         return;
     case Qt::Key_F4:
-        // Alone: with Alt it is the system's key for closing a window.
+        // Without modifiers only: Alt+F4 closes the window.
         if (LookupCode* lookup = plain ? lookupOf(active) : nullptr; lookup && lookup->Button()) {
             key.Swallow();
             lookup->Button()->Click();
         }
         return;
     case Qt::Key_Down:
-        // Alone: with Alt it opens the calendar of a date.
+        // Without modifiers only: Alt+Down opens the calendar of a date field.
         if (declaration_.DownBecomesTab && plain) {
             key.Swallow();
             FocusNext();

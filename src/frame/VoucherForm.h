@@ -23,36 +23,38 @@ namespace TradeForms {
 class Connection;
 struct SearchDeclaration;
 
-/// When the tail of a step that failed rolls the transaction back.
+/// When the clean-up of a failed step rolls the transaction back.
 enum class Rollback {
-    IfErrors, ///< where the database has reported an error
-    Always,   ///< without a test; a rollback that fails in its turn ends in the plain error box
+    IfErrors, ///< if the database has reported an error
+    Always,   ///< unconditionally; if the rollback fails too, the plain error box is shown
     Never
 };
 
-/// What tells one voucher form from another and is a value: each form has it at its top.
+/// The values in which voucher forms differ. Each form defines them at the top of its source file.
 struct VoucherDeclaration {
-    Caption Title;         ///< of the strip; the English one also for the task bar
-    const char* ScreenKey; ///< the host's menu entry: "MniGatePass"
+    Caption Title;         ///< title of the strip; the English text is also the window title
+    const char* ScreenKey; ///< the host's name of the menu entry: "MniGatePass"
 
-    // Statements; {id} is the voucher's key, and a form may have further places (WithKey).
-    const char* NextId = nullptr;   ///< the largest id so far, or the next one; null draws none
-    bool NextIdAddsOne = true;      ///< whether the program adds 1 to it
-    const char* IsPosted = nullptr; ///< on forms with a posted flag
-    const char* Load;               ///< the header with its names
-    /// Finds a row where the key is taken. Null: two users on one new number land on one voucher.
+    // Statements. {id} is the voucher's key; a form may have further places (WithKey).
+    const char* NextId =
+        nullptr;               ///< selects the largest id or the next one; null if none is assigned
+    bool NextIdAddsOne = true; ///< whether 1 is added to the result of NextId
+    const char* IsPosted = nullptr; ///< selects the posted flag; null on forms without one
+    const char* Load;               ///< selects the header with its names
+    /// Selects a row if the key is taken. If null, two users who save under the same new number
+    /// write to the same voucher.
     const char* Race = nullptr;
-    const char* Header = nullptr; ///< the header row to write; null where the form writes otherwise
-    QList<const char*> Delete;    ///< the body always first
+    const char* Header = nullptr; ///< selects the header row to write; null if saved otherwise
+    QList<const char*> Delete;    ///< the statements that delete a voucher, the body's first
 
-    // The list of stored vouchers, and the output of it that goes into the id field.
+    // The dialog that lists the stored vouchers, and its output that is put into the id field.
     const SearchDeclaration* Vouchers = nullptr;
     const char* ChosenVoucher = nullptr;
 
     // Messages.
     QString IdTaken = {};
-    Message NoRows = {};        ///< an empty text: a voucher without rows is stored
-    QString PrintQuestion = {}; ///< empty on forms that do not print
+    Message NoRows = {};        ///< empty text if a voucher without rows may be stored
+    QString PrintQuestion = {}; ///< empty if the form does not print
     QString NotModify = QStringLiteral("You are not authorized to modify a record");
     QString NotDelete = QStringLiteral("You are not authorized to Delete a record");
     Message CloseQuestion = {QStringLiteral("Are you sure to close without save?"),
@@ -61,38 +63,38 @@ struct VoucherDeclaration {
     Rollback SaveTail = Rollback::IfErrors;
     Rollback DeleteTail = Rollback::IfErrors;
 
-    bool DateStays = false; ///< set to today when the window opens, not with each voucher
+    bool DateStays = false; ///< set to today when the window opens, not for each voucher
 
     // Keys and buttons.
     bool CtrlKeys = true;
-    bool Prints = false; ///< has BtnPrint, and Ctrl+P clicks it
+    bool Prints = false; ///< shows BtnPrint, which Ctrl+P clicks
     bool DownBecomesTab = false;
     bool EscClearsEntryRow = true;
     const char* DeleteWord = "Delete"; ///< English caption of BtnDelete
 };
 
-/// The common frame of all transaction forms: opening the window, the three states, the
-/// keyboard, clearing, opening a stored voucher, saving, deleting, closing and failing. A form
-/// declares its values, and overrides the step in which it differs.
+/// The base of all transaction forms: opening the window, the three states, the keyboard, clearing,
+/// opening a stored voucher, saving, deleting, closing and error handling. A form declares its
+/// values and overrides the steps in which it differs.
 class VoucherForm : public Form {
     Q_OBJECT
 public:
     enum class State { New = 1, Edited = 2, Opened = 3 };
 
-    /// The window's load event: caption, state New, and no writing buttons in server mode.
+    /// To be called once before the window is shown: sets the caption and state New, and hides the
+    /// writing buttons in server mode.
     virtual void FormLoad();
-    /// The one place that switches the buttons.
+    /// Enters a state. All switching of buttons happens here.
     virtual void SetFormState(State state);
     State FormState() const { return state_; }
-    /// True while the voucher on screen has never been stored.
+    /// Whether the voucher on the screen has never been stored.
     bool IsNew = true;
-    /// Unsaved work: BtnSave is enabled.
+    /// Whether there is unsaved work, that is, BtnSave is enabled.
     bool IsDirty() const { return BtnSave.IsEnabled(); }
-    /// State Edited, unless the form is there already.
+    /// Enters state Edited, unless the form is in it already.
     void MarkEdited();
 
-    /// The key that the rows carry: the number in the id field, or the text of a form whose key is
-    /// one.
+    /// The voucher's key: the number in the id field, or a text on forms whose key is one.
     virtual QVariant VoucherId() const;
 
     void AddLookup(LookupCode& lookup) { lookups_.append(&lookup); }
@@ -112,24 +114,28 @@ protected:
 
     const VoucherDeclaration& Declaration() const { return declaration_; }
 
-    // What the form names, once, in its constructor.
+    // Called by the form's constructor, each at most once.
     void UseId(Txt& id) { id_ = &id; }
-    /// The voucher's date, for the date window and for state New.
+    /// The voucher's date, which the date range check uses and state New sets to today.
     void UseDate(DTPicker& date) { date_ = &date; }
     void UseHeader(QList<HeaderField> fields) { header_ = VoucherHeader(std::move(fields)); }
-    /// The rows of the voucher, and the grid they are in.
+    /// The rows of the voucher and their grid.
     void UseDetail(DetailGrid& detail);
-    /// A grid that only shows: the tail of each step turns its painting on again.
+    /// A display-only grid, whose painting is resumed at the end of each step.
     void UseRows(Grid& rows) { rows_ = &rows; }
-    /// Focus of a new and of an opened voucher; null leaves it where it is.
+    /// The control focused for a new voucher and for an opened one; null leaves the focus where it
+    /// is.
     void UseFocus(Control* newVoucher, Control* openedVoucher);
-    /// What tells the voucher from others: open on a new one, closed once it has been opened.
+    /// The controls of the voucher's identity: enabled for a new voucher, disabled once it has been
+    /// opened.
     void UseIdentity(QList<Control*> controls) { identity_ = std::move(controls); }
-    /// A further button of the bar, which Ctrl with this key clicks.
+    /// Creates a further button of the bar, which Ctrl with this key clicks.
     JeweledButton& MoreButton(const char* name, const Caption& caption, Qt::Key key);
-    /// The window: title, the parts from top to bottom, the buttons; Tab walks in that order.
+    /// Lays out the window: title, the parts from top to bottom, the buttons. This is also the tab
+    /// order.
     void Compose(const QList<QWidget*>& parts);
-    /// Tab comes to a control right after another one, wherever it is laid out. After Compose.
+    /// Moves a control right after another one in the tab order, wherever it is laid out. To be
+    /// called after Compose.
     void TabAfter(Control& control, const Control& before);
 
     // Steps.
@@ -142,7 +148,7 @@ protected:
     virtual void ShowGridRow();
     virtual void RemoveRow();
     virtual void OpenVoucher();
-    /// The checks and writes in the form's own order, made of the steps below.
+    /// Performs the checks and writes in the form's own order, using the steps below.
     virtual void SaveVoucher() = 0;
     virtual void DeleteVoucher();
     virtual void PrintVoucher();
@@ -152,41 +158,44 @@ protected:
 
     // The parts of opening and deleting.
     /// Lets the user choose from the list of stored vouchers and puts the key into its fields.
-    /// False where nothing was chosen. The base takes a number.
+    /// Returns false if nothing was chosen. The base expects a numeric key.
     virtual bool ChooseVoucher();
-    /// Copies the stored header to its controls; they stay as they are where there is none.
+    /// Copies the stored header to its controls; they stay unchanged if there is none.
     void LoadHeader();
     bool AsksToDelete();
     bool PassesDeleteRule();
-    /// Deletes the voucher in one transaction, then state New.
+    /// Deletes the voucher in one transaction, then enters state New.
     void EraseVoucher();
 
-    // The parts of SaveVoucher; a check that fails has said why.
+    // The parts of SaveVoucher. A check that returns false has told the user why.
     bool PassesPostedRule();
     bool PassesModifyRule();
     bool PassesDateWindow();
-    /// A mandatory field: message with the exclamation icon under the form's caption, and focus.
+    /// Checks a mandatory field. If it is empty, shows the message (by default with the exclamation
+    /// icon under the form's caption), focuses it and returns false.
     bool IsFilled(Txt& field, const QString& message);
     bool IsFilled(Txt& field, const Message& message);
-    /// Says why, moves the focus, gives false.
+    /// Shows the message, moves the focus and returns false.
     bool Refuse(Control& focus, const Message& message);
-    /// Whether another user has taken the number of a new voucher; then a new one is there.
+    /// Returns false if another user has taken the number of a new voucher; the voucher then has a
+    /// new number.
     bool PassesRaceRule();
     bool HasRows();
     void BeginTrans();
-    /// OpenHeader and WriteHeader.
+    /// Calls OpenHeader and WriteHeader.
     void SaveHeader();
-    /// The header row of the voucher, or none of a new one. A row that another user has stored
-    /// meanwhile under the number of a new voucher ends the save as the race rule does.
+    /// Opens the header row of the voucher; empty for a new one. If another user has meanwhile
+    /// stored a row under the number of a new voucher, the save ends as with the race rule.
     Recordset OpenHeader();
     void WriteHeader(Recordset& header);
     void SaveBody();
     void CommitTrans();
     void AskToPrint();
-    /// Runs a step that has no guard of its own: a failure ends in the platform's plain box.
+    /// Runs a step without the form's own error handling: an exception is shown in the base class's
+    /// plain box.
     void Unguarded(const std::function<void()>& step);
 
-    /// A statement with the voucher's key in its places.
+    /// Returns a statement with the voucher's key bound to its places.
     virtual Statement WithKey(const char* text) const;
     static Connection& Database();
 
@@ -196,7 +205,7 @@ protected:
     void HandlerFailed(const std::exception& failure) override;
 
 private:
-    friend class DetailGrid; // the grid's events run the form's steps
+    friend class DetailGrid; // its events call the form's steps
 
     struct CtrlKey {
         int Code;
@@ -205,15 +214,15 @@ private:
 
     void attach();
     void enterNew();
-    void dropRowsOfAnother();
+    void skipTakenNumbers();
     void enterEdited();
     void enterOpened();
     void showState();
     void openIdentity(bool open);
     void resumePainting();
-    /// Runs a step that writes, with its tail.
+    /// Runs a step that writes, and its clean-up.
     void runWriting(const std::function<void()>& step, Rollback tail);
-    /// Says that the number is taken, and takes the next one.
+    /// Tells the user that the number is taken, and assigns the next one.
     void giveNewNumber();
     bool pressCtrl(int key);
     void clickSave();
@@ -235,7 +244,7 @@ private:
     QList<LookupCode*> lookups_;
 };
 
-/// The grid of a voucher, named "Grid", its columns from left to right.
+/// Creates the grid of a voucher, with its columns from left to right.
 Grid& VoucherGrid(QWidget* form, const char* name = "Grid");
 
 } // namespace TradeForms
