@@ -45,7 +45,7 @@ VoucherDeclaration gatePass()
     };
 }
 
-/// Option2 and Option3 stay as the last print has left them.
+/// Option2 and Option3 are not in Shown: their visibility is left as the last print dialog set it.
 CopyDeclaration copies()
 {
     return {.Shown = {4},
@@ -278,7 +278,7 @@ QWidget* FrmGatePass::composeHeader()
     });
 }
 
-/// The product under the stock that there is of it.
+/// Lays out the product's code with its quantity in stock above it.
 QWidget* FrmGatePass::composeProduct()
 {
     LblCaption.setFont(Look::CaptionUrdu());

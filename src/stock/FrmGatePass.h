@@ -5,7 +5,7 @@
 
 namespace TradeForms {
 
-/// Goods leaving a branch for an area with a driver, and what came back.
+/// The gate pass: goods that leave a branch with a driver for an area, and the pieces brought back.
 class FrmGatePass : public VoucherForm {
     Q_OBJECT
 public:
@@ -22,9 +22,9 @@ public:
     OptionButton& OptSupply;
     OptionButton& OptOrder;
     OptionButton& OptSale;
-    Label& Label12; ///< of OptSupply
-    Label& Label13; ///< of OptOrder
-    Label& Label8;  ///< of OptSale
+    Label& Label12; ///< caption of OptSupply
+    Label& Label13; ///< caption of OptOrder
+    Label& Label8;  ///< caption of OptSale
 
     // Entry row
     CodeField Product;
@@ -42,7 +42,7 @@ public:
     LookupCode LookupBranch;
     LookupCode LookupProduct;
 
-    FormReport PrintReport; ///< what the gate pass in print is fed with
+    FormReport PrintReport; ///< the report behind BtnPrint, and the values passed to it
 
 protected:
     void ClearVoucher() override;

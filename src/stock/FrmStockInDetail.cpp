@@ -66,8 +66,8 @@ DetailDeclaration FrmStockInDetail::detail()
         .Body = "Select * from StockInDetailBody where StockID={id}",
         .Display = "select pr.ProductName,sib.* from StockInDetailBody sib"
                    " join Products pr on sib.ProductID = pr.ProductID where StockID={id}",
-        // Removing goes by the product alone: of several units of one product the first record
-        // goes, which need not be the row that leaves the grid.
+        // Rows are removed by the product alone: if there are several units of a product, the first
+        // record is deleted, which may not be that of the row removed from the grid.
         .RowFilter = "StockID={id} and ProductID='{code}'",
         .EntryFilter = "ProductID = '{code}' and EngineNo = '{EngineNo}'"
                        " and ChasisNo = '{ChasisNo}'",
@@ -78,8 +78,8 @@ DetailDeclaration FrmStockInDetail::detail()
     };
 }
 
-/// A unit may come in once, whatever voucher it stood on: product, engine and chassis number
-/// together tell it.
+/// A unit, identified by product, engine and chassis numbers, can be received only once, on
+/// whatever voucher.
 bool FrmStockInDetail::isNewUnit()
 {
     const Recordset known =

@@ -4,7 +4,7 @@
 
 namespace TradeForms {
 
-/// Goods coming in piece by piece: each row is one unit with its engine and chassis number.
+/// Goods received piece by piece: each row is one unit with its engine and chassis numbers.
 class FrmStockInDetail : public StockVoucher {
     Q_OBJECT
 public:

@@ -34,11 +34,11 @@ StockForm::StockForm(const StockDeclaration& declaration)
     TxtPrice.OnChange += [this] { workOutAmount(); };
     UseDetail(Detail);
     UseMandatory(Branch.Code, QStringLiteral("Enter Branch Code."));
-    // The number of a new document may be typed over; whether it is taken is seen on saving.
+    // The number of a new document can be changed; whether it is taken is checked on saving.
     TxtID.SetAlignment(Qt::AlignRight);
     TxtID.SetNumberExpected(true);
     UseIdentity({&TxtID});
-    // A clerk who enters documents one after another stays where he is.
+    // No focus change for a new document: a clerk who enters several in a row stays where he is.
     UseFocus(nullptr, &DtpDate);
     namespace H = HeaderFields;
     UseStockHeader({H::Number("BranchCode", Branch.Code), H::Shown("BranchName", Branch.Name),
@@ -46,7 +46,8 @@ StockForm::StockForm(const StockDeclaration& declaration)
                     H::Shown("AccountName", Account.Name)});
     Compose({composeHeader(), Detail.EntryRow(Stacked({"مال", "Product"}, CodeSet(Product))),
              GridArea(Rows)});
-    // The number comes last: it is seldom typed over, and never by one who begins to type.
+    // The number is last in the tab order because it is rarely changed, and never before the other
+    // fields are entered.
     TabAfter(TxtID, BtnClose);
 }
 
@@ -122,7 +123,7 @@ void StockForm::FormLoad()
     VoucherForm::FormLoad();
 }
 
-/// The amount of a row is its quantity times its price.
+/// Sets the amount of the row to its quantity times its price.
 void StockForm::workOutAmount()
 {
     TxtAmount.SetText(GeneralFormat(InRange(Val(TxtQty.Text()) * Val(TxtPrice.Text()))));

@@ -4,22 +4,22 @@
 
 namespace TradeForms {
 
-/// What tells goods coming in from goods going out.
+/// The values in which receipts and issues of goods differ.
 struct StockDeclaration {
     VoucherDeclaration Voucher;
-    const char* Body;    ///< selects the body rows of document {id}
-    const char* Display; ///< the same with the products' names
+    const char* Body;    ///< selects the body rows of the document {id}
+    const char* Display; ///< selects the same rows with the product names
 };
 
-/// A stock document: goods that enter a branch from an account or leave it for one. The store
-/// keeps quantities only; the accounts see prices too.
+/// A stock document: goods received by a branch from an account or issued by it to one. The store
+/// sees only quantities; the accounts department, prices too.
 class StockForm : public StockVoucher {
     Q_OBJECT
 public:
     ~StockForm() override;
 
-    /// Whether price and amount are shown; set before FormLoad. Hidden, they are stored all the
-    /// same: the product's purchase rate, and the rate times the quantity.
+    /// Whether price and amount are shown; to be set before FormLoad. If hidden, they are stored
+    /// all the same: the product's purchase rate, and that rate times the quantity.
     bool ParaInShowPrice = false;
 
     void FormLoad() override;
@@ -32,8 +32,8 @@ public:
     Txt& TxtQty;
     Txt& TxtPrice;
     Txt& TxtAmount;
-    CaptionLabel& Label8;  ///< of TxtPrice
-    CaptionLabel& Label15; ///< of TxtAmount
+    CaptionLabel& Label8;  ///< caption of TxtPrice
+    CaptionLabel& Label15; ///< caption of TxtAmount
 
     DetailGrid Detail;
     LookupCode LookupBranch;

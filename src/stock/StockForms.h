@@ -4,14 +4,14 @@
 
 namespace TradeForms {
 
-/// Goods entering a branch.
+/// Goods received by a branch.
 class FrmStockIn : public StockForm {
     Q_OBJECT
 public:
     FrmStockIn();
 };
 
-/// Goods leaving a branch. What is in stock is not asked here.
+/// Goods issued by a branch. The quantity in stock is not checked.
 class FrmStockOut : public StockForm {
     Q_OBJECT
 public:

@@ -4,8 +4,8 @@
 
 namespace TradeForms {
 
-/// What all vouchers of goods that come in and go out share: number, date and description above
-/// rows of products, and the way in which they are saved. Vouchers without rows are stored too.
+/// The base of the vouchers for goods received and issued: number, date and description above rows
+/// of products, and the steps of saving. Vouchers without rows may be stored.
 class StockVoucher : public VoucherForm {
     Q_OBJECT
 public:
@@ -18,14 +18,15 @@ public:
     Grid& Rows;
 
 protected:
-    /// Completes a form's values with those that are the same on all of them.
+    /// Completes the form's declaration with the values common to these vouchers.
     explicit StockVoucher(VoucherDeclaration declaration);
 
-    /// The one header field that has to be filled, and the words where it is not.
+    /// Sets the one mandatory header field, and the message shown if it is empty.
     void UseMandatory(Txt& field, const QString& message);
-    /// StockID and Date, the form's own fields, Description.
+    /// Sets the header fields: StockID and Date, then the form's own fields, then Description.
     void UseStockHeader(const QList<HeaderField>& fields);
-    /// The product by its code, and its purchase rate.
+    /// Returns the lookup of a product by its code, with its purchase rate. next: the control
+    /// focused after it.
     LookupDeclaration LookupOfProduct(Control& next) const;
 
     void SaveVoucher() override;
