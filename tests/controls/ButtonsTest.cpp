@@ -8,7 +8,7 @@ using JeweledButtonTest = DeskTest;
 
 namespace {
 
-/// Counts the windows that come up while it lives.
+/// Counts the windows shown during its lifetime.
 class ShownWindows : public QObject {
 public:
     ShownWindows() { qApp->installEventFilter(this); }
@@ -125,7 +125,7 @@ TEST_F(OptionButtonTest, TabStopsOnlyAtTheChosenOne)
 
 TEST_F(OptionButtonTest, ArrowsFollowTheEyeAndGoRound)
 {
-    form.SetFocus(sale); // stands at the right
+    form.SetFocus(sale); // the rightmost option
     Press(form, Qt::Key_Left);
     EXPECT_TRUE(order.Value());
     EXPECT_TRUE(form.IsActive(order));

@@ -30,7 +30,7 @@ TEST_F(DTPickerTest, ShowsItsFormatInLatinDigits)
 
 TEST_F(DTPickerTest, IsTypedAsAClerkWritesADate)
 {
-    // From 21/11/2026, in a month of 30 days.
+    // Starts from 21/11/2026, a month of 30 days.
     const struct {
         const char* typed;
         const char* shown;
@@ -202,7 +202,7 @@ TEST_F(DTPickerTest, AltDownOpensTheCalendarAndAClickInItChooses)
     EXPECT_EQ(calendar->selectedDate(), QDate(2026, 11, 21));
     EXPECT_EQ(calendar->locale().language(), QLocale::English);
 
-    // Keys belong to the popup, not to the form.
+    // An open popup gets the keys, not the form.
     int seen = 0;
     desk.onKeyDown = [&](KeyPress&) { ++seen; };
     QTest::keyClick(popup->windowHandle(), Qt::Key_Right);

@@ -17,7 +17,7 @@
 
 #include <ostream>
 
-/// For readable failures.
+/// Lets failures of assertions print the text.
 inline void PrintTo(const QString& text, std::ostream* out)
 {
     *out << '"' << text.toStdString() << '"';
@@ -35,14 +35,14 @@ namespace TradeForms {
 
 using tests::s;
 
-/// A form with three fields, a date, a button and a grid, which notes in a log what happens.
+/// A form with three fields, a date, a button and a grid, which logs its events.
 class Desk : public Form {
     Q_OBJECT
 public:
     Desk();
 
-    /// What happened since the last call: "A.Validate", "B.GotFocus(B)" and so on; in brackets
-    /// stands the control that was active at the time.
+    /// Returns and clears the events logged since the last call: "A.Validate", "B.GotFocus(B)" and
+    /// so on, with the control that was active at the time in brackets.
     QStringList TakeLog() { return std::exchange(log, {}); }
     void Note(const QString& what) { log << what; }
 
@@ -55,7 +55,7 @@ public:
     Label& Words;
 
     QStringList log;
-    QStringList failures; ///< what HandlerFailed was given
+    QStringList failures; ///< the texts of the exceptions passed to HandlerFailed
     std::function<void(KeyPress&)> onKeyDown;
     std::function<void()> onKeyPress;
     std::function<void(bool&)> onQueryUnload;
@@ -72,7 +72,7 @@ private:
     QVBoxLayout* column_;
 };
 
-/// A shown and active desk for each test; the log is empty, A has the focus.
+/// Provides each test with a desk that is shown and active; the log is empty and A has the focus.
 class DeskTest : public ::testing::Test {
 protected:
     DeskTest();

@@ -11,7 +11,8 @@ const Message kQuestion{s("text"), MsgIcon::Question, s("Alert"), MsgButtons::Ye
 
 } // namespace
 
-// The seam by which all other tests answer boxes and dialogs has to fail when it should.
+// The classes that answer boxes and dialogs in all other tests must themselves fail a test when
+// they should.
 
 TEST(ExpectedBoxesTest, UnexpectedBoxFailsAndGetsTheSafeAnswer)
 {

@@ -13,7 +13,7 @@ namespace {
 
 const SaveQuestion kQuestion{s("Save the list"), s("Stock in"), s("Spreadsheet"), s("xlsx")};
 
-/// Shows the real dialog, drives it, and gives the answer.
+/// Shows the real dialog, lets the callback drive it, and returns the answer.
 QString answered(const std::function<void(QFileDialog& dialog)>& drive)
 {
     const Modal::SavePresenter before = Modal::SetSavePresenter({});

@@ -470,7 +470,7 @@ TEST_F(FocusTest, VisibleMeansShownOnItsForm)
     EXPECT_FALSE(other.A.IsVisible());
 }
 
-/// A form of two pages, one upon the other, and a field outside of them.
+/// A form with two pages in one place and a field outside them.
 class PagesTest : public ::testing::Test {
 protected:
     PagesTest()

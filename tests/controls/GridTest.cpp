@@ -64,13 +64,13 @@ protected:
         return all;
     }
 
-    /// A cell as it is painted.
+    /// Returns the picture of a painted cell.
     QImage painted(int row, const char* column)
     {
         const QModelIndex index = grid.model()->index(row, grid.ColumnIndex(s(column)));
         return grid.viewport()->grab(grid.visualRect(index)).toImage();
     }
-    /// Where a cell's text begins and ends, from its left.
+    /// Returns the first and last x position of a cell's text, from the left edge of the cell.
     std::pair<int, int> inkOf(int row, const char* column)
     {
         const QImage cell = painted(row, column);
@@ -167,7 +167,7 @@ TEST_F(GridTest, UserMovesTheCurrentRowByKeys)
     EXPECT_EQ(rowAfter(Qt::Key_Right), 1);
     EXPECT_EQ(rowAfter(Qt::Key_End), 99);
     EXPECT_EQ(rowAfter(Qt::Key_Down), 99);
-    // The last row that was seen stays in view.
+    // Paging keeps the row that was last in view visible.
     const int page = grid.viewport()->height() / grid.rowHeight(0) - 1;
     ASSERT_GT(page, 2);
     EXPECT_EQ(rowAfter(Qt::Key_PageUp), 99 - page);
@@ -315,11 +315,11 @@ TEST_F(GridTest, TheMenusKeysAreToldOnceInWhicheverWayTheSystemTellsThem)
         QApplication::sendEvent(grid.viewport(), &event);
         EXPECT_TRUE(event.isAccepted());
     };
-    // Some systems tell of the menu key in both ways.
+    // Some systems send both a key event and a context menu event for the menu key.
     Press(desk, Qt::Key_Menu);
     tell(Qt::NoModifier);
     EXPECT_EQ(told.size(), 1);
-    // Others tell of Shift+F10 in this way alone.
+    // Others send only a context menu event for Shift+F10.
     tell(Qt::ShiftModifier);
     ASSERT_EQ(told.size(), 2);
     EXPECT_EQ(told.at(1), told.at(0));

@@ -14,7 +14,7 @@ namespace TradeForms {
 
 namespace {
 
-// High and deep letters with marks above and below.
+// Letters with ascenders and descenders, and marks above and below.
 constexpr const char* kTallUrdu = "اُٹھّا ڈھِیلےِ ۓ پِچےِ Ågj|";
 const QString kTallText = s(kTallUrdu);
 
@@ -27,7 +27,7 @@ QImage drawn(QWidget& widget, const QSize& size)
     return image;
 }
 
-/// Rows of the picture in which something dark is drawn: text, where the frame is a light one.
+/// Returns the number of pixel rows that contain something dark, that is, text (frames are light).
 int inkedRows(const QImage& image)
 {
     int rows = 0;
@@ -40,7 +40,8 @@ int inkedRows(const QImage& image)
     return rows;
 }
 
-/// Rows of ink that are lost because the widget is only as high as it asks to be.
+/// Returns the number of pixel rows of text that are cut off if the widget has the height of its
+/// size hint.
 int clippedRows(QWidget& widget)
 {
     const QSize asked = widget.sizeHint().expandedTo({400, 0});
@@ -48,7 +49,8 @@ int clippedRows(QWidget& widget)
     return inkedRows(drawn(widget, {asked.width(), 3 * asked.height()})) - shown;
 }
 
-/// From where to where a column of pixels has this colour; -1 where it has not.
+/// Returns the first and last y position of a colour in a column of pixels; -1 if it does not
+/// occur.
 std::pair<int, int> extentOf(const QImage& image, int x, const QColor& color)
 {
     std::pair<int, int> extent(-1, -1);
@@ -150,7 +152,7 @@ TEST(LookTest, GridRowsAndHeadersClipNoGlyph)
     const QImage image = drawn(grid, {500, 300});
     const QRect cell =
         grid.visualRect(grid.model()->index(0, 0)).translated(grid.viewport()->pos());
-    // Some rows of ink, and none at the edges.
+    // There is text, and none of it touches the edges.
     EXPECT_GT(inkedRows(image.copy(cell)), 18);
     EXPECT_EQ(inkedRows(image.copy(cell.x(), cell.top(), cell.width(), 1)), 0);
     EXPECT_EQ(inkedRows(image.copy(cell.x(), cell.bottom() - 1, cell.width(), 2)), 0);
@@ -294,7 +296,7 @@ TEST(LookTest, HostsFontAndPaletteStayOut)
         QList<QImage> all;
         for (QWidget* widget : QList<QWidget*>{&field, &name, &date, &grid, &button, &strip})
             all.append(drawn(*widget, {300, 100}));
-        // What stands behind a caption is the form's.
+        // The background of a caption is the form's, so only its text is compared.
         for (const QLabel* line : caption.findChildren<QLabel*>()) {
             QImage ink(300, 100, QImage::Format_RGB32);
             ink.fill(Qt::white);

@@ -10,7 +10,7 @@ namespace TradeForms {
 
 namespace {
 
-/// What stands around the windows, and when it was closed and opened.
+/// Records when the barrier was created and removed.
 class ModalScopeTest : public ::testing::Test {
 protected:
     ModalScopeTest()
@@ -37,7 +37,7 @@ protected:
     static bool modalIsUp() { return QApplication::activeModalWidget() != nullptr; }
     static Form* box() { return qobject_cast<Form*>(QApplication::activeModalWidget()); }
 
-    /// Runs when the next modal window is up.
+    /// Runs a function as soon as the next modal window is shown.
     template <class Then> void whenUp(Then then) { QTimer::singleShot(0, qApp, then); }
 
     const RealModals real_;
@@ -46,7 +46,7 @@ protected:
     QStringList log_;
 };
 
-/// A window that will not be closed the first time.
+/// A window that refuses to close the first time.
 class Stubborn : public Form {
 public:
     Stubborn() { resize(100, 100); }
@@ -119,7 +119,7 @@ TEST_F(ModalScopeTest, AllEndAtOnceWhenTheHostEnds)
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(window.Asked, 0);
 
-    // Those that come later wait for their answers as ever.
+    // Modal windows shown later wait for their answers as usual.
     whenUp([this] { Press(*box(), Qt::Key_Y); });
     EXPECT_TRUE(Ask(nullptr, s("Sure?"), s("Alert")));
 }

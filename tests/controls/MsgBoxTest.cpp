@@ -17,7 +17,7 @@ const Message kQuestion{s("Do you want to remove this record?"), MsgIcon::Questi
                         s("Confirmation"), MsgButtons::YesNo};
 const Message kWarning{s("Enter Branch Code."), MsgIcon::Exclamation, s("Gate Pass")};
 
-/// Shows the real box and lets the test drive it.
+/// Shows the real box, lets the test drive it, and returns the answer.
 MsgAnswer answered(const Message& message, const std::function<void(Form& box)>& drive)
 {
     const RealModals real;

@@ -10,7 +10,7 @@ namespace {
 
 class ProgressTest : public DeskTest {
 protected:
-    /// The window that tells of the work; null where there is none.
+    /// Returns the progress window, or null if there is none.
     static Form* window()
     {
         for (QWidget* widget : QApplication::topLevelWidgets())
@@ -66,7 +66,7 @@ TEST_F(ProgressTest, TheButtonAndItsKeysStopTheWork)
         EXPECT_TRUE(progress.Reached(1));
         stop();
         EXPECT_FALSE(progress.Reached(2));
-        // It stays until the work has ended.
+        // The window stays until the work has ended.
         EXPECT_TRUE(window());
     }
 }

@@ -10,8 +10,8 @@ namespace TradeForms {
 
 namespace {
 
-/// Sends a key to a window as the platform does when it has several at hand: the program gets no
-/// turn in between.
+/// Sends a key to a window as the platform does when several are pending: no events are processed
+/// in between.
 void sendKey(QWidget& form, Qt::Key key, const QString& text)
 {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
@@ -20,7 +20,7 @@ void sendKey(QWidget& form, Qt::Key key, const QString& text)
     }
 }
 
-/// The same for a click.
+/// Sends a click in the same way.
 void sendClick(QWidget& form, const QPoint& at)
 {
     for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
@@ -47,7 +47,7 @@ TEST_F(DeskTest, AClickBehindTheAnswerOfABoxPressesNothing)
     });
     desk.Btn.Click();
     EXPECT_TRUE(IsActive(desk.A));
-    // Once it has gone clicks count as ever.
+    // After that, clicks work as usual.
     Activate(desk);
     sendClick(desk, field);
     EXPECT_TRUE(IsActive(desk.B));
@@ -91,7 +91,7 @@ TEST_F(DeskTest, AKeyBehindTheAnswerGoesToTheNextQuestion)
         sendKey(*box, Qt::Key_N, s("n"));
         sendKey(desk, Qt::Key_Y, s("y"));
     });
-    // Without the key the second question would wait for ever.
+    // If the key were lost, the second question would wait forever.
     QTimer giveUp;
     QObject::connect(&giveUp, &QTimer::timeout, &Modal::EndAll);
     giveUp.start(60'000);

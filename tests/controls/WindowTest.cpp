@@ -229,7 +229,7 @@ TEST(FormLifetime, DeletesItselfAfterTheHandlerThatClosedIt)
     bool aliveAfterwards = false;
     desk->Btn.OnClick += [&] {
         desk->Unload();
-        // Event loops of the handler's own must not take the form away below it.
+        // The form must not be deleted by event loops that its handler runs.
         for (int turn = 0; turn < 3; ++turn) {
             QEventLoop loop;
             QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);

@@ -15,7 +15,7 @@ using State = VoucherForm::State;
 
 class DetailGridTest : public GatePassDesk {
 protected:
-    /// What a row has in a column of BodyRecordset, or "none".
+    /// Returns the value of a column in the row's record of BodyRecordset, or "none".
     QString inBody(const QString& product, const char* column = "OutNewProducts")
     {
         It().Detail.BodyRecordset.SetFilter(Statement("ProductID='{code}'").Bind("code", product));
@@ -44,7 +44,7 @@ TEST_F(DetailGridTest, ARowWithoutAProductIsRefused)
     Press(It(), Qt::Key_Return);
     EXPECT_TRUE(HasFocus(It().Product.Code));
     EXPECT_EQ(FilledRows(), 0);
-    // Blanks are no product either.
+    // A code of spaces counts as empty.
     Click(It(), It().TxtReturnNewProducts);
     It().Product.Code.SetText(s("  "));
     boxes.Expect({s("Enter Product ID."), MsgIcon::Exclamation, s("Alert")});
@@ -71,7 +71,7 @@ TEST_F(DetailGridTest, AVoucherWithoutRowsLeavesTheListAsItWas)
     const int empty = Stored(s("210"), s("1"));
     OpenStored(full);
     ASSERT_EQ(FilledRows(), 1);
-    // The list shows passes with rows: another user removes them while it is up.
+    // The list shows only passes with rows, so another user removes them while it is open.
     dialogs.Expect([&](Form& dialog) {
         company.Run(s("delete from GatePassBody where GatePassID = %1").arg(empty));
         Choose(QString::number(empty))(dialog);
@@ -89,7 +89,7 @@ TEST_F(DetailGridTest, OpeningAVoucherFillsNoEntryControl)
     OpenStored(Stored());
     EXPECT_TRUE(It().Product.Code.Text().isEmpty());
     EXPECT_TRUE(It().TxtOutNewProducts.Text().isEmpty());
-    // The blank row stands ready below the rows.
+    // The blank row is below the other rows.
     EXPECT_EQ(It().Rows.RowCount(), 2);
     EXPECT_EQ(Cell(1, "ID"), s(" "));
     EXPECT_EQ(It().Rows.Row(), 1);
@@ -137,7 +137,7 @@ TEST_F(DetailGridTest, EditingARowAndPressingEscLeavesRowAndRecordUnchanged)
     }
     EXPECT_FALSE(It().Detail.IsRowAdd);
 
-    // Only leaving the grid on the blank row adds rows again.
+    // The entry controls add rows again only after the grid is left on its blank row.
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_End, Qt::ControlModifier);
     Press(It(), Qt::Key_Return);
@@ -160,7 +160,7 @@ TEST_F(DetailGridTest, ARowThatIsNotThereCannotBeCorrectedByTypingItsCode)
     EXPECT_EQ(Cell(0, "ID"), s("101"));
     EXPECT_EQ(Cell(0, "OutNewProducts"), s("3"));
     EXPECT_TRUE(It().Rows.Redraw());
-    // The voucher is saved with all of its rows all the same.
+    // The voucher is nevertheless saved with all of its rows.
     Press(It(), Qt::Key_Escape);
     Save();
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|null|null")}));
@@ -177,7 +177,7 @@ TEST_F(DetailGridTest, RemovingTheOnlyRowLeavesTheBlankOneAndSavingIsRefused)
     ASSERT_NE(rowMenu(), nullptr);
     EXPECT_EQ(rowMenu()->actions().value(0)->text(), s("Remove This Row"));
     QTest::keyClick(rowMenu(), Qt::Key_Return);
-    QCoreApplication::processEvents(); // the row goes when the menu has gone
+    QCoreApplication::processEvents(); // the row is removed once the menu has closed
     EXPECT_EQ(It().Rows.RowCount(), 1);
     EXPECT_EQ(Cell(0, "ID"), s(" "));
     EXPECT_EQ(inBody(s("101")), s("none"));
@@ -194,8 +194,8 @@ TEST_F(DetailGridTest, RemovingARowMarksTheVoucherWithoutAQuestion)
     It().Rows.SetRow(0);
     It().Detail.RemoveRow();
     EXPECT_EQ(It().FormState(), State::Edited);
-    EXPECT_EQ(BodyOf(id).size(), 1); // not before the save
-    Press(It(), Qt::Key_Return);     // on the blank row, which moved up
+    EXPECT_EQ(BodyOf(id).size(), 1); // the table changes only on saving
+    Press(It(), Qt::Key_Return);     // on the blank row, which has moved up
     EnterRow(s("210"), s("1"));
     Save();
     EXPECT_EQ(BodyOf(id), QStringList({s("210|1|null|null")}));
@@ -250,7 +250,7 @@ TEST_F(DetailGridTest, SelectingTheBlankRowAndPressingEnterMovesToTheEmptyCode)
     EXPECT_TRUE(It().Product.Code.IsEnabled());
     EXPECT_TRUE(It().Product.Code.HasTabStop());
     EXPECT_TRUE(It().Detail.IsRowAdd);
-    // A code that was typed before goes.
+    // A code typed before is cleared.
     Type(It(), s("210"));
     Press(It(), Qt::Key_Down);
     ASSERT_TRUE(HasFocus(It().Rows));

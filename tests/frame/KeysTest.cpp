@@ -1,4 +1,4 @@
-// Each line of the form's key table.
+// One test for each line of the form's key table.
 
 #include "support/GatePassDesk.h"
 #include "support/Text.h"
@@ -12,7 +12,7 @@ namespace {
 using State = VoucherForm::State;
 using KeysTest = GatePassDesk;
 
-/// The keys that a form has let through to a control.
+/// Records the keys that reach a control because the form did not swallow them.
 class ReachingKeys : public QObject {
 public:
     explicit ReachingKeys(const Control& control) { control.Widget().installEventFilter(this); }
@@ -37,7 +37,7 @@ TEST_F(KeysTest, EnterMovesToTheNextField)
     Open();
     Press(It(), Qt::Key_Return);
     EXPECT_TRUE(HasFocus(It().Receiving.Code));
-    Press(It(), Qt::Key_Enter); // of the keypad
+    Press(It(), Qt::Key_Enter); // the keypad's Enter
     EXPECT_TRUE(HasFocus(It().Area.Code));
 }
 
@@ -88,7 +88,7 @@ TEST_F(KeysTest, F4PressesTheButtonOfTheActiveField)
     EnterHeader();
     dialogs.Expect([](Form& dialog) { Press(dialog, Qt::Key_Return); });
     Press(It(), Qt::Key_F4);
-    EXPECT_TRUE(HasFocus(It().TxtOutNewProducts)); // F1 would go to the old pieces
+    EXPECT_TRUE(HasFocus(It().TxtOutNewProducts)); // F1 would move to the old pieces
 }
 
 TEST_F(KeysTest, TheShiftMustBeCtrlAlone)
@@ -123,14 +123,14 @@ TEST_F(KeysTest, ACtrlKeyIsSwallowedEvenIfItsButtonIsOff)
         Ctrl(key);
     EXPECT_TRUE(It().isVisible());
     EXPECT_EQ(field.Seen, QList<int>());
-    Ctrl(Qt::Key_D); // of other forms
+    Ctrl(Qt::Key_D); // a shortcut of other forms only
     EXPECT_EQ(field.Seen, QList<int>({Qt::Key_D}));
 }
 
 TEST_F(KeysTest, F4WithAltIsTheSystems)
 {
     Open();
-    Press(It(), Qt::Key_F4, Qt::AltModifier); // would bring up a list that nobody expects
+    Press(It(), Qt::Key_F4, Qt::AltModifier); // opening a list would fail the test
     EXPECT_TRUE(HasFocus(It().Driver.Code));
 }
 

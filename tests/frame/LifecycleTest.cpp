@@ -16,7 +16,7 @@ using State = VoucherForm::State;
 
 class LifecycleTest : public GatePassDesk {
 protected:
-    /// Another workstation stores a voucher under the number.
+    /// Stores a voucher under the number as another workstation would.
     void storeElsewhere(int id)
     {
         company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
@@ -27,7 +27,7 @@ protected:
 
 class StatesTest : public LifecycleTest {
 protected:
-    /// Stores a pass of five days ago, opens it, and is about to correct its row.
+    /// Stores a pass dated five days ago, opens it and starts correcting its row.
     void openAndCorrectARow()
     {
         It().DtpDate.SetValue(QDate::currentDate().addDays(-5));
@@ -42,7 +42,7 @@ protected:
         ASSERT_EQ(It().DtpDate.Value(), QDate::currentDate().addDays(-5));
     }
 
-    /// All that state New sets.
+    /// Checks everything that state New sets.
     void expectNew(const QString& number)
     {
         EXPECT_EQ(It().FormState(), State::New);
@@ -69,7 +69,7 @@ protected:
     }
 };
 
-/// A company whose locks are watched.
+/// A company on a disk that reports waits for a lock.
 struct WatchedDisk {
     FaultyDisk disk;
 };
@@ -240,11 +240,11 @@ TEST_F(LifecycleTest, EnterInTheGridNeverInjectsATab)
     EnterRow(s("101"), s("3"));
     Press(It(), Qt::Key_Down);
     ASSERT_TRUE(HasFocus(It().Rows));
-    Press(It(), Qt::Key_Return); // the blank row
+    Press(It(), Qt::Key_Return); // on the blank row
     EXPECT_TRUE(HasFocus(It().Product.Code));
     Press(It(), Qt::Key_Down);
     Press(It(), Qt::Key_Up);
-    Press(It(), Qt::Key_Return); // a filled row
+    Press(It(), Qt::Key_Return); // on a filled row
     EXPECT_TRUE(HasFocus(It().TxtReturnOldProducts));
 }
 
@@ -417,15 +417,15 @@ TEST_F(LifecycleTest, AFailureThatIsNotTheDatabasesLeavesTheTransactionOpen)
     Open();
     EnterHeader();
     EnterRow(s("101"), s("3"));
-    // A branch number that no double holds: the header is read from the fields within the
-    // transaction.
+    // A branch number beyond the range of a double fails when the header is read from the fields,
+    // which happens within the transaction.
     It().Branch.Code.SetText(QString(400, QLatin1Char('9')));
     boxes.Expect(Failed(s("Overflow")));
     Ctrl(Qt::Key_S);
     EXPECT_TRUE(connection->InTransaction());
     EXPECT_EQ(FilledRows(), 1);
 
-    // The next save fails on the transaction that is open, and that failure ends it.
+    // The next save fails because the transaction is still open; that failure ends it.
     It().Branch.Code.SetText(s("1"));
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
     Ctrl(Qt::Key_S);
@@ -551,7 +551,7 @@ TEST_F(LifecycleTest, OpenIsOffWhileTheVoucherIsEdited)
     Open();
     Stored();
     Type(It(), s("2"));
-    Ctrl(Qt::Key_O); // would bring up a dialog that nobody expects
+    Ctrl(Qt::Key_O); // opening a dialog would fail the test
     EXPECT_EQ(It().FormState(), State::Edited);
 }
 
@@ -633,7 +633,7 @@ TEST_F(RaceTest, ANumberTakenWhileTheSaveWaitsIsToldAndNothingIsWritten)
     EnterRow(s("101"), s("3"));
     const std::shared_ptr<Connection> other = company.Connect();
     other->BeginTrans();
-    // The save has found the number free, and waits for the other to be done.
+    // The save has found the number free and is waiting for the other user's lock.
     disk.WhenSomebodyWaits([&] {
         other->Execute("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"
                        " values (1, 'Raja', 1, 0)");

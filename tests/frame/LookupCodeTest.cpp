@@ -1,4 +1,4 @@
-// Code fields: a typed code becomes a name, an unknown one brings up the list.
+// Code fields: a typed code is looked up; an unknown one opens the list.
 
 #include "support/GatePassDesk.h"
 #include "support/Text.h"
@@ -39,7 +39,7 @@ TEST_F(LookupCodeTest, CancellingTheListKeepsTheFocusWithTheNameEmptied)
     Open();
     const int id = Stored();
     OpenStored(id);
-    // Nothing is typed: it is the check that empties the name.
+    // Nothing is typed, so the name is cleared by the check.
     company.Run("pragma foreign_keys = off; delete from Areas where AreaCode = 'Kot'");
     It().ResetFocus(It().Area.Code);
     ASSERT_FALSE(It().Area.Name.Text().isEmpty());
@@ -105,8 +105,8 @@ TEST_F(LookupCodeTest, AClickInAnotherWindowDoesNotRunTheCheck)
     Click(*other, other->Receiving.Code);
     EXPECT_EQ(other->ActiveControl(), &other->Receiving.Code);
     EXPECT_TRUE(HasFocus(It().Branch.Code));
-    dialogs.Expect(Cancel());         // of the check, which nothing has asked for so far
-    Click(It(), It().Receiving.Code); // of its own window
+    dialogs.Expect(Cancel());         // the list, which the first click must not open
+    Click(It(), It().Receiving.Code); // a click in the same window
     EXPECT_EQ(dialogs.Left(), 0);
     EXPECT_TRUE(HasFocus(It().Branch.Code));
 }
@@ -116,7 +116,7 @@ TEST_F(LookupCodeTest, AFieldThatIsNotTheActiveOneIsNotChecked)
     Open();
     ASSERT_TRUE(HasFocus(It().Driver.Code));
     bool refused = false;
-    It().Branch.Code.OnValidate(refused); // would bring up the branch list
+    It().Branch.Code.OnValidate(refused); // would open the branch list
     EXPECT_FALSE(refused);
 }
 

@@ -12,18 +12,18 @@ namespace tests {
 
 class ReceiptForm;
 
-/// What a test changes of ReceiptForm before it opens the window.
+/// Changes that a test makes to ReceiptForm before the window opens.
 struct ReceiptChanges {
     std::function<void(VoucherDeclaration&)> Voucher;
     std::function<void(ReceiptForm&, DetailDeclaration&)> Rows;
     std::function<void(ReceiptForm&, LookupDeclaration&)> Staff;
-    std::function<void(ReceiptForm&)> Made; ///< at the end of the constructor
-    std::function<void(ReceiptForm&)> Save; ///< in place of the form's own steps
+    std::function<void(ReceiptForm&)> Made; ///< called at the end of the constructor
+    std::function<void(ReceiptForm&)> Save; ///< called instead of the form's own SaveVoucher
     bool CountsReceiptsOn = false;          ///< ClearEntryRow takes the next number
 };
 
-/// A form for what the frame offers beyond what the stock forms ask of it: receipts of instalment
-/// accounts, told apart by account and receipt number, with a running total.
+/// A form for testing features of the frame that the stock forms do not use: receipts of instalment
+/// accounts, identified by account and receipt number, with a running total.
 class ReceiptForm : public VoucherForm {
 public:
     static inline ReceiptChanges Changed;
@@ -84,9 +84,9 @@ public:
     DetailGrid Detail;
     LookupCode LookupStaff;
     int DetailClicks = 0;
-    QStringList Steps; ///< the form's own steps on rows, as the grid has run them
+    QStringList Steps; ///< names of the form's row steps in the order in which the grid called them
 
-    // For tests, which play a form's own steps.
+    // Made public for tests, which call them as a form's own steps would.
     using VoucherForm::AsksToDelete;
     using VoucherForm::EraseVoucher;
     using VoucherForm::PassesDeleteRule;
@@ -113,7 +113,7 @@ public:
     }
     void DeleteVoucher() override
     {
-        if (PassesDeleteRule() && AsksToDelete()) // the right first
+        if (PassesDeleteRule() && AsksToDelete()) // checks the right before asking
             EraseVoucher();
     }
     void RunUnguarded(const std::function<void()>& step) { Unguarded(step); }
@@ -218,7 +218,7 @@ protected:
 
     static ReceiptChanges& Changed() { return ReceiptForm::Changed; }
 
-    /// A row by the fields' own way: the last one is left to BtnDetail.
+    /// Enters a row through the fields; the last one is left for BtnDetail, which adds the row.
     void EnterReceipt(const QString& card, const QString& account, const QString& receipt,
                       const QString& amount)
     {
@@ -241,7 +241,7 @@ protected:
         Click(*form, form->BtnSave);
         EXPECT_EQ(It().FormState(), VoucherForm::State::New);
     }
-    /// A stored voucher with two receipts of one account and one of another.
+    /// Stores a voucher with two receipts of one account and one of another.
     void StoreThree()
     {
         company.Run(
@@ -251,7 +251,7 @@ protected:
               " (1, '2026-03-05', 'Kot 7', '7', 2, 250), (1, '2026-03-05', 'Kot 8', '8', 3, "
               "40)"));
     }
-    /// Opens the stored voucher; meanwhile runs when it has been chosen.
+    /// Opens the stored voucher; `meanwhile` runs after it has been chosen.
     void OpenIt(const std::function<void()>& meanwhile = {})
     {
         dialogs.Expect([&](Form& dialog) {
@@ -265,7 +265,7 @@ protected:
         Ctrl(Qt::Key_O);
         ASSERT_EQ(It().FormState(), VoucherForm::State::Opened);
     }
-    /// Makes a row the current one by the mouse.
+    /// Makes a row current by a mouse click.
     void ChooseRow(int row) { ClickRow(*form, form->Rows, row); }
     void RemoveChosen()
     {

@@ -1,5 +1,5 @@
-// What the frame offers to rows: several keys, a total, required fields, what a second row of the
-// same account becomes.
+// Features of the frame for detail rows: several key columns, a total, mandatory fields, and what
+// happens to a second row of the same account.
 
 #include "frame/ReceiptForm.h"
 
@@ -34,16 +34,17 @@ TEST_F(RowsTest, NoKeyIsWrittenWhenARowIsCorrected)
 {
     StoreThree();
     Changed().Rows = [](ReceiptForm&, DetailDeclaration& rows) {
-        rows.RowFilter = "ReceiptNo={ReceiptNo}"; // finds the row whatever stands in its keys
+        rows.RowFilter = "ReceiptNo={ReceiptNo}"; // finds the row independently of its key columns
     };
     Open();
     OpenIt();
     ChooseRow(0);
     It().SetFocus(It().TxtAmount);
     ASSERT_FALSE(It().Detail.IsRowAdd);
-    company.Run(s("update RecoveryBody set CardNo = '70'")); // a key that is written finds no row
+    // Another user changes the key: the batch update then no longer finds the row.
+    company.Run(s("update RecoveryBody set CardNo = '70'"));
     It().TxtAmount.SetText(s("90"));
-    boxes.ExpectAny(MsgIcon::Stop, s("Error occured")); // of the batch: the row was changed
+    boxes.ExpectAny(MsgIcon::Stop, s("Error occured")); // from the batch update
     It().SetFocus(It().BtnDetail);
     Click(It(), It().BtnSave);
     EXPECT_EQ(company.Scalar("select CardNo from RecoveryBody where ReceiptNo = 1").toString(),
@@ -54,8 +55,8 @@ TEST_F(RowsTest, ARowIsFoundByAllOfItsKeys)
 {
     Open();
     EnterReceipt(s("7"), s("Kot 7"), s("1"), s("100"));
-    EnterReceipt(s("7"), s("Kot 7"), s("2"), s("250")); // the same account
-    EnterReceipt(s("8"), s("Kot 8"), s("1"), s("40"));  // the same receipt number
+    EnterReceipt(s("7"), s("Kot 7"), s("2"), s("250")); // same account
+    EnterReceipt(s("8"), s("Kot 8"), s("1"), s("40"));  // same receipt number
     Save();
     EXPECT_EQ(Stored(1), QStringList({s("7|Kot 7|1|100"), s("7|Kot 7|2|250"), s("8|Kot 8|1|40")}));
 }
@@ -65,7 +66,7 @@ TEST_F(RowsTest, ARowIsRemovedByWhatTheListShowsAndNotByTheEntryRow)
     StoreThree();
     Open();
     OpenIt();
-    // The second row is the current one, and the entry row is empty.
+    // The second row is current and the entry row is empty.
     It().Rows.SetRow(1);
     ASSERT_TRUE(It().TxtInsCustomerID.Text().isEmpty());
     Click(It(), It().TxtCID);
@@ -85,7 +86,7 @@ TEST_F(RowsTest, AnAmountThatWasTypedOverIsShownAsItIsStored)
 {
     StoreThree();
     Changed().Made = [](ReceiptForm& it) {
-        // As an amount follows the rate and the quantity.
+        // As an amount is computed from the rate and the quantity.
         it.TxtReceiptNo.OnChange += [&it] { it.TxtAmount.SetText(s("999")); };
     };
     Open();
@@ -123,7 +124,7 @@ TEST_F(RowsTest, RequiredFieldsAreAskedForInTheirOrder)
     boxes.Expect(Alert("Enter Receipt No."));
     EnterReceipt(s("7"), s("Kot 7"), s("  "), {});
     EXPECT_TRUE(HasFocus(It().TxtReceiptNo));
-    // The amount has no message: the focus alone tells.
+    // The amount has no message; only the focus moves to it.
     EnterReceipt(s("7"), s("Kot 7"), s("1"), {});
     EXPECT_TRUE(HasFocus(It().TxtAmount));
     EXPECT_EQ(FilledRows(), 0);
@@ -212,7 +213,7 @@ TEST_F(RowsTest, AVoucherWithoutRowsLeavesTheTotalAsItWas)
     StoreThree();
     Open();
     It().TxtTotalAmount.SetText(s("55"));
-    // The list shows vouchers with rows: another user removes them while it is up.
+    // The list shows only vouchers with rows, so another user removes them while it is open.
     OpenIt([this] { company.Run(s("delete from RecoveryBody")); });
     EXPECT_EQ(It().TxtTotalAmount.Text(), s("55"));
 }

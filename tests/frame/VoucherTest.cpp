@@ -1,4 +1,4 @@
-// What the frame offers to vouchers beyond what the stock forms ask of it.
+// Features of the frame for vouchers that the stock forms do not use.
 
 #include "controls/Pieces.h"
 #include "data/Failure.h"
@@ -205,7 +205,7 @@ TEST_F(VoucherTest, TabWalksAsTheWindowIsLaidOut)
     };
     EXPECT_EQ(walk(9), "TxtAreaCode DtpDate TxtStaffID TxtRate TxtCID TxtInsCustomerID"
                        " TxtReceiptNo TxtAmount Grid");
-    It().ResetFocus(It().TxtTotalAmount); // from its blank row the list leads to the code
+    It().ResetFocus(It().TxtTotalAmount); // leaving the list on its blank row moves to the code
     EXPECT_EQ(walk(6), "TxtTotalAmount BtnOpen BtnOpenDetail BtnClear BtnClose TxtVoucher");
 }
 

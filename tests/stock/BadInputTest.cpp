@@ -1,5 +1,5 @@
-// What a clerk types by mistake or pastes from elsewhere, and what a database may do in the midst
-// of a save: each gets a clear word, nothing is half written, and the work goes on.
+// Input typed by mistake or pasted from elsewhere, and database failures in the middle of a save:
+// each gives a clear message, nothing is half written, and the clerk can go on.
 
 #include "data/EngineAccess.h"
 #include "data/sqlite/SqliteEngine.h"
@@ -22,13 +22,13 @@ using State = VoucherForm::State;
 
 constexpr int TenThousand = 10'000;
 
-/// What is said of a quote in a text that a statement holds between quotes.
+/// Returns the message for a quote in a text that the statement encloses in quotes.
 QString unclosedQuote(const QString& text)
 {
     return s("Unclosed quotation mark after the character string '%1'.").arg(text);
 }
 
-/// What is said of a text where a statement needs a number; a long one is told in part.
+/// Returns the message for a text where the statement needs a number; a long text is shown in part.
 QString noNumber(const QString& text)
 {
     constexpr int told = 60;
@@ -45,8 +45,8 @@ protected:
         return {&It().Driver.Code, &It().Receiving.Code, &It().Area.Code, &It().Product.Code};
     }
 
-    /// Pastes a text into a code field and presses Enter. It is no code, so that the list comes
-    /// up, which is left by Esc; where a complaint is given, that comes first.
+    /// Pastes a text into a code field and presses Enter. It is not a valid code, so the list
+    /// opens, and is closed by Esc; if a complaint is given, its box comes first.
     void pasteAsCode(Txt& field, const QString& text, const QString& complaint = {})
     {
         SCOPED_TRACE(qPrintable(field.Name()));
@@ -68,8 +68,8 @@ protected:
         EXPECT_TRUE(name.Text().isEmpty()) << qPrintable(name.Name());
     }
 
-    /// A text that is no code of staff or area stays where it was typed. A product that is not
-    /// found, or not in stock, is taken away.
+    /// Checks that a text that is no valid code stays in the staff and area fields, while a product
+    /// that is not found, or not in stock, is cleared.
     void expectUnknown(const QString& text)
     {
         expectCode(It().Driver.Code, It().Driver.Name, text);
@@ -78,7 +78,7 @@ protected:
         expectCode(It().Product.Code, It().Product.Name, QString());
     }
 
-    /// Whatever went before, a pass can be entered and is stored.
+    /// Checks that a pass can still be entered and stored.
     void expectTheNextSaveWorks()
     {
         SCOPED_TRACE("the next save");
@@ -91,7 +91,7 @@ protected:
                   s("2014Kot1"));
     }
 
-    /// Enters a row for each of the three quantities, with the text in that one.
+    /// Enters three rows, each with the text in another one of the three quantities.
     void enterAsEachQuantity(const QString& text)
     {
         const QList<std::pair<const char*, Txt*>> rows = {{"101", &It().TxtOutNewProducts},
@@ -113,7 +113,7 @@ protected:
         }
     }
 
-    /// Whatever is in a quantity stands in the list as it was typed, and the number at its start
+    /// Checks that a quantity is shown in the grid as typed, while the number that it starts with
     /// is stored.
     void expectQuantityCounts(const QString& typed, const QString& shown, const char* number)
     {
@@ -168,8 +168,8 @@ protected:
         Stored(s("104"), s("2"));
     }
 
-    /// Pastes a text into every narrowing field and empties it again. Complaints are those of the
-    /// fields that compare text and of those that compare a number; an empty one is none.
+    /// Pastes a text into each filter field and clears it again. The complaints are those of the
+    /// fields that compare text and of those that compare a number; empty for none.
     void pasteIntoEveryField(const QString& text, const QString& shown,
                              const QString& complaintOfText, const QString& complaintOfNumber)
     {
@@ -184,12 +184,12 @@ protected:
                 pasteAndEmpty(dynamic_cast<SearchWindow&>(window), field, text, shown, complaint);
             });
             dialog.Show(form.get());
-            // What the list gives is a row's code, whatever was typed.
+            // The list returns a row's code, whatever was typed.
             EXPECT_FALSE(dialog.ParaOut(field.Dialog.Results.front().Name).toString().isEmpty());
         }
     }
 
-    /// How many rows the list had while the text stood in the field.
+    /// The number of rows in the list while the text was in the field.
     QHash<QString, int> RowsLeft;
 
 private:
@@ -230,8 +230,8 @@ std::ostream& operator<<(std::ostream& out, Trouble trouble)
 
 class TroubleTest : public BadInputTest, public ::testing::WithParamInterface<Trouble> {
 protected:
-    /// So long a code does not fit into the pages that a table and its indexes have already, so
-    /// that a row with it needs room on the disk.
+    /// A code that does not fit into the free space of the pages of the table and its indexes, so
+    /// that a row with it needs more disk space.
     const QString longCode = s("299") + QString(3000, u'L');
 
     void SetUp() override
@@ -292,7 +292,7 @@ protected:
         return {};
     }
 
-    /// Pastes the long code, and 2 as what goes out.
+    /// Pastes the long code, and 2 as the outgoing quantity.
     void enterLongRow()
     {
         Paste(It(), longCode);
@@ -302,7 +302,7 @@ protected:
         Enter(QString());
     }
 
-    /// All that the clerk sees of the voucher.
+    /// Returns everything of the voucher that the clerk sees.
     QStringList screen()
     {
         QStringList seen = {It().Title.StateText(), It().DtpDate.Value().toString(Qt::ISODate)};
@@ -318,7 +318,7 @@ protected:
         return seen;
     }
 
-    /// Saving says what the trouble is, and the voucher stands on the screen as it was.
+    /// Checks that saving reports the failure and leaves the voucher on the screen unchanged.
     void expectSaveFails()
     {
         const QStringList before = screen();
@@ -336,7 +336,7 @@ private:
 
 class DeletionTroubleTest : public TroubleTest {};
 
-/// A company whose locks are watched.
+/// A company on a disk that reports waits for a lock.
 struct WatchedDisk {
     FaultyDisk disk;
 };
@@ -442,7 +442,7 @@ TEST_F(BadInputTest, TenThousandCharactersInACodeAreAnUnknownCode)
         pasteAsCode(*field, typed);
     expectUnknown(typed);
     pasteAsCode(It().Branch.Code, typed);
-    // As a product, a branch that is not found is taken away.
+    // Like a product, a branch that is not found is cleared.
     expectCode(It().Branch.Code, It().Branch.Name, QString());
     expectTheNextSaveWorks();
 }
@@ -549,7 +549,7 @@ TEST_F(BadInputTest, TenThousandDigitsInAQuantityAreRefusedAndStayInTheField)
          {&It().TxtOutNewProducts, &It().TxtReturnOldProducts, &It().TxtReturnNewProducts}) {
         SCOPED_TRACE(qPrintable(field->Name()));
         Enter(s("101"));
-        // Going out, it is held against the stock as well.
+        // An outgoing quantity is also checked against the stock.
         if (field == &It().TxtOutNewProducts)
             boxes.Expect(Failed(s("Overflow")));
         boxes.Expect(Failed(s("Overflow")));
@@ -749,7 +749,7 @@ TEST_P(DeletionTroubleTest, APassThatCannotBeDeletedStaysAndIsDeletedAfterwards)
     EXPECT_EQ(Count(s("GatePassBody")), 0);
 }
 
-// A deletion needs no room on the disk.
+// A deletion needs no additional disk space.
 INSTANTIATE_TEST_SUITE_P(Database, DeletionTroubleTest,
                          ::testing::Values(Trouble::Locked, Trouble::ReadOnly),
                          ::testing::PrintToStringParamName());
@@ -775,7 +775,7 @@ TEST_F(LockTest, ASaveWaitsForAnotherUserWithoutAWord)
     EnterRow(s("101"), s("3"));
     const std::shared_ptr<Connection> other = company.Connect();
     other->BeginTrans();
-    // The other is done only when the save has asked for the lock again and again.
+    // The other user is done only after the save has asked for the lock several times.
     constexpr int patience = 5;
     int refused = 0;
     const std::function<void()> refuse = [&] {

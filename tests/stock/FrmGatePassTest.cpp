@@ -1,4 +1,4 @@
-// What is the gate pass's own: its columns, its stock rule, its kinds, its fields.
+// What only the gate pass has: its columns, stock rule, kinds and header fields.
 
 #include "support/GatePassDesk.h"
 
@@ -116,7 +116,7 @@ TEST_F(FrmGatePassTest, SavesEveryColumnOfTheHeaderAndItsRows)
     EXPECT_EQ(row[11].toInt(), 7);
     EXPECT_EQ(BodyOf(1), QStringList({s("101|3|1|null"), s("210|5|null|2.5")}));
 
-    // Ready for the next one.
+    // The form is ready for the next pass.
     EXPECT_EQ(It().FormState(), VoucherForm::State::New);
     EXPECT_EQ(It().TxtGatePassID.Text(), s("2"));
     EXPECT_TRUE(It().Area.Code.Text().isEmpty());
@@ -314,7 +314,7 @@ TEST_F(FrmGatePassTest, AChangeOfTheBranchAfterRowsWereEnteredDoesNotRecheckThem
     EnterRow(s("101"), s("15"));
     Click(It(), It().Branch.Code);
     Press(It(), Qt::Key_A, Qt::ControlModifier);
-    Enter(s("2")); // five in stock there
+    Enter(s("2")); // branch 2 has five in stock
     EXPECT_EQ(It().Branch.Name.Text(), s("لاہور"));
     Save();
     EXPECT_EQ(BodyOf(1), QStringList({s("101|15|null|null")}));
@@ -406,7 +406,7 @@ TEST_F(FrmGatePassTest, AUserOfOneBranchReachesNoOtherByListOrByTyping)
         EXPECT_EQ(dynamic_cast<SearchWindow&>(dialog).List().RowCount(), 1);
         Press(dialog, Qt::Key_Escape);
     });
-    Enter(s("Kot")); // of branch 1
+    Enter(s("Kot")); // an area of branch 1
     EXPECT_TRUE(HasFocus(It().Area.Code));
 
     It().ResetFocus(It().Branch.Code);

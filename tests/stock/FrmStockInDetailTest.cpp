@@ -1,4 +1,4 @@
-// Goods coming in piece by piece, each unit by its engine and chassis number.
+// Goods received piece by piece, each unit with its engine and chassis numbers.
 
 #include "stock/FrmStockInDetail.h"
 
@@ -48,7 +48,7 @@ protected:
         return Lines(s("select StockID, ReceivingCode, Description from StockInDetailHeader"
                        " order by StockID"));
     }
-    /// Down from the entry row to a row of the grid, and Enter on it.
+    /// Moves down from the entry row to a row of the grid and presses Enter on it.
     void ChooseRow(int row)
     {
         Press(It(), Qt::Key_Down);
@@ -107,7 +107,7 @@ TEST_F(FrmStockInDetailTest, AStoredUnitIsRefusedOnANewVoucherWithTheDatabaseWid
     EXPECT_EQ(It().TxtEngineNo.Text(), s("e-1"));
     EXPECT_EQ(It().TxtChasisNo.Text(), s("c-1"));
     EXPECT_EQ(FilledRows(), 0);
-    // The number is there to be typed over.
+    // The text is selected, so typing replaces it.
     Enter(s("E-2"));
     Press(It(), Qt::Key_Return);
     EXPECT_EQ(Cell(0, "EngineNo"), s("E-2"));
@@ -197,7 +197,7 @@ TEST_F(FrmStockInDetailTest, RemovingARowTakesTheFirstRecordOfItsProduct)
     EnterUnit(s("101"), s("E-2"), s("C-2"));
     ChooseRow(1);
     It().Detail.RemoveRow();
-    // The grid lost the second unit, the record of the first is gone: seen when it is reopened.
+    // The second unit left the grid but the record of the first was deleted, as reopening shows.
     EXPECT_EQ(FilledRows(), 1);
     EXPECT_EQ(Cell(0, "EngineNo"), s("E-1"));
     It().ResetFocus(It().TxtDescription);
@@ -378,7 +378,7 @@ TEST_F(FrmStockInDetailTest, AVoucherOfMoreThan32767UnitsCannotBeSaved)
     EXPECT_EQ(Headers(), QStringList(s("1|3107|null")));
     It().Rows.SetRow(0);
     It().Detail.RemoveRow();
-    // A failure that is not the database's has left the transaction open; the next one ends it.
+    // A failure outside the database has left the transaction open; the next failure ends it.
     boxes.ExpectAny(MsgIcon::Stop, s("Error occured"));
     Ctrl(Qt::Key_S);
     Ctrl(Qt::Key_S);
@@ -436,7 +436,7 @@ TEST_F(FrmStockInDetailTest, ThreeHundredUnitsAtAScannersPaceLoseNothing)
 {
     Open();
     EnterHeader();
-    // All keys lie in the queue before the first one is worked on: faster than any scanner.
+    // All keys are queued before the first one is processed, faster than any scanner.
     const auto post = [this](int key, const QString& text) {
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
             QCoreApplication::postEvent(It().windowHandle(),

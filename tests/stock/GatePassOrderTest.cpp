@@ -1,4 +1,5 @@
-// In which order a gate pass is checked, stored and deleted: told by what each step finds.
+// The order in which a gate pass is checked, stored and deleted, as shown by which step fails
+// first.
 
 #include "support/GatePassDesk.h"
 #include "support/Text.h"
@@ -9,7 +10,7 @@ namespace {
 
 class GatePassOrderTest : public GatePassDesk {
 protected:
-    /// From now on the user may enter records of past days only.
+    /// Restricts the user to records with past dates.
     void closeTheWindow()
     {
         company.Run(s("update Users set FromDate = '2020-01-01', ToDate = '2020-12-31'"
@@ -21,7 +22,7 @@ protected:
                 s("Information")};
     }
 
-    /// Another workstation stores a voucher under the number.
+    /// Stores a voucher under the number as another workstation would.
     void storeElsewhere(int id)
     {
         company.Run(s("insert into GatePassHeader (GatePassID, AreaCode, BranchCode, isPosted)"

@@ -1,5 +1,5 @@
-// BtnPrint of the gate pass: what is fed to the report, the choice of copies, the jobs, and what
-// is left where printing fails.
+// BtnPrint of the gate pass: the data passed to the report, the choice of copies, the print jobs,
+// and the state after a failure.
 
 #include "data/Failure.h"
 #include "host/HostContext.h"
@@ -48,7 +48,7 @@ protected:
         RptReportViewer::Shared().Report.reset();
     }
 
-    /// Opens a window with a stored pass on it; gives its number.
+    /// Opens a window showing a stored pass; returns its number.
     int OpenPass()
     {
         Open();
@@ -59,7 +59,7 @@ protected:
         OpenStored(1);
         return 1;
     }
-    /// Presses Ctrl+P and answers SchPrint with keys.
+    /// Presses Ctrl+P and sends the keys to the SchPrint dialog.
     void Print(const QList<Qt::Key>& keys)
     {
         dialogs.Expect([keys](Form& dialog) {
@@ -75,7 +75,7 @@ protected:
             copies.append(job.Copy);
         return copies;
     }
-    /// The form stands as it did when the pass had been opened.
+    /// Checks that the form is in the state after opening the pass.
     void ExpectAsOpened()
     {
         EXPECT_EQ(It().FormState(), VoucherForm::State::Opened);
@@ -123,7 +123,7 @@ TEST_F(GatePassPrintTest, AllCopiesAreTheDefaultAndEachCopyCanBeChosen)
     Click(It(), It().BtnPrint);
     EXPECT_EQ(Copies(), QStringList({s("2")}));
     jobs.clear();
-    Print({Qt::Key_Down, Qt::Key_Return}); // from the last option round to the first
+    Print({Qt::Key_Down, Qt::Key_Return}); // wraps from the last option to the first
     EXPECT_EQ(Copies(), QStringList({s("1")}));
     jobs.clear();
     Print({Qt::Key_Up, Qt::Key_Return});
@@ -152,7 +152,7 @@ TEST_F(GatePassPrintTest, TheFormIsTheOwnerOfSchPrint)
 
 TEST_F(GatePassPrintTest, OptionsHiddenByASalaryFormStayHiddenForAGatePassWhichShowsOnlyOption4)
 {
-    // What a salary form does, and what a form might that hides all copies.
+    // As a salary form does, and as a form might that hides all copies.
     SchPrint& dialog = SchPrint::Shared();
     dialog.SetOptionVisible(dialog.Option3, false);
     dialog.SetOptionVisible(dialog.Option2, false);
@@ -166,7 +166,7 @@ TEST_F(GatePassPrintTest, OptionsHiddenByASalaryFormStayHiddenForAGatePassWhichS
         Press(dialog, Qt::Key_Return);
     });
     Ctrl(Qt::Key_P);
-    // Hidden or not, all copies are three.
+    // Hidden or not, "all copies" prints three.
     EXPECT_EQ(Copies(), QStringList({s("1"), s("2"), s("3")}));
 }
 
@@ -312,7 +312,7 @@ TEST_F(GatePassPrintTest, APrinterThatFailsAtTheSecondCopyIsToldAndLeavesTheForm
     Print({Qt::Key_Return});
     EXPECT_EQ(Copies(), QStringList({s("1")}));
     ExpectAsOpened();
-    // The next print is a fresh one.
+    // The next print is not affected.
     failingCopy.clear();
     Print({Qt::Key_Return});
     EXPECT_EQ(Copies(), QStringList({s("1"), s("1"), s("2"), s("3")}));

@@ -6,7 +6,7 @@ namespace tests {
 
 namespace {
 
-/// A gate pass on a company that is reached through ODBC.
+/// A gate pass form whose company is accessed through ODBC.
 class GatePassOnServer : public GatePassDesk {
 protected:
     GatePassOnServer()
@@ -53,7 +53,7 @@ TEST_F(GatePassOnServer, KeepsWhatWasEnteredWhenTheConnectionIsLost)
     EXPECT_EQ(form->Driver.Code.Text(), QStringLiteral("2014"));
     EXPECT_EQ(Count(QStringLiteral("GatePassHeader")), 0);
 
-    // The line is back, and the session is gone all the same: that is said again.
+    // The network is back, but the session is lost: the same message appears again.
     boxes.Expect(Failed(lost(QStringLiteral("It was lost before."))));
     Ctrl(Qt::Key_S);
     EXPECT_EQ(FilledRows(), 2);

@@ -1,5 +1,5 @@
-// Stock documents: goods in and out, with prices and without. What both kinds do alike is
-// played on each of them.
+// Stock documents: goods received and issued, with and without prices. Common behaviour is tested
+// for both kinds.
 
 #include "stock/StockForms.h"
 #include "support/FormDesk.h"
@@ -14,7 +14,7 @@ const Message IdTaken{
     s("This Stock ID already exists. A new Stock ID. has been generated. Please try again"),
     MsgIcon::Stop, s("Alert")};
 
-/// What tells the two kinds from each other, for the tests.
+/// The values in which the two kinds differ, for the tests.
 template <class TheForm> struct Kind;
 
 template <> struct Kind<FrmStockIn> {
@@ -40,7 +40,8 @@ protected:
 
     StockFormTest()
     {
-        // The documents that brought the stock in are in nobody's way.
+        // Removes the documents through which the stock was received, so that they do not affect
+        // the tests.
         this->company.Run(s("delete from %1; delete from %2;").arg(s(Is::Body), s(Is::Header)));
     }
 
@@ -52,7 +53,7 @@ protected:
         Desk::Open();
     }
 
-    /// From the date on: branch and account, to the product.
+    /// Enters branch and account, starting at the date and ending at the product.
     void EnterHeader(const QString& branch = s("1"), const QString& account = s("7"))
     {
         this->It().ResetFocus(this->It().DtpDate);
@@ -62,7 +63,7 @@ protected:
         this->Enter(QString());
     }
 
-    /// A row at the price of the product.
+    /// Enters a row with the product's own price.
     void EnterRow(const QString& product, const QString& quantity)
     {
         this->Enter(product);
@@ -71,7 +72,7 @@ protected:
             this->Enter(QString());
     }
 
-    /// Types another number over the one that was given.
+    /// Replaces the assigned number with another one.
     void TypeNumber(const QString& number)
     {
         this->It().ResetFocus(this->It().DtpDate);
@@ -115,7 +116,7 @@ TYPED_TEST_SUITE(StockFormTest, BothKinds, KindName);
 
 } // namespace
 
-// Within a template the base's members need their owner's name.
+// In a class template, members of a dependent base need this->.
 #define IT this->It()
 
 TYPED_TEST(StockFormTest, OpensNewWithTheNextNumberAndToday)
@@ -363,7 +364,7 @@ TYPED_TEST(StockFormTest, OpeningFillsEveryFieldAndClosesTheNumber)
     EXPECT_EQ(this->Cell(1, "Qty"), s("5"));
     EXPECT_EQ(this->Cell(1, "Price"), s("18500"));
     EXPECT_EQ(this->Cell(1, "Amount"), s("92500"));
-    // A new one opens it again.
+    // A new document enables it again.
     this->Ctrl(Qt::Key_W);
     EXPECT_TRUE(IT.TxtID.IsEnabled());
     EXPECT_EQ(IT.TxtID.Text(), s("2"));
@@ -576,7 +577,7 @@ TYPED_TEST(StockFormTest, AUserOfOneBranchMayTypeAnother)
 
 TYPED_TEST(StockFormTest, F1WalksFromTheBranchToTheAccountToTheProductToTheQuantity)
 {
-    // The list of products shows those that have moved.
+    // The product list shows only products with stock movements.
     this->company.Run("insert into GatePassHeader (GatePassID, GatePassDate, BranchCode)"
                       " values (1, '2026-01-01', 1); insert into GatePassBody"
                       " (GatePassID, ProductID, ReturnNewProducts) values (1, '104', 5);");

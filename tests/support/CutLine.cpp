@@ -7,7 +7,8 @@
 #include <algorithm>
 #include <string_view>
 
-// The functions stand before the driver manager's own, which they call as long as the line holds.
+// These functions replace the driver manager's of the same names, and forward to them while the
+// network is up.
 
 namespace {
 

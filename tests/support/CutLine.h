@@ -2,8 +2,8 @@
 
 namespace tests {
 
-/// The network is gone as long as this lives: every call that would reach a server fails as it
-/// does when the connection has broken off.
+/// Simulates a lost network for its lifetime: every call that would reach a server fails as it does
+/// on a broken connection.
 class CutLine {
 public:
     CutLine();
@@ -11,10 +11,10 @@ public:
     CutLine(const CutLine&) = delete;
     CutLine& operator=(const CutLine&) = delete;
 
-    /// What the driver then reports, its own names in front.
+    /// The driver's message, including the driver's own prefixes.
     static constexpr const char* Report =
         "[Maker][Driver 18 for Server]TCP Provider: Error code 0x68";
-    /// The same as a user reads it.
+    /// The same message as shown to the user.
     static constexpr const char* Reason = "TCP Provider: Error code 0x68";
 };
 

@@ -38,13 +38,13 @@ private:
     QString serverText(const QString& statement) const override
     {
         const AdaptedStatement adapted = AdaptStatement(statement.toUtf8());
-        // A procedure is the embedded engine's own; the driver will say that there is none.
+        // Procedures exist only in the embedded engine; the driver will report that there is none.
         return adapted.Procedure ? statement : QString::fromUtf8(adapted.Text);
     }
 };
 
-/// The driver stays loaded to the end, so that what it keeps for itself is not taken for lost when
-/// it is unloaded with its last connection.
+/// Keeps the driver loaded until the process ends. If it were unloaded with its last connection,
+/// the memory that it keeps would be reported as a leak.
 void keepDriver()
 {
     [[gnu::used]] static OdbcEngine* kept =

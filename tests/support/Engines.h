@@ -11,27 +11,29 @@
 
 namespace tests {
 
-/// Through which engine a test reaches its company. One body, one registration an engine.
+/// The engine through which a test accesses its company. The test body is shared and registered
+/// once for each engine.
 enum class EngineKind {
     Embedded,
-    Odbc, ///< SQLite's ODBC driver, on the same company file; there is none on Windows
-    Host  ///< a host's connection object, on the same company file; on Windows
+    Odbc, ///< SQLite's ODBC driver on the same company file; not on Windows
+    Host  ///< a host's connection object on the same company file; on Windows
 };
 
-/// The one beside the embedded engine on this system.
+/// The engine tested besides the embedded one on this system.
 #ifdef _WIN32
 inline constexpr EngineKind serverEngine = EngineKind::Host;
 #else
 inline constexpr EngineKind serverEngine = EngineKind::Odbc;
 #endif
 
-/// What the test's driver wants to know to open a company's file.
+/// Returns the connection string with which the ODBC driver opens the company's file.
 QString OdbcString(const TestCompany& company,
                    std::chrono::milliseconds lockWait = std::chrono::seconds(5));
 
-/// A new connection to the company, and how long it waits for another's lock. Through ODBC the
-/// statements pass the embedded engine's adapter first, as the driver's SQLite does not know the
-/// server's dialect; behind a host's connection they are run by an embedded engine.
+/// Opens a new connection to the company. lockWait: how long it waits for another's lock. With
+/// Odbc, statements first pass through the embedded engine's adapter, since the driver's SQLite
+/// does not know the server's dialect. With Host, an embedded engine behind the connection object
+/// runs them.
 std::shared_ptr<TradeForms::Connection>
 ConnectThrough(EngineKind engine, const TestCompany& company,
                std::chrono::milliseconds lockWait = std::chrono::seconds(5));
@@ -66,7 +68,7 @@ protected:
 
 } // namespace tests
 
-/// Registers a suite of such tests for each engine, or for the embedded one alone.
+/// Registers a test suite for each engine, or for the embedded one only.
 #define ON_EACH_ENGINE(Suite)                                                                      \
     INSTANTIATE_TEST_SUITE_P(Engines, Suite,                                                       \
                              testing::Values(tests::EngineKind::Embedded, tests::serverEngine),    \

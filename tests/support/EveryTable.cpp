@@ -43,7 +43,7 @@ QString number(int at)
     return numbers[at % numbers.size()];
 }
 
-/// A value for a column of this type, as a literal.
+/// Returns an SQL literal for a column of this type.
 QString valueFor(const QString& column, const QString& type, bool isKey, int row, int place)
 {
     const int key = firstKey + row;

@@ -25,7 +25,7 @@ std::string told(const Message& message)
         .toStdString();
 }
 
-/// An empty text is expected of a box that may say anything.
+/// An expected box with an empty text matches any text.
 bool matches(const Message& expected, const Message& box)
 {
     const bool text = expected.Text.isEmpty() ? !box.Text.isEmpty() : expected.Text == box.Text;
@@ -44,7 +44,7 @@ std::string nameOf(const Form& form)
         .toStdString();
 }
 
-/// Runs a test's callback; a failure of it must not pass through an event loop.
+/// Calls a test's callback; its exceptions must not propagate through an event loop.
 void run(const std::function<void()>& callback)
 {
     try {

@@ -7,10 +7,9 @@
 
 namespace TradeForms {
 
-/// The message boxes that a test expects, in their order, and the answers to them. A box that
-/// comes unexpectedly, or is another one, fails the test and gets the answer that changes
-/// least; so does a box that has not come by the end of the scope. Scopes may be nested: the
-/// innermost answers.
+/// The message boxes that a test expects, in order, with the answers to them. An unexpected or
+/// different box fails the test and gets the answer that changes least; a box that has not been
+/// shown by the end of the scope fails the test too. Scopes may be nested: the innermost answers.
 class ExpectedBoxes {
 public:
     ExpectedBoxes();
@@ -18,17 +17,17 @@ public:
     ExpectedBoxes(const ExpectedBoxes&) = delete;
     ExpectedBoxes& operator=(const ExpectedBoxes&) = delete;
 
-    /// While the box is up, meanwhile runs.
+    /// Adds an expected box. `meanwhile` is called while the box is open.
     void Expect(const Message& message, MsgAnswer answer = MsgAnswer::Ok,
                 std::function<void()> meanwhile = {});
-    /// An Ok box whose text is the provider's own and only must not be empty.
+    /// Adds an expected Ok box whose text comes from the provider; it must only be non-empty.
     void ExpectAny(MsgIcon icon, const QString& title);
-    /// How many have not come yet.
+    /// Returns the number of those not shown yet.
     int Left() const { return int(expected_.size()); }
 
 private:
     struct Expected {
-        Message Box; ///< an empty text stands for any
+        Message Box; ///< an empty text matches any
         MsgAnswer Answer;
         std::function<void()> Meanwhile;
     };
@@ -39,8 +38,8 @@ private:
     Modal::BoxPresenter previous_;
 };
 
-/// The modal forms that a test expects, in their order. Each is really shown, and waited for
-/// until it is on the screen; then its callback drives it, and has to close it.
+/// The modal forms that a test expects, in order. Each is really shown; once it is on the screen
+/// its callback is called, which drives it and has to close it.
 class ExpectedDialogs {
 public:
     using Drive = std::function<void(Form& dialog)>;
@@ -51,7 +50,7 @@ public:
     ExpectedDialogs& operator=(const ExpectedDialogs&) = delete;
 
     void Expect(Drive drive);
-    /// How many have not come yet.
+    /// Returns the number of those not shown yet.
     int Left() const { return int(expected_.size()); }
 
 private:
@@ -61,7 +60,7 @@ private:
     Modal::FormPresenter previous_;
 };
 
-/// Within its scope the real boxes and dialogs come up and wait for keys and clicks.
+/// For its lifetime the real boxes and dialogs are shown and wait for keys and clicks.
 class RealModals {
 public:
     RealModals();

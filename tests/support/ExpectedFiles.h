@@ -6,8 +6,8 @@
 
 namespace TradeForms {
 
-/// The questions where to save a file that a test expects, in their order, and the answers to
-/// them. One that comes unexpectedly, or has not come by the end of the scope, fails the test.
+/// The Save As dialogs that a test expects, in order, with the answers to them. An unexpected one,
+/// or one not shown by the end of the scope, fails the test.
 class ExpectedFiles {
 public:
     ExpectedFiles();
@@ -15,7 +15,8 @@ public:
     ExpectedFiles(const ExpectedFiles&) = delete;
     ExpectedFiles& operator=(const ExpectedFiles&) = delete;
 
-    /// An empty answer is the user's Cancel.
+    /// Adds an expected dialog for files with this suffix. answer: the path; empty if the user
+    /// cancels.
     void Expect(const QString& suffix, const QString& answer);
 
 private:

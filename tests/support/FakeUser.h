@@ -7,7 +7,7 @@
 
 namespace tests {
 
-/// A user whose rights a test sets, and who remembers what was asked.
+/// A user whose rights are set by a test, and who records which were queried.
 class FakeUser : public TradeForms::UserSecurity {
 public:
     bool Modify = true;
@@ -16,10 +16,10 @@ public:
     bool PostedEdit = true;
     std::int16_t Number = 1;
     QString Branch = QStringLiteral("0");
-    /// Makes HasRight fail, as a broken security service would.
+    /// Makes HasRight throw, as a broken security service would.
     bool Broken = false;
 
-    /// "MniGatePass modify" or "MniGatePass delete", in the order of asking.
+    /// "MniGatePass modify" or "MniGatePass delete", in the order of the queries.
     QList<QString> Asked;
     mutable int FlagReads = 0;
 

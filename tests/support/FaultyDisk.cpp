@@ -9,7 +9,7 @@
 
 namespace {
 
-/// A file of the disk, which stands before the real one that it hands everything on to.
+/// A file of the faulty disk, in front of the real file, to which it forwards its calls.
 struct File {
     sqlite3_file Base;
 
@@ -26,10 +26,10 @@ struct State {
     sqlite3_vfs* Real = nullptr;
     FaultyDisk::Fault Fault = FaultyDisk::Fault::Error;
     FaultyDisk::Lasts Lasts = FaultyDisk::Lasts::Once;
-    int Left = 0; ///< operations until one fails; 0 on a sound disk
+    int Left = 0; ///< number of operations until one fails; 0 for none
     bool IsBroken = false;
     bool HasFailed = false;
-    std::mutex Waiting; ///< held to read or write the next
+    std::mutex Waiting; ///< guards WhenSomebodyWaits
     std::function<void()> WhenSomebodyWaits;
 };
 
@@ -39,7 +39,7 @@ State& state()
     return disk;
 }
 
-/// Counts an operation; whether it fails.
+/// Counts an operation and returns whether it fails.
 bool fails()
 {
     State& disk = state();
@@ -77,13 +77,15 @@ int truncateFile(sqlite3_file* file, sqlite3_int64 size)
                                 : handOn<&sqlite3_io_methods::xTruncate>(file, size);
 }
 
-/// A flush counts and costs no time: what was written stays with the system, which goes on.
+/// Counts a flush without performing it: the data stays in the operating system's cache, which
+/// outlives the test.
 int syncFile(sqlite3_file*, int)
 {
     return fails() ? SQLITE_IOERR_FSYNC : SQLITE_OK;
 }
 
-/// Hands on the result of a lock that was asked for.
+/// Returns the result of a lock request unchanged; calls the function set by WhenSomebodyWaits if
+/// the lock was refused.
 int noteLock(int result)
 {
     std::function<void()> deed;
@@ -164,7 +166,8 @@ FaultyDisk::FaultyDisk()
     disk.HasFailed = false;
     disk.WhenSomebodyWaits = nullptr;
     disk.Real = sqlite3_vfs_find(nullptr);
-    // What is no file is the real system's own business: its functions take any system.
+    // All operations other than on files are the real system's, whose functions accept any
+    // sqlite3_vfs.
     disk.Disk = *disk.Real;
     disk.Disk.szOsFile = int(sizeof(File)) + disk.Real->szOsFile;
     disk.Disk.zName = "faulty";

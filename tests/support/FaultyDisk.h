@@ -2,13 +2,13 @@
 
 #include <functional>
 
-/// A disk that fails when a test says so. Within its scope every database is on it: databases
-/// must be opened after it was made, and closed before it goes. One at a time.
+/// A disk that fails on request. For its lifetime, every database is opened on it; databases must
+/// be opened after it is created and closed before it is destroyed. Only one may exist at a time.
 class FaultyDisk {
 public:
     enum class Fault {
-        Error, ///< what is written, flushed or cut off comes back as an error
-        Full   ///< what is written finds no room
+        Error, ///< writes, flushes and truncations return an error
+        Full   ///< writes fail for lack of space
     };
     enum class Lasts { Once, UntilRepaired };
 
@@ -17,13 +17,14 @@ public:
     FaultyDisk(const FaultyDisk&) = delete;
     FaultyDisk& operator=(const FaultyDisk&) = delete;
 
-    /// The operation of this number, counted from 1 and from now, fails. Of a write that fails
-    /// the first half arrives.
+    /// Makes the operation with this number fail, counted from 1 starting now. A failing write
+    /// still writes the first half of its data.
     void FailAt(int operation, Fault fault, Lasts lasts);
     void Repair();
-    /// Whether anything has failed since FailAt.
+    /// Whether any operation has failed since FailAt.
     bool HasFailed() const;
 
-    /// What happens when somebody is next refused a lock that another holds: he waits by then.
+    /// Sets a function that is called once, the next time a lock is refused because another
+    /// connection holds it. That caller is then waiting for the lock.
     void WhenSomebodyWaits(std::function<void()> deed);
 };

@@ -21,7 +21,7 @@ namespace tests {
 
 using namespace TradeForms;
 
-/// A clerk's desk: a company, a user, and windows of one form driven by real keys and clicks.
+/// Test fixture: a company, a user, and windows of one form driven by real keys and clicks.
 template <class TheForm> class FormDesk : public ::testing::Test {
 protected:
     FormDesk() : connection(company.Connect())
@@ -42,7 +42,7 @@ protected:
     /// Opens a window on the company and waits until it is active.
     void Open() { form = Another(); }
 
-    /// A further window on the same connection.
+    /// Opens a further window on the same connection.
     std::unique_ptr<TheForm> Another()
     {
         auto another = std::make_unique<TheForm>();
@@ -54,12 +54,12 @@ protected:
         return another;
     }
 
-    /// Sets what a caller sets before the form loads.
+    /// Override to set the form's inputs before it loads.
     virtual void Prepare(TheForm&) {}
 
-    // What the clerk does, by keyboard alone.
+    // What the clerk does, using only the keyboard.
 
-    /// Types and presses Enter.
+    /// Types a text and presses Enter.
     void Enter(const QString& text)
     {
         Type(*form, text);
@@ -72,7 +72,7 @@ protected:
         dialogs.Expect(Choose(QString::number(id)));
         Ctrl(Qt::Key_O);
     }
-    /// The keys of a search dialog: types into its jump field and presses Enter.
+    /// Returns a callback for a search dialog that types into its jump field and presses Enter.
     std::function<void(Form&)> Choose(const QString& typed)
     {
         return [typed](Form& dialog) {
@@ -80,13 +80,13 @@ protected:
             Press(dialog, Qt::Key_Return);
         };
     }
-    /// Leaves the dialog by Esc.
+    /// Returns a callback that closes the dialog by Esc.
     std::function<void(Form&)> Cancel()
     {
         return [](Form& dialog) { Press(dialog, Qt::Key_Escape); };
     }
 
-    /// The clerk answers the question whether to close without saving.
+    /// Expects the question whether to close without saving, and answers it.
     void ExpectCloseQuestion(MsgAnswer answer, std::function<void()> meanwhile = {})
     {
         boxes.Expect({QStringLiteral("Are you sure to close without save?"), MsgIcon::Question,
@@ -94,8 +94,8 @@ protected:
                      answer, std::move(meanwhile));
     }
 
-    /// Deletes the opened voucher by Ctrl+R. The database refuses to lose a header whose rows it
-    /// still has.
+    /// Deletes the opened voucher by Ctrl+R, with a trigger in the database that refuses to delete
+    /// a header before its rows.
     void DeleteRowsFirst(const QString& header, const QString& body, const QString& id)
     {
         company.Run(QStringLiteral("create trigger RowsFirst before delete on %1"
@@ -110,7 +110,7 @@ protected:
         EXPECT_EQ(form->FormState(), VoucherForm::State::New);
     }
 
-    // What is to be seen.
+    // What the test can see.
 
     TheForm& It() { return *form; }
     bool HasFocus(const Control& control) { return form->ActiveControl() == &control; }
@@ -129,7 +129,7 @@ protected:
     {
         return company.Scalar(QStringLiteral("select count(*) from ") + table).toInt();
     }
-    /// The rows of a query, each with its cells joined by '|', null as "null".
+    /// Returns the rows of a query, each as its cells joined by '|', with nulls as "null".
     QStringList Lines(const QString& sql)
     {
         QStringList lines;

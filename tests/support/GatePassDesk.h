@@ -5,19 +5,19 @@
 
 namespace tests {
 
-/// A clerk's desk with gate passes on it.
+/// Test fixture for gate passes.
 class GatePassDesk : public FormDesk<FrmGatePass> {
 protected:
-    void EnterHeader(); ///< driver 2014, receiver 3107, Kot, branch 1
+    void EnterHeader(); ///< driver 2014, receiver 3107, area Kot, branch 1
     void EnterRow(const QString& product, const QString& out, const QString& oldBack = {},
                   const QString& newBack = {});
     /// Saves by Ctrl+S and answers the print question with No.
     void Save();
-    /// Enters and saves a pass with one row; gives its number.
+    /// Enters and saves a pass with one row; returns its number.
     int Stored(const QString& product = QStringLiteral("101"),
                const QString& out = QStringLiteral("3"));
 
-    /// Rows of the body table, "product|out|old|new", in the order of their product.
+    /// Returns the body rows as "product|out|old|new", in the order of their products.
     QStringList BodyOf(int id);
 
     static Message PrintQuestion();

@@ -14,7 +14,7 @@ namespace TradeForms {
 
 namespace {
 
-/// The form's position of the middle of a widget.
+/// Returns the middle of a widget in the form's coordinates.
 QPoint middleOf(const Form& form, const QWidget& widget)
 {
     return widget.mapTo(&form, widget.rect().center());
@@ -31,7 +31,7 @@ QPoint rowOf(const Form& form, Grid& grid, int row)
 
 void Activate(Form& form)
 {
-    // A window counts itself as active where only its owner is: ask the application.
+    // QWidget::isActiveWindow is also true if only the owner is active, so ask the application.
     const auto isActive = [&form] { return QApplication::activeWindow() == &form; };
     if (isActive())
         return;

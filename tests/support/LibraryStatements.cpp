@@ -32,7 +32,8 @@ struct Sample {
     const char* Value;
 };
 
-/// By the names of places. Names of people and goods have this letter, all of them.
+/// Sample values by the names of places. All sample names of people and goods contain the letter
+/// used here.
 constexpr Sample ofPlaces[] = {
     {"id", "1"},
     {"ID", "1"},
@@ -66,13 +67,14 @@ constexpr Sample ofPlaces[] = {
     {"date", "2026-01-05"},
 };
 
-/// A typed code, by the column that it is looked for in.
+/// Sample values of {code} by the column that it is compared with.
 constexpr Sample ofCodes[] = {
     {"AreaCode", "Kot"}, {"StaffID", "2014"}, {"ProductID", "101"},
     {"BranchCode", "1"}, {"AccountNo", "7"},
 };
 
-/// Clauses that forms put into their statements, and into those of a dialog that takes any.
+/// Sample clauses that forms insert into their own statements and into those of dialogs that take a
+/// ready clause.
 constexpr Sample clauses[] = {
     {"BranchFilter", " and BranchCode=1"},
     {"ParaInStr", " and Fieldworker=1 "},
@@ -100,7 +102,7 @@ QString filled(Statement statement)
     }
 }
 
-/// A clause of a dialog and the place where it lands.
+/// A clause of a dialog and the place where it is inserted.
 struct Clause {
     const char* Place;
     Statement Text;
@@ -130,7 +132,7 @@ QList<Clause> clausesOf(const SearchDeclaration& description)
 
 QStringList StatementLiterals(const QString& source)
 {
-    // A comment, a number, a word, a character, a text or anything else.
+    // Matches a comment, a number, a word, a character, a string literal or any other symbol.
     static const QRegularExpression piece(
         s("//[^\\n]*|/\\*.*?\\*/"
           "|\\d[\\w.']*|\\w+|'(?:\\\\.|[^'\\\\])+'|\"((?:\\\\.|[^\"\\\\])*)\"|\\S"),
@@ -233,7 +235,7 @@ QStringList StatementsToCome(const QString& sourceDir)
 
 QStringList LibraryStatements(const QString& sourceDir)
 {
-    // Changes come last: they empty what the questions want to find.
+    // Modifying statements come last, because they delete rows that the queries should find.
     QStringList all =
         StatementsOfDialogs() + StatementsOfForms(sourceDir) + StatementsToCome(sourceDir);
     all.removeDuplicates();

@@ -5,29 +5,29 @@
 
 namespace tests {
 
-// The statements that the library sends, gathered from where they are written, so that those of a
-// new form or dialog are there without further ado. sourceDir is the project's folder.
+// The SQL statements that the library sends, collected from its sources, so that those of a new
+// form or dialog are included automatically. sourceDir: the project's folder.
 
-/// The texts of a C++ file that are statements: string literals, adjacent ones joined, that begin
-/// with select, insert, update, delete or exec.
+/// Returns the string literals of a C++ source text that are statements, adjacent literals joined:
+/// those that begin with select, insert, update, delete or exec.
 QStringList StatementLiterals(const QString& source);
-/// Those of all files of a folder.
+/// Returns those of all files of a folder.
 QStringList StatementLiteralsIn(const QString& folder);
 
-/// A statement with values in its places, once with every clause that forms put into it and once
-/// without. A place that is not known here fails the test: it wants a value that finds something.
+/// Returns a statement with sample values in its places: once with every clause that forms insert
+/// and once without. An unknown place fails the test; it needs a sample value that finds some rows.
 QStringList WithSampleValues(const QString& statement);
 
-/// Of the dialogs, as their descriptions make them: without a clause, with each alone, with all;
-/// and of their second lists and balances.
+/// Returns the statements of the search dialogs, made from their declarations: without any clause,
+/// with each one alone and with all; and those of their second lists and balances.
 QStringList StatementsOfDialogs();
-/// Of the frame, the forms and the reports: the literals of src but for the rooms data, which
-/// speaks to the databases in their own words, and search.
+/// Returns the statements of the frame, the forms and the reports: the literals in src except for
+/// the rooms data, which uses each database's own dialect, and search.
 QStringList StatementsOfForms(const QString& sourceDir);
-/// Of screens that are not built yet, written down by hand.
+/// Returns statements of screens not implemented yet, listed by hand.
 QStringList StatementsToCome(const QString& sourceDir);
 
-/// All of these, each once.
+/// Returns all of these without duplicates.
 QStringList LibraryStatements(const QString& sourceDir);
 
 } // namespace tests

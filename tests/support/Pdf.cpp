@@ -25,7 +25,7 @@ QString output(const QString& program, const QStringList& arguments)
 
 QString TextOfPdf(const QString& file)
 {
-    // What a font draws as one sign counts as its letters.
+    // Ligatures are resolved into their letters.
     return output(QStringLiteral("pdftotext"),
                   {QStringLiteral("-layout"), file, QStringLiteral("-")})
         .normalized(QString::NormalizationForm_KC);

@@ -6,13 +6,13 @@
 
 namespace tests {
 
-/// What pdftotext reads in a file or in a document's bytes; each page ends with \f. Letters are
-/// those of the words, however the font joins them.
+/// Returns the text that pdftotext reads in a PDF file or in the bytes of one; each page ends with
+/// \f. Ligatures are returned as their letters.
 QString TextOfPdf(const QString& file);
 QString TextOfPdf(const QByteArray& pdf);
-/// The first page of a file as it is printed, in grey.
+/// Returns the first page of a file, rendered in grey.
 QImage PictureOfPdf(const QString& file, int dotsPerInch);
-/// What pdfinfo tells under a name, "Page size".
+/// Returns the value that pdfinfo reports under a name such as "Page size".
 QString PdfInfo(const QString& file, const QString& name);
 
 } // namespace tests

@@ -36,7 +36,7 @@ QString embeddedType(const QString& serverType)
     return types.value(serverType);
 }
 
-/// Goes through the tokens of a script for what it creates.
+/// Scans the tokens of a script for the objects that it creates.
 class ScriptReader {
 public:
     explicit ScriptReader(const std::vector<Token>& tokens) : tokens_(tokens) {}
@@ -58,7 +58,7 @@ public:
                 objects_.Functions.append(takeName());
             else if (takeWords({"procedure"}))
                 objects_.Procedures.append(takeName());
-            --at_; // what stands here now may begin the next
+            --at_; // the current token may begin the next statement
         }
         objects_.Views.sort();
         objects_.Functions.sort();
@@ -77,7 +77,7 @@ private:
         return true;
     }
 
-    /// A name without its schema.
+    /// Reads a name and drops its schema.
     QString takeName()
     {
         if (tokens_[at_].IsWord("dbo") && tokens_[at_ + 1].IsSymbol('.'))
@@ -85,7 +85,7 @@ private:
         return nameOf(tokens_[at_++]);
     }
 
-    /// The names between parentheses.
+    /// Reads a list of names in parentheses.
     QStringList takeList()
     {
         QStringList names;
@@ -113,7 +113,7 @@ private:
         }
     }
 
-    /// Moves to the comma or the parenthesis that ends a column.
+    /// Moves to the comma or parenthesis that ends the column's definition.
     void skipToEndOfColumn(SchemaObjects::Table& table, const QString& name)
     {
         int depth = 0;
@@ -201,7 +201,7 @@ SchemaObjects ReadCompanyFile(const TestCompany& company)
              "select name, tbl_name from sqlite_schema where type='index' and sql is not null")) {
         QStringList columns;
         for (const QVariantList& column : company.Rows(
-                 // The one index on an expression is on the number that AutoCard writes out.
+                 // The only index on an expression is the one on the number written in AutoCard.
                  QStringLiteral("select ifnull(name, 'AutoCard') from pragma_index_xinfo('%1') "
                                 "where key=1 order by seqno")
                      .arg(row[0].toString())))

@@ -9,10 +9,11 @@ class TestCompany;
 
 namespace tests {
 
-/// What a schema script makes, as far as two engines must agree on it. Names are in small letters.
+/// The objects that a schema script creates, as far as two engines must agree on them. Names are in
+/// lower case.
 struct SchemaObjects {
     struct Table {
-        QStringList Columns; ///< "name TYPE", in their order; types in the embedded engine's words
+        QStringList Columns; ///< "name TYPE" in their order, with the embedded engine's types
         QStringList Key;
     };
     QMap<QString, Table> Tables;
@@ -22,13 +23,13 @@ struct SchemaObjects {
     QStringList Procedures;
 };
 
-/// Reads the server's script. Fails the test where a table's column is of an unknown type.
+/// Parses the server's schema script. A column of an unknown type fails the test.
 SchemaObjects ReadServerScript(const QString& script);
 
-/// What stands in a company's file. Its functions and procedures are not in the file.
+/// Reads the schema of a company's file. Functions and procedures are not stored in the file.
 SchemaObjects ReadCompanyFile(const TestCompany& company);
 
-/// What one has and the other has not, or has otherwise; a line each.
+/// Returns the differences between two schemas, one line each; empty if they agree.
 QStringList Differences(const SchemaObjects& first, const SchemaObjects& second);
 
 } // namespace tests

@@ -10,7 +10,8 @@ namespace tests {
 
 namespace {
 
-/// {-3} is the day three days ago, {month} the first day of this month, {month-1} of the last.
+/// {-3} stands for the date three days ago, {month} for the first day of this month and {month-1}
+/// for that of the last.
 constexpr const char* documents = R"sql(
 INSERT INTO GatePassHeader (GatePassID, GatePassDate, DriverCode, ReceivingCode, AreaCode,
                             BranchCode, isPosted) VALUES
@@ -120,7 +121,7 @@ SearchDesk::SearchDesk()
 {
     company.Run(s("BEGIN;") + dated(s(documents), today) + s("COMMIT;"));
     HostContext::objCN = company.Connect();
-    // The dialogs are shared, and keep from one test to the next what they were given.
+    // The dialogs are shared instances, which keep their inputs from one test to the next.
     for (const SearchDeclaration* description : AllSearchDialogs())
         for (const SearchInput& input : description->Inputs)
             SearchDialog::Shared(*description).SetParaIn(input.Name, s(input.NoClauseFor));

@@ -21,37 +21,38 @@ namespace tests {
 
 using namespace TradeForms;
 
-/// The name of a test that is run for each of AllSearchDialogs().
+/// Returns the name of a test that runs for each of AllSearchDialogs().
 std::string NameOfDialog(const ::testing::TestParamInfo<const SearchDeclaration*>& tested);
 
-/// A desk at which search dialogs come up by themselves, on a company whose documents stand
-/// around today: every list has rows within its default range, and rows beside it.
+/// Test fixture for search dialogs opened on their own. The documents of its company are dated
+/// around today: every list has rows within its default date range, and rows outside it.
 ///
-/// Accounts Kot 11, Kot 12, Raja 12 and Gone 7, whose area is none, were sold today or nearly;
-/// Kot 13 was sold 91 days ago. Each kind of voucher has 1 and 2 in range, 3 out of it, and 4
-/// that has no rows.
+/// Accounts Kot 11, Kot 12, Raja 12 and Gone 7 (which has no area) were sold today or within a few
+/// days of it; Kot 13 was sold 91 days ago. Of each kind of voucher, 1 and 2 are in range, 3 is out
+/// of range, and 4 has no rows.
 class SearchDesk : public ::testing::Test {
 protected:
     SearchDesk();
     ~SearchDesk() override;
 
-    /// Shows a dialog and lets the test drive its window, which has to close it.
+    /// Shows a dialog and lets the test drive its window, which the callback has to close.
     SearchDialog& Show(const SearchDeclaration& description,
                        const std::function<void(SearchWindow&)>& drive);
-    /// The same, and leaves it by Esc.
+    /// The same, but closes the dialog by Esc after the callback.
     SearchDialog& Look(const SearchDeclaration& description,
                        const std::function<void(SearchWindow&)>& look);
 
-    /// The texts of a column, from the first row on, with a blank between.
+    /// Returns the texts of a column from the first row on, separated by spaces.
     static QString Column(SearchWindow& window, const char* column);
     static QString Column(Grid& grid, const char* column);
     static QString Current(SearchWindow& window, const char* column);
-    /// Types a text into a field, key by key, in place of what it holds.
+    /// Replaces the text of a field by typing, key by key.
     static void TypeInto(SearchWindow& window, const char* field, const QString& text);
-    /// The statement that was read last has this at its end or within.
+    /// Checks that the last statement run contains this text.
     static ::testing::AssertionResult Read(SearchWindow& window, const QString& part);
 
-    /// A day as many days from today, as statements write it and as lists show it.
+    /// Returns the date this many days from today, in the format of statements and in that of the
+    /// lists.
     static QString Iso(int days);
     static QString Shown(int days);
 

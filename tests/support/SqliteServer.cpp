@@ -29,7 +29,7 @@ QStringList SqliteServer::Settings() const
     return {QStringLiteral("pragma synchronous = full")};
 }
 
-/// The first is the mark of a company file, which its schema script sets.
+/// The application id identifies a company file; the schema script sets it.
 QString SqliteServer::VersionQuery() const
 {
     return QStringLiteral("select user_version from pragma_user_version "
@@ -42,7 +42,7 @@ bool SqliteServer::IsSystemTable(const QString& table) const
     return table.startsWith(QLatin1String("sqlite_")) || Server::IsSystemTable(table);
 }
 
-/// A statement that writes takes the lock when it begins, also where it finds nothing to write.
+/// A modifying statement takes the lock when it starts, even if it changes no rows.
 QString SqliteServer::TakeLock() const
 {
     return QStringLiteral("delete from InstallmentBalances where 1=0");
@@ -63,7 +63,7 @@ QStringList SqliteServer::RollbackToSavepoint() const
     return {QStringLiteral("rollback to mark"), QStringLiteral("release mark")};
 }
 
-/// It cannot be asked, but begins no transaction within another.
+/// SQLite offers no query for this, but refuses to begin a transaction within another.
 bool SqliteServer::IsTransactionOpen(OdbcLink& link) const
 {
     try {
@@ -80,7 +80,8 @@ bool SqliteServer::IsLockError(int number) const
     return number == busy || Server::IsLockError(number);
 }
 
-/// Here nothing can follow a statement but what a semicolon parts from it.
+/// In SQLite's dialect, a second statement can only follow after a semicolon, so there is nothing
+/// to check.
 void SqliteServer::RequireOneStatement(const std::vector<Token>&) const {}
 
 Server::Condition SqliteServer::Equals(const ServerColumn& column) const

@@ -4,8 +4,8 @@
 
 namespace tests {
 
-/// A company file behind SQLite's ODBC driver: the database server of tests. A program that this
-/// is linked into takes every database for one whose driver calls it "sqlite".
+/// The database server of the tests: a company file behind SQLite's ODBC driver. A program linked
+/// with this treats every database whose driver calls it "sqlite" as such a server.
 class SqliteServer : public TradeForms::Server {
 public:
     SqliteServer();

@@ -107,7 +107,7 @@ sqlite3* openRaw(const QString& file)
         ADD_FAILURE() << "cannot open " << file.toStdString();
     sqlite3_create_collation_v2(handle, "CI", SQLITE_UTF8, nullptr, compareIgnoringCase, nullptr);
     sqlite3_busy_timeout(handle, 5000);
-    // What a test writes past the library need not outlive the machine.
+    // Data that a test writes directly need not survive a crash of the machine.
     sqlite3_exec(handle, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
     return handle;
 }
@@ -134,7 +134,7 @@ QVariant readRaw(sqlite3_stmt* statement, int column)
     }
 }
 
-/// The bytes of a company with the masters, made once in a process.
+/// Returns the bytes of a company file with the master data, created once per process.
 const QByteArray& templateBytes()
 {
     static const QByteArray bytes = [] {

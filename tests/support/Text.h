@@ -4,7 +4,7 @@
 
 namespace tests {
 
-/// A literal in UTF-8.
+/// Converts a UTF-8 literal to QString.
 inline QString s(const char* text)
 {
     return QString::fromUtf8(text);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr qint32 statementFailed = qint32(0x80040E14);
 
-/// One thing that was reported.
+/// One entry of the Errors collection.
 class Error : public HostObject {
 public:
     explicit Error(const ProviderError& error) : error_(error)
@@ -92,7 +92,7 @@ void HostConnection::fail(const QList<ProviderError>& errors)
     throw HostFailure{errors.first().Description, statementFailed};
 }
 
-/// Whatever goes to the server goes through here.
+/// Called for every round trip to the server.
 void HostConnection::reach()
 {
     ++calls_;

@@ -12,33 +12,33 @@
 
 namespace tests {
 
-/// How a connection's provider gives what it reads.
+/// The way in which a connection's provider returns values.
 enum class Provider {
     Present, ///< dates as dates
-    Older    ///< dates as texts, as one does that was made before the server knew them
+    Older    ///< dates as texts, like providers older than the server's date types
 };
 
-/// A host's own connection to a company file, which answers as one to a database server does: with
-/// the members Execute, BeginTrans, CommitTrans, RollbackTrans and Errors. Rows are all there when
-/// Execute returns.
+/// A host's own connection object to a company file, which behaves like one to a database server.
+/// Its members are Execute, BeginTrans, CommitTrans, RollbackTrans and Errors. All rows have been
+/// read when Execute returns.
 class HostConnection : public HostObject {
 public:
     explicit HostConnection(std::unique_ptr<TradeForms::Engine> company,
                             Provider provider = Provider::Present);
     ~HostConnection() override;
 
-    /// How often the way to the server was taken.
+    /// Returns the number of round trips to the server.
     int Calls() const { return calls_; }
-    /// The statements that came.
+    /// Returns the statements received.
     const QStringList& Statements() const { return statements_; }
     void ForgetStatements() { statements_.clear(); }
 
-    /// The network is gone until it is mended: every call fails.
+    /// Simulates a lost network until MendLine: every call fails.
     void CutLine() { isCut_ = true; }
     void MendLine() { isCut_ = false; }
-    /// After so many blocks of rows the line is cut.
+    /// Loses the network after this many blocks of rows.
     void CutLineAfterBlocks(int blocks) { blocksLeft_ = blocks; }
-    /// The next statement fails with these errors, the first being the failure itself.
+    /// Makes the next statement fail with these errors, of which the first is the failure itself.
     void FailNext(QList<TradeForms::ProviderError> errors) { next_ = std::move(errors); }
 
     ServerSession& Session() { return session_; }

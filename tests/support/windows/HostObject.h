@@ -13,18 +13,18 @@
 
 namespace tests {
 
-/// What an object of a host says of a call that fails.
+/// The error that a host's object reports for a failed call.
 struct HostFailure {
     QString Description;
     qint32 Number = 0;
 };
 
 #pragma GCC diagnostic push
-// The system's interfaces have none; their objects go by Release.
+// COM interfaces have no virtual destructor; objects are deleted through Release.
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// An object as a host has it: counted, and its members are called by their names alone. It is
-/// made with a count of one.
+/// A host's COM object: reference-counted, with members that are called by name only. It is created
+/// with a count of one.
 class HostObject : public IDispatch {
 public:
     HostObject();
@@ -32,7 +32,7 @@ public:
     HostObject(const HostObject&) = delete;
     HostObject& operator=(const HostObject&) = delete;
 
-    /// Of all such objects, those that someone still holds.
+    /// Returns the number of such objects that still exist.
     static int Alive();
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override;
@@ -47,13 +47,13 @@ public:
                                      UINT* place) override;
 
 protected:
-    /// Arguments in the order in which they are declared; those by reference as they came.
+    /// Arguments in the order of their declaration; those passed by reference are passed through.
     using Arguments = std::span<VARIANT* const>;
     /// May raise HostFailure, and whatever the embedded engine raises.
     using Member = std::function<TradeForms::Variant(Arguments)>;
 
     void Add(const wchar_t* name, Member member);
-    /// Gives a member that was added another meaning.
+    /// Replaces the implementation of an existing member.
     void Replace(const wchar_t* name, Member member);
 
 private:
@@ -65,7 +65,7 @@ private:
 
 #pragma GCC diagnostic pop
 
-/// The object as a value: the new object's one count goes with it.
+/// Returns the object as a variant, which takes over the new object's one reference.
 TradeForms::Variant Handed(HostObject* made);
 
 } // namespace tests

@@ -16,7 +16,7 @@ namespace tests {
 
 namespace {
 
-// Types by the numbers of the system's data objects.
+// Type numbers of the system's data objects.
 constexpr int typeInteger = 3;
 constexpr int typeDouble = 5;
 constexpr int typeBoolean = 11;
@@ -37,13 +37,13 @@ QString textOf(const Cell& cell)
     return QString::fromUtf8(cell.Bytes.data(), qsizetype(cell.Bytes.size()));
 }
 
-/// An amount as the server's decimal(18, 4) holds it.
+/// Whether the number is an amount that the server's decimal(18, 4) can hold.
 bool isAmount(double number)
 {
     return std::fabs(number) < 1e14 && QByteArray::number(number, 'f', 4).toDouble() == number;
 }
 
-/// What a column's values have in common.
+/// Properties common to all values of a column.
 struct Found {
     bool HasInteger = false;
     bool HasLong = false;
@@ -111,7 +111,8 @@ int typeOfExpression(const Found& found)
     return typeVarChar;
 }
 
-/// The type that the server's column has. A company file can hold what such a column cannot.
+/// Returns the type of the server's column. A company file can hold values that such a column
+/// cannot.
 int typeOf(ColumnKind kind, const Found& found)
 {
     switch (kind) {
@@ -163,7 +164,7 @@ HostField fieldOf(const Snapshot& rows, int column, Provider provider)
     return field;
 }
 
-/// A column that tells of itself.
+/// A field object, which describes its column.
 class Field : public HostObject {
 public:
     explicit Field(const HostField& field) : field_(field)
@@ -315,7 +316,7 @@ Variant HostRecordset::value(const Cell& cell, const HostField& field) const
                                                                  : Variant(textOf(cell));
 }
 
-/// The next rows, as many as there are of those that are asked for: fields by rows.
+/// Returns the next rows, at most as many as requested, as an array of fields by rows.
 Variant HostRecordset::getRows(Arguments arguments)
 {
     requireOpen();

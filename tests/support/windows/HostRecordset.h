@@ -8,7 +8,7 @@
 
 namespace tests {
 
-/// A column of a host's result: its number for a type, and what stands in its rows.
+/// A column of a host's result: the number of its type, and its values by row.
 struct HostField {
     QString Name;
     int Type = 0;
@@ -17,8 +17,8 @@ struct HostField {
     int Decimals = 0;
 };
 
-/// The rows of one statement, as a host's connection gives them; closed where there are none. Its
-/// members are State, EOF, Fields, GetRows and Close.
+/// The recordset of one statement, as returned by a host's connection; closed if the statement
+/// returns no rows. Its members are State, EOF, Fields, GetRows and Close.
 class HostRecordset : public HostObject {
 public:
     HostRecordset(HostConnection& connection, std::shared_ptr<const TradeForms::Snapshot> rows,

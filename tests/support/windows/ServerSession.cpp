@@ -40,7 +40,7 @@ bool startsWith(Tokens tokens, std::initializer_list<std::string_view> texts)
                           102);
 }
 
-/// Takes these off the front.
+/// Removes these tokens from the front.
 void take(Tokens& tokens, std::initializer_list<std::string_view> texts)
 {
     if (!startsWith(tokens, texts))
@@ -48,7 +48,7 @@ void take(Tokens& tokens, std::initializer_list<std::string_view> texts)
     tokens = tokens.subspan(texts.size());
 }
 
-/// Takes a statement off the front, up to its semicolon and with it.
+/// Removes and returns the statement at the front, including its semicolon.
 Tokens takeStatement(Tokens& tokens)
 {
     std::size_t end = 0;
@@ -97,7 +97,7 @@ ServerSession::Result ServerSession::Execute(const QString& text)
         return number(isCounted() ? 1 : 0);
     if (startsWith(statement, {"select", "@@rowcount"}))
         return number(lastCount_);
-    // A company file has no such table: its own lock is taken when a transaction begins.
+    // A company file does not have this table; it takes its own lock when a transaction begins.
     if (startsWith(statement, {"if", "object_id", "(", "'dbo.SchemaVersion'", ")", "is", "null",
                                "select", "top", "(", "0", ")"})) {
         isTouched_ = true;
@@ -131,7 +131,7 @@ ServerSession::Result ServerSession::plain(Tokens statement)
     return result;
 }
 
-/// A failure ends it at once, as it ends what is tried and raised again.
+/// A failure ends the batch at once, as it ends a try block that raises it again.
 ServerSession::Result ServerSession::batch(const QString& text)
 {
     const QByteArray bytes = text.toUtf8();

@@ -10,16 +10,16 @@
 
 namespace tests {
 
-/// A session with a company file that understands what this library says to SQL Server, as far as
-/// it says it: batches that try, counts of rows and of transactions, marks. A transaction counts
-/// only when a table was read or written in it, as with the providers that leave its beginning to
-/// the server. Raises ProviderFailure.
+/// A session with a company file that understands the SQL Server dialect as far as this library
+/// uses it: batches with try, row and transaction counts, savepoints. A transaction counts only
+/// once a table was read or written in it, as with providers that leave its beginning to the
+/// server. Raises ProviderFailure.
 class ServerSession {
 public:
-    /// What a statement gave.
+    /// The result of a statement.
     struct Result {
-        std::shared_ptr<const TradeForms::Snapshot> Rows; ///< null where it gives none
-        int Changed = -1;                                 ///< rows; -1 where nothing was written
+        std::shared_ptr<const TradeForms::Snapshot> Rows; ///< null if it returns none
+        int Changed = -1; ///< number of rows; -1 if nothing was written
     };
 
     explicit ServerSession(std::unique_ptr<TradeForms::Engine> company);
@@ -30,7 +30,7 @@ public:
     void CommitTrans() { company_->CommitTrans(); }
     void RollbackTrans() { company_->RollbackTrans(); }
 
-    /// Whether statements tell how many rows they have changed, which a session may be told not to.
+    /// Sets whether statements report how many rows they changed, which a session can turn off.
     void SetCounting(bool isOn) { isCounting_ = isOn; }
 
 private:
@@ -43,8 +43,8 @@ private:
 
     std::unique_ptr<TradeForms::Engine> company_;
     bool isCounting_ = true;
-    bool isTouched_ = false; // a table, since the transaction was begun
-    qint64 lastCount_ = 0;   // of rows, @@rowcount
+    bool isTouched_ = false; // whether a table was accessed since the transaction was begun
+    qint64 lastCount_ = 0;   // number of rows, @@rowcount
 };
 
 } // namespace tests

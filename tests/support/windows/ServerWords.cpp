@@ -18,7 +18,7 @@ bool touches(const Token& first, const Token& second)
     return first.Text.data() + first.Text.size() == second.Text.data();
 }
 
-/// A literal in the form in which the server takes a date, as the embedded engine stores it.
+/// Converts a date literal from the server's format to the one stored by the embedded engine.
 std::string storedLiteral(std::string_view literal)
 {
     const std::string_view content = literal.substr(1, literal.size() - 2);
@@ -77,7 +77,7 @@ private:
                            tokens_.begin());
     }
 
-    /// Whether a text's literal or its sign N ends or begins here, on this side of a plus.
+    /// Whether a string literal or its prefix N ends or begins here, on this side of a plus sign.
     bool isJoin(std::size_t at) const
     {
         return tokens_[at].IsSymbol('+') && at > 0 && isLiteral(at - 1) &&
@@ -89,7 +89,7 @@ private:
         return isWord(at, "n") && isLiteral(at + 1) && touches(tokens_[at], tokens_[at + 1]);
     }
 
-    /// The tokens of this range, with what stood between them.
+    /// Returns the tokens of this range with the text between them.
     std::string text(std::size_t begin, std::size_t end) const
     {
         std::string out;
@@ -115,7 +115,7 @@ private:
     /// `update top (1) T set ... where ...` and `delete top (1) from T where ...`.
     std::string ofOneRow(std::size_t top, const char* verb) const
     {
-        const std::size_t rest = top + 4; // behind top ( 1 )
+        const std::size_t rest = top + 4; // after top ( 1 )
         const std::size_t where = find("where");
         const std::size_t table = rest + (isWord(rest, "from") ? 1 : 0);
         return verb + text(rest, where) + " where rowid = (select rowid from " +

@@ -8,8 +8,8 @@
 
 namespace tests {
 
-/// What SQL Server understands and the embedded engine's adapter does not, in words that it does:
-/// literals in Unicode, dates without dashes, texts that are joined, `top (1)`, `output inserted`,
+/// Translates SQL Server syntax that the embedded engine's adapter does not know to syntax that it
+/// does: Unicode literals, dates without dashes, concatenated texts, `top (1)`, `output inserted`,
 /// `varbinary(max)`. The tokens are of one statement.
 QString FromServerWords(std::span<const TradeForms::Token> tokens);
 

@@ -4,9 +4,9 @@
 
 #include <oaidl.h>
 
-/// What host_connection.dll gives a test host in another language: a connection to a company file
-/// which answers as one to a database server does. The file is a path; the connection comes with a
-/// count of one. E_FAIL where the file cannot be opened; the reason goes to standard error. Called
-/// as a C function: others would be given out under a longer name where they take 32 bits.
+/// The export of host_connection.dll for test hosts in other languages: creates a connection to a
+/// company file that behaves like one to a database server. file: a path. The connection has a
+/// reference count of one. Returns E_FAIL if the file cannot be opened, with the reason on standard
+/// error. Uses the C calling convention, because others export a decorated name on 32 bits.
 extern "C" __declspec(dllexport) HRESULT
     CreateHostConnection(const wchar_t* file, IDispatch** connection);
