@@ -1,4 +1,5 @@
 #include "data/Numbers.h"
+
 #include "data/Failure.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +25,18 @@ std::string general(double number)
 }
 
 } // namespace
+
+TEST(NumberOf, ANumberThatHasToBeThereIsNoZeroWhereItIsNull)
+{
+    EXPECT_EQ(NumberOf(QVariant(12.5)), 12.5);
+    EXPECT_EQ(NumberOf(QVariant(qlonglong(3))), 3.0);
+    try {
+        NumberOf(QVariant());
+        ADD_FAILURE() << "a null was taken for a number";
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.Description(), QStringLiteral("Invalid use of Null"));
+    }
+}
 
 TEST(Val, ReadsTheNumberAtTheStartOfTheText)
 {
