@@ -194,6 +194,8 @@ TEST_F(RowsTest, TheTotalFollowsLoadingAddingCorrectingAndRemoving)
     Open();
     OpenIt();
     EXPECT_EQ(It().TxtTotalAmount.Text(), s("390"));
+    OpenIt();
+    EXPECT_EQ(It().TxtTotalAmount.Text(), s("390")) << "the total of the voucher before";
     EnterReceipt(s("9"), s("Kot 9"), s("4"), s("10.5"));
     EXPECT_EQ(It().TxtTotalAmount.Text(), s("400.5"));
     ChooseRow(0);
