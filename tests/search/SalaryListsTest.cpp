@@ -176,6 +176,7 @@ TEST_F(SalaryListsTest, GiveThePersonAndTheMonth)
         EXPECT_EQ(dialog.ParaOut("ParaOutStaffID").toString(), s(staff));
         EXPECT_EQ(dialog.ParaOut("ParaOutDate").toString(),
                   month.addMonths(-1).toString(s("dd/MM/yyyy")));
+        EXPECT_EQ(dialog.ParaOutDate("ParaOutDate"), month.addMonths(-1)) << "day first";
     }
 }
 
